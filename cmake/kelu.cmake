@@ -1,0 +1,86 @@
+# How a folder becomes a library, a test program or a benchmark, with the same flags everywhere.
+include_guard()
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_AUTORCC ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+# Program, libraries and run-time folders (data, Gallery, help) lie together, as when installed.
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
+
+if(NOT CMAKE_BUILD_TYPE)
+  set(CMAKE_BUILD_TYPE Release CACHE STRING "Build type" FORCE)
+endif()
+set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
+
+find_program(CCACHE_PROGRAM ccache)
+if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${CCACHE_PROGRAM}")
+endif()
+
+# Flags of every target of ours. No fused multiply-add and no fast-math: the same bytes on every machine.
+add_library(kelu_flags INTERFACE)
+add_library(Kelu::Flags ALIAS kelu_flags)
+target_compile_options(kelu_flags INTERFACE -Wall -Wextra -Wconversion -ffp-contract=off)
+target_include_directories(kelu_flags INTERFACE "${PROJECT_SOURCE_DIR}")
+target_compile_definitions(kelu_flags INTERFACE
+  QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+if(KELU_SANITIZE)
+  target_compile_options(kelu_flags INTERFACE -fsanitize=${KELU_SANITIZE} -fno-omit-frame-pointer -g1
+    $<$<STREQUAL:${KELU_SANITIZE},address$<COMMA>undefined>:-fno-sanitize-recover=undefined>)
+  target_link_options(kelu_flags INTERFACE -fsanitize=${KELU_SANITIZE})
+endif()
+
+# The Qt folders share one precompiled header.
+function(kelu_use_pch target)
+  if(NOT KELU_PCH)
+    return()
+  endif()
+  if(NOT TARGET kelu_pch)
+    file(WRITE "${PROJECT_BINARY_DIR}/kelu_pch.cpp" "// Home of the shared precompiled header.\n")
+    add_library(kelu_pch OBJECT "${PROJECT_BINARY_DIR}/kelu_pch.cpp")
+    set_target_properties(kelu_pch PROPERTIES AUTOMOC OFF)
+    target_link_libraries(kelu_pch PRIVATE Kelu::Flags Qt6::Widgets)
+    target_precompile_headers(kelu_pch PRIVATE
+      <QtWidgets> <algorithm> <array> <cmath> <functional> <memory> <optional> <string> <vector>)
+  endif()
+  target_precompile_headers(${target} REUSE_FROM kelu_pch)
+endfunction()
+
+# kelu_library(document ALIAS Kelu::Document SOURCES a.cpp ... PUBLIC libs... PRIVATE libs... [NO_QT])
+# makes kelu_<name> from the sources of the current folder.
+function(kelu_library name)
+  cmake_parse_arguments(ARG "NO_QT" "ALIAS" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
+  add_library(kelu_${name} STATIC ${ARG_SOURCES})
+  add_library(${ARG_ALIAS} ALIAS kelu_${name})
+  target_link_libraries(kelu_${name} PUBLIC Kelu::Flags ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE})
+  if(ARG_NO_QT)
+    set_target_properties(kelu_${name} PROPERTIES AUTOMOC OFF AUTORCC OFF)
+  else()
+    target_link_libraries(kelu_${name} PUBLIC Qt6::Widgets)
+    kelu_use_pch(kelu_${name})
+  endif()
+endfunction()
+
+# kelu_test(document SOURCES a_test.cpp ... LINKS libs... [NO_QT] [TIMEOUT s]) makes the test program of one folder.
+# Qt tests run on the offscreen platform; a hanging dialog ends by the time limit.
+function(kelu_test name)
+  cmake_parse_arguments(ARG "NO_QT" "TIMEOUT" "SOURCES;LINKS" ${ARGN})
+  if(NOT ARG_TIMEOUT)
+    set(ARG_TIMEOUT 120)
+  endif()
+  add_executable(test_${name} ${ARG_SOURCES})
+  if(ARG_NO_QT)
+    set_target_properties(test_${name} PROPERTIES AUTOMOC OFF)
+    target_link_libraries(test_${name} PRIVATE Kelu::Flags ${ARG_LINKS} GTest::gmock GTest::gtest GTest::gtest_main)
+  else()
+    target_link_libraries(test_${name} PRIVATE Kelu::Flags ${ARG_LINKS} kelu_test_main
+      GTest::gmock GTest::gtest Qt6::Widgets Qt6::Test)
+    kelu_use_pch(test_${name})
+  endif()
+  gtest_discover_tests(test_${name} TEST_PREFIX "${name}." DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
+    PROPERTIES TIMEOUT ${ARG_TIMEOUT} ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+endfunction()
