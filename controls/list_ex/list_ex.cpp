@@ -1,0 +1,81 @@
+// Rows and announcements of the list; see list_ex.h.
+// SPDX-License-Identifier: MIT
+#include "controls/list_ex/list_ex.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QStringListModel>
+
+#include "platform/error.h"
+
+namespace kelu {
+
+ListEx::ListEx(QWidget* parent) : QListView(parent), texts_(new QStringListModel(this)) {
+    setModel(texts_);
+    setEditTriggers(NoEditTriggers);
+    setUniformItemSizes(true);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setTextElideMode(Qt::ElideRight);
+    setVerticalScrollMode(ScrollPerPixel);
+    setMouseTracking(true);
+}
+
+void ListEx::Clear() {
+    silent_ = true;
+    texts_->setStringList({});
+    silent_ = false;
+}
+
+void ListEx::AddItem(const QString& text, int row) {
+    silent_ = true;
+    if (row < 0 || row > Count()) row = Count();
+    texts_->insertRow(row);
+    texts_->setData(texts_->index(row), text);
+    silent_ = false;
+}
+
+int ListEx::ListIndex() const { return currentIndex().isValid() ? currentIndex().row() : -1; }
+
+void ListEx::SetListIndex(int row) {
+    if (row < -1 || row >= Count())
+        throw Error(kInvalidProperty, tr("Invalid property value"), QStringLiteral("ListEx::SetListIndex"));
+    silent_ = true;
+    if (row < 0) {
+        setCurrentIndex({});
+        clearSelection();
+    } else {
+        setCurrentIndex(texts_->index(row));
+    }
+    silent_ = false;
+    if (row >= 0) Q_EMIT SelectionChanged();
+}
+
+int ListEx::Count() const { return texts_->rowCount(); }
+
+QString ListEx::Text(int row) const { return texts_->data(texts_->index(row)).toString(); }
+
+void ListEx::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QListView::currentChanged(current, previous);
+    if (silent_ || !current.isValid()) return;
+    raised_ = true;
+    Q_EMIT SelectionChanged();
+}
+
+void ListEx::mousePressEvent(QMouseEvent* event) {
+    raised_ = false;
+    QListView::mousePressEvent(event);
+    const bool again = event->button() == Qt::LeftButton && indexAt(event->position().toPoint()).isValid();
+    if (again && !raised_) Q_EMIT SelectionChanged();
+}
+
+void ListEx::keyPressEvent(QKeyEvent* event) {
+    const bool choose =
+        event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Space;
+    if (choose && currentIndex().isValid()) {
+        Q_EMIT SelectionChanged();
+        return;
+    }
+    QListView::keyPressEvent(event);
+}
+
+}  // namespace kelu

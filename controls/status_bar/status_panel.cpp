@@ -1,0 +1,59 @@
+// Fitting and painting of a status panel; see status_panel.h.
+// SPDX-License-Identifier: MIT
+#include "controls/status_bar/status_panel.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+
+#include "controls/theme/paint.h"
+#include "controls/theme/theme.h"
+
+namespace kelu {
+
+namespace {
+
+constexpr int kPad = 8;  // beside the text
+
+}  // namespace
+
+StatusPanel::StatusPanel(QWidget* parent) : QAbstractButton(parent) {
+    setFocusPolicy(Qt::NoFocus);
+    setAttribute(Qt::WA_Hover);
+}
+
+void StatusPanel::SetText(const QString& text) {
+    if (whole_ == text) return;
+    whole_ = text;
+    setAccessibleName(text.trimmed());
+    Fit();
+    update();
+}
+
+void StatusPanel::SetClickable(bool clickable) {
+    clickable_ = clickable;
+    setFocusPolicy(clickable ? Qt::TabFocus : Qt::NoFocus);
+    setCursor(clickable ? Qt::PointingHandCursor : Qt::ArrowCursor);
+}
+
+void StatusPanel::Fit() {
+    shown_ = fontMetrics().elidedText(whole_, Qt::ElideMiddle, width() - 2 * kPad);
+    setToolTip(shown_ == whole_ ? QString() : whole_);
+}
+
+void StatusPanel::resizeEvent(QResizeEvent*) { Fit(); }
+
+void StatusPanel::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        click();
+    else
+        QAbstractButton::keyPressEvent(event);
+}
+
+void StatusPanel::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setPen(clickable_ && underMouse() ? theme::kText : theme::kQuietText);
+    painter.drawText(rect().adjusted(kPad, 0, -kPad, 0), Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, shown_);
+    if (hasFocus()) theme::DrawFocusRing(painter, rect().adjusted(1, 4, -1, -4), theme::kFocus);
+}
+
+}  // namespace kelu

@@ -1,0 +1,153 @@
+// Painting and names of the tool button; see tool_button.h.
+// SPDX-License-Identifier: MIT
+#include "controls/tool_button/tool_button.h"
+
+#include <QEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QStyle>
+
+#include "controls/theme/icons.h"
+#include "controls/theme/paint.h"
+#include "controls/theme/theme.h"
+
+namespace kelu {
+
+namespace {
+
+constexpr int kCaptionGap = 6;  // between icon and caption
+constexpr int kSidePad = 10;    // beside a caption
+
+QString WithoutDoubling(QString text) { return text.replace(QStringLiteral("&&"), QStringLiteral("&")); }
+
+struct Inks {
+    QColor plate;  // invalid: none
+    QColor ink;
+};
+
+}  // namespace
+
+ToolButton::ToolButton(const QString& iconName, QWidget* parent) : QAbstractButton(parent), iconName_(iconName) {
+    // Tab reaches it; a click leaves the focus where the user works.
+    setFocusPolicy(Qt::TabFocus);
+    setAttribute(Qt::WA_Hover);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
+ToolButton::ToolButton(QWidget* parent) : ToolButton(QString(), parent) {}
+
+void ToolButton::SetIconName(const QString& name) {
+    if (iconName_ == name) return;
+    iconName_ = name;
+    update();
+}
+
+void ToolButton::SetIconSize(int pixels) {
+    iconPixels_ = pixels;
+    updateGeometry();
+    update();
+}
+
+void ToolButton::SetCaption(const QString& caption) {
+    caption_ = caption;
+    setText(caption.trimmed());
+    ShowNames();
+    updateGeometry();
+}
+
+void ToolButton::SetCaptionPlace(CaptionPlace place) {
+    place_ = place;
+    updateGeometry();
+    update();
+}
+
+void ToolButton::SetLook(Look look) {
+    look_ = look;
+    update();
+}
+
+void ToolButton::SetTip(const QString& tip) {
+    tip_ = tip;
+    ShowNames();
+}
+
+void ToolButton::ShowNames() {
+    const QString shown = WithoutDoubling(tip_);
+    setToolTip(shown);
+    setAccessibleName(shown.isEmpty() ? WithoutDoubling(text()) : shown);
+}
+
+QSize ToolButton::sizeHint() const {
+    const int icon = iconName_.isEmpty() ? 0 : (iconPixels_ > 0 ? iconPixels_ : theme::kIconSize);
+    if (text().isEmpty()) return {icon + 8, icon + 8};
+    const QSize words = fontMetrics().size(Qt::TextShowMnemonic, text());
+    if (place_ == CaptionPlace::Below)
+        return {qMax(icon, words.width()) + 2 * kSidePad, icon + words.height() + kCaptionGap + 12};
+    return {icon + (icon > 0 ? kCaptionGap : 0) + words.width() + 2 * kSidePad,
+            qMax(theme::kButtonHeight, qMax(icon, words.height()) + 8)};
+}
+
+QSize ToolButton::minimumSizeHint() const { return sizeHint(); }
+
+void ToolButton::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        animateClick();
+        return;
+    }
+    QAbstractButton::keyPressEvent(event);
+}
+
+void ToolButton::paintEvent(QPaintEvent*) {
+    const bool over = underMouse() && isEnabled();
+    const bool chosen = isChecked();
+    Inks inks{{}, over || isDown() ? theme::kBrightText : theme::kText};
+    switch (look_) {
+        case Look::Flat:
+            if (isDown())
+                inks.plate = theme::kPressed;
+            else if (over || chosen)
+                inks.plate = theme::kHover;
+            if (chosen) inks.ink = theme::kAccent;
+            break;
+        case Look::Raised:
+            inks.plate = isDown() ? theme::kPressed : over ? theme::kRaisedHover : theme::kRaised;
+            break;
+        case Look::Primary:
+            inks = {isDown() ? theme::kAccentPressed : over ? theme::kAccentHover : theme::kAccent, theme::kOnAccent};
+            break;
+    }
+    if (!isEnabled()) {
+        inks.ink = theme::kDisabledText;
+        if (look_ != Look::Flat) inks.plate = theme::kHover;
+    }
+
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (inks.plate.isValid()) theme::FillPlate(painter, rect(), inks.plate);
+
+    const int room = qMin(width(), height()) - (look_ == Look::Flat ? 0 : 4);
+    const int icon = iconName_.isEmpty() ? 0 : qMin(iconPixels_ > 0 ? iconPixels_ : theme::kIconSize, room);
+    if (text().isEmpty()) {
+        if (icon > 0) theme::PaintIcon(painter, iconName_, rect(), icon, inks.ink);
+    } else {
+        const int flags = Qt::TextShowMnemonic | Qt::TextSingleLine;
+        const QSize words = fontMetrics().size(flags, text());
+        painter.setPen(inks.ink);
+        if (place_ == CaptionPlace::Below) {
+            const int tall = icon + kCaptionGap + words.height();
+            const int top = (height() - tall) / 2;
+            if (icon > 0) theme::PaintIcon(painter, iconName_, QRect(0, top, width(), icon), icon, inks.ink);
+            painter.drawText(QRect(0, top + tall - words.height(), width(), words.height()), Qt::AlignCenter | flags,
+                             text());
+        } else {
+            const int wide = icon + (icon > 0 ? kCaptionGap : 0) + words.width();
+            const int left = (width() - wide) / 2;
+            if (icon > 0) theme::PaintIcon(painter, iconName_, QRect(left, 0, icon, height()), icon, inks.ink);
+            painter.drawText(QRect(left + wide - words.width(), 0, words.width(), height()), Qt::AlignCenter | flags,
+                             text());
+        }
+    }
+    if (hasFocus()) theme::DrawFocusRing(painter, rect(), look_ == Look::Primary ? theme::kBrightText : theme::kFocus);
+}
+
+}  // namespace kelu

@@ -1,0 +1,54 @@
+// A flat picture button of the tool strips (asxToolButton): icon, optional caption, a plate under the pointer.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QAbstractButton>
+#include <QString>
+
+namespace kelu {
+
+class ToolButton : public QAbstractButton {
+    Q_OBJECT
+
+ public:
+    /// Flat: no plate at rest. Raised: a push button's plate. Primary: the accent, for the one main action of a window.
+    enum class Look { Flat, Raised, Primary };
+    enum class CaptionPlace { Beside, Below };
+
+    /// `iconName` is a drawing of the theme (controls/theme/icons.h) or empty.
+    explicit ToolButton(const QString& iconName, QWidget* parent = nullptr);
+    explicit ToolButton(QWidget* parent = nullptr);
+
+    QString IconName() const { return iconName_; }
+    void SetIconName(const QString& name);
+    /// Icon size in device-independent pixels; by default theme::kIconSize, less where the button is smaller.
+    void SetIconSize(int pixels);
+    /// Blanks at the ends, as in "  Apply", do not show; "&&" stands for one ampersand.
+    void SetCaption(const QString& caption);
+    QString Caption() const { return caption_; }
+    void SetCaptionPlace(CaptionPlace place);
+    void SetLook(Look look);
+    Look ButtonLook() const { return look_; }
+    /// Tool tip and accessible name.
+    void SetTip(const QString& tip);
+    QString Tip() const { return tip_; }
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+ protected:
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+    void ShowNames();
+
+    QString iconName_;
+    QString caption_;
+    QString tip_;
+    int iconPixels_ = 0;
+    Look look_ = Look::Flat;
+    CaptionPlace place_ = CaptionPlace::Beside;
+};
+
+}  // namespace kelu

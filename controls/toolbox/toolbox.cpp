@@ -1,0 +1,155 @@
+// Grid, keys and the current button of the toolbox; see toolbox.h.
+// SPDX-License-Identifier: MIT
+#include "controls/toolbox/toolbox.h"
+
+#include <QKeyEvent>
+
+#include "controls/toolbox/toolbox_button.h"
+
+namespace kelu {
+
+Toolbox::Toolbox(QWidget* parent) : QWidget(parent) {}
+
+Toolbox::~Toolbox() = default;
+
+void Toolbox::SetColumns(int columns) {
+    columns_ = qMax(1, columns);
+    Arrange();
+}
+
+void Toolbox::SetButtonSize(const QSize& size) {
+    buttonSize_ = size;
+    Arrange();
+}
+
+void Toolbox::SetMargin(int margin) {
+    margin_ = margin;
+    Arrange();
+}
+
+void Toolbox::SetGap(int gap) {
+    gap_ = gap;
+    Arrange();
+}
+
+int Toolbox::AddButton(const QString& key, const QPixmap& normal, const QPixmap& over, const QPixmap& down) {
+    auto* button = new ToolboxButton(key, this);
+    button->SetPictures(normal, over, down);
+    button->installEventFilter(this);
+    buttons_.push_back(button);
+    const int index = Count();
+    connect(button, &QAbstractButton::clicked, this, [this, index] { Press(index); });
+    if (index == 1) UpdateTabStop(1);
+    button->show();
+    Arrange();
+    return index;
+}
+
+void Toolbox::SetPictures(int index, const QPixmap& normal, const QPixmap& over, const QPixmap& down) {
+    if (InRange(index)) buttons_[static_cast<std::size_t>(index - 1)]->SetPictures(normal, over, down);
+}
+
+void Toolbox::SetIconName(int index, const QString& iconName) {
+    if (InRange(index)) buttons_[static_cast<std::size_t>(index - 1)]->SetIconName(iconName);
+}
+
+QString Toolbox::Key(int index) const {
+    return InRange(index) ? buttons_[static_cast<std::size_t>(index - 1)]->Key() : QString();
+}
+
+void Toolbox::SetCurrent(int index) {
+    if (!InRange(index)) index = 0;
+    current_ = index;
+    for (int each = 1; each <= Count(); ++each) buttons_[static_cast<std::size_t>(each - 1)]->SetCurrent(each == index);
+    if (index > 0) UpdateTabStop(index);
+}
+
+void Toolbox::SetTip(int index, const QString& text) {
+    if (!InRange(index)) return;
+    ToolboxButton* button = buttons_[static_cast<std::size_t>(index - 1)];
+    button->setProperty("tip", text);
+    const QString shown = QString(text).replace(QStringLiteral("&&"), QStringLiteral("&"));
+    button->setToolTip(shown);
+    button->setAccessibleName(shown);
+}
+
+QString Toolbox::Tip(int index) const {
+    return InRange(index) ? buttons_[static_cast<std::size_t>(index - 1)]->property("tip").toString() : QString();
+}
+
+QWidget* Toolbox::Button(int index) const {
+    return InRange(index) ? buttons_[static_cast<std::size_t>(index - 1)] : nullptr;
+}
+
+void Toolbox::Press(int index) {
+    SetCurrent(index);
+    Q_EMIT ButtonClicked(index, Key(index));
+}
+
+void Toolbox::UpdateTabStop(int index) {
+    for (int each = 1; each <= Count(); ++each)
+        buttons_[static_cast<std::size_t>(each - 1)]->setFocusPolicy(each == index ? Qt::TabFocus : Qt::NoFocus);
+}
+
+QSize Toolbox::sizeHint() const {
+    const int columns = qMin(columns_, qMax(1, Count()));
+    const int rows = (Count() + columns - 1) / columns;
+    const auto length = [this](int count, int each) { return 2 * margin_ + count * each + qMax(0, count - 1) * gap_; };
+    return {length(columns, buttonSize_.width()), length(rows, buttonSize_.height())};
+}
+
+void Toolbox::Arrange() {
+    updateGeometry();
+    const int columns = qMin(columns_, qMax(1, Count()));
+    // In a space wider than the grid it stands in the middle.
+    const int left = margin_ + qMax(0, (width() - sizeHint().width()) / 2);
+    for (int i = 0; i < Count(); ++i) {
+        const QPoint corner(left + i % columns * (buttonSize_.width() + gap_),
+                            margin_ + i / columns * (buttonSize_.height() + gap_));
+        buttons_[static_cast<std::size_t>(i)]->setGeometry(QRect(corner, buttonSize_));
+    }
+}
+
+void Toolbox::resizeEvent(QResizeEvent*) { Arrange(); }
+
+bool Toolbox::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
+    const auto found = std::find(buttons_.begin(), buttons_.end(), watched);
+    if (found == buttons_.end()) return false;
+    const int index = static_cast<int>(found - buttons_.begin()) + 1;
+    const int columns = qMin(columns_, Count());
+    int next = index;
+    switch (static_cast<QKeyEvent*>(event)->key()) {
+        case Qt::Key_Left:
+            next = index - 1;
+            break;
+        case Qt::Key_Right:
+            next = index + 1;
+            break;
+        case Qt::Key_Up:
+            next = index - columns;
+            break;
+        case Qt::Key_Down:
+            next = index + columns;
+            break;
+        case Qt::Key_Home:
+            next = 1;
+            break;
+        case Qt::Key_End:
+            next = Count();
+            break;
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            buttons_[static_cast<std::size_t>(index - 1)]->animateClick();
+            return true;
+        default:
+            return false;
+    }
+    if (InRange(next) && next != index) {
+        UpdateTabStop(next);
+        buttons_[static_cast<std::size_t>(next - 1)]->setFocus(Qt::TabFocusReason);
+    }
+    return true;
+}
+
+}  // namespace kelu

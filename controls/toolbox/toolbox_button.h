@@ -1,0 +1,35 @@
+// One picture button of a toolbox.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QAbstractButton>
+#include <QPixmap>
+#include <QString>
+
+namespace kelu {
+
+class ToolboxButton : public QAbstractButton {
+    Q_OBJECT
+
+ public:
+    ToolboxButton(QString key, QWidget* parent);
+
+    const QString& Key() const { return key_; }
+    void SetPictures(const QPixmap& normal, const QPixmap& over, const QPixmap& down);
+    void SetIconName(const QString& name);
+    void SetCurrent(bool current);
+
+ protected:
+    void paintEvent(QPaintEvent* event) override;
+
+ private:
+    QString key_;
+    QString iconName_;
+    QPixmap normal_, over_, down_;
+    bool current_ = false;
+
+    void PaintIconLook(QPainter& painter);
+    void PaintPictureLook(QPainter& painter);
+};
+
+}  // namespace kelu
