@@ -1,0 +1,52 @@
+// The digits and the clamp of a coordinate box.
+// SPDX-License-Identifier: MIT
+#include "effects/coordinate_box.h"
+
+#include <QFocusEvent>
+#include <QValidator>
+
+#include "effects/catalogue.h"
+
+namespace kelu {
+namespace {
+
+// Mends rather than refuses: typed, pasted and assigned texts all lose what is no digit, and too large a number becomes
+// the largest.
+class CoordinateValidator : public QValidator {
+ public:
+    using QValidator::QValidator;
+
+    State validate(QString& input, int& position) const override {
+        const qsizetype length = input.size();
+        input.removeIf([](QChar c) { return c < QLatin1Char('0') || c > QLatin1Char('9'); });
+        // A number of any length: what does not even fit an integer is too large.
+        bool fits = false;
+        if (const int value = input.toInt(&fits); !input.isEmpty() && (!fits || value > kCoordinateMax))
+            input = QString::number(kCoordinateMax);
+        if (input.size() != length) position = static_cast<int>(input.size());
+        return Acceptable;
+    }
+};
+
+}  // namespace
+
+CoordinateBox::CoordinateBox(QWidget* parent) : QLineEdit(parent) {
+    setValidator(new CoordinateValidator(this));
+    setAlignment(Qt::AlignCenter);
+    setInputMethodHints(Qt::ImhDigitsOnly);
+}
+
+void CoordinateBox::focusInEvent(QFocusEvent* event) {
+    QLineEdit::focusInEvent(event);
+    selectAll();
+    // The press that brought the focus comes after it and would place the cursor.
+    selectAfterPress_ = event->reason() == Qt::MouseFocusReason;
+}
+
+void CoordinateBox::mousePressEvent(QMouseEvent* event) {
+    QLineEdit::mousePressEvent(event);
+    if (selectAfterPress_) selectAll();
+    selectAfterPress_ = false;
+}
+
+}  // namespace kelu

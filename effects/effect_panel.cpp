@@ -1,0 +1,269 @@
+// Makes and places the controls of the settings panel, and sets them up by the row of the chosen effect.
+// SPDX-License-Identifier: MIT
+#include "effects/effect_panel.h"
+
+#include <QRadioButton>
+
+#include "controls/color_picker/color_picker.h"
+#include "controls/list_ex/list_ex.h"
+#include "controls/pager/pager.h"
+#include "controls/slider/ls_slider.h"
+#include "controls/theme/theme.h"
+#include "controls/tool_button/tool_button.h"
+#include "controls/toolbox/toolbox.h"
+#include "effects/catalogue.h"
+#include "effects/coordinate_box.h"
+#include "effects/panel_label.h"
+#include "platform/units.h"
+
+namespace kelu {
+namespace {
+
+constexpr QSize kPanelTwips{1935, 3135};
+constexpr int kBrushMin = 1;
+constexpr int kBrushMax = 100;
+constexpr int kBrushStart = 50;
+
+template <typename Control>
+Control* Named(Control* control, const char* name) {
+    control->setObjectName(QString::fromLatin1(name));
+    control->hide();
+    return control;
+}
+
+void PlaceInTwips(QWidget* control, int left, int top, int width, int height) {
+    control->setGeometry(TwipsToPixels(QRectF(left, top, width, height)));
+}
+
+void MoveTop(QWidget* control, int topTwips) {
+    if (topTwips) control->move(control->x(), TwipsToPixels(topTwips));
+}
+
+// The slider shows its value only while it is dragged; what it sets is told to who hovers and to assistive technology.
+void Describe(LsSlider& slider, const QString& label) {
+    slider.setAccessibleName(label);
+    slider.setToolTip(QStringLiteral("%1: %2").arg(label).arg(slider.Value()));
+}
+
+LsSlider* MakeSlider(QWidget* parent, const char* name) {
+    auto* slider = Named(new LsSlider(parent), name);
+    slider->SetOrientation(LsSlider::kHorizontal);
+    const QColor ground = theme::kGround;
+    slider->SetBackColor(static_cast<ColorRef>(PickerColor(ground.red(), ground.green(), ground.blue())));
+    QObject::connect(slider, &LsSlider::ValueChanged, slider,
+                     [slider] { Describe(*slider, slider->accessibleName()); });
+    return slider;
+}
+
+}  // namespace
+
+EffectPanel::EffectPanel(SharedState& state, QWidget* parent)
+    : QWidget(parent),
+      lblDesc(Named(new PanelLabel(this), "lblDesc")),
+      lblBS(Named(new PanelLabel(this), "lblBS")),
+      sldBrushSize(MakeSlider(this, "sldBrushSize")),
+      sldValue{MakeSlider(this, "sldValue1"), MakeSlider(this, "sldValue2"), MakeSlider(this, "sldValue3")},
+      lstValue(Named(new ListEx(this), "lstValue")),
+      TBCompass(new Toolbox),
+      PagerCompass(Named(new Pager(Qt::Horizontal, this), "PagerCompass")),
+      CPicker{Named(new ColorPicker(this), "CPicker1"), Named(new ColorPicker(this), "CPicker2")},
+      lblCoords(Named(new PanelLabel(this), "lblCoords")),
+      txtXCoord(Named(new CoordinateBox(this), "txtXCoord")),
+      txtYCoord(Named(new CoordinateBox(this), "txtYCoord")),
+      OptGS{Named(new QRadioButton(this), "OptGS1"), Named(new QRadioButton(this), "OptGS2")},
+      lblGS{Named(new PanelLabel(this), "lblGS0"), Named(new PanelLabel(this), "lblGS1")},
+      cmdApply(Named(new ToolButton(this), "cmdApply")),
+      state_(state) {
+    setObjectName(QStringLiteral("pnlSettings"));
+    QPalette colors = palette();
+    colors.setColor(QPalette::Window, theme::kGround);
+    setPalette(colors);
+    setAutoFillBackground(true);
+
+    lblBS->SetCaption(QStringLiteral("Brush Size"));
+    lblDesc->setWordWrap(true);
+    lblCoords->SetCaption(QStringLiteral("X,Y Coordinates"));
+    cmdApply->SetCaption(QStringLiteral("  Apply"));
+    cmdApply->SetLook(ToolButton::Look::Primary);
+    txtXCoord->setText(QString::number(kDefaultX));
+    txtYCoord->setText(QString::number(kDefaultY));
+    txtXCoord->setAccessibleName(QStringLiteral("X coordinate"));
+    txtYCoord->setAccessibleName(QStringLiteral("Y coordinate"));
+
+    sldBrushSize->SetMax(kBrushMax);
+    sldBrushSize->SetMin(kBrushMin);
+    sldBrushSize->SetValue(kBrushStart);
+    Describe(*sldBrushSize, lblBS->text());
+
+    TBCompass->setObjectName(QStringLiteral("TBCompass"));
+    FillCompass(*TBCompass);
+    TBCompass->SetCurrent(kDefaultDirection);
+    PagerCompass->SetChild(TBCompass);
+
+    Place();
+    Connect();
+}
+
+QSize EffectPanel::sizeHint() const {
+    return {TwipsToPixels(kPanelTwips.width()), TwipsToPixels(kPanelTwips.height())};
+}
+
+void EffectPanel::Place() {
+    resize(sizeHint());
+    PlaceInTwips(lblBS, 120, 75, 750, 165);
+    PlaceInTwips(sldBrushSize, 90, 300, 1755, 360);
+    PlaceInTwips(lblDesc, 120, 730, 1680, 1170);
+    PlaceInTwips(sldValue[0], 90, 1200, 1755, 360);
+    PlaceInTwips(sldValue[1], 90, 1660, 1755, 360);
+    PlaceInTwips(sldValue[2], 90, 2160, 1755, 360);
+    PlaceInTwips(lstValue, 90, 1200, 1755, 1215);
+    PlaceInTwips(PagerCompass, 90, 2130, 1755, 405);
+    PlaceInTwips(CPicker[0], 195, 1560, 735, 495);
+    PlaceInTwips(CPicker[1], 1080, 1560, 735, 495);
+    PlaceInTwips(lblCoords, 120, 1905, 1095, 165);
+    PlaceInTwips(txtXCoord, 240, 2175, 495, 315);
+    PlaceInTwips(txtYCoord, 1080, 2175, 495, 315);
+    PlaceInTwips(OptGS[0], 120, 1200, 255, 255);
+    PlaceInTwips(OptGS[1], 120, 1440, 255, 255);
+    PlaceInTwips(lblGS[0], 405, 1215, 870, 165);
+    PlaceInTwips(lblGS[1], 405, 1470, 645, 165);
+    PlaceInTwips(cmdApply, 350, 2640, 1245, 385);
+}
+
+void EffectPanel::Connect() {
+    connect(lstValue, &ListEx::SelectionChanged, this, &EffectPanel::ValueListSelected);
+    connect(TBCompass, &Toolbox::ButtonClicked, this, [this](int index) { CompassClicked(index); });
+    for (std::size_t i = 0; i < OptGS.size(); ++i) {
+        const int option = static_cast<int>(i) + 1;
+        connect(OptGS[i], &QRadioButton::clicked, this, [this, option] { OptionMarked(option); });
+        connect(OptGS[i], &QRadioButton::toggled, this, [this, option](bool marked) {
+            if (marked) OptionMarked(option);
+        });
+        connect(lblGS[i], &PanelLabel::Pressed, OptGS[i], &QRadioButton::click);
+    }
+}
+
+void EffectPanel::LoadTips() {
+    int button = 0;
+    for (const char* tip : CompassTips()) TBCompass->SetTip(++button, QString::fromLatin1(tip));
+}
+
+void EffectPanel::SetUp(int number) {
+    const Effect* found = FindEffect(number);
+    if (!found) return;
+    const Effect& effect = *found;
+    const bool list = effect.choice.kind == EffectChoice::Kind::List;
+    const bool compass = effect.choice.kind == EffectChoice::Kind::Compass;
+
+    // First, because the list's selection is filed under the current effect.
+    state_.CurrentSFX = static_cast<std::int16_t>(number);
+    if (list) LoadValueList(effect);
+
+    lblBS->show();
+    sldBrushSize->show();
+    lblDesc->SetCaption(effect.PanelCaption());
+    lblDesc->show();
+
+    MoveTop(sldValue[0], effect.tops.sldValue1);
+    for (std::size_t i = 0; i < sldValue.size(); ++i) SetUpSlider(*sldValue[i], effect.sliders[i]);
+    SetUpCoordinates(effect);
+    MoveTop(CPicker[0], effect.tops.cPicker1);
+    SetUpColor(*CPicker[0], effect.color1);
+    SetUpColor(*CPicker[1], effect.color2);
+    SetUpOptions(effect);
+
+    MoveTop(PagerCompass, effect.tops.pagerCompass);
+    PagerCompass->setVisible(compass);
+    MoveTop(lstValue, effect.tops.lstValue);
+    lstValue->setVisible(list);
+    cmdApply->show();
+}
+
+void EffectPanel::LoadValueList(const Effect& effect) {
+    lstValue->Clear();
+    int row = 0;
+    for (const char* name : effect.choice.names) lstValue->AddItem(QString::fromLatin1(name), row++);
+    lstValue->setAccessibleName(effect.PanelTitle());
+    lstValue->SetListIndex(effect.choice.initial - 1);
+}
+
+void EffectPanel::SetUpSlider(LsSlider& slider, const EffectSlider& input) {
+    if (input.label) {
+        // In this order: the minimum must stay below the maximum, and writing it writes the value too.
+        slider.SetMax(input.max);
+        slider.SetMin(input.min);
+        slider.SetValue(input.value);
+        Describe(slider, QString::fromLatin1(input.label));
+    }
+    slider.setVisible(input.label != nullptr);
+}
+
+void EffectPanel::SetUpCoordinates(const Effect& effect) {
+    if (effect.ResetsCoordinates()) {
+        txtXCoord->setText(QString::number(kDefaultX));
+        txtYCoord->setText(QString::number(kDefaultY));
+    }
+    for (QWidget* control :
+         {static_cast<QWidget*>(lblCoords), static_cast<QWidget*>(txtXCoord), static_cast<QWidget*>(txtYCoord)})
+        control->setVisible(effect.ShowsCoordinates());
+}
+
+void EffectPanel::SetUpColor(ColorPicker& picker, const EffectColor& input) {
+    if (input.label) {
+        picker.SetColor(input.value);
+        picker.setAccessibleName(QString::fromLatin1(input.label));
+        picker.setToolTip(QString::fromLatin1(input.label));
+    }
+    picker.setVisible(input.label != nullptr);
+}
+
+void EffectPanel::SetUpOptions(const Effect& effect) {
+    const bool options = effect.choice.kind == EffectChoice::Kind::Options;
+    if (options) {
+        MoveTop(OptGS[0], effect.tops.optGS1);
+        MoveTop(OptGS[1], effect.tops.optGS2);
+        MoveTop(lblGS[0], effect.tops.lblGS0);
+        MoveTop(lblGS[1], effect.tops.lblGS1);
+        for (std::size_t i = 0; i < lblGS.size(); ++i) {
+            const QString caption = QString::fromLatin1(effect.choice.names[i]);
+            lblGS[i]->SetCaption(caption);
+            OptGS[i]->setAccessibleName(caption);
+        }
+    }
+    for (std::size_t i = 0; i < OptGS.size(); ++i) {
+        lblGS[i]->setVisible(options);
+        OptGS[i]->setVisible(options);
+    }
+    if (options) {
+        OptGS[0]->setChecked(true);
+        state_.*effect.choice.variable = 1;
+    }
+}
+
+void EffectPanel::ValueListSelected() {
+    const Effect* effect = FindEffect(state_.CurrentSFX);
+    const int row = lstValue->ListIndex();
+    if (!effect || effect->choice.kind != EffectChoice::Kind::List) return;
+    if (row < 0 || row >= static_cast<int>(effect->choice.names.size())) return;
+    state_.*effect->choice.variable = static_cast<std::int16_t>(row + 1);
+}
+
+void EffectPanel::OptionMarked(int option) {
+    // All three effects with options share the buttons; choosing one of them sets its own variable anew.
+    const auto value = static_cast<std::int16_t>(option);
+    state_.GraySelect = value;
+    state_.MaximumSelect = value;
+    state_.MinimumSelect = value;
+}
+
+void EffectPanel::CompassClicked(int button) {
+    if (button < 1 || button > static_cast<int>(CompassTips().size())) return;
+    state_.CompassDirection = static_cast<std::int16_t>(button);
+}
+
+int EffectPanel::XCoordinate() const { return txtXCoord->Value(); }
+int EffectPanel::YCoordinate() const { return txtYCoord->Value(); }
+qint32 EffectPanel::PickerValue(int picker) const { return CPicker[static_cast<std::size_t>(picker - 1)]->Color(); }
+int EffectPanel::SliderValue(int slider) const { return sldValue[static_cast<std::size_t>(slider - 1)]->Value(); }
+
+}  // namespace kelu

@@ -1,0 +1,63 @@
+// From a row or a button's key to the number of an effect.
+// SPDX-License-Identifier: MIT
+#include "effects/effect_selectors.h"
+
+#include "controls/list_ex/list_ex.h"
+#include "controls/pager/pager.h"
+#include "controls/toolbox/toolbox.h"
+#include "effects/catalogue.h"
+
+namespace kelu {
+namespace {
+
+constexpr QSize kButtonPixels{89, 106};
+
+QString ButtonKey(int number) { return QStringLiteral("keySFX%1").arg(number); }
+
+}  // namespace
+
+EffectSelectors::EffectSelectors(SharedState& state, QWidget* parent)
+    : QObject(parent),
+      lstSFX(new ListEx(parent)),
+      pagerTB1(new Pager(Qt::Vertical, parent)),
+      TBSFX(new Toolbox),
+      state_(state) {
+    lstSFX->setObjectName(QStringLiteral("lstSFX"));
+    lstSFX->setAccessibleName(QStringLiteral("Effects"));
+    pagerTB1->setObjectName(QStringLiteral("pagerTB1"));
+    TBSFX->setObjectName(QStringLiteral("TBSFX"));
+    TBSFX->setAccessibleName(QStringLiteral("Effects"));
+    lstSFX->hide();
+    pagerTB1->hide();
+
+    TBSFX->SetColumns(1);
+    TBSFX->SetButtonSize(kButtonPixels);
+    for (const Effect& effect : Catalogue()) TBSFX->AddButton(ButtonKey(effect.number));
+    pagerTB1->SetChild(TBSFX);
+
+    connect(lstSFX, &ListEx::SelectionChanged, this, &EffectSelectors::ListSelected);
+    connect(TBSFX, &Toolbox::ButtonClicked, this, [this](int, const QString& key) { ToolbarClicked(key); });
+}
+
+void EffectSelectors::SetUpSFXList() {
+    lstSFX->Clear();
+    for (const Effect& effect : Catalogue()) lstSFX->AddItem(QString::fromLatin1(effect.listText), effect.number - 1);
+    lstSFX->SetListIndex(0);
+}
+
+void EffectSelectors::LoadTips() {
+    for (const Effect& effect : Catalogue()) TBSFX->SetTip(effect.number, effect.ButtonTip());
+}
+
+void EffectSelectors::ListSelected() {
+    if (Refused()) return;
+    if (const Effect* effect = FindEffect(lstSFX->ListIndex() + 1)) Q_EMIT EffectChosen(effect->number);
+}
+
+void EffectSelectors::ToolbarClicked(const QString& key) {
+    if (Refused()) return;
+    for (const Effect& effect : Catalogue())
+        if (key == ButtonKey(effect.number)) return Q_EMIT EffectChosen(effect.number);
+}
+
+}  // namespace kelu

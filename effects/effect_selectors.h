@@ -1,0 +1,47 @@
+// The two selectors of the 48 effects: the text list lstSFX and the picture toolbar TBSFX in its pager pagerTB1.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+
+#include "app/shared_state.h"
+
+class QWidget;
+
+namespace kelu {
+
+class ListEx;
+class Pager;
+class Toolbox;
+
+/// Which of the two shows, and where, is the window's business; both lead to the same signal and are not kept in step.
+class EffectSelectors : public QObject {
+    Q_OBJECT
+
+ public:
+    /// The controls become children of `parent` and are hidden at first.
+    EffectSelectors(SharedState& state, QWidget* parent);
+
+    /// Fills the list and selects its first row.
+    void SetUpSFXList();
+    /// Tips of the toolbar's buttons.
+    void LoadTips();
+
+    ListEx* const lstSFX;
+    Pager* const pagerTB1;
+    Toolbox* const TBSFX;
+
+ Q_SIGNALS:
+    /// The user chose an effect, 1 to 48, also when it was chosen before. Never without an open picture, during a
+    /// render or while the capture panel runs.
+    void EffectChosen(int number);
+
+ private:
+    void ListSelected();
+    void ToolbarClicked(const QString& key);
+    bool Refused() const { return !state_.ImageActive || state_.CaptureBusy; }
+
+    SharedState& state_;
+};
+
+}  // namespace kelu

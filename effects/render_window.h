@@ -1,0 +1,18 @@
+// What a render does to the window: shut it against input, show how far it is, keep it alive.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+namespace kelu {
+
+class RenderWindow {
+ public:
+    virtual ~RenderWindow() = default;
+
+    /// False: the window takes no input until true.
+    virtual void SetFormEnabled(bool enabled) = 0;
+    virtual void SetProgressVisible(bool visible) = 0;
+    virtual void SetProgress(int percent) = 0;
+    virtual void RunEventLoopOnce() = 0;
+};
+
+}  // namespace kelu
