@@ -9,19 +9,21 @@ namespace kelu {
 
 /// Numbers that the program itself raises; files and devices use kFileError unless a more telling one stands here.
 enum ErrorNumber : int {
-    kEndOfFile = 53,             ///< a file ends before its data does
-    kFileError = 57,             ///< a file could not be read or written
-    kInvalidPicture = 481,       ///< bytes that are no picture, or a damaged one
-    kInvalidProperty = 380,      ///< a property refuses the value
-    kOutOfMemory = 7,            ///< a picture too large for this machine or for the set limits
-    kNoUndoLevel = 5,            ///< Undo or Redo with no level left
-    kNoCamera = 1000,            ///< no capture device
+    kEndOfFile = 53,         ///< a file ends before its data does
+    kFileError = 57,         ///< a file could not be read or written
+    kInvalidPicture = 481,   ///< bytes that are no picture, or a damaged one
+    kInvalidProperty = 380,  ///< a property refuses the value
+    kOutOfMemory = 7,        ///< a picture too large for this machine or for the set limits
+    kNoUndoLevel = 5,        ///< Undo or Redo with no level left
+    kNoCamera = 1000,        ///< no capture device
 };
 
 class Error : public std::exception {
  public:
     Error(int number, QString description, QString source = QString())
-        : number_(number), description_(std::move(description)), source_(std::move(source)),
+        : number_(number),
+          description_(std::move(description)),
+          source_(std::move(source)),
           what_(description_.toUtf8().toStdString()) {}
 
     int Number() const { return number_; }

@@ -1,0 +1,172 @@
+// Writes a file so that it is either whole and on the disk, or the old one stays as it was.
+// SPDX-License-Identifier: MIT
+#include "platform/atomic_file.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QRandomGenerator>
+#include <filesystem>
+#include <system_error>
+
+#include "platform/error.h"
+#ifdef Q_OS_UNIX
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#endif
+
+namespace kelu {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int kLongestLinkChain = 40;
+constexpr int kNameTries = 100;
+
+/// The path behind all links, also when nothing is there yet; empty for a circle of links.
+QString FollowLinks(const QString& path) {
+    fs::path target = QFileInfo(path).filesystemAbsoluteFilePath();
+    std::error_code error;
+    for (int step = 0; step < kLongestLinkChain; ++step) {
+        if (!fs::is_symlink(target, error)) return QString::fromStdU16String(target.u16string());
+        const fs::path next = fs::read_symlink(target, error);
+        if (error) return {};
+        target = next.is_absolute() ? next : target.parent_path() / next;
+    }
+    return {};
+}
+
+QString NewName(const QString& folder) {
+    return folder + QStringLiteral("/.kelu-%1.tmp").arg(QRandomGenerator::system()->generate64(), 16, 16, QChar(u'0'));
+}
+
+#ifdef Q_OS_UNIX
+QString Reason(int code) { return QString::fromLocal8Bit(std::strerror(code)); }
+
+/// The folder's entry for a renamed file reaches the disk with the folder, not with the file. Some file systems can't
+/// do this; the rename itself stands all the same.
+void FlushFolder(const QString& folder) {
+    const int descriptor = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0) return;
+    ::fsync(descriptor);
+    ::close(descriptor);
+}
+#endif
+
+}  // namespace
+
+AtomicFile::AtomicFile(const QString& path, Access access) : path_(path) {
+    target_ = FollowLinks(path);
+    if (target_.isEmpty()) Fail(QStringLiteral("the link leads nowhere"));
+    const QFileInfo old(target_);
+    if (old.isDir()) Fail(QStringLiteral("this is a folder"));
+    if (old.exists() && !old.isFile()) Fail(QStringLiteral("this is not a file"));
+    if (old.exists() && !old.isWritable()) Fail(QStringLiteral("the file is read-only"));
+    folder_ = old.absolutePath();
+    if (!QFileInfo(folder_).isDir()) Fail(QStringLiteral("the folder does not exist"));
+    Open(access);
+}
+
+AtomicFile::~AtomicFile() { Discard(); }
+
+#ifdef Q_OS_UNIX
+
+// The new file has no name until it is complete, where the file system can do that: then even a killed process leaves
+// nothing behind.
+void AtomicFile::Open(Access access) {
+    int descriptor = -1;
+#ifdef O_TMPFILE
+    if (::access("/proc/self/fd", X_OK) == 0)
+        descriptor = ::open(QFile::encodeName(folder_).constData(), O_TMPFILE | O_RDWR | O_CLOEXEC, 0666);
+#endif
+    if (descriptor >= 0) {
+        if (!file_.open(descriptor, QIODevice::ReadWrite, QFileDevice::AutoCloseHandle)) Fail(file_.errorString());
+    } else {
+        OpenNamed();
+    }
+
+    struct stat old {};
+    const bool replaces = ::stat(QFile::encodeName(target_).constData(), &old) == 0;
+    if (access == Access::Private) {
+        ::fchmod(file_.handle(), 0600);
+    } else if (replaces) {
+        // Group and owner only where the system allows it; never more rights for anybody than the old file gave.
+        mode_t mode = old.st_mode & 0777;
+        if (::fchown(file_.handle(), old.st_uid, old.st_gid) != 0 &&
+            ::fchown(file_.handle(), uid_t(-1), old.st_gid) != 0)
+            mode &= 0707;
+        ::fchmod(file_.handle(), mode);
+    }
+}
+
+void AtomicFile::GiveName() {
+    if (!temporaryPath_.isEmpty()) return;
+    const QByteArray source = "/proc/self/fd/" + QByteArray::number(file_.handle());
+    for (int tries = 0; tries < kNameTries; ++tries) {
+        const QString name = NewName(folder_);
+        if (::linkat(AT_FDCWD, source.constData(), AT_FDCWD, QFile::encodeName(name).constData(), AT_SYMLINK_FOLLOW) ==
+            0) {
+            temporaryPath_ = name;
+            return;
+        }
+        if (errno != EEXIST) break;
+    }
+    Fail(Reason(errno));
+}
+
+#else
+
+void AtomicFile::Open(Access) { OpenNamed(); }
+
+void AtomicFile::GiveName() {}
+
+#endif
+
+void AtomicFile::OpenNamed() {
+    for (int tries = 0; tries < kNameTries; ++tries) {
+        temporaryPath_ = NewName(folder_);
+        file_.setFileName(temporaryPath_);
+        if (file_.open(QIODevice::ReadWrite | QIODevice::NewOnly)) return;
+        if (!QFileInfo::exists(temporaryPath_)) break;
+    }
+    temporaryPath_.clear();
+    Fail(file_.errorString());
+}
+
+void AtomicFile::Write(const QByteArray& bytes) {
+    if (file_.write(bytes) != bytes.size()) Fail(file_.errorString());
+}
+
+void AtomicFile::Commit() {
+    if (!file_.isOpen()) Fail(QStringLiteral("already written"));
+    if (file_.error() != QFileDevice::NoError || !file_.flush()) Fail(file_.errorString());
+#ifdef Q_OS_UNIX
+    if (::fsync(file_.handle()) != 0) Fail(Reason(errno));
+#endif
+    GiveName();
+    file_.close();
+    if (file_.error() != QFileDevice::NoError) Fail(file_.errorString());
+    std::error_code error;
+    fs::rename(QFileInfo(temporaryPath_).filesystemFilePath(), QFileInfo(target_).filesystemFilePath(), error);
+    if (error) Fail(QString::fromStdString(error.message()));
+    temporaryPath_.clear();
+#ifdef Q_OS_UNIX
+    FlushFolder(folder_);
+#endif
+}
+
+void AtomicFile::Discard() {
+    if (file_.isOpen()) file_.close();
+    if (!temporaryPath_.isEmpty()) QFile::remove(temporaryPath_);
+    temporaryPath_.clear();
+}
+
+void AtomicFile::Fail(const QString& reason) const {
+    throw Error(kFileError, path_ + QStringLiteral(": ") + reason, QStringLiteral("AtomicFile"));
+}
+
+}  // namespace kelu

@@ -1,0 +1,47 @@
+// Writes a file so that it is either whole and on the disk, or the old one stays as it was.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QByteArray>
+#include <QFile>
+#include <QString>
+
+namespace kelu {
+
+/// Write into Device() (seekable, readable, starts empty), then Commit(). Without a Commit nothing happens to the
+/// target and nothing is left behind. A target that is a symbolic link is followed; an existing target keeps its
+/// permissions. Failures are thrown as Error(kFileError) whose description begins with the path.
+class AtomicFile {
+ public:
+    enum class Access {
+        AsUsual,  ///< a new file gets the permissions that the user's files get, an old one keeps its own
+        Private   ///< readable and writable by the user alone (0600), whatever it was before
+    };
+
+    /// Opens the new file beside `path`, whose folder must exist.
+    explicit AtomicFile(const QString& path, Access access = Access::AsUsual);
+    ~AtomicFile();
+    AtomicFile(const AtomicFile&) = delete;
+    AtomicFile& operator=(const AtomicFile&) = delete;
+
+    /// For writers that take a device. Errors of the device are also seen by Commit().
+    QFile& Device() { return file_; }
+    void Write(const QByteArray& bytes);
+    /// Flushes to the disk and puts the new file in the target's place in one step. May be called once.
+    void Commit();
+
+ private:
+    void Open(Access access);
+    void OpenNamed();
+    void GiveName();
+    void Discard();
+    [[noreturn]] void Fail(const QString& reason) const;
+
+    QString path_;           ///< as the caller names it, for messages
+    QString target_;         ///< behind all links
+    QString folder_;         ///< of the target
+    QString temporaryPath_;  ///< empty as long as the new file has no name
+    QFile file_;
+};
+
+}  // namespace kelu

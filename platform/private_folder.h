@@ -1,0 +1,19 @@
+// Folders that nobody but the user can read or write.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+namespace kelu {
+
+/// Makes the folder and those above it (mode 0700 each that is new). True when it is then a folder of this user, and
+/// no link, closed to everybody else.
+bool MakePrivateFolder(const QString& path);
+
+/// Whether users other than this one (and the superuser) can put files into the folder.
+bool OthersCanWrite(const QString& path);
+
+/// What tells this user from others in a file name.
+QString UserTag();
+
+}  // namespace kelu
