@@ -1,0 +1,121 @@
+// The vocabulary of vector kernels: one pixel in each 32-bit lane, its channels as floats or as bytes, luma, weights.
+// Included once for each instruction set (see docs/kernels.md). Multiplication and addition stay separate: a fused one
+// rounds differently and exists only on some machines.
+// SPDX-License-Identifier: MIT
+#if defined(KELU_ENGINE_LANES_INL) == defined(HWY_TARGET_TOGGLE)
+#ifdef KELU_ENGINE_LANES_INL
+#undef KELU_ENGINE_LANES_INL
+#else
+#define KELU_ENGINE_LANES_INL
+#endif
+
+#include <hwy/highway.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "effects/engine/image_view.h"
+
+HWY_BEFORE_NAMESPACE();
+namespace kelu::engine::HWY_NAMESPACE {
+
+namespace hn = hwy::HWY_NAMESPACE;
+
+using PixelTag = hn::ScalableTag<std::uint32_t>;
+using IntTag = hn::RebindToSigned<PixelTag>;
+using FloatTag = hn::RebindToFloat<PixelTag>;
+using ByteTag = hn::Repartition<std::uint8_t, PixelTag>;
+using ShortTag = hn::Repartition<std::int16_t, PixelTag>;
+
+/// kLanes pixels, each 0xAARRGGBB.
+using Pixels = hn::Vec<PixelTag>;
+using Ints = hn::Vec<IntTag>;
+using Floats = hn::Vec<FloatTag>;
+using Bytes = hn::Vec<ByteTag>;
+using Shorts = hn::Vec<ShortTag>;
+
+constexpr int kLanes = static_cast<int>(HWY_LANES(std::uint32_t));
+constexpr PixelTag kPixels;
+constexpr IntTag kInts;
+constexpr FloatTag kFloats;
+constexpr ByteTag kBytes;
+constexpr ShortTag kShorts;
+
+constexpr std::uint32_t kAlphaMask = 0xff000000u;
+
+HWY_INLINE Floats All(float value) { return hn::Set(kFloats, value); }
+HWY_INLINE Ints All(int value) { return hn::Set(kInts, value); }
+HWY_INLINE Pixels All(std::uint32_t value) { return hn::Set(kPixels, value); }
+
+/// The colour channels of kLanes pixels, 0 to 255 when they come from pixels.
+struct Channels {
+    Floats blue, green, red;
+};
+
+HWY_INLINE Floats ToFloats(Pixels small) { return hn::ConvertTo(kFloats, hn::BitCast(kInts, small)); }
+
+HWY_INLINE Channels Split(Pixels pixels) {
+    const Pixels low = All(0xffu);
+    return {ToFloats(hn::And(pixels, low)), ToFloats(hn::And(hn::ShiftRight<8>(pixels), low)),
+            ToFloats(hn::And(hn::ShiftRight<16>(pixels), low))};
+}
+
+/// To the nearest whole number from 0 to 255, halves upward.
+HWY_INLINE Pixels ToByte(Floats value) {
+    const Floats clamped = hn::Min(hn::Max(value, hn::Zero(kFloats)), All(255.0f));
+    return hn::BitCast(kPixels, hn::ConvertTo(kInts, hn::Add(clamped, All(0.5f))));
+}
+
+HWY_INLINE Pixels KeepAlpha(Pixels color, Pixels alpha) { return hn::Or(color, hn::And(alpha, All(kAlphaMask))); }
+
+/// Pixels of these channels, rounded and clamped, with the alpha of `alpha`.
+HWY_INLINE Pixels Join(const Channels& channels, Pixels alpha) {
+    const Pixels greenBlue = hn::Or(hn::ShiftLeft<8>(ToByte(channels.green)), ToByte(channels.blue));
+    return KeepAlpha(hn::Or(hn::ShiftLeft<16>(ToByte(channels.red)), greenBlue), alpha);
+}
+
+/// The same byte (0 to 255 in each lane) in the three colour channels.
+HWY_INLINE Pixels Gray(Pixels byte) { return hn::Or(hn::Or(byte, hn::ShiftLeft<8>(byte)), hn::ShiftLeft<16>(byte)); }
+
+HWY_INLINE Channels Gray(Floats value) { return {value, value, value}; }
+
+/// A thousand times the luma of Rec. 601, 299 R + 587 G + 114 B: whole numbers, exact.
+HWY_INLINE Floats ThousandLuma(const Channels& channels) {
+    return hn::Add(hn::Add(hn::Mul(channels.red, All(299.0f)), hn::Mul(channels.green, All(587.0f))),
+                   hn::Mul(channels.blue, All(114.0f)));
+}
+
+/// Luma rounded to nearest, halves upward, exactly: half a unit beyond the rounding term keeps the float product away
+/// from the whole numbers.
+HWY_INLINE Ints LumaInts(const Channels& channels) {
+    return hn::ConvertTo(kInts, hn::Mul(hn::Add(ThousandLuma(channels), All(500.5f)), All(0.001f)));
+}
+HWY_INLINE Ints LumaInts(Pixels pixels) { return LumaInts(Split(pixels)); }
+HWY_INLINE Floats Luma(const Channels& channels) { return hn::ConvertTo(kFloats, LumaInts(channels)); }
+
+HWY_INLINE Floats Clamp01(Floats t) { return hn::Min(hn::Max(t, hn::Zero(kFloats)), All(1.0f)); }
+
+/// 3t² - 2t³ between 0 and 1, flat outside.
+HWY_INLINE Floats Smoothstep(Floats t) {
+    const Floats clamped = Clamp01(t);
+    return hn::Mul(hn::Mul(clamped, clamped), hn::Sub(All(3.0f), hn::Add(clamped, clamped)));
+}
+
+/// a + (b - a) * t
+HWY_INLINE Floats Mix(Floats a, Floats b, Floats t) { return hn::Add(a, hn::Mul(hn::Sub(b, a), t)); }
+HWY_INLINE Channels Mix(const Channels& a, const Channels& b, Floats t) {
+    return {Mix(a.blue, b.blue, t), Mix(a.green, b.green, t), Mix(a.red, b.red, t)};
+}
+
+HWY_INLINE Channels AllOf(const Color& color) {
+    return {All(static_cast<float>(color.blue)), All(static_cast<float>(color.green)),
+            All(static_cast<float>(color.red))};
+}
+
+/// The columns x, x + 1, ...
+HWY_INLINE Floats Columns(int x) { return hn::Iota(kFloats, static_cast<float>(x)); }
+
+}  // namespace kelu::engine::HWY_NAMESPACE
+HWY_AFTER_NAMESPACE();
+
+#endif

@@ -1,0 +1,143 @@
+// Functions of luma, class A.
+// SPDX-License-Identifier: MIT
+#undef HWY_TARGET_INCLUDE
+#define HWY_TARGET_INCLUDE "effects/engine/luma_maps.cpp"
+#include <hwy/foreach_target.h>
+
+#include "effects/engine/luma_maps.h"
+#include "effects/engine/point_inl.h"
+
+HWY_BEFORE_NAMESPACE();
+namespace kelu::engine::HWY_NAMESPACE {
+
+// (R + G + B) / 3
+struct MeanKernel {
+    Pixels operator()(Pixels pixels) const {
+        const Channels c = Split(pixels);
+        return KeepAlpha(Gray(ToByte(hn::Mul(hn::Add(hn::Add(c.red, c.green), c.blue), All(1.0f / 3)))), pixels);
+    }
+};
+
+// Y
+struct LumaKernel {
+    Pixels operator()(Pixels pixels) const { return KeepAlpha(Gray(hn::BitCast(kPixels, LumaInts(pixels))), pixels); }
+};
+
+void GrayscaleOnTarget(const ImageView& source, const MutableImageView& target, int weighted, const Run& run) {
+    if (weighted == 0) {
+        RenderPoints(MeanKernel{}, source, target, run);
+    } else {
+        RenderPoints(LumaKernel{}, source, target, run);
+    }
+}
+
+// Y + k · S1/100 · 4 · Y (255 - Y) / 255, k for red, green and blue: a brown that is strongest in the mid-tones and
+// leaves black and white where they are.
+struct SepiaKernel {
+    float strength;  // 0 to 1
+
+    Pixels operator()(Pixels pixels) const {
+        const Floats y = Luma(Split(pixels));
+        const Floats tint = hn::Mul(hn::Mul(y, hn::Sub(All(255.0f), y)), All(strength * 4 / 255));
+        return Join({hn::Add(y, hn::Mul(tint, All(-0.50f))), hn::Add(y, hn::Mul(tint, All(0.12f))),
+                     hn::Add(y, hn::Mul(tint, All(0.55f)))},
+                    pixels);
+    }
+};
+
+void SepiaOnTarget(const ImageView& source, const MutableImageView& target, int strength, const Run& run) {
+    RenderPoints(SepiaKernel{static_cast<float>(std::clamp(strength, 0, 100)) / 100}, source, target, run);
+}
+
+// 255 where Y >= S1. Y is rounded, so a thousand times the exact luma is compared with 1000 · S1 - 500.
+struct BlackWhiteKernel {
+    float thousandThreshold;
+
+    Pixels operator()(Pixels pixels) const {
+        const auto white = hn::Ge(ThousandLuma(Split(pixels)), All(thousandThreshold));
+        const Pixels ones = hn::BitCast(kPixels, hn::VecFromMask(kFloats, white));
+        return hn::Or(hn::And(pixels, All(kAlphaMask)), hn::AndNot(All(kAlphaMask), ones));
+    }
+};
+
+void BlackWhiteOnTarget(const ImageView& source, const MutableImageView& target, int threshold, const Run& run) {
+    const int clamped = std::clamp(threshold, 0, 256);
+    RenderPoints(BlackWhiteKernel{static_cast<float>(1000 * clamped - 500)}, source, target, run);
+}
+
+// C · Y / Yc up to the colour's own luma Yc, from there C + (255 - C) (Y - Yc) / (255 - Yc). Black stays black even
+// where the colour's luma is 0, white stays white where it is 255.
+struct ColorizeKernel {
+    Color color;
+    float colorLuma;
+
+    Floats Ramp(Floats y, int channel) const {
+        const float c = static_cast<float>(channel);
+        const float up = colorLuma > 0 ? c / colorLuma : 0;
+        const float down = colorLuma < 255 ? (255 - c) / (255 - colorLuma) : 0;
+        const Floats darker = hn::Mul(y, All(up));
+        const Floats brighter = hn::Sub(All(255.0f), hn::Mul(hn::Sub(All(255.0f), y), All(down)));
+        return hn::IfThenElse(hn::Le(y, All(colorLuma)), darker, brighter);
+    }
+
+    Pixels operator()(Pixels pixels) const {
+        const Floats y = Luma(Split(pixels));
+        return Join({Ramp(y, color.blue), Ramp(y, color.green), Ramp(y, color.red)}, pixels);
+    }
+};
+
+void ColorizeOnTarget(const ImageView& source, const MutableImageView& target, Color color, const Run& run) {
+    const Color c = Sensible(color);
+    const int luma = (299 * c.red + 587 * c.green + 114 * c.blue + 500) / 1000;
+    RenderPoints(ColorizeKernel{c, static_cast<float>(luma)}, source, target, run);
+}
+
+// C1 + (C2 - C1) · Y / 255
+struct FalseColorKernel {
+    Color dark, bright;
+
+    Pixels operator()(Pixels pixels) const {
+        const Floats y = hn::Mul(Luma(Split(pixels)), All(1.0f / 255));
+        return Join(Mix(AllOf(dark), AllOf(bright), y), pixels);
+    }
+};
+
+void FalseColorOnTarget(const ImageView& source, const MutableImageView& target, Color dark, Color bright,
+                        const Run& run) {
+    RenderPoints(FalseColorKernel{Sensible(dark), Sensible(bright)}, source, target, run);
+}
+
+}  // namespace kelu::engine::HWY_NAMESPACE
+HWY_AFTER_NAMESPACE();
+
+#if HWY_ONCE
+namespace kelu::engine {
+
+HWY_EXPORT(GrayscaleOnTarget);
+HWY_EXPORT(SepiaOnTarget);
+HWY_EXPORT(BlackWhiteOnTarget);
+HWY_EXPORT(ColorizeOnTarget);
+HWY_EXPORT(FalseColorOnTarget);
+
+void Grayscale(const ImageView& source, const MutableImageView& target, int weighted, const Run& run) {
+    HWY_DYNAMIC_DISPATCH(GrayscaleOnTarget)(source, target, weighted, run);
+}
+
+void Sepia(const ImageView& source, const MutableImageView& target, int strength, const Run& run) {
+    HWY_DYNAMIC_DISPATCH(SepiaOnTarget)(source, target, strength, run);
+}
+
+void BlackWhite(const ImageView& source, const MutableImageView& target, int threshold, const Run& run) {
+    HWY_DYNAMIC_DISPATCH(BlackWhiteOnTarget)(source, target, threshold, run);
+}
+
+void Colorize(const ImageView& source, const MutableImageView& target, Color color, const Run& run) {
+    HWY_DYNAMIC_DISPATCH(ColorizeOnTarget)(source, target, color, run);
+}
+
+void FalseColor(const ImageView& source, const MutableImageView& target, Color dark, Color bright, const Run& run) {
+    HWY_DYNAMIC_DISPATCH(FalseColorOnTarget)(source, target, dark, bright, run);
+}
+
+}  // namespace kelu::engine
+#endif
