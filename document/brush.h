@@ -1,0 +1,49 @@
+// The brush: a round tip whose paint is a picture, and the pixels that a stroke of it covers.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QImage>
+#include <QRect>
+
+namespace kelu {
+
+/// A brush made by Surface::MakeBrush: keeps its paint alive, costs no copy. Later changes of the surface that it was
+/// made from don't reach it.
+struct BrushHandle {
+    QImage paint;  ///< source of the strokes, at the same coordinates as the canvas; null: no brush
+    int size = 0;  ///< diameter in image pixels, at least 1
+};
+
+/// A segment of a stroke: all points within `radius` of the line from (x1, y1) to (x2, y2), in image pixels, where
+/// whole numbers are the middles of pixels.
+class Capsule {
+ public:
+    /// `size` is the diameter, at least 1.
+    Capsule(int x1, int y1, int x2, int y2, int size);
+
+    /// Share of a pixel that is covered, 0 to 1: 1 up to half a pixel inside the edge, 0 from half a pixel outside.
+    float Coverage(int x, int y) const;
+
+    /// All pixels with a coverage above 0 lie in here.
+    QRect Bounds() const { return bounds_; }
+
+    /// The pixels of one row: [outerBegin, outerEnd) holds all that are covered, [innerBegin, innerEnd) only pixels
+    /// that are covered wholly; empty ranges have begin >= end.
+    struct Row {
+        int outerBegin, innerBegin, innerEnd, outerEnd;
+    };
+    Row RowSpan(int y) const;
+
+ private:
+    struct Interval {
+        double begin, end;
+    };
+    Interval Cut(double y, double radius) const;
+
+    double x1_, y1_, dx_, dy_;
+    double lengthSquared_;
+    double radius_;
+    QRect bounds_;
+};
+
+}  // namespace kelu

@@ -1,0 +1,37 @@
+// Picture-sized memory: a picture is a QImage on pooled memory, Format_RGB32 without transparency, else Format_ARGB32.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QImage>
+#include <QSize>
+#include <cstdint>
+
+namespace kelu {
+
+/// Most pixels of one picture (1 GiB); files that claim more are refused before memory is taken.
+inline constexpr std::int64_t kMaxPicturePixels = std::int64_t{1} << 28;
+
+/// Throws Error(kOutOfMemory) with the size in its text when a picture of this size (pixels) is too large, and
+/// Error(kInvalidPicture) when a side is below 1.
+void CheckPictureSize(std::int64_t width, std::int64_t height);
+
+/// A picture with undefined contents on pooled memory, rows without gaps. `format` is one of 4 bytes a pixel.
+/// Throws Error(kOutOfMemory) when memory is short or the size is out of range.
+QImage MakePicture(int width, int height, QImage::Format format);
+
+/// A copy on pooled memory, with the resolution of the source.
+QImage CopyPicture(const QImage& picture);
+
+/// Makes `picture` the only owner of its pixels; copies into pooled memory when they are shared.
+void MakeUnique(QImage& picture);
+
+/// The picture as RGB32 or ARGB32; the same pixels when it is one of these already.
+QImage ToPictureFormat(const QImage& image);
+
+/// The picture turned by the EXIF orientation (1 to 8; 1 and unknown values: as it is), on pooled memory.
+QImage Orient(const QImage& picture, int orientation);
+
+/// The picture at another size, each side at least 1: area averaging where it shrinks, smooth where it grows.
+QImage ScalePicture(const QImage& picture, const QSize& size);
+
+}  // namespace kelu

@@ -1,0 +1,27 @@
+// Pictures on disk: reading by content, writing by extension, both whole or not at all.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QImage>
+#include <QString>
+
+namespace kelu {
+
+/// Reads bmp, gif (first frame), jpg, png, tif, pcx, psd and tga, told by content whatever the name. Orientation tags
+/// are obeyed, colours are sRGB, the resolution is kept. RGB32 without transparency, else ARGB32.
+/// Throws Error: kFileError (cannot be opened), kInvalidPicture (no picture, damaged), kEndOfFile (cut short),
+/// kOutOfMemory (too large).
+QImage ReadPicture(const QString& path);
+
+/// The picture shrunk to fit `box` (pixels), never enlarged; faster than reading it whole where the format allows it.
+/// Throws as ReadPicture.
+QImage ReadThumbnail(const QString& path, const QSize& box);
+
+/// Writes by the extension: bmp, gif (256 colours), jpg, jpeg (quality 92), png, tif, tiff. The file appears whole or
+/// the old one stays. Throws Error(kFileError).
+void WritePicture(const QImage& picture, const QString& path);
+
+/// Whether WritePicture knows the extension of `path`.
+bool CanWritePicture(const QString& path);
+
+}  // namespace kelu

@@ -1,0 +1,29 @@
+// Memory for saved tiles: blocks of one size, cut from large pieces and used again, since fresh memory costs more than
+// the copy into it.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace kelu {
+
+class TileStore {
+ public:
+    static constexpr int kTile = 64;  ///< side in pixels
+    static constexpr std::size_t kTileBytes = std::size_t{kTile} * kTile * 4;
+
+    /// A block of kTileBytes, contents undefined. Throws std::bad_alloc.
+    std::uint8_t* Take();
+    void Give(std::uint8_t* block) { free_.push_back(block); }
+    /// Returns all memory; every block becomes invalid.
+    void Clear();
+
+ private:
+    std::vector<std::shared_ptr<std::uint8_t>> pieces_;
+    std::vector<std::uint8_t*> free_;
+};
+
+}  // namespace kelu
