@@ -112,6 +112,27 @@ HWY_INLINE Channels AllOf(const Color& color) {
             All(static_cast<float>(color.red))};
 }
 
+/// The channels as 16-bit numbers: blue and red in one vector, green and alpha in the other, in the order of the
+/// pixels. Taking them apart and putting them together costs a mask and a shift, with no lane ever changing its place.
+struct ShortChannels {
+    Shorts blueRed, greenAlpha;
+};
+
+HWY_INLINE ShortChannels SplitShorts(Pixels pixels) {
+    const hn::RebindToUnsigned<ShortTag> words;
+    return {hn::BitCast(kShorts, hn::And(pixels, All(0x00ff00ffu))),
+            hn::BitCast(kShorts, hn::ShiftRight<8>(hn::BitCast(words, pixels)))};
+}
+
+/// Pixels of these channels, clamped to 0 to 255, with the alpha of `alpha`.
+HWY_INLINE Pixels JoinShorts(const ShortChannels& channels, Pixels alpha) {
+    const Shorts least = hn::Zero(kShorts), most = hn::Set(kShorts, 255);
+    const Shorts blueRed = hn::Min(hn::Max(channels.blueRed, least), most);
+    const Shorts green = hn::ShiftLeft<8>(hn::Min(hn::Max(channels.greenAlpha, least), most));
+    const Pixels color = hn::BitCast(kPixels, hn::Or(blueRed, green));
+    return hn::Or(hn::AndNot(All(kAlphaMask), color), hn::And(alpha, All(kAlphaMask)));
+}
+
 /// The columns x, x + 1, ...
 HWY_INLINE Floats Columns(int x) { return hn::Iota(kFloats, static_cast<float>(x)); }
 

@@ -24,7 +24,10 @@ Definition Unchanged() {
 std::vector<EffectRow> AllRows() {
     std::vector<EffectRow> rows;
     for (const auto& family : {
+             AroundPointRows,
+             BorderRows,
              LumaMapRows,
+             NeighbourhoodRows,
          })
         for (EffectRow& row : family()) rows.push_back(std::move(row));
     return rows;

@@ -37,7 +37,10 @@ Definition EachPixel(ColorDefinition color);
 /// The picture itself: the definition of neutral inputs.
 Definition Unchanged();
 
+std::vector<EffectRow> AroundPointRows();
+std::vector<EffectRow> BorderRows();
 std::vector<EffectRow> LumaMapRows();
+std::vector<EffectRow> NeighbourhoodRows();
 
 std::vector<EffectRow> AllRows();
 

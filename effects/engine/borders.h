@@ -1,0 +1,15 @@
+// The borders: 21 Erode Border, 23 Fade Borders, 27 Irregular Borders. Only the frame along the edges is computed, the
+// rest is copied. Depths are in image pixels, 0 leaves the picture unchanged. Alpha stays as it is. Source and target
+// have the same size and do not overlap.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "effects/engine/image_view.h"
+#include "effects/engine/run.h"
+
+namespace kelu::engine {
+
+/// The picture fades to `color`, which stands alone at the edge, within `depth` pixels.
+void FadeBorders(const ImageView& source, const MutableImageView& target, int depth, Color color, const Run& run);
+
+}  // namespace kelu::engine
