@@ -71,10 +71,10 @@ struct Effect {
     const char* helpPage = nullptr;
     std::array<EffectSlider, 3> sliders{};
     Coordinates coordinates = Coordinates::None;
-    EffectColor color1;
-    EffectColor color2;
-    EffectChoice choice;
-    PanelTops tops;
+    EffectColor color1{};
+    EffectColor color2{};
+    EffectChoice choice{};
+    PanelTops tops{};
     /// Runs the engine's operation; true when its picture holds the render. Null for Neon.
     bool (*call)(PixTwix& engine, const EffectInputs& inputs) = nullptr;
 

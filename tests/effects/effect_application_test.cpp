@@ -1,0 +1,275 @@
+// The order of an application's steps, what each failure leaves behind, and what progress does to the window.
+// SPDX-License-Identifier: MIT
+#include "effects/effect_application.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+#include "document/surface.h"
+#include "effects/catalogue.h"
+#include "effects/effect_controls.h"
+#include "effects/pix_twix.h"
+#include "effects/render_window.h"
+#include "tests/effects/sample_picture.h"
+
+namespace kelu {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+std::vector<std::string> log;              // what happened, in order
+std::function<void(PixTwix&)> duringCall;  // runs inside the test rows' engine call
+EffectInputs received;                     // by the last engine call
+
+class ScriptedControls : public EffectControls {
+ public:
+    int XCoordinate() const override { return Read("x", x); }
+    int YCoordinate() const override { return Read("y", 13); }
+    qint32 PickerValue(int picker) const override {
+        return Read("color" + std::to_string(picker), picker == 1 ? color1 : PickerColor(4, 5, 6));
+    }
+    int SliderValue(int slider) const override { return Read("slider" + std::to_string(slider), 10 * slider); }
+
+    int x = 22;
+    qint32 color1 = PickerColor(1, 2, 3);
+    std::string failing;
+
+ private:
+    int Read(const std::string& what, int value) const {
+        log.push_back(what);
+        if (what == failing) throw std::runtime_error(what);
+        return value;
+    }
+};
+
+class ScriptedWindow : public RenderWindow {
+ public:
+    void SetFormEnabled(bool enabled) override { log.push_back(enabled ? "open" : "shut"); }
+    void SetProgressVisible(bool visible) override { log.push_back(visible ? "show bar" : "hide bar"); }
+    void SetProgress(int percent) override { log.push_back(std::to_string(percent)); }
+    void RunEventLoopOnce() override {
+        log.push_back("loop");
+        if (inLoop) inLoop();
+    }
+    std::function<void()> inLoop;
+};
+
+bool LogCall(PixTwix& engine, const EffectInputs& inputs) {
+    log.push_back("engine");
+    received = inputs;
+    if (duringCall) duringCall(engine);
+    return true;
+}
+
+// A row with every kind of input at once; its number is of no meaning here.
+Effect FullRow() {
+    Effect row{.number = 12};
+    row.sliders = {{{"One", 0, 100, 1}, {"Two", 0, 100, 2}}};
+    row.coordinates = Coordinates::ShownAndReset;
+    row.color1 = {"First", 0};
+    row.color2 = {"Second", 0};
+    row.call = LogCall;
+    return row;
+}
+
+class EffectApplicationTest : public testing::Test {
+ protected:
+    EffectApplicationTest()
+        : application(canvas, pen, engine, state, controls, window,
+                      {[] { log.push_back("brush"); }, [] { log.push_back("reminder"); }}) {
+        log.clear();
+        duringCall = nullptr;
+        received = {};
+        state.ImageActive = true;
+        canvas.SetPicture(SamplePicture(31, 23));
+        QObject::connect(&pen, &Surface::PictureReplaced, &pen, [] { log.push_back("pen"); });
+    }
+
+    Surface canvas, pen;
+    PixTwix engine;
+    SharedState state;
+    ScriptedControls controls;
+    ScriptedWindow window;
+    EffectApplication application;
+};
+
+TEST_F(EffectApplicationTest, StepsFollowInOrder) {
+    duringCall = [this](PixTwix& e) {
+        EXPECT_EQ(e.Picture(), canvas.Picture());
+        EXPECT_EQ(pen.Picture(), canvas.Picture());
+        EXPECT_FALSE(state.EffectReady);
+        e.SetPicture(SamplePicture(5, 5));  // stands for the render
+    };
+    application.ApplySFX(FullRow());
+    EXPECT_THAT(log, ElementsAre("x", "y", "pen", "color1", "color2", "slider1", "slider2", "engine", "loop", "pen",
+                                 "brush", "reminder"));
+    EXPECT_EQ(received.x, 22);
+    EXPECT_EQ(received.y, 13);
+    EXPECT_EQ(received.color1, (ColorBytes{1, 2, 3}));
+    EXPECT_EQ(received.color2, (ColorBytes{4, 5, 6}));
+    EXPECT_EQ(received.slider, (std::array{10, 20, 0}));
+    EXPECT_EQ(pen.Picture(), SamplePicture(5, 5));
+    EXPECT_TRUE(state.EffectReady);
+    EXPECT_FALSE(state.ImageDirty);
+}
+
+TEST_F(EffectApplicationTest, ARefusingOrThrowingEngineLeavesTheCanvasOnThePenAndArmsTheBrush) {
+    bool (*const calls[])(PixTwix&, const EffectInputs&) = {
+        [](PixTwix&, const EffectInputs&) { return false; },
+        [](PixTwix&, const EffectInputs&) -> bool { throw std::runtime_error("engine"); }};
+    for (auto* call : calls) {
+        log.clear();
+        state.EffectReady = false;
+        Effect row{.number = 6};
+        row.call = call;
+        application.ApplySFX(row);
+        EXPECT_THAT(log, ElementsAre("pen", "loop", "brush", "reminder"));
+        EXPECT_FALSE(application.EffectResult());
+        EXPECT_TRUE(state.EffectReady);
+        EXPECT_EQ(pen.Picture(), canvas.Picture());
+    }
+}
+
+TEST_F(EffectApplicationTest, AFailingStepIsPassedOver) {
+    controls.failing = "x";
+    application.ApplySFX(FullRow());
+    EXPECT_EQ(received.x, 0);
+    EXPECT_EQ(received.y, 13);
+
+    controls.failing = "color1";
+    controls.x = 7;
+    application.ApplySFX(FullRow());
+    EXPECT_EQ(received.color1, ColorBytes{});
+    EXPECT_EQ(received.color2, (ColorBytes{4, 5, 6}));
+
+    // The slider belongs to the engine's call: no call then, the rest as after a refusal.
+    controls.failing = "slider1";
+    log.clear();
+    application.ApplySFX(FullRow());
+    EXPECT_THAT(log, ElementsAre("x", "y", "pen", "color1", "color2", "slider1", "loop", "brush", "reminder"));
+}
+
+TEST_F(EffectApplicationTest, ANegativeColorCountsAsBlack) {
+    controls.color1 = -1;
+    application.ApplySFX(FullRow());
+    EXPECT_EQ(received.color1, ColorBytes{});
+}
+
+TEST_F(EffectApplicationTest, TheChoiceComesFromItsSharedVariable) {
+    Effect row = *FindEffect(43);
+    row.call = LogCall;
+    state.SwapChannelsSelect = 2;
+    application.ApplySFX(row);
+    EXPECT_EQ(received.choice, 2);
+    log.clear();
+    state.SwapChannelsSelect = 4;
+    application.ApplySFX(row);
+    EXPECT_THAT(log, ElementsAre("pen", "loop", "brush", "reminder"));
+}
+
+TEST_F(EffectApplicationTest, EngineProgressShutsAndOpensTheWindow) {
+    duringCall = [](PixTwix& e) {
+        Q_EMIT e.FxProgress(7);
+        Q_EMIT e.FxProgress(100);
+    };
+    std::vector<bool> active;
+    window.inLoop = [&] { active.push_back(state.ImageActive); };
+    Effect row{.number = 6};
+    row.call = LogCall;
+    application.ApplySFX(row);
+    EXPECT_THAT(log, ElementsAre("pen", "engine", "shut", "show bar", "7", "loop", "open", "hide bar", "loop", "loop",
+                                 "pen", "brush", "reminder"));
+    EXPECT_THAT(active, ElementsAre(false, true, true));
+}
+
+TEST_F(EffectApplicationTest, AClickDuringTheRenderIsIgnored) {
+    state.CurrentSFX = 35;
+    int clicks = 0;
+    window.inLoop = [&] {
+        ++clicks;
+        application.ApplyClick();
+    };
+    duringCall = [](PixTwix& e) {
+        Q_EMIT e.FxProgress(50);
+        Q_EMIT e.FxProgress(100);
+    };
+    Effect row{.number = 6};
+    row.call = LogCall;
+    application.ApplySFX(row);
+    EXPECT_EQ(clicks, 3) << "in both reports and in the step after the call, where nothing is shut any more";
+    EXPECT_EQ(std::count(log.begin(), log.end(), "reminder"), 1);
+}
+
+TEST_F(EffectApplicationTest, AnOperationThatForgetsItsLastReportDoesNotLeaveTheWindowShut) {
+    duringCall = [](PixTwix& e) {
+        Q_EMIT e.FxProgress(50);
+        throw std::runtime_error("broke off");
+    };
+    Effect row{.number = 6};
+    row.call = LogCall;
+    application.ApplySFX(row);
+    EXPECT_THAT(log, ElementsAre("pen", "engine", "shut", "show bar", "50", "loop", "open", "hide bar", "loop", "loop",
+                                 "brush", "reminder"));
+    EXPECT_TRUE(state.ImageActive);
+}
+
+TEST_F(EffectApplicationTest, PenProgressHasItsOwnThresholdsAndLeavesImageActiveAlone) {
+    const struct {
+        int percent;
+        std::vector<std::string> expected;
+    } cases[] = {{98, {"shut", "show bar", "98", "loop"}}, {99, {"open", "hide bar", "loop"}}, {100, {"loop"}}};
+    for (bool active : {true, false})
+        for (const auto& [percent, expected] : cases) {
+            log.clear();
+            state.ImageActive = active;
+            Q_EMIT pen.Progress(percent);
+            EXPECT_EQ(log, expected) << percent;
+            EXPECT_EQ(state.ImageActive, active);
+        }
+}
+
+TEST_F(EffectApplicationTest, NeonRendersOnThePenAndLeavesTheEngineAlone) {
+    engine.SetPicture(SamplePicture(4, 4));
+    state.CurrentSFX = kNeon;
+    application.ApplyClick();
+    EXPECT_EQ(log.front(), "pen");
+    EXPECT_THAT(std::vector(log.end() - 2, log.end()), ElementsAre("brush", "reminder"));
+    EXPECT_THAT(log, testing::Not(testing::Contains("x")));
+    EXPECT_EQ(engine.Picture(), SamplePicture(4, 4));
+    EXPECT_NE(pen.Picture(), canvas.Picture());
+    EXPECT_EQ(canvas.Picture(), SamplePicture(31, 23));
+    EXPECT_TRUE(state.EffectReady);
+}
+
+TEST_F(EffectApplicationTest, ClicksThatDoNothing) {
+    for (int number : {0, 49, 99}) {
+        state.CurrentSFX = static_cast<std::int16_t>(number);
+        application.ApplyClick();
+    }
+    state.CurrentSFX = 35;
+    state.ImageActive = false;
+    application.ApplyClick();
+    EXPECT_THAT(log, IsEmpty());
+    EXPECT_FALSE(state.EffectReady);
+}
+
+TEST_F(EffectApplicationTest, EachApplicationStartsFromTheCanvasAsPainted) {
+    state.CurrentSFX = 35;
+    application.ApplyClick();
+    const QImage once = pen.Picture();
+    EXPECT_EQ(once, canvas.Picture().mirrored(true, false));
+    application.ApplyClick();
+    EXPECT_EQ(pen.Picture(), once);
+
+    canvas.SelectBrush(pen.MakeBrush(9));
+    canvas.DrawBrushLine(5, 5, 20, 15, 255);
+    ASSERT_NE(canvas.Picture(), SamplePicture(31, 23));
+    application.ApplyClick();
+    EXPECT_EQ(pen.Picture(), canvas.Picture().mirrored(true, false));
+}
+
+}  // namespace
+}  // namespace kelu
