@@ -6,6 +6,7 @@
 
 #include "document/picture.h"
 #include "effects/engine/image_view.h"
+#include "effects/engine/luma_maps.h"
 #include "effects/engine/run.h"
 
 namespace kelu {
@@ -16,6 +17,12 @@ constexpr int kDone = 100;
 using Source = const engine::ImageView&;
 using Target = const engine::MutableImageView&;
 using How = const engine::Run&;
+
+// A kernel with its parameters, as Render wants it.
+template <auto kernel, typename... Parameters>
+auto With(Parameters... parameters) {
+    return [=](Source source, Target target, How how) { kernel(source, target, parameters..., how); };
+}
 
 }  // namespace
 
@@ -51,5 +58,59 @@ bool PixTwix::Render(const Kernel& kernel) {
     if (done) picture_ = target;
     return done;
 }
+
+bool PixTwix::FxGrayscale(int mode, bool) { return Render(With<engine::Grayscale>(mode)); }
+bool PixTwix::FxSepia(int strength, bool) { return Render(With<engine::Sepia>(strength)); }
+bool PixTwix::FxBlackWhite(int threshold, bool) { return Render(With<engine::BlackWhite>(threshold)); }
+bool PixTwix::FxBlackWhiteDither(int, bool) { return false; }
+bool PixTwix::FxNoise(int, bool, bool) { return false; }
+bool PixTwix::FxAntialias(bool) { return false; }
+bool PixTwix::FxBlobs(int, int, bool) { return false; }
+bool PixTwix::FxBlur1(int, bool) { return false; }
+bool PixTwix::FxBlur2(int, int, int, bool) { return false; }
+bool PixTwix::FxBlur3(int, int, int, bool) { return false; }
+bool PixTwix::FxBrightness1(int, bool) { return false; }
+bool PixTwix::FxBrightness2(int, int, int, bool) { return false; }
+bool PixTwix::FxContrast(int, bool) { return false; }
+bool PixTwix::FxColorGradient(int, int, int, bool) { return false; }
+bool PixTwix::FxColorCorrection(int, int, int, int, int, int, bool) { return false; }
+bool PixTwix::FxColorEmboss(int, bool) { return false; }
+bool PixTwix::FxColorize(int red, int green, int blue, bool) {
+    return Render(With<engine::Colorize>(engine::Color{red, green, blue}));
+}
+bool PixTwix::FxFalseColor(int red1, int green1, int blue1, int red2, int blue2, int green2, bool) {
+    return Render(With<engine::FalseColor>(engine::Color{red1, green1, blue1}, engine::Color{red2, green2, blue2}));
+}
+bool PixTwix::FxEnhanceEdges(bool) { return false; }
+bool PixTwix::FxEmboss(int, int, int, bool, bool) { return false; }
+bool PixTwix::FxErodeBorder(int, int, int, int) { return false; }
+bool PixTwix::FxExplode(int, int, int) { return false; }
+bool PixTwix::FxFadeBorders(int, int, int, int) { return false; }
+bool PixTwix::FxFishEye(int, int, int) { return false; }
+bool PixTwix::FxHighPass(int, bool) { return false; }
+bool PixTwix::FxImplode(int, int, int, int, int, int) { return false; }
+bool PixTwix::FxIrregularBorders(int, int, int, int) { return false; }
+bool PixTwix::FxMaximum(int, int, bool) { return false; }
+bool PixTwix::FxMinimum(int, int, bool) { return false; }
+bool PixTwix::FxMelt(bool) { return false; }
+bool PixTwix::FxMosaic(int, int, bool) { return false; }
+bool PixTwix::FxNegative(bool, bool, bool, bool) { return false; }
+bool PixTwix::FxOilPainting(int, bool) { return false; }
+bool PixTwix::FxPosterize(int, int, int, bool) { return false; }
+bool PixTwix::FxReverse() { return false; }
+bool PixTwix::FxSaturation1(int, bool) { return false; }
+bool PixTwix::FxSaturation2(int, int, int, bool) { return false; }
+bool PixTwix::FxScramble(int, int) { return false; }
+bool PixTwix::FxSolarize(int, int, int, bool, bool) { return false; }
+bool PixTwix::FxSpecialFilter(int, int, bool) { return false; }
+bool PixTwix::FxSketch() { return false; }
+bool PixTwix::FxSpray(int, bool) { return false; }
+bool PixTwix::FxSwapColors(int, bool) { return false; }
+bool PixTwix::FxTile(int, int) { return false; }
+bool PixTwix::FxTint(int, int, int, bool) { return false; }
+bool PixTwix::FxFreeze(float, float, float, float, float, float, float, float, float, float, int, bool) {
+    return false;
+}
+bool PixTwix::FxWind(int, float, bool) { return false; }
 
 }  // namespace kelu

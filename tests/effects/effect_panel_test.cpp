@@ -13,7 +13,9 @@
 
 #include "controls/color_picker/color_picker.h"
 #include "controls/list_ex/list_ex.h"
+#include "controls/pager/pager.h"
 #include "controls/slider/ls_slider.h"
+#include "controls/tool_button/tool_button.h"
 #include "controls/toolbox/toolbox.h"
 #include "effects/catalogue.h"
 #include "effects/coordinate_box.h"
@@ -245,6 +247,8 @@ TEST_F(EffectPanelTest, CoordinateBoxesTakeUpToThreeDigits) {
     QTest::keyClick(&box, Qt::Key_Backspace);
     EXPECT_EQ(box.Value(), 99);
 
+    panel.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&panel));
     panel.txtYCoord->setFocus();
     QTest::mouseClick(&box, Qt::LeftButton);
     EXPECT_EQ(box.selectedText(), QStringLiteral("99")) << "typing replaces what stood there";

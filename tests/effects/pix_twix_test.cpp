@@ -68,7 +68,9 @@ TEST(PixTwix, RefusesASecondRenderInsideAReportAndEndsWithAHundred) {
     ASSERT_TRUE(engine.FxOilPainting(30, false));
     ASSERT_TRUE(engine.FxBlobs(60, 10, false));
     EXPECT_FALSE(second);
-    if (!reports.empty()) EXPECT_EQ(reports.back(), 100);
+    if (!reports.empty()) {
+        EXPECT_EQ(reports.back(), 100);
+    }
 }
 
 TEST(FormRenderWindow, AShutFormTakesNoInputAndOtherWindowsDo) {
