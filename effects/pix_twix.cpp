@@ -5,6 +5,10 @@
 #include <QScopedValueRollback>
 
 #include "document/picture.h"
+#include "effects/engine/around_point.h"
+#include "effects/engine/borders.h"
+#include "effects/engine/convolution.h"
+#include "effects/engine/emboss.h"
 #include "effects/engine/image_view.h"
 #include "effects/engine/luma_maps.h"
 #include "effects/engine/run.h"
@@ -70,24 +74,30 @@ bool PixTwix::FxBlur1(int, bool) { return false; }
 bool PixTwix::FxBlur2(int, int, int, bool) { return false; }
 bool PixTwix::FxBlur3(int, int, int, bool) { return false; }
 bool PixTwix::FxBrightness1(int, bool) { return false; }
-bool PixTwix::FxBrightness2(int, int, int, bool) { return false; }
+bool PixTwix::FxBrightness2(int x, int y, int brightness, bool) {
+    return Render(With<engine::Brightness2>(engine::Point{4 * x, y}, brightness));
+}
 bool PixTwix::FxContrast(int, bool) { return false; }
 bool PixTwix::FxColorGradient(int, int, int, bool) { return false; }
 bool PixTwix::FxColorCorrection(int, int, int, int, int, int, bool) { return false; }
-bool PixTwix::FxColorEmboss(int, bool) { return false; }
+bool PixTwix::FxColorEmboss(int direction, bool) { return Render(With<engine::ColorEmboss>(direction)); }
 bool PixTwix::FxColorize(int red, int green, int blue, bool) {
     return Render(With<engine::Colorize>(engine::Color{red, green, blue}));
 }
 bool PixTwix::FxFalseColor(int red1, int green1, int blue1, int red2, int blue2, int green2, bool) {
     return Render(With<engine::FalseColor>(engine::Color{red1, green1, blue1}, engine::Color{red2, green2, blue2}));
 }
-bool PixTwix::FxEnhanceEdges(bool) { return false; }
-bool PixTwix::FxEmboss(int, int, int, bool, bool) { return false; }
+bool PixTwix::FxEnhanceEdges(bool) { return Render(With<engine::EnhanceEdges>()); }
+bool PixTwix::FxEmboss(int direction, int intensity, int grayLevel, bool, bool) {
+    return Render(With<engine::Emboss>(direction, intensity, grayLevel));
+}
 bool PixTwix::FxErodeBorder(int, int, int, int) { return false; }
 bool PixTwix::FxExplode(int, int, int) { return false; }
-bool PixTwix::FxFadeBorders(int, int, int, int) { return false; }
+bool PixTwix::FxFadeBorders(int width, int red, int green, int blue) {
+    return Render(With<engine::FadeBorders>(width, engine::Color{red, green, blue}));
+}
 bool PixTwix::FxFishEye(int, int, int) { return false; }
-bool PixTwix::FxHighPass(int, bool) { return false; }
+bool PixTwix::FxHighPass(int kernel, bool) { return Render(With<engine::HighPass>(kernel)); }
 bool PixTwix::FxImplode(int, int, int, int, int, int) { return false; }
 bool PixTwix::FxIrregularBorders(int, int, int, int) { return false; }
 bool PixTwix::FxMaximum(int, int, bool) { return false; }
@@ -102,14 +112,17 @@ bool PixTwix::FxSaturation1(int, bool) { return false; }
 bool PixTwix::FxSaturation2(int, int, int, bool) { return false; }
 bool PixTwix::FxScramble(int, int) { return false; }
 bool PixTwix::FxSolarize(int, int, int, bool, bool) { return false; }
-bool PixTwix::FxSpecialFilter(int, int, bool) { return false; }
+bool PixTwix::FxSpecialFilter(int kernel, int offset, bool) {
+    return Render(With<engine::SpecialFilter>(kernel, offset));
+}
 bool PixTwix::FxSketch() { return false; }
 bool PixTwix::FxSpray(int, bool) { return false; }
 bool PixTwix::FxSwapColors(int, bool) { return false; }
 bool PixTwix::FxTile(int, int) { return false; }
 bool PixTwix::FxTint(int, int, int, bool) { return false; }
-bool PixTwix::FxFreeze(float, float, float, float, float, float, float, float, float, float, int, bool) {
-    return false;
+bool PixTwix::FxFreeze(float w1, float w2, float w3, float w4, float w5, float w6, float w7, float w8, float w9,
+                       float divisor, int offset, bool) {
+    return Render(With<engine::Freeze>(engine::Weights3x3{w1, w2, w3, w4, w5, w6, w7, w8, w9}, divisor, offset));
 }
 bool PixTwix::FxWind(int, float, bool) { return false; }
 

@@ -40,6 +40,7 @@ class PixTwix : public QObject {
     bool FxBlur2(int x, int y, int length, bool);
     bool FxBlur3(int x, int y, int angle, bool);
     bool FxBrightness1(int brightness, bool);
+    /// `x` counts in steps of four pixels.
     bool FxBrightness2(int x, int y, int brightness, bool);
     bool FxContrast(int contrast, bool);
     bool FxColorGradient(int x, int y, int strength, bool);
