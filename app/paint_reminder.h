@@ -1,0 +1,24 @@
+// The message after a render that tells the user to brush the effect on, until its box is ticked.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "controls/message_dialog/msg_dialog.h"
+#include "document/settings.h"
+
+namespace kelu {
+
+class PaintReminder {
+ public:
+    PaintReminder(MsgDialog& dialog, Settings& settings) : dialog_(dialog), settings_(settings) {}
+
+    /// Shows the reminder unless the user turned it off.
+    void PrepareReminder();
+    /// Shows it and keeps what the user chose for the next time.
+    void RemindToPaint();
+
+ private:
+    MsgDialog& dialog_;
+    Settings& settings_;
+};
+
+}  // namespace kelu

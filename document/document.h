@@ -1,0 +1,64 @@
+// The open document: one picture held three times at full size, the one sequence that opens a file into it, and the
+// status text that tells of it.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+
+#include "app/shared_state.h"
+#include "document/surface.h"
+#include "document/surface_view.h"
+
+namespace kelu {
+
+/// The pictures of the document. They exist before anything shows them.
+struct Surfaces {
+    Surface picCanvas;    ///< what the user sees, paints on, saves and hands on
+    Surface picPen;       ///< source of the brush: the picture with the effect rendered over all of it
+    Surface picOriginal;  ///< the picture as it was opened
+};
+
+/// Scales a picture that is larger than the limits of opening: a landscape wider than 2048 pixels becomes 800 wide,
+/// then a portrait higher than 1536 becomes 600 wide; a square stays.
+void ShrinkLargePicture(Surface& surface);
+
+/// The part of a path behind its last separator, slash or backslash; all of it when there is none.
+QString FileNameOfPath(const QString& path);
+
+class Document : public QObject {
+    Q_OBJECT
+
+ public:
+    /// Who opens a file; the callers differ in shrinking, in the status text and in disarming the brush.
+    enum class Source { Drop, Browse, Capture };
+
+    Document(Surfaces& surfaces, SurfaceView& canvasView, SurfaceView& originalView, SharedState& state);
+
+    Surface& Canvas() { return surfaces_.picCanvas; }
+    Surface& Pen() { return surfaces_.picPen; }
+    Surface& Original() { return surfaces_.picOriginal; }
+
+    /// Opens the file into all three surfaces. `wasDirty`: the canvas had unsaved changes when the file was dropped,
+    /// which gives a drop the long status text. Throws Error when the file can't be read; then nothing has changed.
+    void Open(const QString& path, Source source, bool wasDirty = false);
+
+    /// "name - [w x h / b bits / z%]"
+    QString LongStatusText() const;
+    /// "name - (w x h / b bits)"
+    QString ShortStatusText() const;
+    /// Raises StatusTextChanged with the long form.
+    void ShowLongStatusText() { Q_EMIT StatusTextChanged(LongStatusText()); }
+
+ Q_SIGNALS:
+    void StatusTextChanged(const QString& text);
+    /// A picture was opened; the zoom buttons may show from now on.
+    void Opened();
+
+ private:
+    Surfaces& surfaces_;
+    SurfaceView& canvasView_;
+    SurfaceView& originalView_;
+    SharedState& state_;
+};
+
+}  // namespace kelu

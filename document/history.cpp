@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#include "document/history.h"
+
+#include "platform/error.h"
+
+namespace kelu {
+
+void History::Perform(void (Surface::*step)()) {
+    if (state_.CaptureBusy) return;
+    Attempt([&] {
+        (canvas_.*step)();
+        canvasView_.SetViewAnchor(5);
+        canvasView_.SetViewMode(2);
+        state_.ImageDirty = true;
+    });
+}
+
+void History::ToggleOriginal() {
+    if (!state_.ImageDirty || state_.CaptureBusy) return;
+    state_.ShowingOriginal = !state_.ShowingOriginal;
+    Q_EMIT OriginalShown(state_.ShowingOriginal);
+}
+
+}  // namespace kelu

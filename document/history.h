@@ -1,0 +1,40 @@
+// Undo, redo and the compare view. The levels themselves live in the canvas surface.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+
+#include "app/shared_state.h"
+#include "document/surface.h"
+#include "document/surface_view.h"
+
+namespace kelu {
+
+class History : public QObject {
+    Q_OBJECT
+
+ public:
+    History(Surface& canvas, SurfaceView& canvasView, SharedState& state)
+        : canvas_(canvas), canvasView_(canvasView), state_(state) {}
+
+    /// One level back or forward, shown in the fitted view; the picture counts as changed. With no level left, or
+    /// while the camera is in use, nothing happens.
+    void PerformUndo() { Perform(&Surface::Undo); }
+    void PerformRedo() { Perform(&Surface::Redo); }
+
+    /// Swaps canvas and original on the screen. Needs a changed picture.
+    void ToggleOriginal();
+
+ Q_SIGNALS:
+    /// The original is to be shown in place of the canvas, or the canvas again.
+    void OriginalShown(bool shown);
+
+ private:
+    void Perform(void (Surface::*step)());
+
+    Surface& canvas_;
+    SurfaceView& canvasView_;
+    SharedState& state_;
+};
+
+}  // namespace kelu

@@ -1,0 +1,65 @@
+// The commands that bring a picture into the document and take it out: open, drop, save, copy, and the question
+// whether to save changes, which leaving the program asks too.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+#include <functional>
+
+#include "app/shared_state.h"
+#include "controls/message_dialog/msg_dialog.h"
+#include "document/document.h"
+
+namespace kelu {
+
+/// The save dialog as the program sees it. The real one shows the desktop's own file dialog.
+class SaveDialog {
+ public:
+    static constexpr const char* kTitle = "Save";
+    static constexpr const char* kDefaultExtension = "PNG";
+    static constexpr const char* kFilter =
+        "BMP Files (*.bmp)|*.bmp|PNG Files (*.png)|*.png|GIF Files (*.gif)|*.gif|JPEG Files (*.jpg)|*.jpg"
+        "|PDF Files (*.pdf)|*.pdf";
+    static constexpr int kPngFilter = 2;
+    static constexpr int kPdfFilter = 5;
+
+    virtual ~SaveDialog() = default;
+
+    /// Asks for a name, with a prompt before a file is replaced; a name without extension gets the default one.
+    /// `filterIndex` counts from 1: the filter offered first, and then the one chosen. False when cancelled.
+    virtual bool Show(QString& fileName, int& filterIndex) = 0;
+};
+
+class OpenSave {
+ public:
+    /// `showBrowse` shows the browse dialog modally; `createPdf` writes the canvas as a PDF file to the given path and
+    /// reports its own failures.
+    OpenSave(Document& document, SharedState& state, MsgDialog& dialog, SaveDialog& saveDialog,
+             std::function<void()> showBrowse, std::function<void(const QString&)> createPdf);
+
+    /// "Save changes to ...?", answered with MsgDialog::kYes, kNo or kCancel.
+    int AskToSave(bool beep = false);
+
+    void OpenImageNow();
+    /// A file was dropped on the canvas.
+    void Drop(const QString& path);
+    /// The Save command: nothing without changes; the dialog comes a second time after a first Cancel.
+    void PerformSave();
+    /// One round of the save dialog and the write.
+    void SaveImageNow();
+    /// The canvas's picture on the clipboard.
+    void Copy();
+
+ private:
+    /// False when the user cancelled; otherwise the changes are saved or given up.
+    bool SettleChanges();
+
+    Document& document_;
+    SharedState& state_;
+    MsgDialog& dialog_;
+    SaveDialog& saveDialog_;
+    std::function<void()> showBrowse_;
+    std::function<void(const QString&)> createPdf_;
+};
+
+}  // namespace kelu

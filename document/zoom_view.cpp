@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#include "document/zoom_view.h"
+
+#include <algorithm>
+
+namespace kelu {
+
+namespace {
+constexpr int kStep = 10;           // percent
+constexpr int kSmallest = 3;        // percent
+constexpr int kFreeViewFrom = 51;   // percent
+}  // namespace
+
+void ZoomView::ZoomIn() {
+    if (!state_.ImageActive) return;
+    canvasView_.SetZoomPercent(canvasView_.ZoomPercent() + kStep);
+    if (canvasView_.ZoomPercent() >= kFreeViewFrom)
+        canvasView_.SetFreeView();
+    else
+        canvasView_.SetFittedView();
+    ShowChange();
+}
+
+void ZoomView::ZoomOut() {
+    if (!state_.ImageActive) return;
+    canvasView_.SetZoomPercent(std::max(canvasView_.ZoomPercent() - kStep, kSmallest));
+    ShowChange();
+}
+
+void ZoomView::Reset() {
+    if (!state_.ImageActive) return;
+    canvasView_.SetFittedView();
+    ShowChange();
+}
+
+void ZoomView::ShowChange() {
+    canvasView_.Redraw();
+    document_.ShowLongStatusText();
+}
+
+}  // namespace kelu

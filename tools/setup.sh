@@ -1,0 +1,42 @@
+# Shared by run.sh and test.sh: installs what is missing, configures and builds. Sourced, not run.
+# SPDX-License-Identifier: MIT
+
+build_packages="g++ cmake ninja-build pkg-config qt6-base-dev qt6-image-formats-plugins qt6-svg-dev
+ libjpeg62-turbo-dev libpng-dev zlib1g-dev libgif-dev liblcms2-dev libmagick++-dev libcairo2-dev libcurl4-openssl-dev
+ libc-ares-dev libhwy-dev libtbb-dev libgstreamer1.0-dev libgstreamer-plugins-base1.0-dev gstreamer1.0-plugins-base
+ gstreamer1.0-plugins-good gstreamer1.0-pipewire xdg-utils ca-certificates fonts-dejavu-core"
+test_packages="libgtest-dev libgmock-dev xvfb xauth openbox xdotool xclip x11-apps imagemagick graphicsmagick
+ libimage-exiftool-perl poppler-utils cups python3 python3-aiosmtpd python3-dnslib openssl dbus-daemon pipewire
+ wireplumber libpipewire-0.3-dev"
+
+say() { printf '%s\n' "$*" >&2; }
+
+# Installs those of the named packages that are missing. Only Debian's package manager is known here.
+install_packages() {
+    command -v dpkg-query >/dev/null || {
+        say "No Debian package manager here. Please see to it that these are installed:" "$@"
+        return 0
+    }
+    missing=""
+    for package in "$@"; do
+        dpkg-query -W -f='${db:Status-Abbrev}' "$package" 2>/dev/null | grep -q '^ii' || missing="$missing $package"
+    done
+    [ -z "$missing" ] && return 0
+    as_root=""
+    [ "$(id -u)" = 0 ] || as_root="sudo"
+    say "Installing:$missing"
+    $as_root apt-get update -qq
+    # shellcheck disable=SC2086
+    DEBIAN_FRONTEND=noninteractive $as_root apt-get install -y -qq --no-install-recommends $missing >/dev/null
+}
+
+# configure_and_build FOLDER TARGET... -- CMAKE-OPTION...
+configure_and_build() {
+    folder=$1; shift
+    targets=""
+    while [ $# -gt 0 ] && [ "$1" != -- ]; do targets="$targets $1"; shift; done
+    [ $# -gt 0 ] && shift
+    cmake -S . -B "$folder" -G Ninja "$@" >"$folder.log" 2>&1 || { cat "$folder.log" >&2; return 1; }
+    # shellcheck disable=SC2086
+    cmake --build "$folder" --target $targets
+}
