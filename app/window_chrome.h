@@ -1,0 +1,46 @@
+// The window's own frame: moving it by the title bar, minimise, maximise and restore.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+#include <QPoint>
+#include <QRect>
+#include <optional>
+
+#include "app/shared_state.h"
+
+class QWidget;
+
+namespace kelu {
+
+class WindowChrome : public QObject {
+    Q_OBJECT
+
+ public:
+    WindowChrome(QWidget& window, SharedState& state);
+
+    /// Lets the left button drag the window by `handle`; with `maximises`, a double click works as the button does.
+    void AddHandle(QWidget& handle, bool maximises);
+
+    void Minimise();
+    /// Maximises the window, or restores it.
+    void ToggleMaximised();
+
+ Q_SIGNALS:
+    /// The window was maximised or restored, by this program or by the window system.
+    void MaximisedChanged(bool maximised);
+
+ protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+    void StartDrag(const QPoint& globalPosition);
+    void SetMaximised(bool maximised);
+
+    QWidget& window_;
+    SharedState& state_;
+    QRect restoredGeometry_;          // where no window manager keeps it
+    std::optional<QPoint> dragFrom_;  // pointer position inside the window, while we move it by hand
+};
+
+}  // namespace kelu
