@@ -1,0 +1,22 @@
+// Settings over a store in memory, empty at first.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "document/settings.h"
+#include "platform/memory_registry_store.h"
+#include "platform/registry_access.h"
+
+namespace kelu {
+
+struct MemoryRegistry {
+    MemoryRegistryStore store;
+    clsRegistryAccess registry{store};
+};
+
+class MemorySettings : private MemoryRegistry, public Settings {
+ public:
+    MemorySettings() : Settings(registry) {}
+    using MemoryRegistry::registry;
+};
+
+}  // namespace kelu
