@@ -1,0 +1,173 @@
+// The command line as a script uses it: real files, exit statuses, one line for each failure, nothing half-written.
+// SPDX-License-Identifier: MIT
+#include <gmock/gmock.h>
+
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTemporaryDir>
+
+namespace {
+
+struct Result {
+    int status = -1;
+    QByteArray out;
+    QByteArray err;
+};
+
+class KeluCli : public testing::Test {
+ protected:
+    QTemporaryDir folder;
+
+    QString Path(const QString& name) const { return folder.filePath(name); }
+    QString Photo() const { return QStringLiteral(KELU_SOURCE_DIR "/Gallery/cat.jpg"); }
+
+    Result Run(const QStringList& arguments, const QString& shellPrefix = {}) const {
+        QProcess process;
+        if (shellPrefix.isEmpty()) {
+            process.start(QStringLiteral(KELU_CLI), arguments);
+        } else {
+            process.start("sh", QStringList{"-c", shellPrefix + QStringLiteral(" exec \"$0\" \"$@\""), KELU_CLI} + arguments);
+        }
+        EXPECT_TRUE(process.waitForFinished(60000));
+        return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1, process.readAllStandardOutput(),
+                process.readAllStandardError()};
+    }
+
+    QByteArray Bytes(const QString& path) const {
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
+        return file.readAll();
+    }
+    void Write(const QString& path, const QByteArray& bytes) const {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+    QStringList Files() const { return QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot); }
+};
+
+TEST_F(KeluCli, TellsTheCatalogue) {
+    const Result result = Run({"effects", "--json"});
+    ASSERT_EQ(result.status, 0) << result.err.constData();
+    const QJsonArray effects = QJsonDocument::fromJson(result.out).array();
+    ASSERT_EQ(effects.size(), 48);
+    const QJsonObject oil = effects[32].toObject();
+    EXPECT_EQ(oil["number"], 33);
+    EXPECT_EQ(oil["name"], "Oil Painting");
+    EXPECT_EQ(oil["inputs"][0]["option"], "s1");
+    EXPECT_EQ(oil["inputs"][0]["min"], 1);
+    EXPECT_EQ(oil["inputs"][0]["max"], 100);
+    EXPECT_EQ(oil["inputs"][0]["default"], 5);
+    EXPECT_EQ(Run({"effects"}).out.count('\n'), 48);
+}
+
+TEST_F(KeluCli, PaintsOnlyAlongTheStrokesAndTheSameTwice) {
+    Write(Path("strokes.json"), R"({"strokes": [{"size": 40, "points": [[100, 100], [300, 100]]}]})");
+    const QStringList apply{"apply", "Oil Painting", Photo(), Path("one.png"), "--s1", "8", "--strokes", Path("strokes.json")};
+    ASSERT_EQ(Run(apply).status, 0);
+    QStringList again = apply;
+    again[3] = Path("two.png");
+    ASSERT_EQ(Run(again).status, 0);
+    EXPECT_EQ(Bytes(Path("one.png")), Bytes(Path("two.png")));
+
+    const QImage before = QImage(Photo()).convertToFormat(QImage::Format_RGB32);
+    const QImage after = QImage(Path("one.png")).convertToFormat(QImage::Format_RGB32);
+    ASSERT_EQ(after.size(), before.size());
+    int changed = 0;
+    for (int y = 0; y < before.height(); ++y)
+        for (int x = 0; x < before.width(); ++x) {
+            if (before.pixel(x, y) == after.pixel(x, y)) continue;
+            ++changed;
+            const double dx = x < 100 ? 100 - x : x > 300 ? x - 300 : 0;
+            ASSERT_LE(dx * dx + (y - 100) * (y - 100), 21.5 * 21.5) << x << "," << y << " lies outside the stroke";
+        }
+    EXPECT_GT(changed, 2000);
+}
+
+TEST_F(KeluCli, EachFaultGivesOneLineAndLeavesTheTarget) {
+    const QByteArray jpeg = Bytes(Photo());
+    Write(Path("cut.jpg"), jpeg.left(jpeg.size() / 2));
+    Write(Path("empty.jpg"), "");
+    QDir(folder.path()).mkdir("x.png");
+    // A PNG header that claims 60000 x 60000 pixels; the checksum is right, the data are missing.
+    Write(Path("huge.png"),
+          QByteArray::fromHex("89504e470d0a1a0a0000000d494844520000ea600000ea6008020000006cc63cb5"
+                              "0000000049454e44ae426082"));
+    Write(Path("target.png"), "the old picture");
+
+    struct Row {
+        const char* what;
+        QString in;
+        QString out;
+    };
+    const Row rows[] = {
+        {"cut short", Path("cut.jpg"), Path("target.png")},
+        {"empty", Path("empty.jpg"), Path("target.png")},
+        {"claims 60000 x 60000", Path("huge.png"), Path("target.png")},
+        {"a folder as source", Path("x.png"), Path("target.png")},
+        {"missing", Path("none.jpg"), Path("target.png")},
+        {"a folder as target", Photo(), Path("x.png")},
+        {"no format", Photo(), Path("target.xyz")},
+    };
+    const QStringList files = Files();
+    for (const Row& row : rows) {
+        const Result result = Run({"apply", "negative", row.in, row.out});
+        EXPECT_EQ(result.status, 1) << row.what;
+        EXPECT_EQ(result.err.count('\n'), 1) << row.what << ": " << result.err.constData();
+        EXPECT_TRUE(result.err.startsWith("kelu-cli: ")) << row.what << ": " << result.err.constData();
+        EXPECT_EQ(Bytes(Path("target.png")), "the old picture") << row.what;
+        EXPECT_EQ(Files(), files) << row.what;
+    }
+}
+
+TEST_F(KeluCli, AFullDiskLeavesTheOldFile) {
+    Write(Path("target.png"), "the old picture");
+    const QStringList files = Files();
+    // The limit on a file's size stands for the disk; the shell's unit is 512 bytes.
+    const Result result = Run({"apply", "negative", Photo(), Path("target.png")}, "trap '' XFSZ; ulimit -f 20;");
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.err.count('\n'), 1) << result.err.constData();
+    EXPECT_EQ(Bytes(Path("target.png")), "the old picture");
+    EXPECT_EQ(Files(), files);
+}
+
+TEST_F(KeluCli, SeveralPicturesGoOnPastABadOne) {
+    Write(Path("bad.jpg"), "no picture");
+    const Result result = Run({"apply", "32", Photo(), Path("bad.jpg"), KELU_SOURCE_DIR "/Gallery/coffee.jpg", "--out-dir",
+                               Path("out")});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_THAT(result.err.toStdString(), testing::HasSubstr("bad.jpg"));
+    EXPECT_EQ(QDir(Path("out")).entryList(QDir::Files), (QStringList{"cat.jpg", "coffee.jpg"}));
+}
+
+TEST_F(KeluCli, RefusesWrongWords) {
+    const QString out = Path("out.png");
+    for (const QStringList& words :
+         {QStringList{}, {"paint"}, {"apply"}, {"apply", "33", Photo()}, {"apply", "49", Photo(), out},
+          {"apply", "Oil Paint", Photo(), out}, {"apply", "33", Photo(), out, "--s1", "0"},
+          {"apply", "33", Photo(), out, "--s1", "many"}, {"apply", "33", Photo(), out, "--s2", "5"},
+          {"apply", "33", Photo(), out, "--s1"}, {"apply", "33", Photo(), out, "--loud"},
+          {"apply", "45", Photo(), out, "--color1", "purplish"}, {"apply", "1", Photo(), Photo(), out},
+          {"convert", Photo()}, {"bench", "33"}, {"registry"}, {"gif-info"}}) {
+        const Result result = Run(words);
+        EXPECT_EQ(result.status, 2) << words.join(' ').toStdString();
+        EXPECT_FALSE(result.err.isEmpty());
+    }
+    EXPECT_FALSE(QFile::exists(out));
+}
+
+TEST_F(KeluCli, ConvertsAndMeasures) {
+    for (const char* name : {"a.bmp", "a.gif", "a.jpg", "a.tif", "a.pdf", "A.PNG"})
+        EXPECT_EQ(Run({"convert", Photo(), Path(name)}).status, 0) << name;
+    EXPECT_EQ(QImage(Path("A.PNG")).size(), QImage(Photo()).size());
+    const Result bench = Run({"bench", "Negative", Photo(), "--json"});
+    ASSERT_EQ(bench.status, 0);
+    EXPECT_GT(QJsonDocument::fromJson(bench.out)["effects"][0]["ratio_to_copy"].toDouble(), 0);
+}
+
+}  // namespace
