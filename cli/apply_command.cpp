@@ -13,7 +13,9 @@
 #include "document/document.h"
 #include "document/picture_file.h"
 #include "effects/effect_application.h"
+#include "effects/effect_controls.h"
 #include "effects/pix_twix.h"
+#include "effects/render_window.h"
 #include "platform/error.h"
 
 namespace kelu::cli {
@@ -33,26 +35,66 @@ QString NameInFolder(const QString& in, const QString& folder) {
     return QDir(folder).filePath(file);
 }
 
-void ApplyTo(const QString& in, const QString& out, const Effect& effect, const EffectInputs& inputs,
-             const std::optional<std::vector<Stroke>>& strokes) {
+/// The inputs of one render in the place of the window's panel.
+class GivenControls : public EffectControls {
+ public:
+    explicit GivenControls(const EffectInputs& inputs) : inputs_(inputs) {}
+    int XCoordinate() const override { return inputs_.x; }
+    int YCoordinate() const override { return inputs_.y; }
+    qint32 PickerValue(int picker) const override {
+        const ColorBytes& color = picker == 1 ? inputs_.color1 : inputs_.color2;
+        return PickerColor(color.red, color.green, color.blue);
+    }
+    int SliderValue(int slider) const override { return inputs_.slider[static_cast<std::size_t>(slider - 1)]; }
+
+ private:
+    const EffectInputs& inputs_;
+};
+
+/// The terminal in the place of the window.
+class TerminalWindow : public RenderWindow {
+ public:
+    explicit TerminalWindow(const QString& file) : file_(file) {}
+    void SetFormEnabled(bool) override {}
+    void SetProgressVisible(bool visible) override {
+        if (!visible) ShowProgress(file_, 100);
+    }
+    void SetProgress(int percent) override { ShowProgress(file_, percent); }
+    void RunEventLoopOnce() override {}
+
+ private:
+    QString file_;
+};
+
+/// Opens `in` and renders and paints the effect onto its canvas.
+void PaintEffect(const QString& in, const Effect& effect, const EffectInputs& inputs,
+                 const std::optional<std::vector<Stroke>>& strokes, Surfaces& surfaces) {
     SharedState state;
-    Surfaces surfaces;
     NullView view;
     Document document(surfaces, view, view, state);
     document.Open(in, Document::Source::Browse);
 
+    state.CurrentSFX = static_cast<std::int16_t>(effect.number);
+    if (effect.choice.variable) state.*effect.choice.variable = static_cast<std::int16_t>(inputs.choice);
     PixTwix engine;
-    const auto progress = [&in](int percent) { ShowProgress(in, percent); };
-    QObject::connect(&engine, &PixTwix::FxProgress, progress);
-    QObject::connect(&document.Pen(), &Surface::Progress, progress);
-    if (!RenderOnPen(effect, inputs, document.Canvas(), document.Pen(), engine))
+    const GivenControls controls(inputs);
+    TerminalWindow window(in);
+    EffectApplication application(document.Canvas(), document.Pen(), engine, state, controls, window, {[] {}, [] {}});
+    application.ApplyClick();
+    if (effect.number != kNeon && !application.EffectResult())
         throw Error(kOutOfMemory, QStringLiteral("the effect could not be rendered"));
 
     if (strokes)
         PaintStrokes(*strokes, document.Pen(), document.Canvas());
     else
         document.Canvas().SetPicture(document.Pen().Picture());
-    document.Canvas().SaveFile(out);
+}
+
+bool Apply(const QString& in, const QString& out, const Effect& effect, const EffectInputs& inputs,
+           const std::optional<std::vector<Stroke>>& strokes) {
+    Surfaces surfaces;
+    return RunForFile(in, [&] { PaintEffect(in, effect, inputs, strokes, surfaces); }) &&
+           RunForFile(out, [&] { surfaces.picCanvas.SaveFile(out); });
 }
 
 }  // namespace
@@ -89,7 +131,7 @@ int ApplyCommand(const QStringList& words) {
     }
     bool allDone = true;
     for (const QString& in : files)
-        allDone &= RunForFile(in, [&] { ApplyTo(in, toFolder ? NameInFolder(in, out) : out, effect, inputs, strokes); });
+        allDone &= Apply(in, toFolder ? NameInFolder(in, out) : out, effect, inputs, strokes);
     return allDone ? kDone : kFailed;
 }
 

@@ -17,7 +17,7 @@ Painter::Painter(Document& document, ImageX& canvasView, SharedState& state, con
 
 void Painter::SetUpBrush() {
     const QString style = settings_.Read(settings::kCursorStyle);
-    const QPixmap* cursor = style == u"1"   ? &cursors_.picBrush
+    const theme::CursorPicture* cursor = style == u"1"   ? &cursors_.picBrush
                             : style == u"2" ? &cursors_.picSmudge
                             : style == u"3" ? &cursors_.picCross
                                             : nullptr;
@@ -25,9 +25,12 @@ void Painter::SetUpBrush() {
     const int size = brushSize_();
     document_.Canvas().SelectBrush(document_.Pen().MakeBrush(size));
     document_.Canvas().SetBrushSize(size);
-    canvasView_.SetCursorPicture(*cursor);
+    canvasView_.SetCursorPicture(cursor->pixmap, cursor->hotSpot);
     canvasView_.SetCursorStyle(kCustomCursor);
+    ShowBrushRing();
 }
+
+void Painter::ShowBrushRing() { canvasView_.SetBrushRing(state_.EffectReady ? brushSize_() : 0); }
 
 QPoint Painter::ImagePoint(int xTwips, int yTwips) const {
     return {canvasView_.ScreenToImageX(TwipsToPixels(xTwips)), canvasView_.ScreenToImageY(TwipsToPixels(yTwips))};

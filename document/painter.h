@@ -2,12 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QPixmap>
 #include <QPoint>
-#include <array>
 #include <functional>
 
 #include "app/shared_state.h"
+#include "controls/theme/icons.h"
 #include "document/document.h"
 #include "document/image_x.h"
 #include "document/settings.h"
@@ -16,9 +15,9 @@ namespace kelu {
 
 /// The cursors of the styles "1", "2" and "3".
 struct BrushCursors {
-    QPixmap picBrush;
-    QPixmap picSmudge;
-    QPixmap picCross;
+    theme::CursorPicture picBrush;
+    theme::CursorPicture picSmudge;
+    theme::CursorPicture picCross;
 };
 
 class Painter {
@@ -30,6 +29,8 @@ class Painter {
     /// Makes the brush from the pen's picture at the present size and shows the cursor of the chosen style. A style
     /// other than "1" to "3" leaves brush and cursor as they were. Called after each render and when the size changes.
     void SetUpBrush();
+    /// The ring of the brush's size shows round the pointer while painting is on.
+    void ShowBrushRing();
 
     /// Any mouse button was pressed on the canvas: one undo level, nothing painted. Twips of the canvas widget.
     void Press(int xTwips, int yTwips);

@@ -96,7 +96,7 @@ TEST_F(KeluCli, EachFaultGivesOneLineAndLeavesTheTarget) {
     QDir(folder.path()).mkdir("x.png");
     // A PNG header that claims 60000 x 60000 pixels; the checksum is right, the data are missing.
     Write(Path("huge.png"),
-          QByteArray::fromHex("89504e470d0a1a0a0000000d494844520000ea600000ea6008020000006cc63cb5"
+          QByteArray::fromHex("89504e470d0a1a0a0000000d494844520000ea600000ea6008020000000fb0e215"
                               "0000000049454e44ae426082"));
     Write(Path("target.png"), "the old picture");
 

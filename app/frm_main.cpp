@@ -1,0 +1,231 @@
+// SPDX-License-Identifier: MIT
+#include "app/frm_main.h"
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QDir>
+#include <QKeyEvent>
+
+#include "app/interface_language.h"
+#include "app/window_layout.h"
+#include "controls/list_ex/list_ex.h"
+#include "controls/pager/pager.h"
+#include "controls/progress_bar/xp_progress_bar.h"
+#include "controls/slider/ls_slider.h"
+#include "controls/status_bar/status_bar.h"
+#include "controls/theme/icons.h"
+#include "controls/theme/theme.h"
+#include "controls/tool_button/tool_button.h"
+#include "controls/toolbox/toolbox.h"
+#include "effects/effect_panel.h"
+#include "effects/effect_selectors.h"
+#include "platform/units.h"
+
+namespace kelu {
+
+namespace {
+
+constexpr int kSplashTime = 3500;  // ms
+constexpr int kSettingsTime = 2;   // ms
+constexpr QColor kHatch(200, 200, 200);
+
+QString DataFile(const char* name) {
+    return QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("data/") + QLatin1String(name));
+}
+
+BrushCursors Cursors(qreal ratio) {
+    return {theme::BrushCursor(ratio), theme::SmudgeCursor(ratio), theme::CrossCursor(ratio)};
+}
+
+}  // namespace
+
+frmMain::frmMain(SharedState& state, const MainServices& services)
+    : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint),
+      controls(*this, surfaces, state),
+      state_(state),
+      services_(services),
+      document_(surfaces, *controls.picCanvas, *controls.picOriginal, state),
+      painter_(document_, *controls.picCanvas, state, services.settings, Cursors(devicePixelRatioF()),
+               [this] { return controls.pnlSettings->sldBrushSize->Value(); }),
+      history_(surfaces.picCanvas, *controls.picCanvas, state),
+      zoomView_(document_, *controls.picCanvas, state),
+      openSave_(document_, state, services.dialog, services.saveDialog, [] {}, [](const QString&) {}),
+      reminder_(services.dialog, services.settings),
+      renderWindow_(*this, *controls.pBar1),
+      application_(surfaces.picCanvas, surfaces.picPen, PixTwix1_, state, *controls.pnlSettings, renderWindow_,
+                   {[this] { painter_.SetUpBrush(); }, [this] { reminder_.PrepareReminder(); }}),
+      chrome_(*this, state),
+      startUp_(*this, state, services.settings, services.dialog, openSave_) {
+    setObjectName(QStringLiteral("frmMain"));
+    setWindowTitle(QStringLiteral("Kelu"));
+    setWindowIcon(theme::Icon(QStringLiteral("kelu")));
+    setAutoFillBackground(true);
+    resize(TwipsToPixels(kDesignSize.width), TwipsToPixels(kDesignSize.height));
+    controls.ShowTools(false);
+    Connect();
+}
+
+frmMain::~frmMain() = default;
+
+void frmMain::Connect() {
+    for (const CommandRow& row : kCommands)
+        connect(&controls.Button(row.command), &ToolButton::clicked, this, [this, row] { Run(row.command); });
+
+    connect(controls.picCanvas, &ImageX::MousePressed, this,
+            [this](Qt::MouseButton, Qt::MouseButtons, Qt::KeyboardModifiers, int x, int y) { painter_.Press(x, y); });
+    connect(controls.picCanvas, &ImageX::MouseMoved, this,
+            [this](Qt::MouseButtons buttons, Qt::KeyboardModifiers, int x, int y) { painter_.Move(buttons, x, y); });
+    connect(controls.picCanvas, &ImageX::FileDropped, &document_, [this](const QString& path) { openSave_.Drop(path); });
+    connect(controls.picCanvas, &ImageX::ZoomWheel, this, [this](int steps) {
+        for (; steps > 0; --steps) Run(Command::ZoomIn);
+        for (; steps < 0; ++steps) Run(Command::ZoomOut);
+    });
+
+    connect(&document_, &Document::StatusTextChanged, controls.sBar1,
+            [this](const QString& text) { controls.sBar1->SetPanelText(2, text); });
+    connect(&document_, &Document::Opened, this, [this] {
+        controls.picZoomContainer->show();
+        painter_.ShowBrushRing();
+    });
+    connect(&history_, &History::OriginalShown, this, [this](bool shown) {
+        controls.picCanvas->setVisible(!shown);
+        controls.picOriginal->setVisible(shown);
+    });
+
+    connect(controls.selectors, &EffectSelectors::EffectChosen, controls.pnlSettings, &EffectPanel::SetUp);
+    connect(controls.pnlSettings->sldBrushSize, &LsSlider::ValueChanged, this, [this] { painter_.SetUpBrush(); });
+    connect(controls.pnlSettings->cmdApply, &ToolButton::clicked, &application_, &EffectApplication::ApplyClick);
+
+    chrome_.AddHandle(*controls.picTitleBar, /*maximises=*/true);
+    chrome_.AddHandle(*controls.picCover, /*maximises=*/false);
+    connect(&chrome_, &WindowChrome::MaximisedChanged, this, [this](bool maximised) {
+        controls.Button(Command::Restore)
+            .SetIconName(maximised ? QStringLiteral("restore") : QStringLiteral("max"));
+        LoadLanguage();
+    });
+
+    tmrSplash_.setSingleShot(true);
+    tmrSplash_.setInterval(kSplashTime);
+    connect(&tmrSplash_, &QTimer::timeout, this, &frmMain::EndSplash);
+    tmrSplash_.start();
+    tmrSettings_.setSingleShot(true);
+    tmrSettings_.setInterval(kSettingsTime);
+    connect(&tmrSettings_, &QTimer::timeout, this, [this] {
+        startUp_.LoadMySettings();
+        startUp_.PrepareImageResize();
+    });
+}
+
+bool frmMain::Start() {
+    startUp_.SetMeUp();
+    return !unloading_;
+}
+
+void frmMain::EndSplash() {
+    controls.picCover->hide();
+    controls.ShowTools(true);
+    tmrSettings_.start();
+    controls.picLogo->hide();
+}
+
+void frmMain::Run(Command command) {
+    switch (command) {
+        case Command::Open: openSave_.OpenImageNow(); break;
+        case Command::Save: openSave_.PerformSave(); break;
+        case Command::Copy: openSave_.Copy(); break;
+        case Command::Undo: history_.PerformUndo(); break;
+        case Command::Redo: history_.PerformRedo(); break;
+        case Command::Original: history_.ToggleOriginal(); break;
+        case Command::ZoomIn: zoomView_.ZoomIn(); break;
+        case Command::ZoomOut: zoomView_.ZoomOut(); break;
+        case Command::ZoomReset: zoomView_.Reset(); break;
+        case Command::Minimise: chrome_.Minimise(); break;
+        case Command::Restore: chrome_.ToggleMaximised(); break;
+        case Command::Close: startUp_.ExitApp(); break;
+        case Command::Email:
+        case Command::Print:
+        case Command::WebCam:
+        case Command::Settings:
+        case Command::Help: break;
+    }
+}
+
+void frmMain::resizeEvent(QResizeEvent*) {
+    if (isMinimized()) return;
+    const WindowSize now{PixelsToTwips(width()), PixelsToTwips(height())};
+    if (const WindowSize allowed = AllowedSize(now); allowed != now) {
+        const QSize size(TwipsToPixels(allowed.width), TwipsToPixels(allowed.height));
+        if (size != this->size()) {
+            resize(size);
+            return;
+        }
+    }
+    controls.ApplyLayout();
+}
+
+void frmMain::keyReleaseEvent(QKeyEvent* event) {
+    const std::optional<Command> command =
+        event->isAutoRepeat() ? std::nullopt : CommandOfKey(event->key(), event->modifiers());
+    if (command)
+        Run(*command);
+    else
+        event->ignore();
+}
+
+void frmMain::closeEvent(QCloseEvent* event) {
+    if (unloading_) return;
+    // The window system's own close request, Alt+F4 among its causes: ask as the close button does.
+    event->ignore();
+    if (renderWindow_.FormEnabled()) startUp_.ExitApp();
+}
+
+void frmMain::Connect2Camera() {}
+
+void frmMain::PlaceCompassInPager() {
+    controls.pnlSettings->PagerCompass->SetChild(controls.pnlSettings->TBCompass);
+}
+
+void frmMain::SetUpSFXList() { controls.selectors->SetUpSFXList(); }
+
+void frmMain::LoadSplash() {}
+
+void frmMain::AddDropShadow() {
+    // The window system draws shadows as its user wishes; there is nothing to ask for.
+}
+
+void frmMain::PrepareCanvasBackground() {
+    const QBrush canvasBackBrush(kHatch, Qt::DiagCrossPattern);
+    controls.picCanvas->SetBackgroundHatch(canvasBackBrush);
+    controls.picOriginal->SetBackgroundHatch(canvasBackBrush);
+}
+
+void frmMain::LoadPlaceholder() {
+    surfaces.picCanvas.LoadFile(DataFile("ploader.rs"));
+    controls.picCanvas->SetViewAnchor(5);
+}
+
+void frmMain::LoadLanguage() { kelu::LoadLanguage(controls, state_); }
+
+void frmMain::SendToBack() {
+    // Not on the screen yet, so this costs nobody a click; once shown, the window keeps the place the user gives it.
+    lower();
+}
+
+void frmMain::SetVideoSize(const QString&) {}
+
+void frmMain::SetSelector(const QString& code) {
+    if (code != u"0" && code != u"1") return;
+    controls.selectors->lstSFX->setVisible(code == u"0");
+    controls.selectors->pagerTB1->setVisible(code == u"1");
+}
+
+void frmMain::LoadDevices() {}
+
+void frmMain::SelectDevice(int) {}
+
+void frmMain::Unload() {
+    unloading_ = true;
+    close();
+}
+
+}  // namespace kelu

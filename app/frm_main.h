@@ -1,0 +1,99 @@
+// The main window: makes the controls and the objects that know the jobs, and passes each event on to the one it
+// concerns.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QTimer>
+#include <QWidget>
+#include <functional>
+#include <memory>
+
+#include "app/commands.h"
+#include "app/main_controls.h"
+#include "app/paint_reminder.h"
+#include "app/shared_state.h"
+#include "app/start_up.h"
+#include "app/window_chrome.h"
+#include "document/document.h"
+#include "document/history.h"
+#include "document/open_save.h"
+#include "document/painter.h"
+#include "document/settings.h"
+#include "document/zoom_view.h"
+#include "effects/effect_application.h"
+#include "effects/form_render_window.h"
+#include "effects/pix_twix.h"
+
+namespace kelu {
+
+/// What the main window is given; all must outlive it.
+struct MainServices {
+    Settings& settings;
+    MsgDialog& dialog;
+    SaveDialog& saveDialog;
+    std::function<bool()> anotherInstanceRuns;
+};
+
+class frmMain : public QWidget, private StartUpSteps {
+    Q_OBJECT
+
+ public:
+    frmMain(SharedState& state, const MainServices& services);
+    ~frmMain() override;
+
+    /// The start-up steps. False when the window is not to be shown, since another instance runs.
+    bool Start();
+    /// Opens a picture as if it had been dropped on the canvas.
+    void OpenPicture(const QString& path) { openSave_.Drop(path); }
+
+    void Run(Command command);
+
+    // For those who drive the window from outside: dialogs and tests.
+    Surfaces surfaces;
+    MainControls controls;
+
+ protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+ private:
+    void Connect();
+    void EndSplash();
+
+    // Steps of the start.
+    bool AnotherInstanceRuns() override { return services_.anotherInstanceRuns && services_.anotherInstanceRuns(); }
+    void Connect2Camera() override;
+    void PlaceCompassInPager() override;
+    void SetUpSFXList() override;
+    void LoadSplash() override;
+    void AddDropShadow() override;
+    void PrepareCanvasBackground() override;
+    void LoadPlaceholder() override;
+    void LoadLanguage() override;
+    void SendToBack() override;
+    void SetVideoSize(const QString& code) override;
+    void SetSelector(const QString& code) override;
+    void LoadDevices() override;
+    void SelectDevice(int index) override;
+    void Unload() override;
+
+    SharedState& state_;
+    MainServices services_;
+    Document document_;
+    Painter painter_;
+    History history_;
+    ZoomView zoomView_;
+    OpenSave openSave_;
+    PixTwix PixTwix1_;
+    PaintReminder reminder_;
+    FormRenderWindow renderWindow_;
+    EffectApplication application_;
+    WindowChrome chrome_;
+    StartUp startUp_;
+    QTimer tmrSplash_;
+    QTimer tmrSettings_;
+    bool unloading_ = false;
+};
+
+}  // namespace kelu

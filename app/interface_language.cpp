@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#include "app/interface_language.h"
+
+#include <QCoreApplication>
+
+#include "controls/status_bar/status_bar.h"
+#include "controls/tool_button/tool_button.h"
+#include "effects/effect_panel.h"
+#include "effects/effect_selectors.h"
+
+namespace kelu {
+
+QString VersionText() {
+    return QStringLiteral(" v%1  by Tarvane Design").arg(QCoreApplication::applicationVersion());
+}
+
+void LoadLanguage(MainControls& controls, const SharedState& state) {
+    for (const CommandRow& row : kCommands) controls.Button(row.command).SetTip(QString::fromLatin1(row.tip));
+    controls.Button(Command::Restore)
+        .SetTip(state.WindowMaximised ? QStringLiteral("Restore Down") : QStringLiteral("Maximize"));
+    controls.sBar1->SetPanelText(1, VersionText());
+    controls.selectors->LoadTips();
+    controls.pnlSettings->LoadTips();
+}
+
+}  // namespace kelu

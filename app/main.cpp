@@ -1,0 +1,33 @@
+// kelu: the program with its window. An argument is a picture to open.
+// SPDX-License-Identifier: MIT
+#include <QApplication>
+
+#include "app/frm_main.h"
+#include "controls/message_dialog/msg_dialog_window.h"
+#include "controls/theme/theme.h"
+#include "dialogs/save_file_dialog.h"
+#include "platform/file_registry_store.h"
+#include "platform/registry_access.h"
+#include "platform/single_instance.h"
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Kelu"));
+    QApplication::setOrganizationName(QStringLiteral("Tarvane"));
+    QApplication::setApplicationVersion(QStringLiteral(KELU_VERSION));
+    QApplication::setDesktopFileName(QStringLiteral("kelu"));
+    kelu::theme::Apply(application);
+
+    kelu::FileRegistryStore store;
+    kelu::clsRegistryAccess registry(store);
+    kelu::Settings settings(registry);
+    kelu::SingleInstance instance(QStringLiteral("kelu"));
+    kelu::SharedState state;
+    kelu::MsgDialogWindow dialog;
+    kelu::SaveFileDialog saveDialog;
+    kelu::frmMain window(state, {settings, dialog, saveDialog, [&] { return !instance.IsFirst(); }});
+    if (!window.Start()) return 0;
+    window.show();
+    if (const QStringList words = QApplication::arguments(); words.size() > 1) window.OpenPicture(words[1]);
+    return QApplication::exec();
+}

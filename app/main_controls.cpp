@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: MIT
+#include "app/main_controls.h"
+
+#include <QLabel>
+#include <cstring>
+#include <span>
+
+#include "app/window_layout.h"
+#include "controls/list_ex/list_ex.h"
+#include "controls/pager/pager.h"
+#include "controls/progress_bar/xp_progress_bar.h"
+#include "controls/status_bar/status_bar.h"
+#include "controls/theme/icons.h"
+#include "controls/theme/theme.h"
+#include "controls/tool_button/tool_button.h"
+#include "controls/toolbox/toolbox.h"
+#include "effects/effect_panel.h"
+#include "effects/effect_selectors.h"
+#include "platform/units.h"
+
+namespace kelu {
+
+namespace {
+
+constexpr int kLogoSize = 32;                       // pixels
+constexpr TwipsRect kHelpButton{0, 0, 405, 345};    // sizes of the two buttons beside picSystem
+constexpr TwipsRect kSettingsButton{0, 0, 405, 345};
+constexpr TwipsRect kPipe{0, 0, 15, 225};
+
+template <typename Widget>
+Widget* Named(Widget* widget, const char* name) {
+    widget->setObjectName(QLatin1String(name));
+    return widget;
+}
+
+/// Moves the widget; a side of 0 keeps the widget's own.
+void Place(QWidget& widget, const TwipsRect& at) {
+    QRect pixels = TwipsToPixels(QRectF(at.left, at.top, at.width, at.height));
+    if (at.width == 0) pixels.setWidth(widget.width());
+    if (at.height == 0) pixels.setHeight(widget.height());
+    widget.setGeometry(pixels);
+}
+
+}  // namespace
+
+MainControls::MainControls(QWidget& window, Surfaces& surfaces, SharedState& state)
+    : picTitleBar(Named(new QWidget(&window), "picTitleBar")),
+      picSystem(Named(new QWidget(&window), "picSystem")),
+      picTB(Named(new QWidget(&window), "picTB")),
+      picLogo(Named(new QLabel(&window), "picLogo")),
+      picPipe1(Named(new QWidget(&window), "picPipe1")),
+      picCanvas(Named(new ImageX(surfaces.picCanvas, &window), "picCanvas")),
+      picOriginal(Named(new ImageX(surfaces.picOriginal, &window), "picOriginal")),
+      selectors(new EffectSelectors(state, &window)),
+      pnlSettings(Named(new EffectPanel(state, &window), "pnlSettings")),
+      picZoomContainer(Named(new QWidget(&window), "picZoomContainer")),
+      sBar1(Named(new StatusBar(&window), "sBar1")),
+      pBar1(Named(new XP_ProgressBar(sBar1), "pBar1")),
+      picCover(Named(new QLabel(&window), "picCover")),
+      window_(window) {
+    MakeButtons(window);
+    picOriginal->hide();
+    picZoomContainer->hide();
+    pBar1->hide();
+    picCanvas->setAccessibleName(QStringLiteral("Picture"));
+    picOriginal->setAccessibleName(QStringLiteral("Original picture"));
+
+    picLogo->setPixmap(theme::IconPixmap(QStringLiteral("msg_kelu"), kLogoSize, window.devicePixelRatioF(), theme::kText));
+    picLogo->resize(kLogoSize, kLogoSize);
+    picPipe1->setAutoFillBackground(true);
+    QPalette line = picPipe1->palette();
+    line.setColor(QPalette::Window, theme::kLine);
+    picPipe1->setPalette(line);
+
+    sBar1->SetPanelWidths(220, 400);
+    sBar1->SetPanelClickable(1, true);
+    Place(*pBar1, LayOut(kDesignSize).pBar1);
+    picCover->raise();
+    picLogo->raise();
+}
+
+namespace {
+
+void MakeStrip(QWidget& strip, std::span<const FixedPlace> places, const std::map<Command, ToolButton*>& buttons) {
+    for (const FixedPlace& fixed : places)
+        for (const CommandRow& row : kCommands)
+            if (std::strcmp(row.name, fixed.name) == 0) {
+                ToolButton* button = buttons.at(row.command);
+                button->setParent(&strip);
+                Place(*button, fixed.place);
+            }
+}
+
+}  // namespace
+
+void MainControls::MakeButtons(QWidget& window) {
+    for (const CommandRow& row : kCommands)
+        buttons_[row.command] = Named(new ToolButton(QString::fromLatin1(row.icon), &window), row.name);
+    MakeStrip(*picTB, kToolStripButtons, buttons_);
+    MakeStrip(*picSystem, kSystemButtons, buttons_);
+    MakeStrip(*picZoomContainer, kZoomButtons, buttons_);
+    Place(Button(Command::Help), kHelpButton);
+    Place(Button(Command::Settings), kSettingsButton);
+    Place(*picPipe1, kPipe);
+}
+
+void MainControls::ApplyLayout() {
+    const WindowLayout at = LayOut({PixelsToTwips(window_.width()), PixelsToTwips(window_.height())});
+    Place(*picTitleBar, at.picTitleBar);
+    Place(*picLogo, at.picLogo);
+    Place(*picSystem, at.picSystem);
+    Place(*picTB, at.picTB);
+    Place(*picCover, at.picCover);
+    Place(Button(Command::Help), at.cmdHelp);
+    Place(*picPipe1, at.picPipe1);
+    Place(Button(Command::Settings), at.cmdSettings);
+    Place(*picCanvas, at.picCanvas);
+    Place(*picOriginal, at.picOriginal);
+    Place(*selectors->pagerTB1, at.pagerTB1);
+    selectors->pagerTB1->SetChild(selectors->TBSFX);
+    Place(*pnlSettings, at.pnlSettings);
+    Place(*picZoomContainer, at.picZoomContainer);
+    Place(*selectors->lstSFX, at.lstSFX);
+    Place(*sBar1, at.sBar1);
+}
+
+void MainControls::ShowTools(bool shown) {
+    for (QWidget* tool : {picTB, picPipe1, static_cast<QWidget*>(picCanvas), static_cast<QWidget*>(pnlSettings),
+                          static_cast<QWidget*>(selectors->pagerTB1),
+                          static_cast<QWidget*>(&Button(Command::Settings)),
+                          static_cast<QWidget*>(&Button(Command::Help))})
+        tool->setVisible(shown);
+}
+
+}  // namespace kelu

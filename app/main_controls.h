@@ -1,0 +1,54 @@
+// The controls of the main window under their names: made here, placed by ApplyLayout, wired by frmMain.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QWidget>
+#include <map>
+
+#include "app/commands.h"
+#include "app/shared_state.h"
+#include "document/document.h"
+#include "document/image_x.h"
+
+class QLabel;
+
+namespace kelu {
+
+class EffectPanel;
+class EffectSelectors;
+class StatusBar;
+class ToolButton;
+class XP_ProgressBar;
+
+class MainControls {
+ public:
+    MainControls(QWidget& window, Surfaces& surfaces, SharedState& state);
+
+    /// Places everything for the window's present size.
+    void ApplyLayout();
+    ToolButton& Button(Command command) const { return *buttons_.at(command); }
+    /// What is hidden as long as the splash covers the window.
+    void ShowTools(bool shown);
+
+    QWidget* const picTitleBar;
+    QWidget* const picSystem;
+    QWidget* const picTB;
+    QLabel* const picLogo;
+    QWidget* const picPipe1;
+    ImageX* const picCanvas;
+    ImageX* const picOriginal;
+    EffectSelectors* const selectors;  ///< lstSFX, pagerTB1, TBSFX
+    EffectPanel* const pnlSettings;
+    QWidget* const picZoomContainer;
+    StatusBar* const sBar1;
+    XP_ProgressBar* const pBar1;
+    QLabel* const picCover;
+
+ private:
+    void MakeButtons(QWidget& window);
+
+    QWidget& window_;
+    std::map<Command, ToolButton*> buttons_;
+};
+
+}  // namespace kelu
