@@ -1,0 +1,312 @@
+// The document's logic with real files and without a window: opening, shrinking, status text, the questions, saving,
+// undo and zoom with their guards.
+// SPDX-License-Identifier: MIT
+#include "document/document.h"
+
+#include <gmock/gmock.h>
+
+#include <QClipboard>
+#include <QFile>
+#include <QGuiApplication>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+
+#include "document/history.h"
+#include "document/open_save.h"
+#include "document/zoom_view.h"
+#include "platform/error.h"
+#include "tests/support/scripted_dialog.h"
+
+namespace kelu {
+namespace {
+
+/// Answers with the names put into it; an empty list cancels.
+class ScriptedSaveDialog : public SaveDialog {
+ public:
+    QStringList names;
+    int chosenFilter = kPngFilter;
+    int shown = 0;
+    int offeredFilter = 0;
+    bool Show(QString& fileName, int& filterIndex) override {
+        ++shown;
+        offeredFilter = filterIndex;
+        if (names.isEmpty()) return false;
+        fileName = names.takeFirst();
+        filterIndex = chosenFilter;
+        return !fileName.isEmpty();
+    }
+};
+
+struct DocumentTest : testing::Test {
+    QTemporaryDir folder;
+    SharedState state;
+    Surfaces surfaces;
+    NullView view;
+    NullView originalView;
+    ScriptedDialog dialog;
+    ScriptedSaveDialog saveDialog;
+    QStringList pdfs;
+    int browses = 0;
+    Document document{surfaces, view, originalView, state};
+    OpenSave openSave{document, state, dialog, saveDialog, [this] { ++browses; },
+                      [this](const QString& path) { pdfs << path; }};
+    History history{surfaces.picCanvas, view, state};
+    ZoomView zoom{document, view, state};
+
+    QString MakePicture(int width, int height, const QString& name = QStringLiteral("a.png"), QRgb color = 0xff336699) {
+        QImage image(width, height, QImage::Format_RGB32);
+        image.fill(color);
+        const QString path = folder.filePath(name);
+        EXPECT_TRUE(image.save(path));
+        return path;
+    }
+    /// One stroke, as the painter makes it.
+    void Paint() {
+        surfaces.picPen.CreateBlank(surfaces.picCanvas.ImageWidth(), surfaces.picCanvas.ImageHeight(), 24, Qt::red);
+        surfaces.picCanvas.SelectBrush(surfaces.picPen.MakeBrush(5));
+        surfaces.picCanvas.PushUndo();
+        surfaces.picCanvas.DrawBrushLine(5, 5, 9, 5, 255);
+        state.ImageDirty = true;
+    }
+};
+
+TEST_F(DocumentTest, ShrinksWhatIsLargerThanTheLimits) {
+    struct Row {
+        int width, height, resize;
+        QSize opened;
+    };
+    const Row rows[] = {
+        {3000, 2000, 1, {800, 533}}, {2048, 1000, 1, {2048, 1000}}, {2049, 1000, 1, {800, 390}},
+        {1000, 2000, 1, {600, 1200}}, {1000, 1536, 1, {1000, 1536}}, {1000, 1537, 1, {600, 922}},
+        {2100, 2100, 1, {2100, 2100}}, {3000, 2000, 0, {3000, 2000}}, {3000, 2000, 2, {3000, 2000}},
+    };
+    for (const Row& row : rows) {
+        state.ResizeOnOpen = static_cast<std::int16_t>(row.resize);
+        document.Open(MakePicture(row.width, row.height), Document::Source::Browse);
+        for (Surface* surface : {&surfaces.picCanvas, &surfaces.picPen, &surfaces.picOriginal})
+            EXPECT_EQ(QSize(surface->ImageWidth(), surface->ImageHeight()), row.opened) << row.width << "x" << row.height;
+    }
+    state.ResizeOnOpen = 1;
+    document.Open(MakePicture(3000, 2000), Document::Source::Capture);
+    EXPECT_EQ(surfaces.picCanvas.ImageWidth(), 3000) << "a snapshot is never shrunk";
+}
+
+TEST_F(DocumentTest, TheCallersOfOpenDifferAsTold) {
+    const QString path = MakePicture(40, 30, QStringLiteral("Cat & dog.png"));
+    QSignalSpy texts(&document, &Document::StatusTextChanged);
+    QSignalSpy opened(&document, &Document::Opened);
+    view.SetZoomPercent(70);
+    struct Row {
+        Document::Source source;
+        bool wasDirty;
+        bool staysArmed;
+        const char* text;
+    };
+    const char* longText = "Cat & dog.png - [40 x 30 / 24 bits / 70%]";
+    const Row rows[] = {
+        {Document::Source::Drop, false, true, "Cat & dog.png - (40 x 30 / 24 bits)"},
+        {Document::Source::Drop, true, true, longText},
+        {Document::Source::Browse, false, false, longText},
+        {Document::Source::Capture, false, true, longText},
+    };
+    for (const Row& row : rows) {
+        state.ImageActive = false;
+        state.EffectReady = true;
+        view.SetViewMode(0);
+        document.Open(path, row.source, row.wasDirty);
+        EXPECT_TRUE(state.ImageActive);
+        EXPECT_EQ(state.EffectReady, row.staysArmed);
+        EXPECT_EQ(texts.takeLast()[0].toString(), row.text);
+        EXPECT_EQ(view.ViewAnchor(), 5);
+        EXPECT_EQ(view.ViewMode(), 2);
+        EXPECT_EQ(originalView.ViewMode(), 2);
+        EXPECT_EQ(view.ZoomPercent(), 70) << "opening leaves the zoom alone";
+    }
+    EXPECT_EQ(opened.size(), 4);
+    EXPECT_EQ(FileNameOfPath("plain.png"), "plain.png");
+    EXPECT_EQ(FileNameOfPath("C:\\pictures\\a.b.png"), "a.b.png");
+}
+
+TEST_F(DocumentTest, ABrokenFileChangesNothing) {
+    document.Open(MakePicture(40, 30), Document::Source::Browse);
+    state.EffectReady = true;
+    const QImage before = surfaces.picCanvas.Picture();
+    QFile file(folder.filePath("broken.png"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("\x89PNG\r\n\x1a\n no more");
+    file.close();
+    openSave.Drop(file.fileName());
+    ASSERT_EQ(dialog.messages.size(), 1);
+    EXPECT_EQ(dialog.messages[0].heading, "Error");
+    EXPECT_TRUE(dialog.messages[0].text.startsWith("The following error has occured:\r\n"));
+    EXPECT_EQ(surfaces.picCanvas.Picture(), before);
+    EXPECT_EQ(state.CurrentFileName, "a.png");
+    EXPECT_TRUE(state.EffectReady);
+}
+
+TEST_F(DocumentTest, OpenAsksWhenThereAreChanges) {
+    openSave.OpenImageNow();
+    EXPECT_EQ(browses, 1) << "nothing to save, no question";
+    EXPECT_TRUE(dialog.messages.isEmpty());
+
+    state.ImageDirty = true;
+    dialog.answers = {MsgDialog::kCancel};
+    openSave.OpenImageNow();
+    EXPECT_EQ(browses, 1);
+    EXPECT_TRUE(state.ImageDirty);
+
+    dialog.answers = {MsgDialog::kNo};
+    openSave.OpenImageNow();
+    EXPECT_EQ(browses, 2);
+    EXPECT_FALSE(state.ImageDirty);
+
+    state.ImageDirty = true;
+    dialog.answers = {MsgDialog::kYes};
+    openSave.OpenImageNow();
+    EXPECT_EQ(saveDialog.shown, 1);
+    EXPECT_EQ(browses, 3) << "a cancelled save dialog does not stop the opening";
+    EXPECT_FALSE(state.ImageDirty);
+
+    state.CaptureBusy = true;
+    openSave.OpenImageNow();
+    EXPECT_EQ(browses, 3);
+}
+
+TEST_F(DocumentTest, DropAsksAndThenShowsTheLongText) {
+    document.Open(MakePicture(40, 30), Document::Source::Browse);
+    const QString other = MakePicture(20, 10, QStringLiteral("b.png"));
+    QSignalSpy texts(&document, &Document::StatusTextChanged);
+    Paint();
+    dialog.answers = {MsgDialog::kCancel};
+    openSave.Drop(other);
+    EXPECT_EQ(surfaces.picCanvas.ImageWidth(), 40);
+    EXPECT_TRUE(state.ImageDirty);
+    dialog.answers = {MsgDialog::kNo};
+    openSave.Drop(other);
+    EXPECT_EQ(surfaces.picCanvas.ImageWidth(), 20);
+    EXPECT_FALSE(state.ImageDirty);
+    EXPECT_TRUE(texts.last()[0].toString().contains('['));
+    openSave.Drop(other);
+    EXPECT_TRUE(texts.last()[0].toString().contains('('));
+    state.CaptureBusy = true;
+    openSave.Drop(folder.filePath("a.png"));
+    EXPECT_EQ(surfaces.picCanvas.ImageWidth(), 20);
+}
+
+TEST_F(DocumentTest, SaveFollowsTheExtensionAndSettlesTheState) {
+    document.Open(MakePicture(40, 30), Document::Source::Browse);
+    openSave.PerformSave();
+    EXPECT_EQ(saveDialog.shown, 0) << "no changes, no dialog";
+
+    Paint();
+    openSave.PerformSave();
+    EXPECT_EQ(saveDialog.shown, 2) << "a first Cancel brings the dialog again";
+    EXPECT_EQ(saveDialog.offeredFilter, 2);
+    EXPECT_TRUE(state.ImageDirty);
+    EXPECT_TRUE(state.ImageActive);
+
+    // The name decides, whatever the filter.
+    saveDialog.names = {folder.filePath("out.jpg")};
+    saveDialog.chosenFilter = 1;
+    openSave.PerformSave();
+    EXPECT_EQ(saveDialog.shown, 3);
+    QFile jpeg(folder.filePath("out.jpg"));
+    ASSERT_TRUE(jpeg.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(jpeg.readAll().startsWith("\xff\xd8"));
+    EXPECT_FALSE(state.ImageDirty);
+    EXPECT_FALSE(state.ImageActive);
+
+    openSave.Copy();
+    EXPECT_TRUE(QGuiApplication::clipboard()->image().isNull()) << "nothing is copied after a save";
+    history.PerformUndo();
+    EXPECT_TRUE(state.ImageDirty) << "undo works after a save";
+    openSave.PerformSave();
+    EXPECT_EQ(saveDialog.shown, 4) << "after a save one Cancel is enough";
+
+    saveDialog.names = {folder.filePath("page.png")};
+    saveDialog.chosenFilter = SaveDialog::kPdfFilter;
+    openSave.PerformSave();
+    EXPECT_EQ(pdfs, QStringList{folder.filePath("page.png")});
+    EXPECT_FALSE(state.ImageDirty);
+}
+
+TEST_F(DocumentTest, AFailedSaveKeepsTheChanges) {
+    document.Open(MakePicture(40, 30), Document::Source::Browse);
+    Paint();
+    saveDialog.names = {folder.filePath("no/such/folder/a.png"), folder.filePath("a.unknown")};
+    openSave.PerformSave();
+    EXPECT_EQ(dialog.messages.size(), 2);
+    EXPECT_EQ(saveDialog.shown, 2);
+    EXPECT_TRUE(state.ImageDirty);
+    EXPECT_TRUE(state.ImageActive);
+}
+
+TEST_F(DocumentTest, CopyPutsThePictureOnTheClipboard) {
+    document.Open(MakePicture(40, 30), Document::Source::Browse);
+    Paint();
+    openSave.Copy();
+    EXPECT_EQ(QGuiApplication::clipboard()->image().convertToFormat(QImage::Format_RGB32), surfaces.picCanvas.Picture());
+    QGuiApplication::clipboard()->clear();
+}
+
+TEST_F(DocumentTest, UndoAndCompareKeepTheirGuards) {
+    document.Open(MakePicture(40, 30), Document::Source::Browse);
+    QSignalSpy shown(&history, &History::OriginalShown);
+    history.PerformUndo();
+    EXPECT_FALSE(state.ImageDirty) << "nothing to undo";
+    history.ToggleOriginal();
+    EXPECT_EQ(shown.size(), 0) << "a fresh picture has nothing to compare";
+
+    const QImage before = surfaces.picCanvas.Picture().copy();
+    Paint();
+    const QImage after = surfaces.picCanvas.Picture().copy();
+    view.SetFreeView();
+    state.ImageDirty = false;
+    history.PerformUndo();
+    EXPECT_EQ(surfaces.picCanvas.Picture(), before);
+    EXPECT_TRUE(state.ImageDirty);
+    EXPECT_EQ(view.ViewMode(), 2);
+    EXPECT_TRUE(view.ViewScrollable()) << "the view goes back to fitted, scrolling stays as it was";
+    history.PerformRedo();
+    EXPECT_EQ(surfaces.picCanvas.Picture(), after);
+
+    history.ToggleOriginal();
+    history.ToggleOriginal();
+    ASSERT_EQ(shown.size(), 2);
+    EXPECT_TRUE(shown[0][0].toBool());
+    EXPECT_FALSE(shown[1][0].toBool());
+    state.CaptureBusy = true;
+    history.PerformUndo();
+    history.ToggleOriginal();
+    EXPECT_EQ(surfaces.picCanvas.Picture(), after);
+    EXPECT_EQ(shown.size(), 2);
+}
+
+TEST_F(DocumentTest, ZoomStepsAndTheirViews) {
+    document.Open(MakePicture(40, 30), Document::Source::Browse);
+    struct Row {
+        void (ZoomView::*command)();
+        int from, to;
+        bool startsFree, endsFree;
+    };
+    const Row rows[] = {
+        {&ZoomView::ZoomIn, 41, 51, false, true},  {&ZoomView::ZoomIn, 40, 50, true, false},
+        {&ZoomView::ZoomIn, 100, 110, true, true}, {&ZoomView::ZoomOut, 13, 3, false, false},
+        {&ZoomView::ZoomOut, 3, 3, false, false},  {&ZoomView::ZoomOut, 55, 45, true, true},
+        {&ZoomView::ZoomOut, 14, 4, true, true},   {&ZoomView::Reset, 80, 80, true, false},
+    };
+    for (const Row& row : rows) {
+        row.startsFree ? view.SetFreeView() : view.SetFittedView();
+        view.SetZoomPercent(row.from);
+        (zoom.*row.command)();
+        EXPECT_EQ(view.ZoomPercent(), row.to) << row.from;
+        EXPECT_EQ(view.ViewMode(), row.endsFree ? 0 : 2) << row.from;
+        EXPECT_EQ(view.ViewScrollable(), row.endsFree) << row.from;
+    }
+    state.ImageActive = false;
+    zoom.ZoomIn();
+    EXPECT_EQ(view.ZoomPercent(), 80);
+}
+
+}  // namespace
+}  // namespace kelu
