@@ -6,7 +6,7 @@
 #include "controls/message_dialog/msg_dialog_window.h"
 #include "controls/theme/theme.h"
 #include "dialogs/save_file_dialog.h"
-#include "platform/file_registry_store.h"
+#include "platform/registry_file.h"
 #include "platform/registry_access.h"
 #include "platform/single_instance.h"
 
@@ -18,7 +18,7 @@ int main(int argc, char** argv) {
     QApplication::setDesktopFileName(QStringLiteral("kelu"));
     kelu::theme::Apply(application);
 
-    kelu::FileRegistryStore store;
+    kelu::RegistryFile store(kelu::RegistryFile::UserPath());
     kelu::clsRegistryAccess registry(store);
     kelu::Settings settings(registry);
     kelu::SingleInstance instance(QStringLiteral("kelu"));

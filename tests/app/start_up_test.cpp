@@ -89,24 +89,24 @@ TEST_F(StartUpTest, RunsItsStepsInOrder) {
     EXPECT_EQ(state.ResizeOnOpen, 1) << "the default of the setting";
     EXPECT_FALSE(state.ShowingOriginal);
     EXPECT_FALSE(QFile::exists(leftOver));
-    EXPECT_THAT(dialog.messages, IsEmpty());
+    EXPECT_TRUE(dialog.shown.empty());
 }
 
 TEST_F(StartUpTest, ASecondInstanceUnloadsWithoutAWord) {
     steps.anotherRuns = true;
     startUp.SetMeUp();
     EXPECT_THAT(steps.calls, ElementsAre("Unload"));
-    EXPECT_THAT(dialog.messages, IsEmpty());
+    EXPECT_TRUE(dialog.shown.empty());
 }
 
 TEST_F(StartUpTest, AFailingStepEndsTheStartWithTheStandardMessage) {
     steps.failing = QStringLiteral("LoadPlaceholder");
     startUp.SetMeUp();
     EXPECT_EQ(steps.calls.last(), "LoadPlaceholder");
-    ASSERT_EQ(dialog.messages.size(), 1);
-    EXPECT_EQ(dialog.messages[0].heading, "Error");
-    EXPECT_EQ(dialog.messages[0].text, "The following error has occured:\r\nno such file (57)\r\n");
-    EXPECT_EQ(dialog.messages[0].style, MsgDialog::kOk);
+    ASSERT_EQ(dialog.shown.size(), 1u);
+    EXPECT_EQ(dialog.shown[0].heading, "Error");
+    EXPECT_EQ(dialog.shown[0].text, "The following error has occured:\r\nno such file (57)\r\n");
+    EXPECT_EQ(dialog.shown[0].style, MsgDialog::kOk);
 }
 
 TEST_F(StartUpTest, SettingsAreReadInOrderAndAMissingCameraIsSilent) {
@@ -117,13 +117,13 @@ TEST_F(StartUpTest, SettingsAreReadInOrderAndAMissingCameraIsSilent) {
     startUp.LoadMySettings();
     EXPECT_THAT(steps.calls, ElementsAre("SetVideoSize 1", "SetSelector 0", "LoadDevices", "SelectDevice 7"));
     EXPECT_TRUE(state.CameraMissing);
-    EXPECT_THAT(dialog.messages, IsEmpty());
+    EXPECT_TRUE(dialog.shown.empty());
 
     state.CameraMissing = false;
     steps.deviceError = kFileError;
     startUp.LoadMySettings();
     EXPECT_FALSE(state.CameraMissing);
-    EXPECT_EQ(dialog.messages.size(), 1) << "any other failure is told";
+    EXPECT_EQ(dialog.shown.size(), 1u) << "any other failure is told";
 }
 
 TEST_F(StartUpTest, LeavingAsksWhenThereAreChanges) {
@@ -141,7 +141,7 @@ TEST_F(StartUpTest, LeavingAsksWhenThereAreChanges) {
     };
     for (const Row& row : rows) {
         steps.calls.clear();
-        dialog.messages.clear();
+        dialog.shown.clear();
         dialog.beeps = 0;
         saveDialog.shown = 0;
         state.ImageDirty = row.dirty;
@@ -152,8 +152,8 @@ TEST_F(StartUpTest, LeavingAsksWhenThereAreChanges) {
         EXPECT_EQ(saveDialog.shown, row.saveDialogs) << row.answer;
         EXPECT_EQ(dialog.beeps, row.dirty ? 1 : 0);
         if (row.dirty) {
-            ASSERT_EQ(dialog.messages.size(), 1);
-            EXPECT_EQ(dialog.messages[0].text, "Save changes to 'cat.jpg'?\r\n");
+            ASSERT_EQ(dialog.shown.size(), 1u);
+            EXPECT_EQ(dialog.shown[0].text, "Save changes to 'cat.jpg'?\r\n");
         }
     }
 }
@@ -161,17 +161,17 @@ TEST_F(StartUpTest, LeavingAsksWhenThereAreChanges) {
 TEST_F(StartUpTest, TheReminderStopsOnceItsBoxIsTicked) {
     PaintReminder reminder(dialog, settings);
     reminder.PrepareReminder();
-    ASSERT_EQ(dialog.messages.size(), 1);
-    EXPECT_EQ(dialog.messages[0].heading, "Information");
-    EXPECT_TRUE(dialog.messages[0].showCheckbox);
-    EXPECT_EQ(dialog.messages[0].checkboxCaption, "Don't Show This Again");
+    ASSERT_EQ(dialog.shown.size(), 1u);
+    EXPECT_EQ(dialog.shown[0].heading, "Information");
+    EXPECT_TRUE(dialog.shown[0].checkbox);
+    EXPECT_EQ(dialog.shown[0].checkboxCaption, "Don't Show This Again");
     EXPECT_EQ(settings.Read(settings::kReminder), "1");
 
-    dialog.tickCheckbox = true;
+    dialog.ticks = true;
     reminder.PrepareReminder();
     EXPECT_EQ(settings.Read(settings::kReminder), "0");
     reminder.PrepareReminder();
-    EXPECT_EQ(dialog.messages.size(), 2) << "silent from the next time on";
+    EXPECT_EQ(dialog.shown.size(), 2u) << "silent from the next time on";
 }
 
 }  // namespace

@@ -136,9 +136,9 @@ TEST_F(DocumentTest, ABrokenFileChangesNothing) {
     file.write("\x89PNG\r\n\x1a\n no more");
     file.close();
     openSave.Drop(file.fileName());
-    ASSERT_EQ(dialog.messages.size(), 1);
-    EXPECT_EQ(dialog.messages[0].heading, "Error");
-    EXPECT_TRUE(dialog.messages[0].text.startsWith("The following error has occured:\r\n"));
+    ASSERT_EQ(dialog.shown.size(), 1u);
+    EXPECT_EQ(dialog.shown[0].heading, "Error");
+    EXPECT_TRUE(dialog.shown[0].text.startsWith("The following error has occured:\r\n"));
     EXPECT_EQ(surfaces.picCanvas.Picture(), before);
     EXPECT_EQ(state.CurrentFileName, "a.png");
     EXPECT_TRUE(state.EffectReady);
@@ -147,7 +147,7 @@ TEST_F(DocumentTest, ABrokenFileChangesNothing) {
 TEST_F(DocumentTest, OpenAsksWhenThereAreChanges) {
     openSave.OpenImageNow();
     EXPECT_EQ(browses, 1) << "nothing to save, no question";
-    EXPECT_TRUE(dialog.messages.isEmpty());
+    EXPECT_TRUE(dialog.shown.empty());
 
     state.ImageDirty = true;
     dialog.answers = {MsgDialog::kCancel};
@@ -235,7 +235,7 @@ TEST_F(DocumentTest, AFailedSaveKeepsTheChanges) {
     Paint();
     saveDialog.names = {folder.filePath("no/such/folder/a.png"), folder.filePath("a.unknown")};
     openSave.PerformSave();
-    EXPECT_EQ(dialog.messages.size(), 2);
+    EXPECT_EQ(dialog.shown.size(), 2u);
     EXPECT_EQ(saveDialog.shown, 2);
     EXPECT_TRUE(state.ImageDirty);
     EXPECT_TRUE(state.ImageActive);
@@ -255,7 +255,7 @@ TEST_F(DocumentTest, UndoAndCompareKeepTheirGuards) {
     history.PerformUndo();
     EXPECT_FALSE(state.ImageDirty) << "nothing to undo";
     history.ToggleOriginal();
-    EXPECT_EQ(shown.size(), 0) << "a fresh picture has nothing to compare";
+    EXPECT_EQ(shown.size(), 0u) << "a fresh picture has nothing to compare";
 
     const QImage before = surfaces.picCanvas.Picture().copy();
     Paint();
@@ -272,14 +272,14 @@ TEST_F(DocumentTest, UndoAndCompareKeepTheirGuards) {
 
     history.ToggleOriginal();
     history.ToggleOriginal();
-    ASSERT_EQ(shown.size(), 2);
+    ASSERT_EQ(shown.size(), 2u);
     EXPECT_TRUE(shown[0][0].toBool());
     EXPECT_FALSE(shown[1][0].toBool());
     state.CaptureBusy = true;
     history.PerformUndo();
     history.ToggleOriginal();
     EXPECT_EQ(surfaces.picCanvas.Picture(), after);
-    EXPECT_EQ(shown.size(), 2);
+    EXPECT_EQ(shown.size(), 2u);
 }
 
 TEST_F(DocumentTest, ZoomStepsAndTheirViews) {

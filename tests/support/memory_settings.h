@@ -3,7 +3,7 @@
 #pragma once
 
 #include "document/settings.h"
-#include "platform/memory_registry_store.h"
+#include "platform/registry_store.h"
 #include "platform/registry_access.h"
 
 namespace kelu {

@@ -1,0 +1,106 @@
+// PDF files as independent tools see them: page, embedded pixels, properties; and the words that follow.
+// SPDX-License-Identifier: MIT
+#include "output/pdf_export.h"
+
+#include <gmock/gmock.h>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <random>
+
+#include "platform/error.h"
+#include "tests/support/scripted_dialog.h"
+
+namespace kelu {
+namespace {
+
+using testing::HasSubstr;
+
+QImage Noise(int width, int height, QImage::Format format) {
+    QImage image(width, height, format);
+    std::mt19937 random(7);
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x) image.setPixel(x, y, static_cast<QRgb>(random()) | (format == QImage::Format_RGB32 ? 0xff000000u : 0u));
+    return image;
+}
+
+std::string Output(const QString& program, const QStringList& arguments) {
+    QProcess process;
+    process.start(program, arguments);
+    process.waitForFinished();
+    return process.readAllStandardOutput().toStdString();
+}
+
+struct PdfTest : testing::Test {
+    QTemporaryDir folder;
+    QString path = folder.filePath("a page.pdf");
+};
+
+TEST_F(PdfTest, IndependentToolsFindPagePixelsAndProperties) {
+    if (QStandardPaths::findExecutable("pdfimages").isEmpty()) GTEST_SKIP() << "poppler-utils is not installed";
+    QCoreApplication::setApplicationVersion("1.2.3");
+    QImage picture = Noise(301, 200, QImage::Format_RGB32);
+    picture.setDotsPerMeterX(5906);  // 150 dpi
+    picture.setDotsPerMeterY(5906);
+    WritePdf(picture, path, KeluPdfProperties());
+
+    const std::string info = Output("pdfinfo", {path});
+    EXPECT_THAT(info, HasSubstr("Title:           Kelu Image"));
+    EXPECT_THAT(info, HasSubstr("Subject:         Kelu Image"));
+    EXPECT_THAT(info, HasSubstr("Author:          Kelu"));
+    EXPECT_THAT(info, HasSubstr("Keywords:        Kelu v1.2.3 | "));
+    EXPECT_THAT(info, HasSubstr("Creator:         Kelu v1.2.3 | "));
+    EXPECT_THAT(info, HasSubstr("Pages:           1"));
+    EXPECT_THAT(info, HasSubstr("144.48 x 95.99"));
+
+    Output("pdfimages", {"-png", path, folder.filePath("image")});
+    EXPECT_EQ(QImage(folder.filePath("image-000.png")).convertToFormat(QImage::Format_RGB32), picture);
+}
+
+TEST_F(PdfTest, TransparencyLiesOnWhitePaper) {
+    if (QStandardPaths::findExecutable("pdfimages").isEmpty()) GTEST_SKIP() << "poppler-utils is not installed";
+    QImage picture(2, 1, QImage::Format_ARGB32);
+    picture.setPixel(0, 0, 0x00123456);
+    picture.setPixel(1, 0, 0xff123456);
+    WritePdf(picture, path, {});
+    Output("pdfimages", {"-png", path, folder.filePath("image")});
+    const QImage paper(folder.filePath("image-000.png"));
+    EXPECT_EQ(paper.pixel(0, 0), 0xffffffff);
+    EXPECT_EQ(paper.pixel(1, 0), 0xff123456);
+}
+
+TEST_F(PdfTest, AFailureLeavesNothingBehindAndIsTold) {
+    Surface canvas;
+    canvas.SetPicture(Noise(20, 20, QImage::Format_RGB32));
+    ScriptedDialog dialog;
+    QStringList opened;
+    PdfExport pdf(canvas, dialog, [&](const QString& file) { return opened << file, true; });
+    pdf.CreatePDF(folder.filePath("no/such/folder.pdf"));
+    ASSERT_EQ(dialog.shown.size(), 1u);
+    EXPECT_EQ(dialog.shown[0].heading, "Error");
+    EXPECT_TRUE(QDir(folder.path()).isEmpty());
+
+    // The extension plays no part; the box starts unticked, and nothing is opened then.
+    const QString odd = folder.filePath("page.png");
+    pdf.CreatePDF(odd);
+    ASSERT_EQ(dialog.shown.size(), 2u);
+    EXPECT_EQ(dialog.shown[1].text, "PDF file 'page.png' created successfully!");
+    EXPECT_EQ(dialog.shown[1].title, "Information");
+    EXPECT_EQ(dialog.shown[1].checkboxCaption, "View PDF File");
+    EXPECT_EQ(dialog.beeps, 1);
+    EXPECT_TRUE(opened.isEmpty());
+    dialog.ticks = true;
+    pdf.CreatePDF(odd);
+    EXPECT_EQ(opened, QStringList{odd});
+    EXPECT_FALSE(dialog.CheckboxValue());
+    QFile file(odd);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(file.readAll().startsWith("%PDF-"));
+}
+
+}  // namespace
+}  // namespace kelu
