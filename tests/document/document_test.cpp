@@ -255,7 +255,7 @@ TEST_F(DocumentTest, UndoAndCompareKeepTheirGuards) {
     history.PerformUndo();
     EXPECT_FALSE(state.ImageDirty) << "nothing to undo";
     history.ToggleOriginal();
-    EXPECT_EQ(shown.size(), 0u) << "a fresh picture has nothing to compare";
+    EXPECT_EQ(shown.size(), 0) << "a fresh picture has nothing to compare";
 
     const QImage before = surfaces.picCanvas.Picture().copy();
     Paint();
@@ -272,14 +272,14 @@ TEST_F(DocumentTest, UndoAndCompareKeepTheirGuards) {
 
     history.ToggleOriginal();
     history.ToggleOriginal();
-    ASSERT_EQ(shown.size(), 2u);
+    ASSERT_EQ(shown.size(), 2);
     EXPECT_TRUE(shown[0][0].toBool());
     EXPECT_FALSE(shown[1][0].toBool());
     state.CaptureBusy = true;
     history.PerformUndo();
     history.ToggleOriginal();
     EXPECT_EQ(surfaces.picCanvas.Picture(), after);
-    EXPECT_EQ(shown.size(), 2u);
+    EXPECT_EQ(shown.size(), 2);
 }
 
 TEST_F(DocumentTest, ZoomStepsAndTheirViews) {
