@@ -5,8 +5,6 @@
 
 #include "cli/command_line.h"
 #include "cli/commands.h"
-#include "cli/gif_commands.h"
-#include "cli/registry_commands.h"
 
 namespace {
 
@@ -35,8 +33,6 @@ int Run(const QStringList& arguments) {
     if (command == u"apply") return ApplyCommand(words);
     if (command == u"convert") return ConvertCommand(words);
     if (command == u"bench") return BenchCommand(words);
-    if (command == u"gif-info") return GifInfoCommand(words);
-    if (command == u"registry") return RegistryCommand(words);
     if (command == u"help" || command == u"--help" || command == u"-h") {
         std::fputs(kUsage, stdout);
         return kDone;
