@@ -31,7 +31,7 @@ std::vector<Stroke> ReadStrokesFile(const QString& path) {
 /// Where the result of `in` goes inside `folder`: the same name, as PNG where its format can't be written.
 QString NameInFolder(const QString& in, const QString& folder) {
     const QFileInfo name(in);
-    const QString file = CanWrite(in) ? name.fileName() : name.completeBaseName() + QStringLiteral(".png");
+    const QString file = CanWritePicture(in) ? name.fileName() : name.completeBaseName() + QStringLiteral(".png");
     return QDir(folder).filePath(file);
 }
 
@@ -124,7 +124,7 @@ int ApplyCommand(const QStringList& words) {
         }
     } else {
         out = files.takeLast();
-        if (!CanWrite(out)) {
+        if (!CanWritePicture(out)) {
             PrintFailure(out, QStringLiteral("no format that can be written"));
             return kFailed;
         }

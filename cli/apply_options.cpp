@@ -63,11 +63,11 @@ EffectInputs EffectInputsOf(const Effect& effect, const Arguments& arguments) {
         if (arguments.Has("x")) inputs.x = arguments.Integer("x", -kFarthest, kFarthest);
         if (arguments.Has("y")) inputs.y = arguments.Integer("y", -kFarthest, kFarthest);
     }
-    if (effect.color1) {
+    if (effect.color1.label) {
         taken += "color1";
         if (arguments.Has("color1")) inputs.color1 = ColorOf("color1", arguments.options["color1"]);
     }
-    if (effect.color2) {
+    if (effect.color2.label) {
         taken += "color2";
         if (arguments.Has("color2")) inputs.color2 = ColorOf("color2", arguments.options["color2"]);
     }

@@ -38,8 +38,12 @@ QJsonArray Inputs(const Effect& effect) {
         inputs.append(QJsonObject{{"option", "x"}, {"min", 0}, {"max", kCoordinateMax}, {"default", defaults.x}});
         inputs.append(QJsonObject{{"option", "y"}, {"min", 0}, {"max", kCoordinateMax}, {"default", defaults.y}});
     }
-    if (effect.color1) inputs.append(QJsonObject{{"option", "color1"}, {"default", ColorText(*effect.color1)}});
-    if (effect.color2) inputs.append(QJsonObject{{"option", "color2"}, {"default", ColorText(*effect.color2)}});
+    const auto addColor = [&inputs](const char* option, const EffectColor& color) {
+        if (color.label)
+            inputs.append(QJsonObject{{"option", option}, {"label", color.label}, {"default", ColorText(color.value)}});
+    };
+    addColor("color1", effect.color1);
+    addColor("color2", effect.color2);
     if (effect.choice.kind != EffectChoice::Kind::None) {
         QJsonArray names;
         for (const char* name : effect.choice.names) names.append(ShownCaption(QString::fromLatin1(name)));

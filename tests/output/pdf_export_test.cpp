@@ -55,7 +55,7 @@ TEST_F(PdfTest, IndependentToolsFindPagePixelsAndProperties) {
     EXPECT_THAT(info, HasSubstr("Keywords:        Kelu v1.2.3 | "));
     EXPECT_THAT(info, HasSubstr("Creator:         Kelu v1.2.3 | "));
     EXPECT_THAT(info, HasSubstr("Pages:           1"));
-    EXPECT_THAT(info, HasSubstr("144.48 x 95.99"));
+    EXPECT_THAT(info, HasSubstr("144.468 x 95.9921"));
 
     Output("pdfimages", {"-png", path, folder.filePath("image")});
     EXPECT_EQ(QImage(folder.filePath("image-000.png")).convertToFormat(QImage::Format_RGB32), picture);
