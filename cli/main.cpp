@@ -48,6 +48,10 @@ int Run(const QStringList& arguments) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    // Decoders of the libraries below tell their troubles on standard error too; a failure is told once, by us.
+    qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
+        if (type == QtFatalMsg) std::fprintf(stderr, "kelu-cli: %s\n", text.toLocal8Bit().constData());
+    });
     QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("kelu-cli"));
     QCoreApplication::setApplicationVersion(QStringLiteral(KELU_VERSION));

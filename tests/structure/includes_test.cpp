@@ -91,8 +91,9 @@ TEST(Includes, NeverReachUp) {
     for (const auto& [file, targets] : graph)
         for (const std::string& target : targets) {
             EXPECT_LE(FloorOf(target), FloorOf(file)) << file << " includes " << target << " from a floor above";
-            if (file.starts_with("effects/engine/"))
+            if (file.starts_with("effects/engine/")) {
                 EXPECT_TRUE(target.starts_with("effects/engine/")) << file << " includes " << target;
+            }
         }
 }
 
