@@ -82,6 +82,7 @@ EffectPanel::EffectPanel(SharedState& state, QWidget* parent)
 
     lblBS->SetCaption(QStringLiteral("Brush Size"));
     lblDesc->setWordWrap(true);
+    lblDesc->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     lblCoords->SetCaption(QStringLiteral("X,Y Coordinates"));
     cmdApply->SetCaption(QStringLiteral("  Apply"));
     cmdApply->SetLook(ToolButton::Look::Primary);

@@ -28,7 +28,7 @@ struct SmallInputs {
     bool pixels = true;  // lengths in device-independent pixels of the button picture
 };
 constexpr SmallInputs kSmallInputs[] = {
-    {2, 60, 0, false},
+    {2, 40, 0, false},
     {7, 5, 4},
     {8, 3},
     {9, 40, 0, false},
@@ -49,8 +49,7 @@ constexpr int kSmallSquare = 16;  // side of Scramble's and Tile's squares, whos
 
 EffectInputs SampleInputs(const Effect& effect, const QSize& size, qreal ratio) {
     EffectInputs inputs = effect.Defaults();
-    // The point lies in the middle; Brightness 2 counts it in steps of four.
-    inputs.x = effect.number == 12 ? size.width() * 2 : size.width() / 2;
+    inputs.x = size.width() / 2;
     inputs.y = size.height() / 2;
     for (const SmallInputs& small : kSmallInputs) {
         if (small.number != effect.number) continue;

@@ -13,7 +13,8 @@ namespace kelu {
 PanelLabel::PanelLabel(QWidget* parent) : QLabel(parent) {
     setFont(theme::LabelFont());
     setTextFormat(Qt::PlainText);
-    setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    // Boxes of one line are as low as the letters: in the middle nothing of them is cut off.
+    setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     QPalette colors = palette();
     colors.setColor(QPalette::WindowText, theme::kQuietText);
     setPalette(colors);
