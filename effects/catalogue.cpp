@@ -218,7 +218,9 @@ QString Effect::PanelCaption() const {
     return hint ? PanelTitle() + QStringLiteral("\r\n") + QString::fromLatin1(hint) : PanelTitle();
 }
 
-bool Effect::HasInputs() const { return sliders[0].label || ShowsCoordinates() || color1.label || choice.kind != Kind::None; }
+bool Effect::HasInputs() const {
+    return sliders[0].label || ShowsCoordinates() || color1.label || choice.kind != Kind::None;
+}
 
 EffectInputs Effect::Defaults() const {
     EffectInputs inputs;

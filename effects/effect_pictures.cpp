@@ -29,6 +29,7 @@ struct SmallInputs {
 };
 constexpr SmallInputs kSmallInputs[] = {
     {2, 40, 0, false},
+    {3, 110, 0, false},
     {7, 5, 4},
     {8, 3},
     {9, 40, 0, false},

@@ -49,6 +49,10 @@ void EffectSelectors::LoadTips() {
     for (const Effect& effect : Catalogue()) TBSFX->SetTip(effect.number, effect.ButtonTip());
 }
 
+void EffectSelectors::ShowPicture(int number, const QImage& picture) {
+    TBSFX->SetPictures(number, QPixmap::fromImage(picture));
+}
+
 void EffectSelectors::ListSelected() {
     if (Refused()) return;
     if (const Effect* effect = FindEffect(lstSFX->ListIndex() + 1)) Q_EMIT EffectChosen(effect->number);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QImage>
 #include <QObject>
 
 #include "app/shared_state.h"
@@ -26,6 +27,8 @@ class EffectSelectors : public QObject {
     void SetUpSFXList();
     /// Tips of the toolbar's buttons.
     void LoadTips();
+    /// The picture of one toolbar button, 1 to 48; its looks under the pointer and pressed follow from it.
+    void ShowPicture(int number, const QImage& picture);
 
     ListEx* const lstSFX;
     Pager* const pagerTB1;
