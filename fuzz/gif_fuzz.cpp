@@ -10,7 +10,7 @@
 namespace {
 
 // Keeps one round short; larger screens differ in nothing but size.
-constexpr qint64 kMaxPixels = 1 << 20;
+constexpr qint64 kMaxPixels = 1 << 17;
 constexpr int kMaxFrames = 40;
 
 qint64 PixelsToDecode(const kelu::GifStream& stream) {

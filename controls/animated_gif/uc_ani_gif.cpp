@@ -8,12 +8,14 @@
 #include <array>
 
 #include "controls/animated_gif/frame_encoder.h"
+#include "controls/property_bag/property_bag.h"
 #include "platform/units.h"
 
 namespace kelu {
 namespace {
 
 constexpr int kLoadLaterMs = 20;
+constexpr int kDefaultDelayMs = 50;
 constexpr int kCustomPointer = 99;
 constexpr int kMinRemoteBytes = 15;
 
@@ -84,6 +86,7 @@ int ucAniGIF::LoadGifStream(const QByteArray& gifBytes) {
     FreeGif();
     fit_ = GifFit{size()};
     const int frames = strip_.Load(gifBytes);
+    if (frames > 0) gifBytes_ = gifBytes;
     std::vector<int> delays;
     for (int frame = 1; frame <= frames; ++frame) delays.push_back(strip_.Frame(frame).DelayMs);
     clock_.Load(std::move(delays));
@@ -117,6 +120,7 @@ void ucAniGIF::FreeGif() {
     laterTimer_.stop();
     composer_.Reset();
     strip_.Clear();
+    gifBytes_.clear();
     clock_.Load({});
 }
 
@@ -248,6 +252,37 @@ void ucAniGIF::SetMousePointer(int pointer) {
         setCursor(kPointerShapes[static_cast<std::size_t>(pointer)]);
     }
     Q_EMIT PropertyChanged("MousePointer");
+}
+
+void ucAniGIF::ReadProperties(const PropertyBag& bag) {
+    const auto number = [&](const char* name, int defaultValue, int highest) {
+        const int value = bag.ReadProperty(name, defaultValue).toInt();
+        return value >= 0 && value <= highest ? value : defaultValue;
+    };
+    clock_.SetMinFrameDelay(bag.ReadProperty("Delay", kDefaultDelayMs).toInt());
+    stretch_ = static_cast<GifStretch>(number("Stretch", kProportional, kControlToImage));
+    // Older stores hold -1, a plain "yes", which is out of range and so the default.
+    delayAnimation_ = number("DelayLoad", kLoadLater, kLoadLater | kStartByHand);
+    mirrored_ = number("Mirror", 0, 3);
+    setEnabled(bag.ReadProperty("Enabled", true).toBool());
+    mouseIcon_ = bag.ReadProperty("MouseIcon").value<QPixmap>();
+    SetMousePointer(number("MousePointer", 0, kCustomPointer));
+    if (LoadGifStream(bag.ReadProperty("GIF").toByteArray()) > 0) {
+        clock_.SetLoops(bag.ReadProperty("Loops", strip_.Loops()).toInt());
+    }
+}
+
+void ucAniGIF::WriteProperties(PropertyBag& bag) const {
+    bag.WriteProperty("GIF", gifBytes_, QByteArray());
+    bag.WriteProperty("Delay", clock_.MinFrameDelay(), kDefaultDelayMs);
+    bag.WriteProperty("Stretch", static_cast<int>(stretch_), static_cast<int>(kProportional));
+    // Without a value the file's own count is read.
+    bag.WriteProperty("Loops", clock_.Loops(), strip_.Loops());
+    bag.WriteProperty("DelayLoad", delayAnimation_, kLoadLater);
+    bag.WriteProperty("Mirror", mirrored_, 0);
+    bag.WriteProperty("MouseIcon", PictureProperty(mouseIcon_));
+    bag.WriteProperty("MousePointer", mousePointer_, 0);
+    bag.WriteProperty("Enabled", isEnabled(), true);
 }
 
 // Size and painting

@@ -17,6 +17,8 @@
 
 namespace kelu {
 
+class PropertyBag;
+
 class ucAniGIF : public QWidget {
     Q_OBJECT
 
@@ -69,6 +71,10 @@ class ucAniGIF : public QWidget {
     int MousePointer() const { return mousePointer_; }
     void SetMousePointer(int pointer);  ///< 0 the window's own, 1 to 15 a standard shape, 99 MouseIcon; others ignored
 
+    /// Values out of range read as their defaults.
+    void ReadProperties(const PropertyBag& bag);
+    void WriteProperties(PropertyBag& bag) const;
+
     QSize sizeHint() const override;
 
  Q_SIGNALS:
@@ -106,6 +112,7 @@ class ucAniGIF : public QWidget {
     void ResizeToFit();
     void FitTo(const QSize& wanted);
 
+    QByteArray gifBytes_;  // the file, for WriteProperties
     FrameStrip strip_;
     FrameComposer composer_{strip_};
     FrameClock clock_;

@@ -22,7 +22,7 @@ struct Outcome {
     std::string output, errors;
 };
 
-Outcome Run(const QStringList& arguments) {
+Outcome RunCommand(const QStringList& arguments) {
     testing::internal::CaptureStdout();
     testing::internal::CaptureStderr();
     const int status = GifInfoCommand(arguments);
@@ -43,7 +43,7 @@ TEST(GifInfo, DescribesAndDumps) {
                               Header(3, 1) + Netscape(4) + Image(0, 0, 3, 1, {0, 0, 0}) + Control(2, 12, 3) +
                                   Image(1, 0, 1, 1, {1}) + Image(2, 0, 1, 1, {2}) + kTrailer);
     const QString dump = folder.filePath("new/frames");
-    const Outcome outcome = Run({name, "--dump", dump});
+    const Outcome outcome = RunCommand({name, "--dump", dump});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(QJsonDocument::fromJson(outcome.output.c_str()), QJsonDocument::fromJson(R"({
         "width": 3, "height": 1, "loops": 4, "frames": [
@@ -78,7 +78,7 @@ TEST(GifInfo, TellsWhatIsWrong) {
                           {{huge, "--dump", folder.filePath("d")}, 1},
                           {{good, "--dump", good}, 1}};
     for (const Case& test : cases) {
-        const Outcome outcome = Run(test.arguments);
+        const Outcome outcome = RunCommand(test.arguments);
         EXPECT_EQ(outcome.status, test.status) << test.arguments.join(' ').toStdString();
         EXPECT_EQ(outcome.output.empty(), test.status != 0);
         EXPECT_EQ(std::count(outcome.errors.begin(), outcome.errors.end(), '\n'), test.status == 0 ? 0 : 1)

@@ -5,12 +5,14 @@
 #include <gtest/gtest.h>
 
 #include <QFile>
+#include <QMouseEvent>
 #include <QSignalSpy>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QTest>
 
+#include "controls/property_bag/property_bag.h"
 #include "tests/controls/animated_gif/gif_bytes.h"
 
 namespace kelu {
@@ -144,6 +146,29 @@ TEST(AniGif, RefusesValuesOutOfRange) {
     EXPECT_EQ(gif.cursor().shape(), Qt::CrossCursor);
 }
 
+TEST(AniGif, KeepsItsProperties) {
+    ucAniGIF gif;
+    gif.LoadAnimatedGIF_Array(Animation(6));
+    gif.SetMinFrameDelay(70);
+    gif.SetStretch(3);
+    gif.SetMirrored(2);
+    PropertyBag bag;
+    gif.WriteProperties(bag);
+    EXPECT_EQ(bag.Names(), (QStringList{"GIF", "Delay", "Stretch", "Mirror"})) << "what has its default is not kept";
+    ucAniGIF copy;
+    copy.ReadProperties(bag);
+    EXPECT_EQ(copy.FrameCount(), 3);
+    EXPECT_EQ(copy.Loops(), 6) << "the file's own";
+    EXPECT_EQ(copy.MinFrameDelay(), 70);
+    EXPECT_EQ(copy.Stretch(), 3);
+    EXPECT_EQ(copy.Mirrored(), 2);
+    bag.WriteProperty("Loops", 2);
+    bag.WriteProperty("DelayLoad", -1);
+    copy.ReadProperties(bag);
+    EXPECT_EQ(copy.Loops(), 2);
+    EXPECT_EQ(copy.DelayAnimation(), 1);
+}
+
 TEST(AniGif, PaintsScaledAndMirrored) {
     // Left half red, right half blue.
     const QByteArray file = Header(2, 1) + Image(0, 0, 2, 1, {0, 2}) + kTrailer;
@@ -179,7 +204,8 @@ TEST(AniGif, TellsTheMouseInTwips) {
     QTest::mouseClick(&gif, Qt::LeftButton, {}, {1, 1});
     EXPECT_EQ(click.count(), 1);
     EXPECT_EQ(up.count(), 2);
-    QTest::mouseMove(&gif, {7, 8});
+    QMouseEvent moved(QEvent::MouseMove, QPointF(7, 8), QPointF(7, 8), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(&gif, &moved);
     ASSERT_FALSE(move.isEmpty());
     EXPECT_EQ(move.last()[2].toInt(), 105);
 }
