@@ -27,7 +27,7 @@ namespace {
 
 constexpr int kSplashTime = 3500;  // ms
 constexpr int kSettingsTime = 2;   // ms
-constexpr QColor kHatch(200, 200, 200);
+constexpr QColor kHatch(200, 200, 200, 40);  // laid thinly over the dark ground, or it would outshine the picture
 
 QString DataFile(const char* name) {
     return QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("data/") + QLatin1String(name));
@@ -122,10 +122,12 @@ bool frmMain::Start() {
 }
 
 void frmMain::EndSplash() {
+    tmrSplash_.stop();
     controls.picCover->hide();
     controls.ShowTools(true);
     tmrSettings_.start();
     controls.picLogo->hide();
+    controls.picCanvas->setFocus();
 }
 
 void frmMain::Run(Command command) {

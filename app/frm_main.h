@@ -47,6 +47,8 @@ class frmMain : public QWidget, private StartUpSteps {
     void OpenPicture(const QString& path) { openSave_.Drop(path); }
 
     void Run(Command command);
+    /// Uncovers the tools; runs by itself 3.5 s after the window was made.
+    void EndSplash();
 
     // For those who drive the window from outside: dialogs and tests.
     Surfaces surfaces;
@@ -59,7 +61,6 @@ class frmMain : public QWidget, private StartUpSteps {
 
  private:
     void Connect();
-    void EndSplash();
 
     // Steps of the start.
     bool AnotherInstanceRuns() override { return services_.anotherInstanceRuns && services_.anotherInstanceRuns(); }

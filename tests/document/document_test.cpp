@@ -16,26 +16,10 @@
 #include "document/zoom_view.h"
 #include "platform/error.h"
 #include "tests/support/scripted_dialog.h"
+#include "tests/support/scripted_save_dialog.h"
 
 namespace kelu {
 namespace {
-
-/// Answers with the names put into it; an empty list cancels.
-class ScriptedSaveDialog : public SaveDialog {
- public:
-    QStringList names;
-    int chosenFilter = kPngFilter;
-    int shown = 0;
-    int offeredFilter = 0;
-    bool Show(QString& fileName, int& filterIndex) override {
-        ++shown;
-        offeredFilter = filterIndex;
-        if (names.isEmpty()) return false;
-        fileName = names.takeFirst();
-        filterIndex = chosenFilter;
-        return !fileName.isEmpty();
-    }
-};
 
 struct DocumentTest : testing::Test {
     QTemporaryDir folder;

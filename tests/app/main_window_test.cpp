@@ -1,0 +1,205 @@
+// The main job through the real window: open, choose, apply, brush with the mouse, undo, save, leave.
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include "app/frm_main.h"
+#include "controls/list_ex/list_ex.h"
+#include "controls/slider/ls_slider.h"
+#include "controls/status_bar/status_bar.h"
+#include "controls/tool_button/tool_button.h"
+#include "controls/toolbox/toolbox.h"
+#include "effects/effect_panel.h"
+#include "effects/effect_selectors.h"
+#include "tests/support/memory_settings.h"
+#include "tests/support/scripted_dialog.h"
+#include "tests/support/scripted_save_dialog.h"
+
+namespace kelu {
+namespace {
+
+constexpr int kEmboss = 20;
+constexpr int kGrayscale = 1;
+
+struct MainWindowTest : testing::Test {
+    QTemporaryDir folder;
+    MemorySettings settings;
+    SharedState state;
+    ScriptedDialog dialog;
+    ScriptedSaveDialog saveDialog;
+    frmMain window{state, {settings, dialog, saveDialog, {}}};
+    ImageX& canvas = *window.controls.picCanvas;
+
+    void SetUp() override {
+        window.Start();
+        window.show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+        window.EndSplash();
+        QTest::qWait(20);  // the settings timer
+        dialog.shown.clear();
+    }
+
+    void OpenPhoto() {
+        QImage image(400, 300, QImage::Format_RGB32);
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x) image.setPixel(x, y, qRgb(x % 256, y % 256, (x * y) % 256));
+        ASSERT_TRUE(image.save(folder.filePath("photo.png")));
+        window.OpenPicture(folder.filePath("photo.png"));
+        ASSERT_TRUE(state.ImageActive);
+    }
+    void Choose(int effect) {
+        Toolbox& toolbar = *window.controls.selectors->TBSFX;
+        QTest::mouseClick(toolbar.Button(effect), Qt::LeftButton);
+        ASSERT_EQ(state.CurrentSFX, effect);
+    }
+    void Apply() { QTest::mouseClick(window.controls.pnlSettings->cmdApply, Qt::LeftButton); }
+
+    /// The widget's point over the middle of an image pixel.
+    QPoint Over(int x, int y) const {
+        const QRectF shown = canvas.ImageRect();
+        const double scale = shown.width() / window.surfaces.picCanvas.ImageWidth();
+        return QPointF(shown.left() + (x + 0.5) * scale, shown.top() + (y + 0.5) * scale).toPoint();
+    }
+    void Stroke(const std::vector<QPoint>& points, Qt::MouseButton button = Qt::LeftButton) {
+        QTest::mousePress(&canvas, button, {}, Over(points[0].x(), points[0].y()));
+        for (const QPoint& point : points) QTest::mouseMove(&canvas, Over(point.x(), point.y()));
+        QTest::mouseRelease(&canvas, button, {}, Over(points.back().x(), points.back().y()));
+    }
+    QImage Canvas() const { return window.surfaces.picCanvas.Picture().copy(); }
+};
+
+TEST_F(MainWindowTest, BrushesAnEffectOnTakesItBackAndSavesIt) {
+    OpenPhoto();
+    Choose(kGrayscale);
+    window.controls.pnlSettings->sldBrushSize->SetValue(20);
+    const QImage original = Canvas();
+    Apply();
+    ASSERT_EQ(dialog.shown.size(), 1u) << "the reminder";
+    EXPECT_TRUE(state.EffectReady);
+    EXPECT_FALSE(state.ImageDirty) << "a render changes nothing that the user sees";
+    EXPECT_EQ(Canvas(), original);
+
+    Stroke({{100, 100}, {150, 100}, {200, 100}});
+    const QImage painted = Canvas();
+    const QImage pen = window.surfaces.picPen.Picture();
+    EXPECT_TRUE(state.ImageDirty);
+    int changed = 0;
+    for (int y = 0; y < painted.height(); ++y)
+        for (int x = 0; x < painted.width(); ++x) {
+            const double dx = x < 100 ? 100 - x : x > 200 ? x - 200 : 0;
+            const double distance = std::sqrt(dx * dx + (y - 100.0) * (y - 100.0));
+            if (distance < 8) {
+                ASSERT_EQ(painted.pixel(x, y), pen.pixel(x, y)) << x << "," << y << " lies inside the stroke";
+            } else if (distance > 12) {
+                ASSERT_EQ(painted.pixel(x, y), original.pixel(x, y)) << x << "," << y << " lies outside the stroke";
+            }
+            changed += painted.pixel(x, y) != original.pixel(x, y);
+        }
+    EXPECT_GT(changed, 1500);
+
+    QTest::keyClick(&window, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Canvas(), original);
+    EXPECT_TRUE(state.ImageDirty);
+    QTest::keyClick(&window, Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(Canvas(), painted);
+    QTest::keyClick(&window, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(Canvas(), painted);
+
+    saveDialog.names = {folder.filePath("out.png")};
+    QTest::keyClick(&window, Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(QImage(folder.filePath("out.png")).convertToFormat(QImage::Format_RGB32), painted);
+    EXPECT_FALSE(state.ImageDirty);
+    EXPECT_FALSE(state.ImageActive);
+}
+
+TEST_F(MainWindowTest, PaintsUnderThePointerAtEveryZoom) {
+    OpenPhoto();
+    Choose(kGrayscale);
+    window.controls.pnlSettings->sldBrushSize->SetValue(6);
+    Apply();
+    for (const int percent : {100, 250, 60}) {
+        window.controls.picCanvas->SetZoomPercent(percent);
+        window.controls.picCanvas->SetFreeView();
+        const QImage before = Canvas();
+        const QPoint middle(window.surfaces.picCanvas.ImageWidth() / 2 - percent / 10, 140 + percent / 5);
+        Stroke({middle, middle + QPoint(2, 0)});
+        QRect changed;
+        const QImage after = Canvas();
+        for (int y = 0; y < after.height(); ++y)
+            for (int x = 0; x < after.width(); ++x)
+                if (after.pixel(x, y) != before.pixel(x, y)) changed |= QRect(x, y, 1, 1);
+        ASSERT_FALSE(changed.isEmpty()) << percent;
+        EXPECT_LE((changed.center() - (middle + QPoint(1, 0))).manhattanLength(), 3) << percent;
+    }
+}
+
+TEST_F(MainWindowTest, OtherButtonsOpenALevelButPaintNothing) {
+    OpenPhoto();
+    const QImage original = Canvas();
+    Stroke({{50, 50}, {90, 90}});
+    EXPECT_FALSE(state.ImageDirty) << "unarmed: nothing at all";
+    EXPECT_FALSE(window.surfaces.picCanvas.CanUndo());
+
+    Choose(kEmboss);
+    Apply();
+    Stroke({{50, 50}, {90, 90}}, Qt::RightButton);
+    EXPECT_EQ(Canvas(), original);
+    EXPECT_TRUE(state.ImageDirty);
+    EXPECT_TRUE(window.surfaces.picCanvas.CanUndo());
+}
+
+TEST_F(MainWindowTest, RefusesEffectsWithoutAPicture) {
+    QTest::mouseClick(window.controls.selectors->TBSFX->Button(kEmboss), Qt::LeftButton);
+    EXPECT_EQ(state.CurrentSFX, 0);
+    EXPECT_FALSE(window.controls.pnlSettings->cmdApply->isVisible());
+    Apply();
+    EXPECT_FALSE(state.EffectReady);
+}
+
+TEST_F(MainWindowTest, StatusBarTellsThePictureAndTheVersion) {
+    EXPECT_TRUE(window.controls.sBar1->PanelText(1).endsWith("  by Tarvane Design"));
+    EXPECT_FALSE(window.controls.picZoomContainer->isVisible());
+    OpenPhoto();
+    EXPECT_EQ(window.controls.sBar1->PanelText(2), "photo.png - (400 x 300 / 24 bits)");
+    EXPECT_TRUE(window.controls.picZoomContainer->isVisible());
+    window.Run(Command::ZoomIn);
+    EXPECT_TRUE(window.controls.sBar1->PanelText(2).startsWith("photo.png - [400 x 300 / 24 bits / "));
+}
+
+TEST_F(MainWindowTest, TheSelectorSettingChoosesListOrToolbar) {
+    EXPECT_TRUE(window.controls.selectors->TBSFX->isVisible());
+    EXPECT_FALSE(window.controls.selectors->lstSFX->isVisible());
+    EXPECT_EQ(window.controls.selectors->lstSFX->Count(), 48);
+    EXPECT_EQ(window.controls.Button(Command::Restore).Tip(), "Maximize");
+    window.Run(Command::Restore);
+    EXPECT_EQ(window.controls.Button(Command::Restore).Tip(), "Restore Down");
+    EXPECT_TRUE(state.WindowMaximised);
+    window.Run(Command::Restore);
+    EXPECT_EQ(window.controls.Button(Command::Restore).Tip(), "Maximize");
+}
+
+TEST_F(MainWindowTest, ClosingAsksForUnsavedChanges) {
+    OpenPhoto();
+    Choose(kGrayscale);
+    Apply();
+    Stroke({{50, 50}, {90, 90}});
+    dialog.shown.clear();
+    dialog.answers = {MsgDialog::kCancel};
+    window.Run(Command::Close);
+    EXPECT_TRUE(window.isVisible());
+    ASSERT_EQ(dialog.shown.size(), 1u);
+    EXPECT_EQ(dialog.shown[0].text, "Save changes to 'photo.png'?\r\n");
+    dialog.answers = {MsgDialog::kCancel};
+    EXPECT_FALSE(window.close()) << "the window system's close request asks too";
+    dialog.answers = {MsgDialog::kNo};
+    window.Run(Command::Close);
+    EXPECT_FALSE(window.isVisible());
+}
+
+}  // namespace
+}  // namespace kelu
