@@ -28,6 +28,8 @@ std::vector<EffectRow> AllRows() {
              BorderRows,
              LumaMapRows,
              NeighbourhoodRows,
+             WarpRows,
+             WindowRows,
          })
         for (EffectRow& row : family()) rows.push_back(std::move(row));
     return rows;
