@@ -43,10 +43,12 @@ Box VerticalBar(const Box& client, double fraction, const Chunks& chunks) {
     return bar;
 }
 
-int FillEnd(const Box& bar, const Box& client) {
-    const int end = bar.right < 15 ? 12 : bar.right;
-    return end + 4 > client.right ? end - 4 : end;
+Box ShownBar(Box bar) {
+    if (bar.right < 15) bar.right = 12;
+    return bar;
 }
+
+int FillEnd(const Box& bar, const Box& client) { return bar.right + 4 > client.right ? bar.right - 4 : bar.right; }
 
 std::vector<Box> HorizontalGaps(const Box& client, const Box& bar, const Chunks& chunks) {
     std::vector<Box> gaps;

@@ -42,8 +42,10 @@ inline constexpr int kChunkInset = 3;
 Box HorizontalBar(const Box& client, double fraction, const Chunks& chunks);
 Box VerticalBar(const Box& client, double fraction, const Chunks& chunks);
 
-/// Right end of the fill that is drawn for a horizontal bar: never less than one chunk, so that 0 shows too, and off
-/// the client area's right side.
+/// A horizontal bar as it is shown: never less than one chunk, so that 0 shows too.
+Box ShownBar(Box bar);
+
+/// Right end of a horizontal bar's fill: off the client area's right side.
 int FillEnd(const Box& bar, const Box& client);
 
 /// The gaps of a chunked bar, each across the whole client area.

@@ -82,8 +82,9 @@ void PaintThemeChrome(const Canvas& canvas) {
         int x, y;
         ColorRef color;
     };
-    constexpr Pixel kCorner[] = {{0, 0, 0xFFFFFF}, {1, 0, 0xA6ABAC}, {2, 0, 0x7D7E7F}, {0, 1, 0xA7ABAC},
-                                 {0, 2, 0x777777}, {1, 1, 0x777777}, {2, 1, 0xBEBEBE}, {1, 2, 0xBEBEBE}};
+    // From the outside in; the brightest lies innermost, so that no bright dot sits on a dark ground.
+    constexpr Pixel kCorner[] = {{0, 0, 0x777777}, {1, 0, 0x7D7E7F}, {0, 1, 0x7D7E7F}, {1, 1, 0xA6ABAC},
+                                 {2, 1, 0xA7ABAC}, {1, 2, 0xA7ABAC}, {2, 2, 0xBEBEBE}, {3, 3, 0xFFFFFF}};
     for (const Pixel& pixel : kCorner) {
         for (const int x : {pixel.x, right - pixel.x}) {
             for (const int y : {pixel.y, bottom - pixel.y}) FillBox(painter, {x, y, x + 1, y + 1}, pixel.color);
@@ -145,10 +146,9 @@ void PaintTheme(const Canvas& canvas) {
             for (const Box& gap : VerticalGaps(client, bar, chunks)) FillBox(canvas.painter, gap, kWhite);
         }
     } else {
-        Box bar = HorizontalBar(client, canvas.Fraction(), chunks);
+        const Box bar = ShownBar(HorizontalBar(client, canvas.Fraction(), chunks));
         FillChunksHorizontal(canvas, bar);
         if (canvas.state.look == kChunked) {
-            bar.right = std::max(bar.right, 12);
             for (const Box& gap : HorizontalGaps(client, bar, chunks)) FillBox(canvas.painter, gap, kWhite);
         }
     }

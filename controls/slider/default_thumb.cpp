@@ -14,13 +14,13 @@ constexpr QRgb kLight = 0xFFCDCDCD;
 constexpr QRgb kShade = 0xFF4A4A4A;
 constexpr QRgb kGrip = 0xFF333333;
 
-/// Nine dents, each a dark pixel with light falling on its lower right side.
+/// Nine dents, each a dark pixel with light falling on its lower right corner.
 void PaintGrip(QPainter& painter) {
     for (int row = 0; row < 3; ++row) {
         for (int column = 0; column < 3; ++column) {
             const QPointF dent(4 + 3 * column, 4 + 3 * row);
-            painter.fillRect(QRectF(dent, QSizeF(2, 2)), QColor(kLight));
-            painter.fillRect(QRectF(dent, QSizeF(1.5, 1.5)), QColor(kGrip));
+            painter.fillRect(QRectF(dent, QSizeF(1, 1)), QColor(kGrip));
+            painter.fillRect(QRectF(dent + QPointF(1, 1), QSizeF(1, 1)), QColor(kLight));
         }
     }
 }
@@ -45,7 +45,6 @@ void PaintDefaultThumb(QPainter& painter, QPointF place) {
     body.setColorAt(1, QColor(kBodyBottom));
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.fillRect(all.adjusted(2, 2, -2, -2), body);
-    painter.setRenderHint(QPainter::Antialiasing);
     PaintGrip(painter);
     painter.restore();
 }

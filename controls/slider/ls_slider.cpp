@@ -240,7 +240,7 @@ void LsSlider::mousePressEvent(QMouseEvent* event) {
         grab_ = QPointF(thumb.width() / 2, thumb.height() / 2);
         MoveThumbTo(pointer);
     }
-    if (showValueTip_) ShowTip();
+    if (showValueTip_ && dragging_) ShowTip();
     Q_EMIT MouseDown(ShiftState(*event));
 }
 

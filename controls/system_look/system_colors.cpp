@@ -32,7 +32,7 @@ SystemColors SystemColors::Dark() {
     SystemColors colors;
     colors.window = QColor(0x262626U);
     colors.windowText = QColor(0xC8C8C8U);
-    colors.highlight = QColor(0x3A78C2U);
+    colors.highlight = QColor(0xF2A541U);
     colors.buttonFace = QColor(0x333333U);
     colors.buttonShadow = QColor(0x1F1F1FU);
     colors.buttonText = QColor(0xC8C8C8U);

@@ -1,0 +1,244 @@
+// The progress bar as a window: what stands on it pixel by pixel, when it draws, what it keeps.
+// SPDX-License-Identifier: MIT
+#include "controls/progress_bar/xp_progress_bar.h"
+
+#include <gmock/gmock.h>
+
+#include <QAccessible>
+#include <QAccessibleWidget>
+#include <QTest>
+
+#include "controls/progress_bar/bar_looks.h"
+#include "controls/property_bag/property_bag.h"
+
+namespace kelu {
+namespace {
+
+using testing::ElementsAre;
+
+constexpr ColorRef kBlue = 0xC02000;
+
+QImage Shot(const bar::State& state, const QSize& size = {160, 19}) {
+    QImage picture(size, QImage::Format_RGB32);
+    picture.fill(Qt::magenta);
+    QPainter painter(&picture);
+    bar::Paint(painter, size, state);
+    return picture;
+}
+
+TEST(ProgressLooks, DefaultLookPixelByPixel) {
+    bar::State state;
+    state.color = 0;
+    state.percent = 50;
+    const QImage shot = Shot(state);
+    // Middle row: frame, two shades, ground, then chunks of 6 and gaps of 2 up to 83.
+    QString row;
+    for (int x = 0; x < 90; ++x) {
+        const int grey = qGray(shot.pixel(x, 9));
+        row += QLatin1Char(grey == 0x68 ? 'F' : grey == 0xBE ? 'o' : grey == 0xEF ? 'i' : grey == 255 ? '.' : '#');
+    }
+    EXPECT_EQ(row.toStdString(), "Foi." + QString("######..").repeated(10).toStdString() + "......");
+    // Down a chunk: shading from light to the colour and back.
+    QString column;
+    for (int y = 0; y < 19; ++y) column += QString::number(qGray(shot.pixel(6, y)), 16) + ' ';
+    EXPECT_EQ(column.toStdString(), "68 be ef 96 7d 64 4b 32 0 0 19 32 4b 64 7d 96 ff ef 68 ");
+    EXPECT_EQ(qGray(shot.pixel(80, 16)), 255);
+
+    state.percent = 0;
+    const QImage empty = Shot(state);
+    EXPECT_EQ(qGray(empty.pixel(9, 9)), 0) << "a value of 0 still shows a chunk";
+    EXPECT_EQ(qGray(empty.pixel(12, 9)), 255);
+}
+
+TEST(ProgressLooks, EachFillsToItsPosition) {
+    const struct {
+        int look;
+        int last;  ///< last column of the bar's colour in a middle row at 50 percent of 160 pixels
+        QRgb ground;
+    } rows[] = {
+        {bar::kFlat, 79, 0xFFFFFF},    {bar::kSunken, 79, 0xFFFFFF}, {bar::kPattern, 78, 0xFFFFFF},
+        {bar::kHatched, 78, 0xFFFFFF}, {bar::kGlass, 79, 0xFFFFFF},
+    };
+    bar::State state;
+    state.color = kBlue;
+    state.percent = 50;
+    state.image = QPixmap(4, 4);
+    state.image.fill(Qt::red);
+    for (const auto& row : rows) {
+        state.look = row.look;
+        state.vertical = false;
+        const QImage across = Shot(state);
+        EXPECT_NE(across.pixel(row.last, 10) & 0xFFFFFF, row.ground) << row.look;
+        EXPECT_EQ(across.pixel(row.last + 1, 10) & 0xFFFFFF, row.ground) << row.look;
+        // A vertical bar grows from the bottom, by the same pixels.
+        state.vertical = true;
+        const QImage up = Shot(state, {19, 160});
+        EXPECT_NE(up.pixel(10, 159 - row.last) & 0xFFFFFF, row.ground) << row.look;
+        EXPECT_EQ(up.pixel(10, 158 - row.last) & 0xFFFFFF, row.ground) << row.look;
+    }
+}
+
+TEST(ProgressLooks, EveryLookAtEverySizeStaysInside) {
+    bar::State state;
+    state.color = kBlue;
+    state.showText = true;
+    for (int look = -1; look <= 10; ++look) {
+        for (const QSize& size : {QSize(1, 1), QSize(5, 3), QSize(12, 40), QSize(40, 12), QSize(300, 20)}) {
+            for (const int percent : {-300, 0, 50, 100}) {
+                for (const bool vertical : {false, true}) {
+                    state.look = look;
+                    state.percent = percent;
+                    state.vertical = vertical;
+                    const QImage shot = Shot(state, size);
+                    for (int y = 0; y < size.height(); ++y) {
+                        for (int x = 0; x < size.width(); ++x) {
+                            ASSERT_NE(shot.pixel(x, y), QColor(Qt::magenta).rgb()) << look << ": left unpainted";
+                        }
+                    }
+                }
+            }
+        }
+    }
+}
+
+TEST(ProgressLooks, TextChangesColourAtTheBarsEnd) {
+    bar::State state;
+    state.look = bar::kGlass;
+    state.color = 0x000000;
+    state.showText = true;
+    state.font.setPixelSize(40);
+    const auto inkOf = [&](int percent) {
+        state.percent = percent;
+        const QImage shot = Shot(state, {200, 60});
+        state.showText = false;
+        const QImage bare = Shot(state, {200, 60});
+        state.showText = true;
+        bool dark = false, bright = false;
+        for (int y = 0; y < 60; ++y) {
+            for (int x = 0; x < 200; ++x) {
+                const int change = qGray(shot.pixel(x, y)) - qGray(bare.pixel(x, y));
+                dark |= change < -200;
+                bright |= change > 100;
+                // Bright text stands on the bar only, dark text beside it only.
+                EXPECT_FALSE(change < -200 && x < percent * 2) << percent << " at " << x;
+                EXPECT_FALSE(change > 100 && x >= percent * 2) << percent << " at " << x;
+            }
+        }
+        return std::pair(dark, bright);
+    };
+    EXPECT_EQ(inkOf(5), std::pair(true, false));
+    EXPECT_EQ(inkOf(50), std::pair(true, true));
+    EXPECT_EQ(inkOf(98), std::pair(false, true));
+}
+
+class CountingBar : public XP_ProgressBar {
+ public:
+    int drawn = 0;
+
+ protected:
+    void paintEvent(QPaintEvent* event) override {
+        ++drawn;
+        XP_ProgressBar::paintEvent(event);
+    }
+};
+
+TEST(ProgressBar, DrawsAtOnce) {
+    CountingBar bar;
+    bar.resize(160, 19);
+    bar.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&bar));
+    QTest::qWait(20);
+    const auto drawings = [&](const std::function<void()>& write) {
+        const int before = bar.drawn;
+        write();
+        return bar.drawn - before;
+    };
+    EXPECT_EQ(drawings([&] { bar.SetValue(40); }), 1);
+    EXPECT_EQ(drawings([&] { bar.SetColor(kBlue); }), 1);
+    EXPECT_EQ(drawings([&] { bar.SetScrolling(3); }), 1);
+    EXPECT_EQ(drawings([&] { bar.SetShowText(true); }), 1);
+    EXPECT_EQ(drawings([&] { bar.SetMax(200), bar.SetMin(1), bar.SetBrushStyle(5); }), 0);
+}
+
+TEST(ProgressBar, ValuePastTheMaximumIsAHundredPercent) {
+    XP_ProgressBar bar;
+    bar.SetValue(100);
+    EXPECT_EQ(bar.Percent(), 100);
+    bar.SetValue(250);
+    EXPECT_EQ(bar.Percent(), 100);
+    EXPECT_EQ(bar.Value(), 100);
+}
+
+TEST(ProgressBar, BufferOnlyGrows) {
+    XP_ProgressBar bar;
+    bar.resize(160, 19);
+    bar.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&bar));
+    EXPECT_EQ(bar.BufferSize(), QSize(160, 19));
+    bar.resize(80, 10);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(bar.BufferSize(), QSize(160, 19));
+    bar.resize(90, 30);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(bar.BufferSize(), QSize(160, 30));
+    // What shows is the bar at its present size, not a part of an old drawing.
+    EXPECT_EQ(bar.grab().toImage().pixelColor(45, 29), QColor(0x68, 0x68, 0x68));
+}
+
+TEST(ProgressBar, PropertiesGoThroughTheStore) {
+    XP_ProgressBar bar;
+    bar.SetColor(kBlue);
+    PropertyBag bag;
+    bar.WriteProperties(bag);
+    EXPECT_EQ(bag.Names(), QStringList({"Color"}));
+
+    QFont font;
+    font.setPixelSize(9);
+    QPixmap pattern(4, 4);
+    pattern.fill(Qt::red);
+    bar.SetFont(font);
+    bar.SetBrushStyle(5);
+    bar.SetImage(pattern);
+    bar.SetMax(200);
+    bar.SetMin(1);
+    bar.SetOrientation(XP_ProgressBar::kVertical);
+    bar.SetScrolling(7);
+    bar.SetShowText(true);
+    bar.SetValue(100);
+    bag = {};
+    bar.WriteProperties(bag);
+    EXPECT_EQ(bag.Names(), QStringList({"Font", "BrushStyle", "Color", "Image", "Max", "Min", "Orientation",
+                                        "Scrolling", "ShowText", "Value"}));
+    XP_ProgressBar other;
+    std::vector<QString> told;
+    QObject::connect(&other, &XP_ProgressBar::PropertyChanged, &other,
+                     [&](const QString& name) { told.push_back(name); });
+    other.ReadProperties(bag);
+    EXPECT_THAT(told, ElementsAre("Font", "BrushStyle", "Color", "Image", "Max", "Min", "Orientation", "Scrolling",
+                                  "ShowText", "Value"));
+    EXPECT_EQ(other.Color(), kBlue);
+    EXPECT_EQ(other.BrushStyle(), 5);
+    EXPECT_EQ(other.Font().pixelSize(), 9);
+    EXPECT_EQ(other.Max(), 200);
+    EXPECT_EQ(other.Orientation(), XP_ProgressBar::kVertical);
+}
+
+TEST(ProgressBar, SystemColourIsTranslatedWhenWritten) {
+    XP_ProgressBar bar;
+    bar.SetColor(kHighlightColor);
+    EXPECT_EQ(bar.Color(), ToColorRef(SystemColors::Light().highlight));
+}
+
+TEST(ProgressBar, ScreenReaderReadsThePercent) {
+    XP_ProgressBar bar;
+    bar.SetMax(200);
+    bar.SetValue(50);
+    QAccessibleInterface* reader = QAccessible::queryAccessibleInterface(&bar);
+    ASSERT_NE(reader, nullptr);
+    EXPECT_EQ(reader->role(), QAccessible::ProgressBar);
+    EXPECT_EQ(reader->text(QAccessible::Value), "25 %");
+    EXPECT_EQ(reader->valueInterface()->currentValue().toInt(), 25);
+}
+
+}  // namespace
+}  // namespace kelu
