@@ -41,15 +41,22 @@ frmValueTip::frmValueTip(QWidget* window)
 frmValueTip& frmValueTip::Shared(const QWidget& owner) {
     QPointer<frmValueTip>& tip = SharedTip();
     if (!tip || tip->parentWidget() != owner.window()) {
-        delete tip.data();
+        Unload();
         tip = new frmValueTip(owner.window());
     }
     return *tip;
 }
 
-bool frmValueTip::IsLoaded() { return !SharedTip().isNull(); }
+frmValueTip* frmValueTip::Loaded() { return SharedTip(); }
 
-void frmValueTip::Unload() { delete SharedTip().data(); }
+void frmValueTip::Unload() {
+    QPointer<frmValueTip>& tip = SharedTip();
+    if (!tip) return;
+    // Not deleted at once: a drag may end while the window goes through its children to hide them.
+    tip->hide();
+    tip->deleteLater();
+    tip.clear();
+}
 
 QSize frmValueTip::SetNumber(int value) {
     const QString number = QString::number(value);
@@ -61,7 +68,8 @@ QSize frmValueTip::SetNumber(int value) {
 
 void frmValueTip::ShowAt(const QRect& place) {
     setGeometry(place);
-    if (!isVisible()) show();
+    if (isVisible()) return;
+    show();
     raise();
 }
 

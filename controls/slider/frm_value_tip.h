@@ -14,7 +14,8 @@ class frmValueTip : public QWidget {
  public:
     /// The shared instance, made when there is none, kept above the window of `owner`.
     static frmValueTip& Shared(const QWidget& owner);
-    static bool IsLoaded();
+    /// The shared instance, or null when there is none.
+    static frmValueTip* Loaded();
     static void Unload();
 
     /// Sets the number and returns the label's size in widget pixels.

@@ -52,17 +52,18 @@ class SliderTest : public testing::Test {
     }
     void Release(int x, int y = 8) { QTest::mouseRelease(slider_, Qt::LeftButton, {}, {x, y}); }
 
-    static frmValueTip* Tip() {
-        for (QWidget* widget : QApplication::topLevelWidgets()) {
-            if (auto* tip = qobject_cast<frmValueTip*>(widget)) return tip;
-        }
-        return nullptr;
-    }
+    static frmValueTip* Tip() { return frmValueTip::Loaded(); }
 
     QWidget window_;
     LsSlider* slider_ = nullptr;
     std::vector<std::string> heard_;
 };
+
+/// Colour in the middle of a widget pixel, at any device pixel ratio.
+QColor At(const QImage& shot, int x, int y) {
+    const double ratio = shot.devicePixelRatio();
+    return shot.pixelColor(static_cast<int>((x + 0.5) * ratio), static_cast<int>((y + 0.5) * ratio));
+}
 
 int ErrorOf(const std::function<void()>& write) {
     try {
@@ -230,21 +231,21 @@ TEST_F(SliderTest, PicturesDecideTheSize) {
     EXPECT_EQ(slider_->ThumbRect(), QRectF(0, 2, 10, 20));
 
     const QImage shot = slider_->grab().toImage();
-    EXPECT_EQ(shot.pixelColor(5, 12), QColor(Qt::green));
-    EXPECT_EQ(shot.pixelColor(50, 0), QColor(Qt::red));
-    EXPECT_EQ(shot.pixelColor(92, 12), TranslateColor(kButtonFaceColor));
+    EXPECT_EQ(At(shot, 5, 12), QColor(Qt::green));
+    EXPECT_EQ(At(shot, 50, 0), QColor(Qt::red));
+    EXPECT_EQ(At(shot, 92, 12), TranslateColor(kButtonFaceColor));
 }
 
 TEST_F(SliderTest, SunkenRailOnItsGround) {
     slider_->SetBackColor(0x332211);
     slider_->SetValue(10);
     const QImage shot = slider_->grab().toImage();
-    EXPECT_EQ(shot.pixelColor(0, 0), QColor(0x11, 0x22, 0x33));
+    EXPECT_EQ(At(shot, 0, 0), QColor(0x11, 0x22, 0x33));
     const SystemColors& colors = SystemColors::Current();
-    EXPECT_EQ(shot.pixelColor(20, 6), colors.buttonShadow);
-    EXPECT_EQ(shot.pixelColor(20, 7), colors.darkShadow);
-    EXPECT_EQ(shot.pixelColor(20, 8), colors.light);
-    EXPECT_EQ(shot.pixelColor(20, 9), colors.buttonHighlight);
+    EXPECT_EQ(At(shot, 20, 6), colors.buttonShadow);
+    EXPECT_EQ(At(shot, 20, 7), colors.darkShadow);
+    EXPECT_EQ(At(shot, 20, 8), colors.light);
+    EXPECT_EQ(At(shot, 20, 9), colors.buttonHighlight);
 }
 
 TEST_F(SliderTest, PropertiesGoThroughTheStore) {
