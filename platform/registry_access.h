@@ -66,9 +66,10 @@ class clsRegistryAccess {
     static QString BinToStr(const QByteArray& raw);
     static bool isBinValid(const QString& text);
 
- private:
-    /// Path inside the store; empty for an unknown root.
+    /// A key path as the store has it, with the long root name; empty for an unknown root.
     static QString ParseKey(const QString& keyPath);
+
+ private:
     quint32 Write(const QString& keyPath, const RegistryValue& value);
     bool ExportKey(const QString& keyPath, const QString& fileName, bool withSubKeys, const TextBox& textBox);
     void ImportLines(const QStringList& lines);

@@ -1,0 +1,153 @@
+// Whole or not at all: failures, full disks and kills at any moment leave the old file and nothing else.
+// SPDX-License-Identifier: MIT
+#include "platform/atomic_file.h"
+
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <QDir>
+#include <QTemporaryDir>
+
+#include "platform/error.h"
+
+namespace kelu {
+namespace {
+
+struct AtomicFileTest : testing::Test {
+    QTemporaryDir folder;
+    const QString path = folder.filePath("target.bin");
+
+    static QByteArray Content(const QString& name) {
+        QFile file(name);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
+    }
+    static void Put(const QString& name, const QByteArray& bytes) {
+        AtomicFile file(name);
+        file.Write(bytes);
+        file.Commit();
+    }
+    static int Mode(const QString& name) {
+        struct stat state {};
+        return ::stat(QFile::encodeName(name).constData(), &state) == 0 ? state.st_mode & 07777 : -1;
+    }
+    QStringList Entries() {
+        return QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    }
+};
+
+TEST_F(AtomicFileTest, CommitReplacesAndNoCommitLeavesAlone) {
+    Put(path, "old");
+    {
+        AtomicFile file(path);
+        file.Write("new");
+        file.Device().flush();
+        EXPECT_EQ(Content(path), "old");
+    }
+    EXPECT_EQ(Content(path), "old");
+    AtomicFile file(path);
+    file.Write("new and longer");
+    ASSERT_TRUE(file.Device().seek(0));  // formats go back to fill in their headers
+    file.Write("NEW");
+    file.Commit();
+    EXPECT_EQ(Content(path), "NEW and longer");
+    EXPECT_THROW(file.Commit(), Error);
+    EXPECT_EQ(Entries(), QStringList("target.bin"));
+}
+
+TEST_F(AtomicFileTest, KeepsPermissionsAndFollowsLinks) {
+    const mode_t old = ::umask(027);
+    Put(path, "1");
+    EXPECT_EQ(Mode(path), 0640);
+    ::umask(old);
+    ::chmod(QFile::encodeName(path).constData(), 0604);
+    Put(path, "2");
+    EXPECT_EQ(Mode(path), 0604);
+    AtomicFile secret(path, AtomicFile::Access::Private);
+    secret.Commit();
+    EXPECT_EQ(Mode(path), 0600);
+
+    ASSERT_TRUE(QDir(folder.path()).mkdir("real"));
+    ASSERT_TRUE(QFile::link("real/not there yet", folder.filePath("link")));
+    ASSERT_TRUE(QFile::link("link", folder.filePath("link2")));
+    Put(folder.filePath("link2"), "through links");
+    EXPECT_TRUE(QFileInfo(folder.filePath("link2")).isSymLink());
+    EXPECT_TRUE(QFileInfo(folder.filePath("link")).isSymLink());
+    EXPECT_EQ(Content(folder.filePath("real/not there yet")), "through links");
+}
+
+TEST_F(AtomicFileTest, RefusesWhatIsNoPlaceForAFile) {
+    ASSERT_TRUE(QFile::link("circle", folder.filePath("circle")));
+    for (const QString& bad : {folder.path(), folder.filePath("no/such"), folder.filePath("circle"),
+                               QStringLiteral("/dev/null"), QStringLiteral("/proc/no-such-file")}) {
+        try {
+            Put(bad, "x");
+            ADD_FAILURE() << bad.toStdString();
+        } catch (const Error& error) {
+            EXPECT_EQ(error.Number(), kFileError);
+            EXPECT_TRUE(error.Description().startsWith(bad + ": ")) << error.what();
+        }
+    }
+}
+
+/// Runs in a child process and gives its exit status.
+template <typename Work>
+int InChild(Work&& work) {
+    const pid_t child = ::fork();
+    if (child == 0) ::_exit(work());
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+TEST_F(AtomicFileTest, FullDiskLeavesTheOldFile) {
+    Put(path, "old");
+    // A limit on the file's size makes the system refuse bytes as a full disk does: at a write, and at the flush.
+    for (const int size : {9000, 5'000'000}) {
+        const int status = InChild([&] {
+            ::signal(SIGXFSZ, SIG_IGN);
+            const rlimit limit{8192, 8192};
+            ::setrlimit(RLIMIT_FSIZE, &limit);
+            try {
+                Put(path, QByteArray(size, 'x'));
+            } catch (const Error& error) {
+                return error.Description().startsWith(path) ? 7 : 2;
+            }
+            return 1;
+        });
+        EXPECT_EQ(status, 7) << size;
+        EXPECT_EQ(Content(path), "old");
+        EXPECT_EQ(Entries(), QStringList("target.bin"));
+    }
+}
+
+TEST_F(AtomicFileTest, KilledAtAnyMomentTheFileIsOldOrNew) {
+    const QByteArray old(300'000, 'a'), fresh(400'000, 'b');
+    Put(path, old);
+    int news = 0;
+    for (int moment = 0; moment < 60; ++moment) {
+        const pid_t child = ::fork();
+        if (child == 0) {
+            for (;;) {
+                Put(path, fresh);
+                Put(path, old);
+            }
+        }
+        ::usleep(static_cast<useconds_t>(500 + moment * 137));
+        ::kill(child, SIGKILL);
+        ::waitpid(child, nullptr, 0);
+        const QByteArray now = Content(path);
+        ASSERT_TRUE(now == old || now == fresh) << now.size();
+        news += now == fresh;
+    }
+    // A kill between the naming and the renaming is all that can leave something, and it has a name that tells so.
+    for (const QString& entry : Entries()) EXPECT_TRUE(entry == "target.bin" || entry.endsWith(".tmp"));
+    EXPECT_LE(Entries().size(), 6) << "nameless files should leave nearly nothing";
+    EXPECT_GT(news, 0) << "no kill fell on a time when something had been written";
+}
+
+}  // namespace
+}  // namespace kelu

@@ -1,0 +1,139 @@
+// Temporary folder, locks and the one instance: private, and free again when their owner dies.
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <QDesktopServices>
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QUrl>
+
+#include "platform/private_folder.h"
+#include "platform/shell.h"
+#include "platform/single_instance.h"
+#include "platform/temporary_folder.h"
+
+namespace kelu {
+namespace {
+
+int Mode(const QString& name) {
+    struct stat state {};
+    return ::lstat(QFile::encodeName(name).constData(), &state) == 0 ? state.st_mode & 07777 : -1;
+}
+
+struct Folders : testing::Test {
+    QTemporaryDir home;
+    const QByteArray oldTemp = qgetenv("TEMP"), oldCache = qgetenv("XDG_CACHE_HOME");
+    ~Folders() override {
+        qputenv("TEMP", oldTemp);
+        qputenv("XDG_CACHE_HOME", oldCache);
+    }
+    QString Make(const char* name, mode_t mode) {
+        const QString path = home.filePath(name);
+        QDir().mkpath(path);
+        ::chmod(QFile::encodeName(path).constData(), mode);
+        return path;
+    }
+};
+
+TEST_F(Folders, TemporaryFolderIsTheNamedOneOrAPrivateOne) {
+    const QString own = Make("own", 0755);
+    qputenv("TEMP", own.toLocal8Bit());
+    EXPECT_EQ(TemporaryFolder(), own);
+
+    const QString open = Make("open", 01777);
+    qputenv("TEMP", open.toLocal8Bit());
+    const QString inside = TemporaryFolder();
+    EXPECT_EQ(QFileInfo(inside).path(), open);
+    EXPECT_EQ(Mode(inside), 0700);
+    EXPECT_EQ(TemporaryFolder(), inside);  // the same in the next run, which tidies up
+
+    // Somebody else took that name: a link to a folder of theirs.
+    QDir().rmdir(inside);
+    ASSERT_TRUE(QFile::link(own, inside));
+    EXPECT_NE(TemporaryFolder(), inside);
+    EXPECT_EQ(QFileInfo(TemporaryFolder()).path(), open);
+    EXPECT_EQ(Mode(TemporaryFolder()), 0700);
+
+    qputenv("XDG_CACHE_HOME", home.filePath("cache").toLocal8Bit());
+    for (const QByteArray& temp : {QByteArray(), home.filePath("missing").toLocal8Bit()}) {
+        qputenv("TEMP", temp);
+        EXPECT_EQ(TemporaryFolder(), home.filePath("cache/Tarvane/Kelu/Temp"));
+        EXPECT_EQ(Mode(TemporaryFolder()), 0700);
+    }
+}
+
+TEST_F(Folders, PrivateFolderClosesAnOpenOneAndRefusesLinks) {
+    const QString open = Make("open", 0777);
+    EXPECT_TRUE(OthersCanWrite(open));
+    EXPECT_TRUE(MakePrivateFolder(open));
+    EXPECT_EQ(Mode(open), 0700);
+    EXPECT_FALSE(OthersCanWrite(open));
+    ASSERT_TRUE(QFile::link(open, home.filePath("link")));
+    EXPECT_FALSE(MakePrivateFolder(home.filePath("link")));
+    EXPECT_TRUE(MakePrivateFolder(home.filePath("a/b/c")));
+    EXPECT_EQ(Mode(home.filePath("a/b")), 0700);
+}
+
+TEST(Locks, OneInstanceUntilItsProcessDies) {
+    int ready[2];
+    ASSERT_EQ(::pipe(ready), 0);
+    const pid_t child = ::fork();
+    if (child == 0) {
+        const SingleInstance instance("test-instance");
+        const char answer = instance.IsFirst() ? 'y' : 'n';
+        if (::write(ready[1], &answer, 1) != 1) ::_exit(1);
+        for (;;) ::pause();
+    }
+    char answer = 0;
+    ASSERT_EQ(::read(ready[0], &answer, 1), 1);
+    EXPECT_EQ(answer, 'y');
+    EXPECT_FALSE(SingleInstance("test-instance").IsFirst());
+    EXPECT_TRUE(SingleInstance("other-program").IsFirst());
+    ::kill(child, SIGKILL);
+    ::waitpid(child, nullptr, 0);
+    const SingleInstance next("test-instance");
+    EXPECT_TRUE(next.IsFirst());
+    EXPECT_FALSE(SingleInstance("test-instance").IsFirst());
+}
+
+TEST(Locks, WaitsAndGivesUp) {
+    QTemporaryDir folder;
+    FileLock held(folder.filePath("lock")), waiting(folder.filePath("lock"));
+    ASSERT_EQ(held.Lock(std::chrono::milliseconds(0)), FileLock::Answer::Locked);
+    EXPECT_EQ(waiting.Lock(std::chrono::milliseconds(30)), FileLock::Answer::Busy);
+    held.Unlock();
+    EXPECT_EQ(waiting.Lock(std::chrono::milliseconds(0)), FileLock::Answer::Locked);
+    EXPECT_EQ(FileLock(folder.filePath("no/lock")).Lock(std::chrono::milliseconds(0)), FileLock::Answer::Impossible);
+}
+
+class UrlCatcher : public QObject {
+    Q_OBJECT
+ public:
+    QList<QUrl> urls;
+ public Q_SLOTS:
+    void Open(const QUrl& url) { urls.append(url); }
+};
+
+TEST(Shell, OpensFilesThatAreThere) {
+    QTemporaryDir folder;
+    const QString path = folder.filePath(QString::fromUtf8("with blank # ü.pdf"));
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    UrlCatcher catcher;
+    QDesktopServices::setUrlHandler("file", &catcher, "Open");
+    EXPECT_TRUE(OpenDocument(path));
+    EXPECT_FALSE(OpenDocument(folder.filePath("missing.pdf")));
+    QDesktopServices::unsetUrlHandler("file");
+    ASSERT_EQ(catcher.urls.size(), 1);
+    EXPECT_EQ(catcher.urls[0].toLocalFile(), path);
+}
+
+}  // namespace
+}  // namespace kelu
+
+#include "folders_and_locks_test.moc"
