@@ -41,8 +41,7 @@ void ColorPicker::OpenPopup() {
         SetColor(ToValue(color));
         Q_EMIT ColorChanged(color_);
     });
-    popup_->move(mapToGlobal(QPoint(0, height() + 2)));
-    popup_->show();
+    popup_->ShowAt(QRect(mapToGlobal(QPoint()), size()));
 }
 
 void ColorPicker::keyPressEvent(QKeyEvent* event) {
@@ -63,8 +62,25 @@ QSize ColorPicker::sizeHint() const { return {49, 33}; }
 QSize ColorPicker::minimumSizeHint() const { return {24, 16}; }
 
 void ColorPicker::paintEvent(QPaintEvent*) {
+    constexpr int kInset = 4;
+    constexpr int kArrow = 15;  // breadth of the part with the chevron
+    const bool over = isEnabled() && underMouse();
     QPainter painter(this);
-    theme::DrawField(painter, rect(), FromValue(color_), isEnabled() ? theme::kOutline : theme::kLine);
+    const QColor plate = !isEnabled() ? theme::kGround
+                         : isDown()   ? theme::kPressed
+                         : over       ? theme::kRaisedHover
+                                      : theme::kRaised;
+    theme::DrawField(painter, rect(), plate, isEnabled() ? plate : theme::kLine);
+    QColor shown = FromValue(color_);
+    if (!isEnabled()) shown.setAlpha(96);
+    // A dark colour would melt into the plate without its rim.
+    theme::DrawField(painter, rect().adjusted(kInset, kInset, -kArrow, -kInset), shown,
+                     isEnabled() ? theme::kOutline : theme::kLine);
+    theme::DrawChevron(painter, QRect(width() - kArrow, 0, kArrow - 1, height()), Qt::DownArrow,
+                       !isEnabled() ? theme::kLine
+                       : over       ? theme::kBrightText
+                                    : theme::kMutedText,
+                       3);
     if (hasFocus()) theme::DrawFocusRing(painter, rect(), theme::kFocus);
 }
 

@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "controls/list_ex/list_ex.h"
 
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QStringListModel>
+#include <QToolTip>
 
 #include "platform/error.h"
 
@@ -76,6 +78,18 @@ void ListEx::keyPressEvent(QKeyEvent* event) {
         return;
     }
     QListView::keyPressEvent(event);
+}
+
+bool ListEx::viewportEvent(QEvent* event) {
+    if (event->type() == QEvent::ToolTip) {
+        // A row cut off at the right tells its whole text.
+        const auto* help = static_cast<QHelpEvent*>(event);
+        const QModelIndex row = indexAt(help->pos());
+        const bool cut = row.isValid() && sizeHintForIndex(row).width() > viewport()->width();
+        QToolTip::showText(help->globalPos(), cut ? row.data().toString() : QString(), viewport());
+        return true;
+    }
+    return QListView::viewportEvent(event);
 }
 
 }  // namespace kelu

@@ -36,6 +36,7 @@ class ListEx : public QListView {
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void mousePressEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
 
  private:
     QStringListModel* texts_;

@@ -33,7 +33,7 @@ QString CleanLines(QString text) {
 QString PlainToRich(const QString& text) {
     static const QRegularExpression pieces(QStringLiteral("(\\S+)|(\\n)|([^\\S\\n]+)"));
     static const QRegularExpression link(QStringLiteral("^(https?://[^\\s]+?)([.,;:!?)]*)$"));
-    QString rich;
+    QString rich = QStringLiteral("<div style=\"line-height:120%\">");
     for (auto match = pieces.globalMatch(text); match.hasNext();) {
         const QRegularExpressionMatch piece = match.next();
         const QString words = piece.captured();
@@ -47,14 +47,14 @@ QString PlainToRich(const QString& text) {
             rich += Breakable(words).toHtmlEscaped();
         }
     }
-    return rich;
+    return rich + QStringLiteral("</div>");
 }
 
 QString AboutHeading(const QString& heading) {
     const qsizetype end = heading.indexOf(QLatin1Char('\n'));
     const QString first = heading.left(end < 0 ? heading.size() : end);
     const QString rest = end < 0 ? QString() : heading.mid(end + 1);
-    return QStringLiteral("<span style=\"font-size:large; font-weight:600; color:%1\">%2</span><br>%3")
+    return QStringLiteral("<span style=\"font-size:large; font-weight:600; color:%1\">%2</span>%3")
         .arg(theme::kBrightText.name(), PlainToRich(first), PlainToRich(rest));
 }
 

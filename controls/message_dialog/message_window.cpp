@@ -110,9 +110,13 @@ MessageWindow::MessageWindow(const Message& message, QWidget* parent)
     if (!text.isEmpty()) {
         if (message.about) {
             auto* scroll = new QScrollArea;
-            auto* label = TextLabel(PlainToRich(text), width - theme::kScrollBarWidth - 26);
-            label->setContentsMargins(0, 2, 0, 2);
+            auto* label = TextLabel(PlainToRich(text), width - theme::kScrollBarWidth - 2);
+            label->setContentsMargins(12, 10, 12, 10);
             scroll->setWidget(label);
+            // The ground of a field: here is something to scroll.
+            scroll->setBackgroundRole(QPalette::Base);
+            label->setAutoFillBackground(false);
+            scroll->viewport()->setAutoFillBackground(true);
             scroll->setFixedSize(width, kAboutTextHeight);
             scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
             scroll->setAccessibleName(message.title);

@@ -53,6 +53,9 @@ void Pager::SetChild(QWidget* child) {
         Watch(child, true);
         child->show();
     }
+    // The arrows lie over the child.
+    back_->raise();
+    forward_->raise();
     updateGeometry();
     Arrange();
 }
@@ -71,9 +74,9 @@ int Pager::ChildLength() const {
     return Along(child_->sizeHint());
 }
 
-int Pager::MaxOffset() const { return PagerLayout(Along(size()), ChildLength()).maxOffset; }
+int Pager::MaxOffset() const { return PlanPager(Along(size()), ChildLength(), 0).maxOffset; }
 
-int Pager::Page() const { return qMax(1, Along(viewport_->size()) * 3 / 4); }
+int Pager::Page() const { return qMax(1, Along(size()) - 3 * kPagerArrow); }
 
 int Pager::Target() const {
     return glide_->state() == QAbstractAnimation::Running ? glide_->endValue().toInt() : offset_;
@@ -103,34 +106,32 @@ void Pager::GlideTo(int offset) {
 }
 
 void Pager::EnsureVisible(const QRect& rect) {
-    const bool tall = orientation_ == Qt::Vertical;
-    const int first = tall ? rect.top() : rect.left();
-    GlideTo(OffsetShowing(Target(), Along(viewport_->size()), first, first + Along(rect.size())));
+    const int first = orientation_ == Qt::Vertical ? rect.top() : rect.left();
+    GlideTo(OffsetShowing(Along(size()), ChildLength(), Target(), first, first + Along(rect.size())));
 }
 
 void Pager::Arrange() {
-    const PagerPlan plan = PagerLayout(Along(size()), ChildLength());
-    const auto piece = [this](int from, int length) {
-        return orientation_ == Qt::Vertical ? QRect(0, from, width(), length) : QRect(from, 0, length, height());
+    const int length = Along(size());
+    const int arrow = PlanPager(length, ChildLength(), offset_).arrowLength;
+    const auto piece = [this](int from, int extent) {
+        return orientation_ == Qt::Vertical ? QRect(0, from, width(), extent) : QRect(from, 0, extent, height());
     };
-    back_->setVisible(plan.arrows);
-    forward_->setVisible(plan.arrows);
-    back_->setGeometry(piece(0, plan.arrowLength));
-    forward_->setGeometry(piece(Along(size()) - plan.arrowLength, plan.arrowLength));
-    viewport_->setGeometry(piece(plan.viewStart, plan.viewLength));
+    viewport_->setGeometry(rect());
+    back_->setGeometry(piece(0, arrow));
+    forward_->setGeometry(piece(length - arrow, arrow));
     MoveTo(offset_);
 }
 
 void Pager::PlaceChild() {
-    const int most = MaxOffset();
-    back_->setEnabled(offset_ > 0);
-    forward_->setEnabled(offset_ < most);
+    const PagerPlan plan = PlanPager(Along(size()), ChildLength(), offset_);
+    back_->setVisible(plan.back);
+    forward_->setVisible(plan.forward);
     if (!child_) return;
-    const int length = qMax(ChildLength(), Along(viewport_->size()));
+    const int length = qMax(ChildLength(), Along(size()));
     if (orientation_ == Qt::Vertical)
-        child_->setGeometry(0, -offset_, viewport_->width(), length);
+        child_->setGeometry(0, -offset_, width(), length);
     else
-        child_->setGeometry(-offset_, 0, length, viewport_->height());
+        child_->setGeometry(-offset_, 0, length, height());
 }
 
 void Pager::resizeEvent(QResizeEvent*) { Arrange(); }

@@ -20,7 +20,8 @@ PagerArrow::PagerArrow(Qt::ArrowType direction, QWidget* parent) : QAbstractButt
 
 void PagerArrow::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const bool over = isEnabled() && underMouse();
+    painter.fillRect(rect(), palette().window());
+    const bool over = underMouse();
     if (isDown() || over) theme::FillPlate(painter, rect(), isDown() ? theme::kPressed : theme::kHover);
     theme::DrawChevron(painter, rect(), direction_,
                        !isEnabled() ? theme::kLine

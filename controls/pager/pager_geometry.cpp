@@ -6,17 +6,28 @@
 
 namespace kelu {
 
-PagerPlan PagerLayout(int length, int childLength) {
+PagerPlan PlanPager(int length, int childLength, int offset) {
+    PagerPlan plan;
     length = std::max(length, 0);
-    if (childLength <= length) return {false, 0, 0, length, 0};
-    const int arrow = std::min(kPagerArrow, length / 2);
-    const int view = length - 2 * arrow;
-    return {true, arrow, arrow, view, childLength - view};
+    plan.arrowLength = std::min(kPagerArrow, length / 2);
+    plan.maxOffset = std::max(0, childLength - length);
+    plan.offset = std::clamp(offset, 0, plan.maxOffset);
+    plan.back = plan.offset > 0;
+    plan.forward = plan.offset < plan.maxOffset;
+    return plan;
 }
 
-int OffsetShowing(int offset, int viewLength, int first, int end) {
-    if (first < offset || end - first > viewLength) return first;
-    return std::max(offset, end - viewLength);
+int OffsetShowing(int length, int childLength, int offset, int first, int end) {
+    const PagerPlan plan = PlanPager(length, childLength, offset);
+    const int arrow = plan.arrowLength;
+    const int viewStart = plan.offset + (plan.back ? arrow : 0);
+    const int viewEnd = plan.offset + length - (plan.forward ? arrow : 0);
+    int wanted = plan.offset;
+    if (first < viewStart || end - first > length - 2 * arrow)
+        wanted = first - arrow;
+    else if (end > viewEnd)
+        wanted = end + arrow - length;
+    return std::clamp(wanted, 0, plan.maxOffset);
 }
 
 }  // namespace kelu

@@ -6,19 +6,21 @@ namespace kelu {
 
 inline constexpr int kPagerArrow = 16;  ///< length of an arrow button
 
+/// The arrows lie over the ends of the view, each only while there is more to see behind it: so the first and the last
+/// piece of the child have the room of one arrow more.
 struct PagerPlan {
-    bool arrows = false;  ///< false: all fits, the view takes the whole length
+    bool back = false;     ///< the arrow at the beginning shows
+    bool forward = false;  ///< the arrow at the end shows
     int arrowLength = 0;
-    int viewStart = 0;
-    int viewLength = 0;
-    int maxOffset = 0;
+    int offset = 0;     ///< the offset asked for, held within 0 to maxOffset
+    int maxOffset = 0;  ///< 0 when all fits
 };
 
 /// Plan for a pager of `length` over a child of `childLength`. In a pager too short for two whole arrows they share it.
-PagerPlan PagerLayout(int length, int childLength);
+PagerPlan PlanPager(int length, int childLength, int offset);
 
-/// The offset nearest to `offset` at which a view of `viewLength` shows [first, end) of the child; its beginning when
-/// the piece is longer than the view.
-int OffsetShowing(int offset, int viewLength, int first, int end);
+/// The offset nearest to `offset` at which [first, end) of the child lies in sight, not under an arrow; its beginning
+/// when the piece is longer than the room between the arrows.
+int OffsetShowing(int length, int childLength, int offset, int first, int end);
 
 }  // namespace kelu

@@ -98,6 +98,18 @@ void PaintIcon(QPainter& painter, const QString& name, const QRect& box, int siz
     painter.drawPixmap(corner, IconPixmap(name, size, ratio, tint));
 }
 
+QPixmap LogoPixmap(int height, qreal ratio) {
+    QSvgRenderer renderer(Drawing(QStringLiteral("logo")));
+    const QSizeF size = QSizeF(renderer.defaultSize()).scaled(1e6, height, Qt::KeepAspectRatio) * ratio;
+    QPixmap pixmap(size.toSize());
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    renderer.render(&painter);
+    painter.end();
+    pixmap.setDevicePixelRatio(ratio);
+    return pixmap;
+}
+
 QStringList IconNames() {
     NameResources();
     QStringList names;

@@ -25,6 +25,9 @@ QPixmap IconPixmap(const QString& name, int size, qreal ratio, const QColor& tin
 /// device.
 void PaintIcon(QPainter& painter, const QString& name, const QRect& box, int size, const QColor& tint);
 
+/// The program's name as a picture, `height` device-independent pixels high.
+QPixmap LogoPixmap(int height, qreal ratio);
+
 /// All names, sorted.
 QStringList IconNames();
 

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QPalette>
+#include <QToolTip>
 
 #include "controls/theme/dark_style.h"
 
@@ -58,7 +59,9 @@ QFont HeadingFont() {
 
 void Apply(QApplication& application) {
     application.setStyle(new DarkStyle);
-    application.setPalette(DarkPalette());
+    const QPalette palette = DarkPalette();
+    application.setPalette(palette);
+    QToolTip::setPalette(palette);
     application.setEffectEnabled(Qt::UI_AnimateCombo, false);
 }
 

@@ -17,10 +17,12 @@ inline constexpr QColor kGround{0x33, 0x33, 0x33};   ///< windows and panels
 inline constexpr QColor kHover{0x45, 0x45, 0x45};    ///< plate under the pointer
 inline constexpr QColor kRaised{0x48, 0x48, 0x48};   ///< push buttons
 inline constexpr QColor kRaisedHover{0x55, 0x55, 0x55};
-inline constexpr QColor kPopup{0x3b, 0x3b, 0x3b};        ///< menus, tips, drop-down lists
-inline constexpr QColor kTitleGround{0x2b, 0x2b, 0x2b};  ///< title row of dialogs
-inline constexpr QColor kLine{0x4d, 0x4d, 0x4d};         ///< separators and panel frames, decorative only
-inline constexpr QColor kOutline{0x88, 0x88, 0x88};      ///< outline of what takes input, 3:1 on the ground
+inline constexpr QColor kPopup{0x3b, 0x3b, 0x3b};         ///< menus, tips, drop-down lists
+inline constexpr QColor kTitleGround{0x2b, 0x2b, 0x2b};   ///< title row of dialogs
+inline constexpr QColor kOutlinePopup{0x5c, 0x5c, 0x5c};  ///< rim of menus and tips
+inline constexpr QColor kLine{0x4d, 0x4d, 0x4d};          ///< separators and panel frames, decorative only
+inline constexpr QColor kScrollHandle{0x7c, 0x7c, 0x7c};  ///< 3:1 on every ground that scrolls
+inline constexpr QColor kOutline{0x88, 0x88, 0x88};       ///< outline of what takes input, 3:1 on the ground
 
 // Texts and icons.
 inline constexpr QColor kText{0xe0, 0xe0, 0xe0};

@@ -48,6 +48,11 @@ void ToolButton::SetIconSize(int pixels) {
     update();
 }
 
+void ToolButton::SetIconShift(int dy) {
+    iconShift_ = dy;
+    update();
+}
+
 void ToolButton::SetCaption(const QString& caption) {
     caption_ = caption;
     setText(caption.trimmed());
@@ -128,7 +133,7 @@ void ToolButton::paintEvent(QPaintEvent*) {
     const int room = qMin(width(), height()) - (look_ == Look::Flat ? 0 : 4);
     const int icon = iconName_.isEmpty() ? 0 : qMin(iconPixels_ > 0 ? iconPixels_ : theme::kIconSize, room);
     if (text().isEmpty()) {
-        if (icon > 0) theme::PaintIcon(painter, iconName_, rect(), icon, inks.ink);
+        if (icon > 0) theme::PaintIcon(painter, iconName_, rect().translated(0, iconShift_), icon, inks.ink);
     } else {
         const int flags = Qt::TextShowMnemonic | Qt::TextSingleLine;
         const QSize words = fontMetrics().size(flags, text());

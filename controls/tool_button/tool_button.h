@@ -23,6 +23,9 @@ class ToolButton : public QAbstractButton {
     void SetIconName(const QString& name);
     /// Icon size in device-independent pixels; by default theme::kIconSize, less where the button is smaller.
     void SetIconSize(int pixels);
+    /// Moves the icon within the button by `dy` device-independent pixels, so that icons of a strip whose buttons lie
+    /// at different heights stand on one line.
+    void SetIconShift(int dy);
     /// Blanks at the ends, as in "  Apply", do not show; "&&" stands for one ampersand.
     void SetCaption(const QString& caption);
     QString Caption() const { return caption_; }
@@ -47,6 +50,7 @@ class ToolButton : public QAbstractButton {
     QString caption_;
     QString tip_;
     int iconPixels_ = 0;
+    int iconShift_ = 0;
     Look look_ = Look::Flat;
     CaptionPlace place_ = CaptionPlace::Beside;
 };
