@@ -333,7 +333,7 @@ QSize DarkStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
             found.setHeight(qMax(found.height(), kButtonHeight));
             break;
         case CT_SpinBox:
-            found.setHeight(qMax(size.height() + 4, kButtonHeight));
+            found.setHeight(qMax(option->fontMetrics.height() + 10, kButtonHeight));
             break;
         case CT_ComboBox:
             found = {found.width() + 14, qMax(found.height(), kButtonHeight)};
@@ -380,7 +380,7 @@ int DarkStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const
         case PM_ToolTipLabelFrameWidth:
             return 5;
         case PM_FocusFrameHMargin:
-            return 6;  // text to edge in rows
+            return 4;  // text to edge in rows
         case PM_SplitterWidth:
             return 5;
         case PM_ButtonDefaultIndicator:

@@ -1,0 +1,260 @@
+// The theme's promises: contrast of every pair that meets on the screen, drawings at every ratio, the style's
+// arithmetic. SPDX-License-Identifier: MIT
+#include "controls/theme/theme.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QPainter>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QStyleOptionSlider>
+#include <cmath>
+
+#include "controls/theme/icons.h"
+
+namespace kelu::theme {
+namespace {
+
+/// Relative luminance and contrast ratio after WCAG 2.1.
+double Luminance(const QColor& color) {
+    const auto linear = [](double part) {
+        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+double Contrast(const QColor& one, const QColor& other) {
+    const double a = Luminance(one), b = Luminance(other);
+    return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
+}
+
+TEST(ThemeContrast, TextsAndMarksStandOutFromTheirGrounds) {
+    EXPECT_NEAR(Contrast(Qt::white, Qt::black), 21.0, 1e-9);
+    struct Pair {
+        const char* name;
+        QColor ink, ground;
+        double least;
+    };
+    constexpr double kTextLeast = 4.5, kMarkLeast = 3.0;
+    const Pair pairs[] = {
+        {"text on ground", kText, kGround, kTextLeast},
+        {"text in a field", kText, kSunken, kTextLeast},
+        {"text on a button", kText, kRaised, kTextLeast},
+        {"bright text on a button under the pointer", kBrightText, kRaisedHover, kTextLeast},
+        {"text on a pressed button", kText, kPressed, kTextLeast},
+        {"text in a menu", kText, kPopup, kTextLeast},
+        {"muted text on ground", kMutedText, kGround, kTextLeast},
+        {"muted text in a menu", kMutedText, kPopup, kTextLeast},
+        {"placeholder in a field", kMutedText, kSunken, kTextLeast},
+        {"text in a title row", kText, kTitleGround, kTextLeast},
+        {"chosen row", kBrightText, kSelection, kTextLeast},
+        {"row under the pointer", kText, kRowHover, kTextLeast},
+        {"main button", kOnAccent, kAccent, kTextLeast},
+        {"main button under the pointer", kOnAccent, kAccentHover, kTextLeast},
+        {"main button pressed", kOnAccent, kAccentPressed, kTextLeast},
+        {"link", kAccent, kGround, kTextLeast},
+        {"caption of a chosen tool", kAccent, kHover, kTextLeast},
+        {"focus ring on ground", kFocus, kGround, kMarkLeast},
+        {"focus ring on a button", kFocus, kRaised, kMarkLeast},
+        {"outline of an input", kOutline, kGround, kMarkLeast},
+        {"scroll bar on ground", kScrollHandle, kGround, kMarkLeast},
+        {"scroll bar in a list", kScrollHandle, kSunken, kMarkLeast},
+        {"information", kInformation, kGround, kMarkLeast},
+        {"warning", kWarning, kGround, kMarkLeast},
+        {"error", kError, kGround, kMarkLeast},
+        // The two colours of the status bar and the panel are given; they still reach what marks need.
+        {"quiet text", kQuietText, kGround, kMarkLeast},
+    };
+    for (const Pair& pair : pairs) EXPECT_GE(Contrast(pair.ink, pair.ground), pair.least) << pair.name;
+}
+
+/// Opaque pixels of a picture: count and bounds.
+struct Ink {
+    int count = 0;
+    QRect box;
+};
+
+Ink InkOf(const QPixmap& pixmap) {
+    const QImage image = pixmap.toImage().convertToFormat(QImage::Format_ARGB32);
+    Ink ink;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (qAlpha(image.pixel(x, y)) > 40) ++ink.count, ink.box |= QRect(x, y, 1, 1);
+    return ink;
+}
+
+TEST(ThemeIcons, EveryDrawingFillsItsGridAtEveryRatio) {
+    const QStringList names = IconNames();
+    for (const char* needed : {"open",
+                               "save",
+                               "email",
+                               "print",
+                               "copy",
+                               "undo",
+                               "redo",
+                               "webcam",
+                               "original",
+                               "zoom_in",
+                               "zoom_out",
+                               "zoom_reset",
+                               "help",
+                               "settings",
+                               "min",
+                               "max",
+                               "restore",
+                               "close",
+                               "capture",
+                               "capture_ok",
+                               "capture_cancel",
+                               "apply",
+                               "back",
+                               "up",
+                               "views",
+                               "folder_pictures",
+                               "folder_gallery",
+                               "folder_documents",
+                               "computer",
+                               "broken_picture",
+                               "msg_kelu",
+                               "msg_info",
+                               "msg_exclamation",
+                               "msg_error",
+                               "kelu"})
+        EXPECT_TRUE(names.contains(QLatin1String(needed))) << needed;
+    for (const QString& name : names) {
+        for (const qreal ratio : {1.0, 1.5, 2.0}) {
+            const QPixmap pixmap = IconPixmap(name, 18, ratio, kText);
+            const int pixels = qRound(18 * ratio);
+            ASSERT_EQ(pixmap.size(), QSize(pixels, pixels)) << name.toStdString();
+            EXPECT_EQ(pixmap.devicePixelRatio(), ratio);
+            const Ink ink = InkOf(pixmap);
+            EXPECT_GE(qMax(ink.box.width(), ink.box.height()), pixels / 2) << name.toStdString() << " at " << ratio;
+        }
+    }
+    EXPECT_TRUE(Icon(QStringLiteral("no such drawing")).isNull());
+    EXPECT_EQ(InkOf(IconPixmap(QStringLiteral("no such drawing"), 18, 1, kText)).count, 0);
+}
+
+TEST(ThemeIcons, LineIconsTakeTheColourOfTheirStatePicturesKeepTheirs) {
+    const auto strongest = [](const QPixmap& pixmap) {
+        const QImage image = pixmap.toImage().convertToFormat(QImage::Format_ARGB32);
+        QRgb found = 0;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                if (qAlpha(image.pixel(x, y)) > qAlpha(found)) found = image.pixel(x, y);
+        return QColor(found).name();
+    };
+    const QIcon icon = Icon(QStringLiteral("max"));
+    EXPECT_EQ(strongest(icon.pixmap(QSize(36, 36), QIcon::Normal)), kText.name());
+    EXPECT_EQ(strongest(icon.pixmap(QSize(36, 36), QIcon::Active)), kBrightText.name());
+    EXPECT_EQ(strongest(icon.pixmap(QSize(36, 36), QIcon::Disabled)), kDisabledText.name());
+    EXPECT_EQ(strongest(icon.pixmap(QSize(36, 36), QIcon::Normal, QIcon::On)), kAccent.name());
+    EXPECT_EQ(IconPixmap(QStringLiteral("kelu"), 48, 1, Qt::green).toImage(),
+              IconPixmap(QStringLiteral("kelu"), 48, 1, Qt::red).toImage());
+}
+
+TEST(ThemeIcons, StraightLinesAreCrispAtTheSizeOfTheToolStrips) {
+    // The frame of "max" at 18 pixels: one full row of ink, nothing but a trace beside it.
+    const QImage image =
+        IconPixmap(QStringLiteral("max"), 18, 1, Qt::white).toImage().convertToFormat(QImage::Format_ARGB32);
+    int rows = 0;
+    for (int y = 0; y < 9; ++y) rows += qAlpha(image.pixel(9, y)) > 230;
+    EXPECT_EQ(rows, 1);
+    for (int y = 0; y < 9; ++y) {
+        const int alpha = qAlpha(image.pixel(9, y));
+        EXPECT_TRUE(alpha > 230 || alpha < 40) << "row " << y << " alpha " << alpha;
+    }
+}
+
+TEST(ThemeIcons, AnIconIsPaintedInTheMiddleOnWholeDevicePixels) {
+    for (const qreal ratio : {1.0, 1.5, 2.0}) {
+        QPixmap target(QSizeF(27 * ratio, 23 * ratio).toSize());
+        target.setDevicePixelRatio(ratio);
+        target.fill(Qt::transparent);
+        QPainter painter(&target);
+        PaintIcon(painter, QStringLiteral("max"), QRect(0, 0, 27, 23), 18, Qt::white);
+        painter.end();
+        const QRect box = InkOf(target).box;
+        EXPECT_NEAR(box.center().x() + 0.5, 27 * ratio / 2, 1.1) << ratio;
+        EXPECT_NEAR(box.center().y() + 0.5, 23 * ratio / 2, 1.1) << ratio;
+        // Unscaled: the same ink as the drawing itself.
+        EXPECT_EQ(InkOf(target).count, InkOf(IconPixmap(QStringLiteral("max"), 18, ratio, Qt::white)).count) << ratio;
+    }
+}
+
+TEST(ThemeCursors, TheHotSpotLiesAtTheTouchingEndOfThePicture) {
+    for (const qreal ratio : {1.0, 2.0}) {
+        for (const CursorPicture& cursor : {BrushCursor(ratio), SmudgeCursor(ratio)}) {
+            EXPECT_EQ(cursor.pixmap.size(), QSize(32, 32) * ratio);
+            const QPoint spot = cursor.hotSpot * ratio;
+            EXPECT_GT(qAlpha(cursor.pixmap.toImage().pixel(spot)), 0) << "nothing drawn at the hot spot";
+            const QRect ink = InkOf(cursor.pixmap).box;
+            EXPECT_LT(spot.x(), ink.center().x());
+            EXPECT_GT(spot.y(), ink.center().y());
+        }
+        const CursorPicture cross = CrossCursor(ratio);
+        const QRect ink = InkOf(cross.pixmap).box;
+        const QPointF middle = QRectF(ink).center() / ratio;
+        EXPECT_NEAR(middle.x(), cross.hotSpot.x() + 0.5, 0.51);
+        EXPECT_NEAR(middle.y(), cross.hotSpot.y() + 0.5, 0.51);
+    }
+}
+
+class StyleTest : public testing::Test {
+ protected:
+    static void SetUpTestSuite() { Apply(*qApp); }
+};
+
+TEST_F(StyleTest, ScrollThumbHasNoDeadZonesAndReachesBothEnds) {
+    QScrollBar bar(Qt::Vertical);
+    bar.resize(10, 200);
+    struct Row {
+        int maximum, page, value, top, length;
+    };
+    const Row rows[] = {
+        {100, 100, 0, 0, 100},                                  // half the content in view: half the length
+        {100, 100, 100, 100, 100},                              // at its end
+        {100, 100, 50, 50, 100},       {100000, 10, 0, 0, 28},  // never shorter than can be caught
+        {100000, 10, 100000, 172, 28}, {0, 10, 0, 0, 200},      // nothing to scroll
+    };
+    for (const Row& row : rows) {
+        bar.setRange(0, row.maximum);
+        bar.setPageStep(row.page);
+        bar.setValue(row.value);
+        QStyleOptionSlider option;
+        option.initFrom(&bar);
+        option.orientation = Qt::Vertical;
+        option.minimum = 0;
+        option.maximum = row.maximum;
+        option.pageStep = row.page;
+        option.sliderPosition = row.value;
+        const auto part = [&](QStyle::SubControl which) {
+            return bar.style()->subControlRect(QStyle::CC_ScrollBar, &option, which, &bar);
+        };
+        const QRect thumb = part(QStyle::SC_ScrollBarSlider);
+        EXPECT_EQ(thumb.top(), row.top) << row.maximum << " " << row.value;
+        EXPECT_EQ(thumb.height(), row.length) << row.maximum << " " << row.value;
+        EXPECT_EQ(
+            part(QStyle::SC_ScrollBarSubPage).height() + thumb.height() + part(QStyle::SC_ScrollBarAddPage).height(),
+            200);
+    }
+}
+
+TEST_F(StyleTest, TheDefaultButtonIsTheAccentOneAndItsTextIsDark) {
+    QPushButton plain(QStringLiteral("No")), main(QStringLiteral("Yes"));
+    main.setDefault(true);
+    const auto corner = [](QPushButton& button) {
+        button.resize(84, 28);
+        return button.grab().toImage().pixelColor(QPoint(8, 5)).name();
+    };
+    EXPECT_EQ(corner(plain), kRaised.name());
+    EXPECT_EQ(corner(main), kAccent.name());
+    main.setEnabled(false);
+    EXPECT_EQ(corner(main), kGround.name());
+    EXPECT_GE(plain.sizeHint().width(), kButtonMinWidth);
+    EXPECT_GE(plain.sizeHint().height(), kButtonHeight);
+}
+
+}  // namespace
+}  // namespace kelu::theme

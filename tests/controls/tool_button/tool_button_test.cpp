@@ -1,0 +1,118 @@
+// Names, keys and states of the tool button.
+// SPDX-License-Identifier: MIT
+#include "controls/tool_button/tool_button.h"
+
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QApplication>
+#include <QTest>
+
+#include "controls/theme/theme.h"
+
+namespace kelu {
+namespace {
+
+QString AccessibleName(QWidget& widget) {
+    return QAccessible::queryAccessibleInterface(&widget)->text(QAccessible::Name);
+}
+
+TEST(ToolButton, TipAndCaptionAreItsNames) {
+    ToolButton button(QStringLiteral("webcam"));
+    button.SetTip(QStringLiteral("Capture Image (F8)"));
+    EXPECT_EQ(button.toolTip(), QStringLiteral("Capture Image (F8)"));
+    EXPECT_EQ(AccessibleName(button), QStringLiteral("Capture Image (F8)"));
+    ToolButton apply(QStringLiteral("apply"));
+    apply.SetCaption(QStringLiteral("  Apply"));
+    EXPECT_EQ(apply.Caption(), QStringLiteral("  Apply"));
+    EXPECT_EQ(apply.text(), QStringLiteral("Apply"));
+    EXPECT_EQ(AccessibleName(apply), QStringLiteral("Apply"));
+    apply.SetTip(QStringLiteral("Black && White"));
+    EXPECT_EQ(apply.Tip(), QStringLiteral("Black && White"));
+    EXPECT_EQ(AccessibleName(apply), QStringLiteral("Black & White"));
+}
+
+TEST(ToolButton, ClicksByMouseAndKeysButNotWhenDisabled) {
+    ToolButton button(QStringLiteral("open"));
+    button.resize(19, 19);
+    button.show();
+    QApplication::setActiveWindow(&button);
+    int clicks = 0;
+    QObject::connect(&button, &ToolButton::clicked, &button, [&] { ++clicks; });
+    QTest::mouseClick(&button, Qt::LeftButton);
+    EXPECT_EQ(clicks, 1);
+    QTest::keyClick(&button, Qt::Key_Space);
+    EXPECT_EQ(clicks, 2);
+    QTest::keyClick(&button, Qt::Key_Return);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return clicks == 3; }, 1000));
+    button.setEnabled(false);
+    QTest::mouseClick(&button, Qt::LeftButton);
+    QTest::keyClick(&button, Qt::Key_Return);
+    QTest::qWait(150);
+    EXPECT_EQ(clicks, 3);
+}
+
+TEST(ToolButton, TabReachesItAClickTakesNoFocus) {
+    QWidget window;
+    auto* button = new ToolButton(QStringLiteral("open"), &window);
+    button->setGeometry(0, 0, 19, 19);
+    window.setFocusPolicy(Qt::StrongFocus);
+    window.show();
+    QApplication::setActiveWindow(&window);
+    window.setFocus();
+    QTest::mouseClick(button, Qt::LeftButton);
+    EXPECT_FALSE(button->hasFocus());
+    QTest::keyClick(&window, Qt::Key_Tab);
+    EXPECT_TRUE(button->hasFocus());
+}
+
+TEST(ToolButton, EachStateLooksDifferent) {
+    for (const auto look : {ToolButton::Look::Flat, ToolButton::Look::Raised, ToolButton::Look::Primary}) {
+        QWidget window;
+        window.resize(100, 40);
+        auto* button = new ToolButton(QStringLiteral("apply"), &window);
+        button->SetCaption(QStringLiteral("  Apply"));
+        button->SetLook(look);
+        button->setGeometry(0, 0, 83, 26);
+        window.show();
+        QApplication::setActiveWindow(&window);
+        std::vector<QImage> states;
+        const auto keep = [&] { states.push_back(button->grab().toImage()); };
+        button->setAttribute(Qt::WA_UnderMouse, false);
+        keep();
+        button->setAttribute(Qt::WA_UnderMouse, true);
+        keep();
+        button->setDown(true);
+        keep();
+        button->setDown(false);
+        button->setAttribute(Qt::WA_UnderMouse, false);
+        button->setFocus(Qt::TabFocusReason);
+        keep();
+        button->setEnabled(false);
+        keep();
+        for (std::size_t i = 0; i < states.size(); ++i)
+            for (std::size_t j = i + 1; j < states.size(); ++j)
+                EXPECT_NE(states[i], states[j]) << "look " << static_cast<int>(look) << ": " << i << " and " << j;
+    }
+}
+
+TEST(ToolButton, IconsOfAStripCanStandOnOneLine) {
+    // Buttons 19 pixels high at tops 4 and 5: shifted by one, their icons meet.
+    const auto firstInk = [](ToolButton& button) {
+        const QImage image = button.grab().toImage();
+        const QColor ground = image.pixelColor(0, 0);
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                if (image.pixelColor(x, y) != ground) return y;
+        return -1;
+    };
+    ToolButton button(QStringLiteral("max"));
+    button.resize(19, 25);
+    const int before = firstInk(button);
+    ASSERT_GE(before, 0);
+    button.SetIconShift(-1);
+    EXPECT_EQ(firstInk(button), before - 1);
+}
+
+}  // namespace
+}  // namespace kelu

@@ -1,0 +1,136 @@
+// Grid, current button, signals and keys of the toolbox.
+// SPDX-License-Identifier: MIT
+#include "controls/toolbox/toolbox.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QApplication>
+#include <QTest>
+
+#include "controls/theme/theme.h"
+
+namespace kelu {
+namespace {
+
+class ToolboxTest : public testing::Test {
+ protected:
+    ToolboxTest() {
+        box.SetColumns(3);
+        box.SetButtonSize({30, 20});
+        box.SetMargin(5);
+        box.SetGap(2);
+        for (int i = 1; i <= 8; ++i) box.AddButton(QStringLiteral("keySFX%1").arg(i));
+        QObject::connect(&box, &Toolbox::ButtonClicked, &box, [this](int index, const QString& key) {
+            clicks.append(QStringLiteral("%1 %2 current %3").arg(index).arg(key).arg(box.Current()));
+        });
+        box.resize(box.sizeHint());
+        box.show();
+        QApplication::setActiveWindow(&box);
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&box));
+    }
+    int Focused() const {
+        for (int i = 1; i <= box.Count(); ++i)
+            if (box.Button(i) == QApplication::focusWidget()) return i;
+        return 0;
+    }
+    void Keys(std::initializer_list<Qt::Key> keys) {
+        for (const Qt::Key key : keys) QTest::keyClick(QApplication::focusWidget(), key);
+    }
+
+    Toolbox box;
+    QStringList clicks;
+};
+
+TEST_F(ToolboxTest, LaysButtonsInRowsWithMarginAndGap) {
+    EXPECT_EQ(box.sizeHint(), QSize(2 * 5 + 3 * 30 + 2 * 2, 2 * 5 + 3 * 20 + 2 * 2));
+    EXPECT_EQ(box.Button(1)->geometry(), QRect(5, 5, 30, 20));
+    EXPECT_EQ(box.Button(5)->geometry(), QRect(5 + 32, 5 + 22, 30, 20));
+    EXPECT_EQ(box.Button(8)->geometry(), QRect(5 + 32, 5 + 44, 30, 20));
+    box.resize(box.width() + 20, box.height());
+    EXPECT_EQ(box.Button(1)->x(), 15) << "the grid stands in the middle of a wider space";
+    box.SetColumns(100);
+    EXPECT_EQ(box.sizeHint(), QSize(10 + 8 * 30 + 7 * 2, 30));
+    EXPECT_EQ(box.Button(0), nullptr);
+    EXPECT_EQ(box.Button(9), nullptr);
+    EXPECT_EQ(box.Key(8), QStringLiteral("keySFX8"));
+    EXPECT_EQ(box.Key(9), QString());
+}
+
+TEST_F(ToolboxTest, TellsEachClickAfterMarkingItsButton) {
+    box.SetCurrent(2);
+    EXPECT_TRUE(clicks.isEmpty());
+    QTest::mouseClick(box.Button(4), Qt::LeftButton);
+    QTest::mouseClick(box.Button(4), Qt::LeftButton);
+    QTest::mouseClick(box.Button(1), Qt::RightButton);
+    EXPECT_EQ(clicks, QStringList({"4 keySFX4 current 4", "4 keySFX4 current 4"}));
+    box.SetCurrent(99);
+    EXPECT_EQ(box.Current(), 0);
+    for (int i = 1; i <= 8; ++i) EXPECT_FALSE(qobject_cast<QAbstractButton*>(box.Button(i))->isChecked());
+}
+
+TEST_F(ToolboxTest, ArrowKeysWalkTheGridSpaceAndEnterPress) {
+    box.Button(1)->setFocus(Qt::TabFocusReason);
+    Keys({Qt::Key_Down, Qt::Key_Right, Qt::Key_Up, Qt::Key_Up});
+    EXPECT_EQ(Focused(), 2) << "no row above the first";
+    Keys({Qt::Key_End, Qt::Key_Right, Qt::Key_Down});
+    EXPECT_EQ(Focused(), 8);
+    Keys({Qt::Key_Left, Qt::Key_Space});
+    EXPECT_EQ(clicks, QStringList{"7 keySFX7 current 7"});
+    Keys({Qt::Key_Home, Qt::Key_Return});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return clicks.size() == 2; }, 1000));
+    EXPECT_EQ(clicks.last(), QStringLiteral("1 keySFX1 current 1"));
+}
+
+TEST_F(ToolboxTest, OneButtonTakesTab) {
+    const auto stops = [&] {
+        std::vector<int> found;
+        for (int i = 1; i <= box.Count(); ++i)
+            if (box.Button(i)->focusPolicy() & Qt::TabFocus) found.push_back(i);
+        return found;
+    };
+    EXPECT_EQ(stops(), std::vector<int>{1});
+    box.SetCurrent(6);
+    EXPECT_EQ(stops(), std::vector<int>{6});
+    box.Button(6)->setFocus(Qt::TabFocusReason);
+    Keys({Qt::Key_Left});
+    EXPECT_EQ(stops(), std::vector<int>{5});
+}
+
+TEST_F(ToolboxTest, TipsAreNamesForAssistiveTechnology) {
+    box.SetTip(3, QStringLiteral("Black && White"));
+    EXPECT_EQ(box.Tip(3), QStringLiteral("Black && White"));
+    EXPECT_EQ(box.Button(3)->toolTip(), QStringLiteral("Black & White"));
+    const QAccessibleInterface* button = QAccessible::queryAccessibleInterface(box.Button(3));
+    ASSERT_NE(button, nullptr);
+    EXPECT_EQ(button->text(QAccessible::Name), QStringLiteral("Black & White"));
+    box.SetCurrent(3);
+    EXPECT_TRUE(button->state().checked);
+    box.SetTip(9, QStringLiteral("nobody"));
+    EXPECT_EQ(box.Tip(9), QString());
+}
+
+TEST_F(ToolboxTest, ShowsThePictureOfItsState) {
+    const auto picture = [](const QColor& color) {
+        QPixmap pixmap(30, 20);
+        pixmap.fill(color);
+        return pixmap;
+    };
+    box.SetPictures(1, picture(Qt::red), picture(Qt::green), picture(Qt::blue));
+    auto* button = qobject_cast<QAbstractButton*>(box.Button(1));
+    const auto middle = [&] { return button->grab().toImage().pixelColor(15, 10); };
+    button->setAttribute(Qt::WA_UnderMouse, false);
+    EXPECT_EQ(middle(), QColor(Qt::red));
+    button->setAttribute(Qt::WA_UnderMouse, true);
+    EXPECT_EQ(middle(), QColor(Qt::green));
+    button->setDown(true);
+    EXPECT_EQ(middle(), QColor(Qt::blue));
+    button->setDown(false);
+    button->setAttribute(Qt::WA_UnderMouse, false);
+    box.SetCurrent(1);
+    EXPECT_EQ(button->grab().toImage().pixelColor(15, 1), theme::kAccent);
+}
+
+}  // namespace
+}  // namespace kelu
