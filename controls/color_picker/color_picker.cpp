@@ -33,9 +33,11 @@ void ColorPicker::SetColor(std::int32_t color) {
 }
 
 void ColorPicker::OpenPopup() {
-    if (popup_) return popup_->close(), void();
+    if (popup_ && popup_->isVisible()) return popup_->close(), void();
     popup_ = new ColorPopup(FromValue(color_), this);
     popup_->setAttribute(Qt::WA_DeleteOnClose);
+    // The press that closes the popup does nothing else: on this picker it would open it again at once.
+    popup_->setAttribute(Qt::WA_NoMouseReplay);
     connect(popup_, &ColorPopup::ColorChanged, this, [this](const QColor& color) {
         if (ToValue(color) == color_) return;
         SetColor(ToValue(color));
@@ -81,7 +83,7 @@ void ColorPicker::paintEvent(QPaintEvent*) {
                        : over       ? theme::kBrightText
                                     : theme::kMutedText,
                        3);
-    if (hasFocus()) theme::DrawFocusRing(painter, rect(), theme::kFocus);
+    if (theme::ShowsFocus(*this)) theme::DrawFocusRing(painter, rect(), theme::kFocus);
 }
 
 }  // namespace kelu

@@ -92,7 +92,7 @@ void HueField::paintEvent(QPaintEvent*) {
     painter.drawEllipse(at, 6, 6);
     painter.setPen(QPen(theme::kBrightText, 2));
     painter.drawEllipse(at, 6, 6);
-    if (hasFocus()) theme::DrawFocusRing(painter, rect(), theme::kBrightText);
+    if (theme::ShowsFocus(*this)) theme::DrawFocusRing(painter, rect(), theme::kBrightText);
 }
 
 }  // namespace kelu

@@ -82,7 +82,7 @@ void ValueBar::paintEvent(QPaintEvent*) {
     painter.setBrush(QColor::fromHsv(hue_, saturation_, value_));
     painter.setPen(QPen(QColor(0, 0, 0, 170), 4));
     painter.drawEllipse(at, 6, 6);
-    painter.setPen(QPen(hasFocus() ? theme::kFocus : theme::kBrightText, 2));
+    painter.setPen(QPen(theme::ShowsFocus(*this) ? theme::kFocus : theme::kBrightText, 2));
     painter.drawEllipse(at, 6, 6);
 }
 

@@ -53,7 +53,7 @@ void StatusPanel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setPen(clickable_ && underMouse() ? theme::kText : theme::kQuietText);
     painter.drawText(rect().adjusted(kPad, 0, -kPad, 0), Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, shown_);
-    if (hasFocus()) theme::DrawFocusRing(painter, rect().adjusted(1, 4, -1, -4), theme::kFocus);
+    if (theme::ShowsFocus(*this)) theme::DrawFocusRing(painter, rect().adjusted(1, 4, -1, -4), theme::kFocus);
 }
 
 }  // namespace kelu

@@ -128,6 +128,6 @@ CursorPicture Cursor(const char* name, const QPoint& hotSpot, qreal ratio) {
 
 CursorPicture BrushCursor(qreal ratio) { return Cursor("cursor_brush", {3, 28}, ratio); }
 CursorPicture SmudgeCursor(qreal ratio) { return Cursor("cursor_smudge", {5, 27}, ratio); }
-CursorPicture CrossCursor(qreal ratio) { return Cursor("cursor_cross", {16, 16}, ratio); }
+CursorPicture CrossCursor(qreal ratio) { return Cursor("cursor_cross", {15, 15}, ratio); }
 
 }  // namespace kelu::theme

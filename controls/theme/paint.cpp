@@ -3,7 +3,7 @@
 #include "controls/theme/paint.h"
 
 #include <QPainter>
-#include <QPainterPath>
+#include <QWidget>
 
 #include "controls/theme/theme.h"
 
@@ -55,6 +55,10 @@ void DrawField(QPainter& painter, const QRectF& box, const QColor& fill, const Q
 void DrawFocusRing(QPainter& painter, const QRectF& box, const QColor& color) {
     const Smooth smooth(painter);
     StrokeInside(painter, box, color, kFocusWidth);
+}
+
+bool ShowsFocus(const QWidget& widget) {
+    return widget.hasFocus() && widget.window()->testAttribute(Qt::WA_KeyboardFocusChange);
 }
 
 void DrawChevron(QPainter& painter, const QRectF& box, Qt::ArrowType direction, const QColor& color, qreal reach) {

@@ -6,6 +6,7 @@
 #include <QRect>
 
 class QPainter;
+class QWidget;
 
 namespace kelu::theme {
 
@@ -15,6 +16,9 @@ void FillPlate(QPainter& painter, const QRectF& box, const QColor& color);
 void DrawField(QPainter& painter, const QRectF& box, const QColor& fill, const QColor& outline);
 /// The ring of keyboard focus, inside `box`.
 void DrawFocusRing(QPainter& painter, const QRectF& box, const QColor& color);
+/// Whether `widget` has the focus and it came by keyboard, so that the ring is wanted. Clicks and the window's own
+/// activation leave no ring behind.
+bool ShowsFocus(const QWidget& widget);
 /// A chevron in the middle of `box`, pointing up, down, left or right; `reach` is half its breadth.
 void DrawChevron(QPainter& painter, const QRectF& box, Qt::ArrowType direction, const QColor& color, qreal reach = 4);
 

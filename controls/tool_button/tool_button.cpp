@@ -152,7 +152,8 @@ void ToolButton::paintEvent(QPaintEvent*) {
                              text());
         }
     }
-    if (hasFocus()) theme::DrawFocusRing(painter, rect(), look_ == Look::Primary ? theme::kBrightText : theme::kFocus);
+    if (theme::ShowsFocus(*this))
+        theme::DrawFocusRing(painter, rect(), look_ == Look::Primary ? theme::kBrightText : theme::kFocus);
 }
 
 }  // namespace kelu

@@ -83,7 +83,7 @@ void ToolboxButton::paintEvent(QPaintEvent*) {
     else
         PaintIconLook(painter);
     // Within the accent ring of the current one, so that both can be told apart.
-    if (hasFocus())
+    if (theme::ShowsFocus(*this))
         theme::DrawFocusRing(painter, current_ && iconName_.isEmpty() ? rect().adjusted(3, 3, -3, -3) : rect(),
                              theme::kBrightText);
 }

@@ -106,7 +106,8 @@ TEST_F(ColorPickerTest, ThePopupStaysOnTheScreenAndOpensByKey) {
         QTest::keyClick(&picker, Qt::Key_Down);
         auto* popup = qobject_cast<ColorPopup*>(QApplication::activePopupWidget());
         ASSERT_NE(popup, nullptr);
-        EXPECT_TRUE(room.contains(popup->geometry()));
+        // The offscreen platform moves even popups by a frame of two pixels.
+        EXPECT_TRUE(room.adjusted(-2, -2, 2, 2).contains(popup->geometry()));
         EXPECT_FALSE(popup->geometry().intersects(picker.geometry()));
         popup->close();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

@@ -86,6 +86,8 @@ TEST(ToolButton, EachStateLooksDifferent) {
         keep();
         button->setDown(false);
         button->setAttribute(Qt::WA_UnderMouse, false);
+        EXPECT_TRUE(button->hasFocus()) << "the window's activation gave it, without a ring";
+        button->clearFocus();
         button->setFocus(Qt::TabFocusReason);
         keep();
         button->setEnabled(false);
