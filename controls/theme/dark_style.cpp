@@ -101,7 +101,7 @@ void DarkStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
         case PE_FrameFocusRect:
             // Rows show the focus by their ground, buttons by their plate; what is left gets the ring.
             if (As<QStyleOptionViewItem>(option) || qobject_cast<const QAbstractItemView*>(widget)) return;
-            if (Has(option->state, State_KeyboardFocusChange))
+            if (FocusWatch::Instance().ByKeyboard())
                 DrawFocusRing(*painter, QRectF(option->rect).adjusted(-1, -1, 1, 1), kFocus);
             return;
         case PE_PanelItemViewItem:

@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QWidget>
 
+#include "controls/theme/focus_watch.h"
 #include "controls/theme/theme.h"
 
 namespace kelu::theme {
@@ -57,9 +58,7 @@ void DrawFocusRing(QPainter& painter, const QRectF& box, const QColor& color) {
     StrokeInside(painter, box, color, kFocusWidth);
 }
 
-bool ShowsFocus(const QWidget& widget) {
-    return widget.hasFocus() && widget.window()->testAttribute(Qt::WA_KeyboardFocusChange);
-}
+bool ShowsFocus(const QWidget& widget) { return widget.hasFocus() && FocusWatch::Instance().ByKeyboard(); }
 
 void DrawChevron(QPainter& painter, const QRectF& box, Qt::ArrowType direction, const QColor& color, qreal reach) {
     const Smooth smooth(painter);

@@ -5,6 +5,8 @@
 #include <QRect>
 #include <QStyle>
 
+#include "controls/theme/focus_watch.h"
+
 class QColor;
 class QPainter;
 class QStyleOption;
@@ -19,9 +21,9 @@ class QStyleOptionViewItem;
 namespace kelu::theme {
 
 inline bool Has(QStyle::State state, QStyle::StateFlag flag) { return state.testFlag(flag); }
-/// Whether the focus came by keyboard, so that its ring is wanted.
+/// Whether the ring of keyboard focus is wanted.
 inline bool ShowsFocus(QStyle::State state) {
-    return Has(state, QStyle::State_HasFocus) && Has(state, QStyle::State_KeyboardFocusChange);
+    return Has(state, QStyle::State_HasFocus) && FocusWatch::Instance().ByKeyboard();
 }
 
 // Buttons and marks (style_buttons.cpp)

@@ -7,6 +7,7 @@
 #include <QToolTip>
 
 #include "controls/theme/dark_style.h"
+#include "controls/theme/focus_watch.h"
 
 namespace kelu::theme {
 
@@ -62,6 +63,7 @@ void Apply(QApplication& application) {
     const QPalette palette = DarkPalette();
     application.setPalette(palette);
     QToolTip::setPalette(palette);
+    FocusWatch::Instance();
     application.setEffectEnabled(Qt::UI_AnimateCombo, false);
 }
 

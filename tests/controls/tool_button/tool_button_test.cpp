@@ -67,6 +67,7 @@ TEST(ToolButton, TabReachesItAClickTakesNoFocus) {
 }
 
 TEST(ToolButton, EachStateLooksDifferent) {
+    theme::Apply(*qApp);
     for (const auto look : {ToolButton::Look::Flat, ToolButton::Look::Raised, ToolButton::Look::Primary}) {
         QWidget window;
         window.resize(100, 40);
@@ -78,6 +79,7 @@ TEST(ToolButton, EachStateLooksDifferent) {
         QApplication::setActiveWindow(&window);
         std::vector<QImage> states;
         const auto keep = [&] { states.push_back(button->grab().toImage()); };
+        QTest::mouseClick(&window, Qt::LeftButton, {}, QPoint(95, 35));
         button->setAttribute(Qt::WA_UnderMouse, false);
         keep();
         button->setAttribute(Qt::WA_UnderMouse, true);
@@ -87,9 +89,10 @@ TEST(ToolButton, EachStateLooksDifferent) {
         button->setDown(false);
         button->setAttribute(Qt::WA_UnderMouse, false);
         EXPECT_TRUE(button->hasFocus()) << "the window's activation gave it, without a ring";
-        button->clearFocus();
-        button->setFocus(Qt::TabFocusReason);
+        QTest::keyClick(button, Qt::Key_Tab);
         keep();
+        QTest::mouseClick(&window, Qt::LeftButton, {}, QPoint(95, 35));
+        EXPECT_EQ(button->grab().toImage(), states.front()) << "the mouse takes the ring away";
         button->setEnabled(false);
         keep();
         for (std::size_t i = 0; i < states.size(); ++i)

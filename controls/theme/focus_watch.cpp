@@ -1,0 +1,57 @@
+// What counts as work by keyboard; see focus_watch.h.
+// SPDX-License-Identifier: MIT
+#include "controls/theme/focus_watch.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QPointer>
+#include <QWidget>
+
+namespace kelu::theme {
+
+FocusWatch& FocusWatch::Instance() {
+    // A child of the application: it goes with it, and a test's second application gets its own.
+    static QPointer<FocusWatch> watch;
+    if (!watch) {
+        watch = new FocusWatch(qApp);
+        qApp->installEventFilter(watch);
+    }
+    return *watch;
+}
+
+void FocusWatch::Set(bool byKeyboard) {
+    if (byKeyboard_ == byKeyboard) return;
+    byKeyboard_ = byKeyboard;
+    if (QWidget* focused = QApplication::focusWidget()) focused->update();
+}
+
+bool FocusWatch::eventFilter(QObject* watched, QEvent* event) {
+    switch (event->type()) {
+        case QEvent::MouseButtonPress:
+            Set(false);
+            break;
+        case QEvent::KeyPress:
+            switch (static_cast<QKeyEvent*>(event)->key()) {
+                case Qt::Key_Tab:
+                case Qt::Key_Backtab:
+                case Qt::Key_Left:
+                case Qt::Key_Right:
+                case Qt::Key_Up:
+                case Qt::Key_Down:
+                case Qt::Key_Home:
+                case Qt::Key_End:
+                case Qt::Key_Space:
+                case Qt::Key_Alt:
+                    Set(true);
+                    break;
+                default:
+                    break;
+            }
+            break;
+        default:
+            break;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+}  // namespace kelu::theme
