@@ -33,6 +33,10 @@ QString DataFile(const char* name) {
     return QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("data/") + QLatin1String(name));
 }
 
+QString GalleryFile(const char* name) {
+    return QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("Gallery/") + QLatin1String(name));
+}
+
 BrushCursors Cursors(qreal ratio) {
     return {theme::BrushCursor(ratio), theme::SmudgeCursor(ratio), theme::CrossCursor(ratio)};
 }
@@ -95,6 +99,8 @@ void frmMain::Connect() {
     connect(controls.selectors, &EffectSelectors::EffectChosen, controls.pnlSettings, &EffectPanel::SetUp);
     connect(controls.pnlSettings->sldBrushSize, &LsSlider::ValueChanged, this, [this] { painter_.SetUpBrush(); });
     connect(controls.pnlSettings->cmdApply, &ToolButton::clicked, &application_, &EffectApplication::ApplyClick);
+
+    connect(&buttonPictures_, &EffectPictures::PictureReady, controls.selectors, &EffectSelectors::ShowPicture);
 
     chrome_.AddHandle(*controls.picTitleBar, /*maximises=*/true);
     chrome_.AddHandle(*controls.picCover, /*maximises=*/false);
@@ -163,6 +169,12 @@ void frmMain::resizeEvent(QResizeEvent*) {
         }
     }
     controls.ApplyLayout();
+}
+
+void frmMain::showEvent(QShowEvent* event) {
+    // The toolbar's pictures are drawn behind the splash, once the window itself has been painted.
+    if (!event->spontaneous())
+        QTimer::singleShot(0, this, [this] { buttonPictures_.Start(GalleryFile("cat.jpg"), devicePixelRatioF()); });
 }
 
 void frmMain::keyReleaseEvent(QKeyEvent* event) {

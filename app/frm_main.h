@@ -21,6 +21,7 @@
 #include "document/settings.h"
 #include "document/zoom_view.h"
 #include "effects/effect_application.h"
+#include "effects/effect_pictures.h"
 #include "effects/form_render_window.h"
 #include "effects/pix_twix.h"
 
@@ -56,6 +57,7 @@ class frmMain : public QWidget, private StartUpSteps {
 
  protected:
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
@@ -90,6 +92,7 @@ class frmMain : public QWidget, private StartUpSteps {
     PaintReminder reminder_;
     FormRenderWindow renderWindow_;
     EffectApplication application_;
+    EffectPictures buttonPictures_;
     WindowChrome chrome_;
     StartUp startUp_;
     QTimer tmrSplash_;

@@ -5,6 +5,7 @@
 
 #include "cli/command_line.h"
 #include "cli/commands.h"
+#include "cli/gif_commands.h"
 
 namespace {
 
@@ -33,6 +34,7 @@ int Run(const QStringList& arguments) {
     if (command == u"apply") return ApplyCommand(words);
     if (command == u"convert") return ConvertCommand(words);
     if (command == u"bench") return BenchCommand(words);
+    if (command == u"gif-info") return kelu::GifInfoCommand(words);
     if (command == u"help" || command == u"--help" || command == u"-h") {
         std::fputs(kUsage, stdout);
         return kDone;
