@@ -1,0 +1,211 @@
+// SPDX-License-Identifier: MIT
+#include "output/frm_print.h"
+
+#include <QGuiApplication>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+#include "controls/list_ex/list_ex.h"
+#include "controls/theme/theme.h"
+#include "controls/title_row/title_row.h"
+#include "controls/tool_button/tool_button.h"
+#include "platform/error.h"
+
+namespace kelu {
+
+namespace {
+
+constexpr QSize kPreviewSize(380, 300);  // device-independent pixels, as the next three
+constexpr int kListWidth = 220;
+constexpr int kOrientationButton = 40;
+constexpr int kOrientationIcon = 26;
+constexpr QColor kHatch(200, 200, 200, 40);  // as behind the canvas
+
+struct Captions {
+    const char* id;
+    const char* window;
+    const char* ok;
+    const char* cancel;
+    const char* printers;
+    const char* orientation;
+    const char* portrait;
+    const char* landscape;
+};
+constexpr Captions kUKEnglish{"0", "Print", "Print ", "Cancel ", "Available Printers", "Orietation", "Portrait", "Landscape"};
+constexpr Captions kLanguages[] = {
+    kUKEnglish,
+    {"1", "Print", "Print ", "Cancel ", "Available Printers", "Orietation", "Portrait", "Landscape"},
+    {"2", "Imprimir", "Imprimir ", "Cancelar ", "Impresoras disponibles", "Orientación", "Vertical", "Horizontal"},
+    {"3", "Imprimer", "Imprimer ", "Annuler ", "Imprimantes", "Orientación", "Portrait", "Paysage"},
+};
+
+template <typename Widget>
+Widget* Named(Widget* widget, const char* name) {
+    widget->setObjectName(QLatin1String(name));
+    return widget;
+}
+
+}  // namespace
+
+frmPrint::frmPrint(const QImage& picture, PrintService& service, Settings& settings, MsgDialog& dialog, QWidget* parent)
+    : QDialog(parent),
+      picPrint(Named(new ImageX(surface, this), "picPrint")),
+      lstPrinters(Named(new ListEx(this), "lstPrinters")),
+      Option1(Named(new QRadioButton(this), "Option1")),
+      Option2(Named(new QRadioButton(this), "Option2")),
+      picPort(Named(new ToolButton(QStringLiteral("portrait"), this), "picPort")),
+      picLand(Named(new ToolButton(QStringLiteral("landscape"), this), "picLand")),
+      cmdOK(Named(new QPushButton(this), "cmdOK")),
+      cmdCancel(Named(new QPushButton(this), "cmdCancel")),
+      lblAvPrinters(Named(new QLabel(this), "lblAvPrinters")),
+      lblOrietation(Named(new QLabel(this), "lblOrietation")),
+      service_(service),
+      settings_(settings),
+      dialog_(dialog) {
+    setObjectName(QStringLiteral("frmPrint"));
+    surface.SetPicture(picture);
+    picPrint->SetFittedView();
+    picPrint->setAccessibleName(QStringLiteral("Preview"));
+    LayOut();
+    ChangeLanguage(QString::fromLatin1(kUKEnglish.id));
+
+    Option2->setChecked(true);
+    connect(Option1, &QRadioButton::toggled, this, [this](bool portrait) { portrait ? RotateLeft() : RotateRight(); });
+    connect(picPort, &ToolButton::clicked, Option1, [this] { Option1->setChecked(true); });
+    connect(picLand, &ToolButton::clicked, Option2, [this] { Option2->setChecked(true); });
+    connect(cmdOK, &QPushButton::clicked, this, &frmPrint::PrintNow);
+    connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+
+    GetPrinters();
+    LoadMySettings();
+    picPrint->SetBackgroundHatch(QBrush(kHatch, Qt::DiagCrossPattern));
+}
+
+void frmPrint::LayOut() {
+    TitleRow::MakeFrameless(*this);
+    picPrint->setFixedSize(kPreviewSize);
+    lstPrinters->setFixedWidth(kListWidth);
+    lblAvPrinters->setBuddy(lstPrinters);
+    for (ToolButton* button : {picPort, picLand}) {
+        button->setFixedSize(kOrientationButton, kOrientationButton);
+        button->SetIconSize(kOrientationIcon);
+        button->setFocusPolicy(Qt::NoFocus);  // the option beside it does the same
+    }
+    cmdOK->setDefault(true);
+
+    auto* orientation = new QGridLayout;
+    orientation->setHorizontalSpacing(theme::kSpacing);
+    orientation->addWidget(picPort, 0, 0);
+    orientation->addWidget(Option1, 0, 1);
+    orientation->addWidget(picLand, 1, 0);
+    orientation->addWidget(Option2, 1, 1);
+    orientation->setColumnStretch(2, 1);
+
+    auto* choices = new QVBoxLayout;
+    choices->setSpacing(theme::kSpacing);
+    choices->addWidget(lblAvPrinters);
+    choices->addWidget(lstPrinters, 1);
+    choices->addSpacing(theme::kSpacing);
+    choices->addWidget(lblOrietation);
+    choices->addLayout(orientation);
+
+    auto* middle = new QHBoxLayout;
+    middle->setSpacing(theme::kMargin);
+    middle->addLayout(choices);
+    middle->addWidget(picPrint, 0, Qt::AlignTop);
+
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(theme::kSpacing);
+    buttons->addStretch();
+    buttons->addWidget(cmdOK);
+    buttons->addWidget(cmdCancel);
+
+    auto* content = new QVBoxLayout;
+    content->setContentsMargins(theme::kMargin, theme::kSpacing, theme::kMargin, theme::kMargin);
+    content->setSpacing(theme::kMargin);
+    content->addLayout(middle);
+    content->addLayout(buttons);
+
+    auto* whole = new QVBoxLayout(this);
+    whole->setContentsMargins(1, 1, 1, 1);
+    whole->setSpacing(0);
+    whole->addWidget(new TitleRow(this));
+    whole->addLayout(content);
+    whole->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+void frmPrint::GetPrinters() {
+    lstPrinters->Clear();
+    try {
+        for (const QString& name : service_.Printers()) lstPrinters->AddItem(name);
+        const QString standard = service_.DefaultPrinter();
+        for (int row = 0; row < lstPrinters->Count(); ++row)
+            if (lstPrinters->Text(row) == standard) lstPrinters->SetListIndex(row);
+    } catch (const Error& error) {
+        if (error.Number() == PrintService::kNoPrinterInformation) lstPrinters->setEnabled(false);
+    }
+}
+
+void frmPrint::LoadMySettings() {
+    RunShowingErrors(dialog_, [this] {
+        // Before the row is set, which fails where there is no printer at all.
+        const QString language = settings_.Read(settings::kLanguage);
+        ChangeLanguage(language);
+        if (lstPrinters->Count() == 0) return;
+        lstPrinters->SetListIndex(settings_.ReadInteger(settings::kPrinter));
+    });
+}
+
+void frmPrint::SaveMySettings() {
+    RunShowingErrors(dialog_,
+                     [this] { settings_.Write(settings::kPrinter, QString::number(lstPrinters->ListIndex())); });
+}
+
+void frmPrint::ChangeLanguage(const QString& id) {
+    for (const Captions& captions : kLanguages) {
+        if (id != QLatin1String(captions.id)) continue;
+        setWindowTitle(QString::fromUtf8(captions.window));
+        cmdOK->setText(QString::fromUtf8(captions.ok));
+        cmdCancel->setText(QString::fromUtf8(captions.cancel));
+        lblAvPrinters->setText(QString::fromUtf8(captions.printers));
+        lblOrietation->setText(QString::fromUtf8(captions.orientation));
+        Option1->setText(QString::fromUtf8(captions.portrait));
+        Option2->setText(QString::fromUtf8(captions.landscape));
+        picPort->SetTip(QString::fromUtf8(captions.portrait));
+        picLand->SetTip(QString::fromUtf8(captions.landscape));
+    }
+}
+
+void frmPrint::RotateLeft() {
+    if (rotated_) return;
+    surface.RotateLeft();
+    picPrint->SetFittedView();
+    rotated_ = true;
+}
+
+void frmPrint::RotateRight() {
+    if (!rotated_) return;
+    surface.RotateRight();
+    picPrint->SetFittedView();
+    rotated_ = false;
+}
+
+void frmPrint::PrintNow() {
+    const bool printed = RunShowingErrors(dialog_, [this] {
+        if (lstPrinters->ListIndex() < 0) throw Error(PrintService::kNoPrinterInformation, QStringLiteral("No printer is chosen"));
+        const PictureSize size{surface.ImageWidth(), surface.ImageHeight(), surface.ResolutionX(), surface.ResolutionY()};
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+        const struct CursorBack {
+            ~CursorBack() { QGuiApplication::restoreOverrideCursor(); }
+        } cursorBack;
+        service_.Print(lstPrinters->Text(lstPrinters->ListIndex()), Option1->isChecked(), surface.Picture(),
+                       [&](const PrinterPage& page) { return PlacePicture(setup, page, size); });
+    });
+    if (!printed) return;
+    SaveMySettings();
+    accept();
+}
+
+}  // namespace kelu

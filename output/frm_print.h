@@ -1,0 +1,61 @@
+// The print dialog: printers, preview, orientation. It prints a copy of the canvas as one page.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QDialog>
+
+#include "controls/message_dialog/msg_dialog.h"
+#include "document/image_x.h"
+#include "document/settings.h"
+#include "document/surface.h"
+#include "output/page_layout.h"
+#include "output/print_service.h"
+
+class QLabel;
+class QPushButton;
+class QRadioButton;
+
+namespace kelu {
+
+class ListEx;
+class ToolButton;
+
+class frmPrint : public QDialog {
+    Q_OBJECT
+
+ public:
+    frmPrint(const QImage& picture, PrintService& service, Settings& settings, MsgDialog& dialog, QWidget* parent);
+
+    // By name, for those who drive the dialog from outside.
+    Surface surface;  ///< the picture to print, turned for portrait
+    ImageX* const picPrint;
+    ListEx* const lstPrinters;
+    QRadioButton* const Option1;  ///< portrait
+    QRadioButton* const Option2;  ///< landscape
+    ToolButton* const picPort;
+    ToolButton* const picLand;
+    QPushButton* const cmdOK;
+    QPushButton* const cmdCancel;
+    QLabel* const lblAvPrinters;
+    QLabel* const lblOrietation;
+
+    /// Fixed at its start values as long as no control shows it.
+    PageSetup setup;
+
+ private:
+    void LayOut();
+    void GetPrinters();
+    void LoadMySettings();
+    void SaveMySettings();
+    void ChangeLanguage(const QString& id);
+    void RotateLeft();
+    void RotateRight();
+    void PrintNow();
+
+    PrintService& service_;
+    Settings& settings_;
+    MsgDialog& dialog_;
+    bool rotated_ = false;
+};
+
+}  // namespace kelu
