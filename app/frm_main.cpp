@@ -19,6 +19,7 @@
 #include "controls/toolbox/toolbox.h"
 #include "effects/effect_panel.h"
 #include "effects/effect_selectors.h"
+#include "output/frm_print.h"
 #include "platform/units.h"
 
 namespace kelu {
@@ -53,7 +54,9 @@ frmMain::frmMain(SharedState& state, const MainServices& services)
                [this] { return controls.pnlSettings->sldBrushSize->Value(); }),
       history_(surfaces.picCanvas, *controls.picCanvas, state),
       zoomView_(document_, *controls.picCanvas, state),
-      openSave_(document_, state, services.dialog, services.saveDialog, [] {}, [](const QString&) {}),
+      pdfExport_(surfaces.picCanvas, services.dialog, services.openDocument),
+      openSave_(document_, state, services.dialog, services.saveDialog, [] {},
+                [this](const QString& path) { pdfExport_.CreatePDF(path); }),
       reminder_(services.dialog, services.settings),
       renderWindow_(*this, *controls.pBar1),
       application_(surfaces.picCanvas, surfaces.picPen, PixTwix1_, state, *controls.pnlSettings, renderWindow_,
@@ -150,12 +153,19 @@ void frmMain::Run(Command command) {
         case Command::Minimise: chrome_.Minimise(); break;
         case Command::Restore: chrome_.ToggleMaximised(); break;
         case Command::Close: startUp_.ExitApp(); break;
+        case Command::Print: PrintImage(); break;
         case Command::Email:
-        case Command::Print:
         case Command::WebCam:
         case Command::Settings:
         case Command::Help: break;
     }
+}
+
+void frmMain::PrintImage() {
+    if (state_.CaptureBusy || !state_.ImageActive) return;
+    RunShowingErrors(services_.dialog, [this] {
+        frmPrint(surfaces.picCanvas.Picture(), services_.printing, services_.settings, services_.dialog, this).exec();
+    });
 }
 
 void frmMain::resizeEvent(QResizeEvent*) {

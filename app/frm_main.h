@@ -24,6 +24,8 @@
 #include "effects/effect_pictures.h"
 #include "effects/form_render_window.h"
 #include "effects/pix_twix.h"
+#include "output/pdf_export.h"
+#include "output/print_service.h"
 
 namespace kelu {
 
@@ -32,6 +34,8 @@ struct MainServices {
     Settings& settings;
     MsgDialog& dialog;
     SaveDialog& saveDialog;
+    PrintService& printing;
+    std::function<bool(const QString& path)> openDocument;
     std::function<bool()> anotherInstanceRuns;
 };
 
@@ -64,6 +68,8 @@ class frmMain : public QWidget, private StartUpSteps {
  private:
     void Connect();
 
+    void PrintImage();
+
     // Steps of the start.
     bool AnotherInstanceRuns() override { return services_.anotherInstanceRuns && services_.anotherInstanceRuns(); }
     void Connect2Camera() override;
@@ -87,6 +93,7 @@ class frmMain : public QWidget, private StartUpSteps {
     Painter painter_;
     History history_;
     ZoomView zoomView_;
+    PdfExport pdfExport_;
     OpenSave openSave_;
     PixTwix PixTwix1_;
     PaintReminder reminder_;

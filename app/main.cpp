@@ -7,6 +7,7 @@
 #include "controls/theme/theme.h"
 #include "dialogs/save_file_dialog.h"
 #include "platform/registry_file.h"
+#include "platform/shell.h"
 #include "platform/registry_access.h"
 #include "platform/single_instance.h"
 
@@ -25,7 +26,9 @@ int main(int argc, char** argv) {
     kelu::SharedState state;
     kelu::MsgDialogWindow dialog;
     kelu::SaveFileDialog saveDialog;
-    kelu::frmMain window(state, {settings, dialog, saveDialog, [&] { return !instance.IsFirst(); }});
+    kelu::SystemPrintService printing;
+    kelu::frmMain window(
+        state, {settings, dialog, saveDialog, printing, kelu::OpenDocument, [&] { return !instance.IsFirst(); }});
     if (!window.Start()) return 0;
     window.show();
     if (const QStringList words = QApplication::arguments(); words.size() > 1) window.OpenPicture(words[1]);

@@ -6,6 +6,7 @@
 #include "cli/command_line.h"
 #include "cli/commands.h"
 #include "cli/gif_commands.h"
+#include "cli/registry_commands.h"
 
 namespace {
 
@@ -35,6 +36,7 @@ int Run(const QStringList& arguments) {
     if (command == u"convert") return ConvertCommand(words);
     if (command == u"bench") return BenchCommand(words);
     if (command == u"gif-info") return kelu::GifInfoCommand(words);
+    if (command == u"registry") return kelu::RegistryCommand(words);
     if (command == u"help" || command == u"--help" || command == u"-h") {
         std::fputs(kUsage, stdout);
         return kDone;

@@ -31,7 +31,6 @@ inline constexpr Setting kAccountUser{"Gmail", "User Name", "Not Set"};
 inline constexpr Setting kAccountPassword{"Gmail", "Password", "Not Set"};    ///< scrambled three times
 inline constexpr Setting kAccountRecipient{"Gmail", "Recipient", "Not Set"};  ///< last recipient of the account way
 inline constexpr Setting kLastFolder{"LastOpenedFolder", "Path", ""};  ///< read with the Gallery as the default
-inline constexpr Setting kPrinter{"Printer", "Device", "0"};        ///< row of the chosen printer
 }  // namespace settings
 
 class Settings {

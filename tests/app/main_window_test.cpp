@@ -32,7 +32,8 @@ struct MainWindowTest : testing::Test {
     SharedState state;
     ScriptedDialog dialog;
     ScriptedSaveDialog saveDialog;
-    frmMain window{state, {settings, dialog, saveDialog, {}}};
+    SystemPrintService printing;
+    frmMain window{state, {settings, dialog, saveDialog, printing, {}, {}}};
     ImageX& canvas = *window.controls.picCanvas;
 
     void SetUp() override {
