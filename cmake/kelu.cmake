@@ -29,8 +29,10 @@ target_include_directories(kelu_flags INTERFACE "${PROJECT_SOURCE_DIR}")
 target_compile_definitions(kelu_flags INTERFACE
   QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 if(KELU_SANITIZE)
-  target_compile_options(kelu_flags INTERFACE -fsanitize=${KELU_SANITIZE} -fno-omit-frame-pointer -g1
-    $<$<STREQUAL:${KELU_SANITIZE},address$<COMMA>undefined>:-fno-sanitize-recover=undefined>)
+  target_compile_options(kelu_flags INTERFACE -fsanitize=${KELU_SANITIZE} -fno-omit-frame-pointer -g1)
+  if(KELU_SANITIZE MATCHES "undefined")
+    target_compile_options(kelu_flags INTERFACE -fno-sanitize-recover=undefined)
+  endif()
   target_link_options(kelu_flags INTERFACE -fsanitize=${KELU_SANITIZE})
 endif()
 
