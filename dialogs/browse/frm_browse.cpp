@@ -1,0 +1,233 @@
+// SPDX-License-Identifier: MIT
+#include "dialogs/browse/frm_browse.h"
+
+#include <QActionGroup>
+#include <QCoreApplication>
+#include <QDir>
+#include <QLabel>
+#include <QMenu>
+#include <QPushButton>
+#include <QStandardPaths>
+#include <QVBoxLayout>
+
+#include "controls/theme/theme.h"
+#include "controls/title_row/title_row.h"
+#include "controls/tool_button/tool_button.h"
+#include "dialogs/browse/browse_texts.h"
+#include "dialogs/browse/folder_combo.h"
+#include "platform/error.h"
+
+namespace kelu {
+
+namespace {
+
+constexpr const char* kFilter = "*.bmp;*.gif;*.jpg;*.jpeg;*.png;*.tif;*.pcx;*.psd;*.tga";
+constexpr QSize kStartSize(820, 560);  // device-independent pixels, as the next two
+constexpr QSize kFolderButton(104, 74);
+constexpr int kSmallButton = 28;
+constexpr std::array<const char*, 4> kFolderIcons{"folder_pictures", "folder_gallery", "folder_documents", "computer"};
+
+template <typename Widget>
+Widget* Named(Widget* widget, const char* name) {
+    widget->setObjectName(QLatin1String(name));
+    return widget;
+}
+
+ToolButton* Button(QWidget* parent, const char* icon, const char* name) {
+    return Named(new ToolButton(QString::fromLatin1(icon), parent), name);
+}
+
+}  // namespace
+
+bool IsPictureName(const QString& path) {
+    static constexpr const char* kEndings[] = {".bmp", ".jpg", ".png", ".gif", ".tif", ".tga", ".pcx", ".psd", ".jpeg"};
+    return std::any_of(std::begin(kEndings), std::end(kEndings), [&](const char* ending) {
+        return path.endsWith(QLatin1String(ending), Qt::CaseInsensitive);
+    });
+}
+
+frmBrowse::Places frmBrowse::Places::OfUser() {
+    return {QStandardPaths::writableLocation(QStandardPaths::PicturesLocation),
+            QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("Gallery")),
+            QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)};
+}
+
+frmBrowse::frmBrowse(Settings& settings, MsgDialog& dialog, std::function<void(const QString&)> open, QWidget* parent,
+                     const Places& places, const ThumbnailCache& cache)
+    : QDialog(parent),
+      FileViewer_(Named(new FileViewer(cache, this), "FileViewer")),
+      ComboDrive(Named(new FolderCombo(this), "ComboDrive")),
+      lblLookin(Named(new QLabel(this), "lblLookin")),
+      cmdFolder{Button(this, kFolderIcons[0], "cmdFolder1"), Button(this, kFolderIcons[1], "cmdFolder2"),
+                Button(this, kFolderIcons[2], "cmdFolder3"), Button(this, kFolderIcons[3], "cmdFolder4")},
+      cmdBack(Button(this, "back", "cmdBack")),
+      CmdUp(Button(this, "up", "CmdUp")),
+      cmdIcons(Button(this, "views", "cmdIcons")),
+      mnuFFile(Named(new QMenu(this), "mnuFFile")),
+      cmdOK(Named(new QPushButton(this), "cmdOK")),
+      cmdCancel(Named(new QPushButton(this), "cmdCancel")),
+      settings_(settings),
+      dialog_(dialog),
+      open_(std::move(open)),
+      places_(places) {
+    setObjectName(QStringLiteral("frmBrowse"));
+    auto* views = new QActionGroup(this);
+    for (QAction*& action : mnuViews) {
+        action = mnuFFile->addAction(QString());
+        action->setCheckable(true);
+        views->addAction(action);
+    }
+    cmdOK->setEnabled(false);
+    LayOut();
+    Connect();
+    ChangeLanguage(QStringLiteral("0"));
+    SetView(FileViewer::ViewKind::Thumbnails);
+    SetUpMe();
+}
+
+void frmBrowse::LayOut() {
+    TitleRow::MakeFrameless(*this);
+    resize(kStartSize);
+
+    auto* folders = new QVBoxLayout;
+    folders->setSpacing(theme::kSpacing);
+    for (ToolButton* button : cmdFolder) {
+        button->setFixedSize(kFolderButton);
+        button->SetCaptionPlace(ToolButton::CaptionPlace::Below);
+        button->SetIconSize(28);
+        button->setCheckable(true);
+        folders->addWidget(button);
+    }
+    folders->addStretch();
+
+    auto* top = new QHBoxLayout;
+    top->setSpacing(theme::kSpacing);
+    lblLookin->setBuddy(ComboDrive);
+    top->addWidget(lblLookin);
+    top->addWidget(ComboDrive, 1);
+    for (ToolButton* button : {cmdBack, CmdUp, cmdIcons}) {
+        button->setFixedSize(kSmallButton, kSmallButton);
+        top->addWidget(button);
+    }
+
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(theme::kSpacing);
+    buttons->addStretch();
+    buttons->addWidget(cmdOK);
+    buttons->addWidget(cmdCancel);
+
+    auto* grid = new QGridLayout;
+    grid->setContentsMargins(theme::kMargin, theme::kSpacing, theme::kMargin, theme::kMargin);
+    grid->setHorizontalSpacing(theme::kMargin);
+    grid->setVerticalSpacing(theme::kSpacing + 4);
+    grid->addLayout(top, 0, 1);
+    grid->addLayout(folders, 1, 0);
+    grid->addWidget(FileViewer_, 1, 1);
+    grid->addLayout(buttons, 2, 1);
+    grid->setRowStretch(1, 1);
+
+    auto* whole = new QVBoxLayout(this);
+    whole->setContentsMargins(1, 1, 1, 1);
+    whole->setSpacing(0);
+    whole->addWidget(new TitleRow(this));
+    whole->addLayout(grid, 1);
+    setSizeGripEnabled(true);
+    // The tab order follows the eye: where to look, what is there, what to do.
+    QWidget* last = ComboDrive;
+    for (QWidget* next : std::initializer_list<QWidget*>{cmdBack, CmdUp, cmdIcons, cmdFolder[0], cmdFolder[1], cmdFolder[2],
+                                                         cmdFolder[3], FileViewer_, cmdOK, cmdCancel}) {
+        setTabOrder(last, next);
+        last = next;
+    }
+    FileViewer_->setFocus();
+}
+
+void frmBrowse::Connect() {
+    for (std::size_t i = 0; i < cmdFolder.size(); ++i)
+        connect(cmdFolder[i], &ToolButton::clicked, this, [this, i] { ChooseFolder(i); });
+    connect(ComboDrive, &FolderCombo::FolderChosen, FileViewer_, &FileViewer::SetFolder);
+    connect(FileViewer_, &FileViewer::FolderChanged, this, [this](const QString& folder) {
+        ComboDrive->SetFolder(folder);
+        ComboDrive->SyncDisplay();
+    });
+    connect(FileViewer_, &FileViewer::ItemSelected, this, &frmBrowse::ItemChosen);
+    connect(FileViewer_, &FileViewer::ItemActivated, this, &frmBrowse::ItemChosen);
+    connect(cmdBack, &ToolButton::clicked, this, [this] {
+        ComboDrive->StepBack();
+        FileViewer_->SetFolder(ComboDrive->Folder());
+    });
+    connect(CmdUp, &ToolButton::clicked, FileViewer_, &FileViewer::GoUp);
+    connect(cmdIcons, &ToolButton::clicked, this,
+            [this] { mnuFFile->popup(cmdIcons->mapToGlobal(QPoint(0, cmdIcons->height()))); });
+    for (std::size_t i = 0; i < mnuViews.size(); ++i)
+        connect(mnuViews[i], &QAction::triggered, this, [this, i] { SetView(static_cast<FileViewer::ViewKind>(i)); });
+    connect(cmdOK, &QPushButton::clicked, this, &frmBrowse::Ok);
+    connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+void frmBrowse::SetUpMe() {
+    LoadMySettings();
+    const QString folder = settings_.Read(settings::kLastFolder, places_.gallery);
+    FileViewer_->SetFilter(QString::fromLatin1(kFilter));
+    FileViewer_->SetFolder(QDir(folder).exists() ? folder : places_.gallery);
+    ComboDrive->SetFolder(FileViewer_->Folder());
+    ComboDrive->SyncDisplay();
+}
+
+void frmBrowse::LoadMySettings() {
+    RunShowingErrors(dialog_, [this] { ChangeLanguage(settings_.Read(settings::kLanguage)); });
+}
+
+void frmBrowse::ChangeLanguage(const QString& id) {
+    const BrowseTexts* texts = FindBrowseTexts(id);
+    if (!texts) return;
+    const auto text = [](const char* utf8) { return QString::fromUtf8(utf8); };
+    setWindowTitle(text(texts->caption));
+    for (std::size_t i = 0; i < cmdFolder.size(); ++i) {
+        cmdFolder[i]->SetCaption(text(texts->folders[i]));
+        cmdFolder[i]->setAccessibleName(text(texts->folders[i]));
+    }
+    for (std::size_t i = 0; i < mnuViews.size(); ++i) mnuViews[i]->setText(text(texts->views[i]));
+    cmdOK->setText(text(texts->ok));
+    cmdCancel->setText(text(texts->cancel));
+    lblLookin->setText(text(texts->lookIn));
+    cmdBack->SetTip(text(texts->back));
+    CmdUp->SetTip(text(texts->up));
+    cmdIcons->SetTip(text(texts->viewsTip));
+}
+
+void frmBrowse::ChooseFolder(std::size_t button) {
+    for (std::size_t i = 0; i < cmdFolder.size(); ++i) cmdFolder[i]->setChecked(i == button);
+    const QString folders[] = {places_.pictures, places_.gallery, places_.documents,
+                               QString::fromLatin1(FolderModel::kComputer)};
+    FileViewer_->Refresh();
+    FileViewer_->SetFolder(folders[button]);
+}
+
+void frmBrowse::SetView(FileViewer::ViewKind view) {
+    FileViewer_->SetView(view);
+    mnuViews[static_cast<std::size_t>(view)]->setChecked(true);
+}
+
+void frmBrowse::ItemChosen() {
+    const std::optional<FileViewer::Item> item = FileViewer_->CurrentItem();
+    if (!item || !item->isFile || !IsPictureName(item->path)) return;
+    path_ = item->path;
+    cmdOK->setEnabled(true);
+    cmdOK->setDefault(true);
+}
+
+void frmBrowse::Ok() {
+    const bool opened = RunShowingErrors(dialog_, [this] {
+        open_(path_);
+        SavePath();
+    });
+    if (opened) accept();
+}
+
+void frmBrowse::SavePath() {
+    // The list of drives is no folder to come back to.
+    if (!FileViewer_->Folder().isEmpty()) settings_.Write(settings::kLastFolder, FileViewer_->Folder());
+}
+
+}  // namespace kelu
