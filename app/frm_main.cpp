@@ -17,6 +17,7 @@
 #include "controls/theme/theme.h"
 #include "controls/tool_button/tool_button.h"
 #include "controls/toolbox/toolbox.h"
+#include "dialogs/browse/frm_browse.h"
 #include "effects/effect_panel.h"
 #include "effects/effect_selectors.h"
 #include "output/frm_print.h"
@@ -55,7 +56,7 @@ frmMain::frmMain(SharedState& state, const MainServices& services)
       history_(surfaces.picCanvas, *controls.picCanvas, state),
       zoomView_(document_, *controls.picCanvas, state),
       pdfExport_(surfaces.picCanvas, services.dialog, services.openDocument),
-      openSave_(document_, state, services.dialog, services.saveDialog, [] {},
+      openSave_(document_, state, services.dialog, services.saveDialog, [this] { ShowBrowse(); },
                 [this](const QString& path) { pdfExport_.CreatePDF(path); }),
       reminder_(services.dialog, services.settings),
       renderWindow_(*this, *controls.pBar1),
@@ -159,6 +160,12 @@ void frmMain::Run(Command command) {
         case Command::Settings:
         case Command::Help: break;
     }
+}
+
+void frmMain::ShowBrowse() {
+    frmBrowse(services_.settings, services_.dialog,
+              [this](const QString& path) { document_.Open(path, Document::Source::Browse); }, this)
+        .exec();
 }
 
 void frmMain::PrintImage() {

@@ -68,6 +68,7 @@ class frmMain : public QWidget, private StartUpSteps {
  private:
     void Connect();
 
+    void ShowBrowse();
     void PrintImage();
 
     // Steps of the start.

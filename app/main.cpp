@@ -4,6 +4,7 @@
 
 #include "app/frm_main.h"
 #include "controls/message_dialog/msg_dialog_window.h"
+#include "controls/system_look/system_colors.h"
 #include "controls/theme/theme.h"
 #include "dialogs/save_file_dialog.h"
 #include "platform/registry_file.h"
@@ -18,6 +19,7 @@ int main(int argc, char** argv) {
     QApplication::setApplicationVersion(QStringLiteral(KELU_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("kelu"));
     kelu::theme::Apply(application);
+    kelu::SystemColors::SetCurrent(kelu::SystemColors::Dark());
 
     kelu::RegistryFile store(kelu::RegistryFile::UserPath());
     kelu::clsRegistryAccess registry(store);

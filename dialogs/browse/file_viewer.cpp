@@ -63,7 +63,7 @@ FileViewer::FileViewer(ThumbnailCache cache, QWidget* parent)
     connect(&wish_, &QTimer::timeout, this, &FileViewer::WishVisible);
     connect(&model_, &QAbstractItemModel::modelReset, &wish_, qOverload<>(&QTimer::start));
     connect(&model_, &QAbstractItemModel::layoutChanged, this, [this] { wish_.start(); });
-    connect(list_->selectionModel(), &QItemSelectionModel::currentChanged, this, &FileViewer::ItemSelected);
+    connect(list_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &FileViewer::ItemSelected);
     SetView(ViewKind::Thumbnails);
 }
 
@@ -124,8 +124,9 @@ void FileViewer::GoUp() {
 }
 
 std::optional<FileViewer::Item> FileViewer::CurrentItem() const {
-    const QModelIndex row = list_->selectionModel()->currentIndex();
-    if (!row.isValid()) return std::nullopt;
+    const QModelIndexList chosen = list_->selectionModel()->selectedIndexes();
+    if (chosen.isEmpty()) return std::nullopt;
+    const QModelIndex row = chosen.first();
     return Item{row.data(FolderModel::kPathRole).toString(), row.data(FolderModel::kIsFileRole).toBool()};
 }
 

@@ -90,7 +90,9 @@ std::vector<FolderModel::Entry> FolderModel::ReadComputer() const {
 }
 
 void FolderModel::Sort(std::vector<Entry>& entries) const {
-    QCollator order;
+    // Without a language of its own the system sorts by bytes: not what anybody looks for a file by.
+    const QLocale locale = QLocale::system().language() == QLocale::C ? QLocale(QLocale::English) : QLocale::system();
+    QCollator order(locale);
     order.setCaseSensitivity(Qt::CaseInsensitive);
     order.setNumericMode(true);
     std::vector<std::pair<QCollatorSortKey, Entry>> keyed;
