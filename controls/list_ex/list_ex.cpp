@@ -8,6 +8,7 @@
 #include <QStringListModel>
 #include <QToolTip>
 
+#include "controls/theme/theme.h"
 #include "platform/error.h"
 
 namespace kelu {
@@ -17,7 +18,9 @@ ListEx::ListEx(QWidget* parent) : QListView(parent), texts_(new QStringListModel
     setEditTriggers(NoEditTriggers);
     setUniformItemSizes(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setTextElideMode(Qt::ElideRight);
+    setFont(theme::ListFont());
+    // Cut in the middle: long texts of a list differ most at their ends.
+    setTextElideMode(Qt::ElideMiddle);
     setVerticalScrollMode(ScrollPerPixel);
     setMouseTracking(true);
 }
@@ -82,7 +85,7 @@ void ListEx::keyPressEvent(QKeyEvent* event) {
 
 bool ListEx::viewportEvent(QEvent* event) {
     if (event->type() == QEvent::ToolTip) {
-        // A row cut off at the right tells its whole text.
+        // A row that is cut tells its whole text.
         const auto* help = static_cast<QHelpEvent*>(event);
         const QModelIndex row = indexAt(help->pos());
         const bool cut = row.isValid() && sizeHintForIndex(row).width() > viewport()->width();

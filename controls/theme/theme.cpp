@@ -51,6 +51,12 @@ QFont LabelFont() {
     return font;
 }
 
+QFont ListFont() {
+    QFont font(QStringLiteral("Arial"));
+    font.setPointSizeF(8);
+    return font;
+}
+
 QFont HeadingFont() {
     QFont font = QApplication::font();
     font.setPointSizeF(font.pointSizeF() * 1.3);

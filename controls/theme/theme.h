@@ -56,6 +56,8 @@ inline constexpr int kButtonMinWidth = 84;
 
 /// Bold Arial of 6.75 points: the labels of the effect panel.
 QFont LabelFont();
+/// Arial of 8 points: lists in narrow panels.
+QFont ListFont();
 /// Bold and larger: headings of dialogs.
 QFont HeadingFont();
 
