@@ -3,6 +3,7 @@
 
 #include <QDir>
 #include <QStandardPaths>
+#include <QStyledItemDelegate>
 
 #include "controls/theme/icons.h"
 #include "dialogs/browse/folder_model.h"
@@ -11,13 +12,28 @@ namespace kelu {
 
 namespace {
 constexpr qsizetype kLongestHistory = 100;
-}
+constexpr int kPathRole = Qt::UserRole;
+constexpr int kDepthRole = Qt::UserRole + 1;
+constexpr int kIndent = 14;  // device-independent pixels a level
+
+/// Indents the rows of the open list by their depth; the closed combo shows the name alone.
+class IndentedRows : public QStyledItemDelegate {
+ public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        QStyleOptionViewItem indented = option;
+        indented.rect.adjust(kIndent * index.data(kDepthRole).toInt(), 0, 0, 0);
+        QStyledItemDelegate::paint(painter, indented, index);
+    }
+};
+}  // namespace
 
 FolderCombo::FolderCombo(QWidget* parent) : QComboBox(parent) {
+    setItemDelegate(new IndentedRows(this));
     setMaxVisibleItems(20);
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     connect(this, &QComboBox::activated, this, [this](int row) {
-        const QString path = itemData(row).toString();
+        const QString path = itemData(row, kPathRole).toString();
         if (path == Folder()) return;
         SetFolder(path);
         SyncDisplay();
@@ -36,7 +52,8 @@ void FolderCombo::StepBack() {
 }
 
 void FolderCombo::Add(const QString& text, const QString& path, const char* icon, int depth) {
-    addItem(theme::Icon(QString::fromLatin1(icon)), QString(2 * depth, u' ') + text, path);
+    addItem(theme::Icon(QString::fromLatin1(icon)), text, path);
+    setItemData(count() - 1, depth, kDepthRole);
 }
 
 void FolderCombo::SyncDisplay() {

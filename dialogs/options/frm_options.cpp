@@ -1,0 +1,352 @@
+// SPDX-License-Identifier: MIT
+#include "dialogs/options/frm_options.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QEvent>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QStackedWidget>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include "controls/theme/theme.h"
+#include "controls/title_row/title_row.h"
+#include "controls/tool_button/tool_button.h"
+#include "output/password_scrambling.h"
+#include "platform/error.h"
+
+namespace kelu {
+
+namespace {
+
+constexpr int kMenuWidth = 168;  // device-independent pixels, as the next five
+constexpr int kMenuButtonHeight = 40;
+constexpr QSize kPageSize(400, 260);
+constexpr int kFieldWidth = 220;
+constexpr int kCursorButton = 56;
+constexpr int kCursorIcon = 32;
+
+struct Page {
+    const char* key;
+    const char* icon;
+    const char* caption;
+    const char* frameName;
+    const char* frame;
+};
+constexpr Page kPageTexts[frmOptions::kPages] = {
+    {"keyEmail", "email", "E-mail", "FrameEmail", "E-Mail"},
+    {"keyCursor", "apply", "Cursor", "FrameCursor", "Cursor"},
+    {"keyWarning", "help", "Warnings", "FrameWarning", "Warnings && Reminders"},
+    {"keyResize", "max", "Resize", "FrameResize", "Image Resizing"},
+    {"keyCapture", "webcam", "Capture Devices", "FrameCamera", "Capture Devices"},
+    {"keySFX", "views", "SFX Selector", "FrameSFX", "Special Effects Selector"},
+};
+constexpr const char* kEmailTexts[] = {"Send directly to the recipient's mail server", "Use my mail program",
+                                       "Use my mail account"};
+constexpr const char* kCursorTexts[] = {"Brush", "Smudge", "Cross"};
+constexpr const char* kCursorIcons[] = {"cursor_brush", "cursor_smudge", "cursor_cross"};
+
+template <typename Widget>
+Widget* Named(Widget* widget, const char* name) {
+    widget->setObjectName(QLatin1String(name));
+    return widget;
+}
+
+QRadioButton* Option(const char* name, const char* text) {
+    return Named(new QRadioButton(QString::fromLatin1(text)), name);
+}
+
+QCheckBox* Box(const char* name, const char* text) {
+    QCheckBox* box = Named(new QCheckBox(QString::fromLatin1(text)), name);
+    box->setChecked(true);
+    return box;
+}
+
+ToolButton* Icon(const char* name, const char* icon) {
+    return Named(new ToolButton(QString::fromLatin1(icon)), name);
+}
+
+/// 1 to 3 for the texts "1" to "3", else 0.
+int Choice(const QString& text) { return text == u"1" ? 1 : text == u"2" ? 2 : text == u"3" ? 3 : 0; }
+
+/// Chooses a row; one that is not there raises the error of a list.
+void SetListIndex(QComboBox& list, int row) {
+    if (row < -1 || row >= list.count())
+        throw Error(kInvalidProperty, QStringLiteral("Invalid property value"), list.objectName());
+    list.setCurrentIndex(row);
+}
+
+}  // namespace
+
+frmOptions::frmOptions(Settings& settings, SharedState& state, MsgDialog& dialog, Surroundings surroundings,
+                       QWidget* parent)
+    : QDialog(parent),
+      pnlMenu{Icon(kPageTexts[0].key, kPageTexts[0].icon), Icon(kPageTexts[1].key, kPageTexts[1].icon),
+              Icon(kPageTexts[2].key, kPageTexts[2].icon), Icon(kPageTexts[3].key, kPageTexts[3].icon),
+              Icon(kPageTexts[4].key, kPageTexts[4].icon), Icon(kPageTexts[5].key, kPageTexts[5].icon)},
+      pages(new QStackedWidget(this)),
+      optEmail{Option("optEmail1", kEmailTexts[0]), Option("optEmail2", kEmailTexts[1]),
+               Option("optEmail3", kEmailTexts[2])},
+      txtUserName(Named(new QLineEdit, "txtUserName")),
+      txtPassword(Named(new QLineEdit, "txtPassword")),
+      chkMask(Box("chkMask", "Mask Password")),
+      optCursor{Option("optCursor1", kCursorTexts[0]), Option("optCursor2", kCursorTexts[1]),
+                Option("optCursor3", kCursorTexts[2])},
+      picCursor{Icon("picBrush", kCursorIcons[0]), Icon("picSmudge", kCursorIcons[1]), Icon("picCross", kCursorIcons[2])},
+      chkReminder(Box("chkReminder", "Show Reminders")),
+      chkResize(Box("chkResize", "Resize very large images (Recommended)")),
+      cboDevices(Named(new QComboBox, "cboDevices")),
+      cboCaptureSize(Named(new QComboBox, "cboCaptureSize")),
+      chkSFXSelector(Box("chkSFXSelector", "Use Visual Special Effects Selector")),
+      cmdOK(Named(new QPushButton(QStringLiteral("OK"), this), "cmdOK")),
+      cmdCancel(Named(new QPushButton(QStringLiteral("Cancel"), this), "cmdCancel")),
+      cmdHelp(Named(new QPushButton(QStringLiteral("Help"), this), "cmdHelp")),
+      cmdAbout(Named(new QPushButton(QStringLiteral("About..."), this), "cmdAbout")),
+      settings_(settings),
+      state_(state),
+      dialog_(dialog),
+      surroundings_(std::move(surroundings)) {
+    setObjectName(QStringLiteral("frmOptions"));
+    setWindowTitle(QStringLiteral("Settings"));
+    optEmail[0]->setChecked(true);
+    optCursor[0]->setChecked(true);
+    txtPassword->setEchoMode(QLineEdit::Password);
+    for (QWidget* widget : {static_cast<QWidget*>(txtUserName), static_cast<QWidget*>(txtPassword),
+                            static_cast<QWidget*>(chkMask)})
+        widget->setEnabled(false);
+    LayOut();
+    Connect();
+    SetUpMe();
+}
+
+void frmOptions::LayOut() {
+    TitleRow::MakeFrameless(*this);
+    LayOutPages();
+
+    auto* menu = new QVBoxLayout;
+    menu->setSpacing(theme::kSpacing / 2);
+    for (std::size_t i = 0; i < pnlMenu.size(); ++i) {
+        pnlMenu[i]->SetCaption(QString::fromLatin1(kPageTexts[i].caption));
+        pnlMenu[i]->setAccessibleName(QString::fromLatin1(kPageTexts[i].caption));
+        pnlMenu[i]->setCheckable(true);
+        pnlMenu[i]->setAutoExclusive(true);
+        pnlMenu[i]->setFixedSize(kMenuWidth, kMenuButtonHeight);
+        menu->addWidget(pnlMenu[i]);
+    }
+    menu->addStretch();
+
+    auto* middle = new QHBoxLayout;
+    middle->setSpacing(theme::kMargin);
+    middle->addLayout(menu);
+    middle->addWidget(pages);
+
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(theme::kSpacing);
+    buttons->addWidget(cmdHelp);
+    buttons->addWidget(cmdAbout);
+    buttons->addStretch();
+    buttons->addWidget(cmdOK);
+    buttons->addWidget(cmdCancel);
+    cmdOK->setDefault(true);
+
+    auto* content = new QVBoxLayout;
+    content->setContentsMargins(theme::kMargin, theme::kSpacing, theme::kMargin, theme::kMargin);
+    content->setSpacing(theme::kMargin);
+    content->addLayout(middle);
+    content->addLayout(buttons);
+
+    auto* whole = new QVBoxLayout(this);
+    whole->setContentsMargins(1, 1, 1, 1);
+    whole->setSpacing(0);
+    whole->addWidget(new TitleRow(this));
+    whole->addLayout(content);
+    whole->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+void frmOptions::LayOutPages() {
+    std::array<QVBoxLayout*, kPages> frames;
+    for (std::size_t i = 0; i < frames.size(); ++i) {
+        auto* frame = Named(new QGroupBox(QString::fromLatin1(kPageTexts[i].frame)), kPageTexts[i].frameName);
+        frames[i] = new QVBoxLayout(frame);
+        frames[i]->setSpacing(theme::kSpacing);
+        auto* panel = Named(new QWidget, qPrintable(QStringLiteral("pnl%1").arg(i + 1)));
+        auto* inside = new QVBoxLayout(panel);
+        inside->setContentsMargins(0, 0, 0, 0);
+        inside->addWidget(frame);
+        pages->addWidget(panel);
+    }
+    pages->setFixedSize(kPageSize);
+
+    for (QRadioButton* option : optEmail) frames[0]->addWidget(option);
+    auto* account = new QFormLayout;
+    account->setContentsMargins(theme::kMargin + theme::kSpacing, 0, 0, 0);
+    account->setSpacing(theme::kSpacing);
+    account->addRow(QStringLiteral("User Name"), txtUserName);
+    account->addRow(QStringLiteral("Password"), txtPassword);
+    account->addRow(QString(), chkMask);
+    frames[0]->addLayout(account);
+
+    auto* cursors = new QGridLayout;
+    cursors->setSpacing(theme::kSpacing);
+    for (std::size_t i = 0; i < optCursor.size(); ++i) {
+        const int row = static_cast<int>(i);
+        picCursor[i]->setFixedSize(kCursorButton, kCursorButton);
+        picCursor[i]->SetIconSize(kCursorIcon);
+        picCursor[i]->SetTip(QString::fromLatin1(kCursorTexts[i]));
+        picCursor[i]->setFocusPolicy(Qt::NoFocus);  // the option beside it does the same
+        cursors->addWidget(picCursor[i], row, 0);
+        cursors->addWidget(optCursor[i], row, 1);
+    }
+    cursors->setColumnStretch(1, 1);
+    frames[1]->addLayout(cursors);
+
+    frames[2]->addWidget(chkReminder);
+    frames[3]->addWidget(chkResize);
+    auto* resizeNote = new QLabel(
+        QStringLiteral("Pictures wider than 2048 pixels open 800 wide, portraits higher than 1536 open 600 wide. "
+                       "Without it pictures keep their full size."));
+    resizeNote->setWordWrap(true);
+    frames[3]->addWidget(resizeNote);
+
+    auto* capture = new QFormLayout;
+    capture->setSpacing(theme::kSpacing);
+    cboDevices->setMinimumWidth(kFieldWidth);
+    capture->addRow(QStringLiteral("Available Devices"), cboDevices);
+    capture->addRow(QStringLiteral("Capture Size (Pixels)"), cboCaptureSize);
+    frames[4]->addLayout(capture);
+
+    frames[5]->addWidget(chkSFXSelector);
+    for (QVBoxLayout* frame : frames) frame->addStretch();
+}
+
+void frmOptions::Connect() {
+    for (int page = 0; page < kPages; ++page)
+        connect(pnlMenu[static_cast<std::size_t>(page)], &ToolButton::clicked, this, [this, page] { ShowPage(page); });
+    for (int i = 0; i < 3; ++i) {
+        const auto at = static_cast<std::size_t>(i);
+        connect(optEmail[at], &QRadioButton::clicked, this, [this, i] { ChooseEmail(i + 1); });
+        connect(optCursor[at], &QRadioButton::clicked, this, [this, i] { ChooseCursor(i + 1); });
+        connect(picCursor[at], &ToolButton::clicked, this, [this, i] { ChooseCursor(i + 1); });
+    }
+    connect(chkMask, &QCheckBox::toggled, this, [this](bool masked) {
+        txtPassword->setEchoMode(masked ? QLineEdit::Password : QLineEdit::Normal);
+    });
+    txtUserName->installEventFilter(this);
+    txtPassword->installEventFilter(this);
+    connect(cmdOK, &QPushButton::clicked, this, [this] {
+        SaveMySettings();
+        accept();
+    });
+    connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+    connect(cmdHelp, &QPushButton::clicked, this, [this] {
+        state_.CurrentSFX = 99;
+        surroundings_.loadHelp();
+    });
+    connect(cmdAbout, &QPushButton::clicked, this, [this] { surroundings_.showAbout(); });
+}
+
+bool frmOptions::eventFilter(QObject* watched, QEvent* event) {
+    // After the field's own handling, which would take a mouse click as the end of the selection.
+    if (event->type() == QEvent::FocusIn)
+        QTimer::singleShot(0, watched, [field = static_cast<QLineEdit*>(watched)] { field->selectAll(); });
+    return false;
+}
+
+void frmOptions::SetUpMe() {
+    ShowPage(0);
+    LoadMySettings();
+}
+
+void frmOptions::ShowPage(int page) {
+    pages->setCurrentIndex(page);
+    pnlMenu[static_cast<std::size_t>(page)]->setChecked(true);
+}
+
+void frmOptions::ChooseEmail(int method) {
+    txtEmail_ = QString::number(method);
+    optEmail[static_cast<std::size_t>(method - 1)]->setChecked(true);
+    for (QWidget* widget : {static_cast<QWidget*>(txtUserName), static_cast<QWidget*>(txtPassword),
+                            static_cast<QWidget*>(chkMask)})
+        widget->setEnabled(method == 3);
+}
+
+void frmOptions::ChooseCursor(int style) {
+    txtCursor_ = QString::number(style);
+    optCursor[static_cast<std::size_t>(style - 1)]->setChecked(true);
+}
+
+void frmOptions::LoadMySettings() {
+    // A list that can't take the stored row means that there is no such camera; the next step runs.
+    const auto choose = [this](QComboBox& list, const Setting& setting) {
+        try {
+            SetListIndex(list, settings_.ReadInteger(setting));
+        } catch (const Error& error) {
+            if (error.Number() != kInvalidProperty) throw;
+            state_.CameraMissing = true;
+        }
+    };
+    RunShowingErrors(dialog_, [&] {
+        chkSFXSelector->setChecked(settings_.ReadInteger(settings::kSelector) != 0);
+        if (const QString reminder = settings_.Read(settings::kReminder); reminder == u"0" || reminder == u"1")
+            chkReminder->setChecked(reminder == u"1");
+        const QString method = settings_.Read(settings::kMailMethod);
+        if (Choice(method)) ChooseEmail(Choice(method));
+        txtEmail_ = method;
+        txtUserName->setText(settings_.Read(settings::kAccountUser));
+        txtPassword->setText(UnscramblePassword(settings_.Read(settings::kAccountPassword)));
+        const QString style = settings_.Read(settings::kCursorStyle);
+        if (Choice(style)) ChooseCursor(Choice(style));
+        txtCursor_ = style;
+        LoadDevices();
+        choose(*cboDevices, settings::kDevice);
+        LoadVideoSizes();
+        choose(*cboCaptureSize, settings::kCaptureSize);
+        chkResize->setChecked(settings_.ReadInteger(settings::kResize) != 0);
+        Connect2Camera();
+    });
+}
+
+void frmOptions::LoadDevices() {
+    RunShowingErrors(dialog_, [this] { cboDevices->addItems(surroundings_.cameraNames()); });
+}
+
+void frmOptions::LoadVideoSizes() {
+    cboCaptureSize->clear();
+    cboCaptureSize->addItems({QStringLiteral("160 x 120"), QStringLiteral("320 x 240"), QStringLiteral("640 x 480")});
+    cboCaptureSize->setCurrentIndex(0);
+}
+
+void frmOptions::Connect2Camera() {
+    try {
+        surroundings_.connectCamera(cboDevices->currentIndex());
+    } catch (const Error& error) {
+        if (error.Number() != kNoCamera) ShowStandardError(dialog_, error);
+    }
+}
+
+void frmOptions::SaveMySettings() {
+    RunShowingErrors(dialog_, [this] {
+        const auto flag = [](const QCheckBox* box) { return box->isChecked() ? QStringLiteral("1") : QStringLiteral("0"); };
+        settings_.Write(settings::kReminder, flag(chkReminder));
+        settings_.Write(settings::kMailMethod, txtEmail_);
+        settings_.Write(settings::kAccountUser, txtUserName->text());
+        const QString scrambled = ScramblePassword(txtPassword->text());
+        settings_.Write(settings::kSelector, flag(chkSFXSelector));
+        settings_.Write(settings::kResize, flag(chkResize));
+        settings_.Write(settings::kAccountPassword, scrambled);
+        settings_.Write(settings::kCursorStyle, txtCursor_);
+        if (state_.CameraMissing) {
+            settings_.Write(settings::kDevice, QStringLiteral("0"));
+            return;
+        }
+        settings_.Write(settings::kCaptureSize, QString::number(cboCaptureSize->currentIndex()));
+        if (UsesCamera()) settings_.Write(settings::kDevice, QString::number(cboDevices->currentIndex()));
+    });
+}
+
+}  // namespace kelu
