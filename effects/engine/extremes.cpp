@@ -1,11 +1,5 @@
-// Largest and smallest values in windows.
-//
-// Square: columns first, by the two running extremes of van Herk (1992) and Gil and Werman (1993); then rows in place,
-// by extremes of 1, 2, 4, 8... pixels, each made of two of the last.
-//
-// Disc: its rows are chords of few different lengths. For each picture row the extremes along all these chords are
-// made, each out of two of the next shorter, and given to the result rows above and below that have this row in their
-// disc. SPDX-License-Identifier: MIT
+// Largest and smallest values in squares and discs.
+// SPDX-License-Identifier: MIT
 #include "effects/engine/extremes.h"
 
 #include <algorithm>
@@ -25,6 +19,13 @@
 #ifndef KELU_ENGINE_EXTREMES_ONCE
 #define KELU_ENGINE_EXTREMES_ONCE
 namespace kelu::engine {
+
+// Square: columns first, by the two running extremes of van Herk (1992) and Gil and Werman (1993); then rows in place,
+// by extremes of 1, 2, 4, 8... pixels, each made of two of the last.
+//
+// Disc: its rows are chords of few different lengths. For each picture row the extremes along all these chords are
+// made, each out of two of the next shorter, and given to the result rows above and below that have this row in their
+// disc.
 
 // How the chords of a disc are made. Chord 0 is the pixel itself; chord i is made of the two copies of chord i - 1 that
 // lie shift[i] pixels to either side (and of the chord itself where that would leave a hole in the middle).

@@ -1,8 +1,5 @@
-// Narrow Gaussians are a separable filter of fixed-point weights. A wide one is done on a smaller picture: halve n
-// times, blur by what is left of sigma, double n times. Halving and doubling use the weights 1 3 3 1, the refinement
-// mask of the quadratic B-spline (de Boor, "A Practical Guide to Splines"): smooth, and with a threefold zero where
-// aliases come from. Each adds a variance of 3/4 in the pixels that it starts from or ends at, which the middle filter
-// leaves out. SPDX-License-Identifier: MIT
+// Gaussians of any width: a filter of few fixed-point weights, on a smaller picture where it is wide.
+// SPDX-License-Identifier: MIT
 #include "effects/engine/gaussian.h"
 
 #include <cmath>
@@ -18,6 +15,12 @@
 #include <hwy/foreach_target.h>
 #include <hwy/highway.h>
 
+// Narrow Gaussians are a separable filter of fixed-point weights. A wide one is done on a smaller picture: halve n
+// times, blur by what is left of sigma, double n times. Halving and doubling use the weights 1 3 3 1, the refinement
+// mask of the quadratic B-spline (de Boor, "A Practical Guide to Splines"): smooth, and with a threefold zero where
+// aliases come from. Each adds a variance of 3/4 in the pixels that it starts from or ends at, which the middle filter
+// leaves out.
+//
 // Between the passes a channel is 16 bits wide, in units of 1/128 level: 255 is 32640, and the sum of two still fits.
 // All rows below are channels, not pixels. Buffers are padded, so that whole vectors may be read and written there.
 HWY_BEFORE_NAMESPACE();

@@ -1,5 +1,6 @@
 // 31 Mosaic: blocks from the top left corner, each filled with its mean; blocks cut by the right or bottom edge with
-// the mean of what is left of them. SPDX-License-Identifier: MIT
+// the mean of what is left of them.
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include "effects/engine/image_view.h"

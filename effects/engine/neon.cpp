@@ -1,5 +1,6 @@
 // Per channel: outline = |Sobel|, the length of the two sums of Sobel's kernels, which is four to eight times the slope
-// in levels a pixel; result = outline + its Gaussian blur. Alpha stays. SPDX-License-Identifier: MIT
+// in levels a pixel; result = outline + its Gaussian blur. Alpha stays.
+// SPDX-License-Identifier: MIT
 #include "effects/engine/neon.h"
 
 #include "effects/engine/gaussian.h"

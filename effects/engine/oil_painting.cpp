@@ -1,8 +1,5 @@
-// Sliding counts: every column keeps, for each band, the count and the sum of its pixels within the window's height.
-// From row to row a column gains a pixel and loses one; from pixel to pixel the window gains a column and loses one
-// (Perreault and Hébert, "Median Filtering in Constant Time", 2007). The window keeps all its counts, for these are
-// compared at every pixel, but a band's sum follows only when the band wins: it then takes in the columns passed since
-// it last did. SPDX-License-Identifier: MIT
+// Sliding counts and sums of 32 bands of brightness.
+// SPDX-License-Identifier: MIT
 #include "effects/engine/oil_painting.h"
 
 #include <algorithm>
@@ -21,6 +18,12 @@
 #ifndef KELU_ENGINE_OIL_ONCE
 #define KELU_ENGINE_OIL_ONCE
 namespace kelu::engine {
+
+// Every column keeps, for each band, the count and the sum of its pixels within the window's height.
+// From row to row a column gains a pixel and loses one; from pixel to pixel the window gains a column and loses one
+// (Perreault and Hébert, "Median Filtering in Constant Time", 2007). The window keeps all its counts, for these are
+// compared at every pixel, but a band's sum follows only when the band wins: it then takes in the columns passed since
+// it last did.
 
 constexpr int kOilBands = 32;
 

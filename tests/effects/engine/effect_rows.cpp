@@ -28,6 +28,7 @@ std::vector<EffectRow> AllRows() {
              BorderRows,
              LumaMapRows,
              NeighbourhoodRows,
+             ScatterRows,
              WarpRows,
              WindowRows,
          })

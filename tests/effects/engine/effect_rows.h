@@ -41,6 +41,7 @@ std::vector<EffectRow> AroundPointRows();
 std::vector<EffectRow> BorderRows();
 std::vector<EffectRow> LumaMapRows();
 std::vector<EffectRow> NeighbourhoodRows();
+std::vector<EffectRow> ScatterRows();
 std::vector<EffectRow> WarpRows();
 std::vector<EffectRow> WindowRows();
 

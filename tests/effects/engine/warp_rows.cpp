@@ -4,7 +4,9 @@
 #include <cmath>
 #include <numbers>
 
+#include "effects/engine/melt.h"
 #include "effects/engine/radial_warps.h"
+#include "effects/engine/random.h"
 #include "tests/effects/engine/effect_rows.h"
 
 namespace kelu::engine_test {
@@ -102,10 +104,32 @@ EffectRow FishEyeRow(Color color) {
         2, false};
 }
 
+EffectRow MeltRow() {
+    const auto drag = [](const Picture& source, int x) {
+        double luma = 0;
+        for (int y = 0; y < source.Height(); ++y) {
+            const Rgba p = source.At(x, y);
+            luma += (0.299 * p.red + 0.587 * p.green + 0.114 * p.blue) / source.Height();
+        }
+        const float at = static_cast<float>(x) / static_cast<float>(source.Width());
+        const double flow = SmoothNoise(at * 10, RandomRow(0, 30, 0)), drop = SmoothNoise(at * 50, RandomRow(0, 30, 1));
+        return source.Height() / 4.0 * (0.4 * flow + 0.6 * std::pow(drop, 3)) * (0.5 + luma / 510);
+    };
+    return {"Melt", [](auto& s, auto& t, auto& run) { Melt(s, t, run); },
+            Sampled(
+                [=](const Picture& source, int x, int y) -> Place {
+                    const double part = Smoothstep(static_cast<float>(y) / static_cast<float>(source.Height()));
+                    return {static_cast<double>(x), y - drag(source, x) * part};
+                },
+                {}, kEverywhere),
+            2, false};
+}
+
 }  // namespace
 
 std::vector<EffectRow> WarpRows() {
     return {
+        MeltRow(),
         ExplodeRow({250, 100}, 10),
         ExplodeRow({20, 15}, 100),
         ExplodeRow({-40, 999}, 50),

@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <cmath>
-#include <map>
 
 #include "effects/engine/blurs.h"
 #include "effects/engine/extremes.h"
 #include "effects/engine/mosaic.h"
 #include "effects/engine/neon.h"
 #include "effects/engine/oil_painting.h"
+#include "effects/engine/sketch.h"
 #include "tests/effects/engine/effect_rows.h"
 
 namespace kelu::engine_test {
@@ -102,6 +102,21 @@ EffectRow NeonRow() {
             2};
 }
 
+// A level of difference in the blur is several in the drawing.
+EffectRow SketchRow() {
+    return {"Sketch", [](auto& s, auto& t, auto& run) { Sketch(s, t, run); },
+            [](const Picture& source, Picture& expected) {
+                const Plane blurred = Blurred(Plane(source), 8);
+                for (int y = 0; y < source.Height(); ++y)
+                    for (int x = 0; x < source.Width(); ++x) {
+                        const Rgba here = source.At(x, y);
+                        const int gray = Rounded(255.0 * (Luma(here) + 4) / (Luma(FromQuad(blurred.At(x, y))) + 4));
+                        expected.Set(x, y, {gray, gray, gray, here.alpha});
+                    }
+            },
+            8};
+}
+
 EffectRow ExtremeRow(bool largest, int square, int radius) {
     const std::string name =
         std::string(largest ? "Maximum" : "Minimum") + (square ? "_square_" : "_disc_") + std::to_string(radius);
@@ -186,6 +201,7 @@ std::vector<EffectRow> WindowRows() {
         Blur1Row(9),
         Blur1Row(100),
         NeonRow(),
+        SketchRow(),
         ExtremeRow(true, 0, 1),
         ExtremeRow(true, 0, 2),
         ExtremeRow(true, 0, 12),
@@ -204,6 +220,38 @@ std::vector<EffectRow> WindowRows() {
         {"Minimum_neutral", [](auto& s, auto& t, auto& run) { Minimum(s, t, 1, -5, run); }, Unchanged()},
         {"Mosaic_neutral", [](auto& s, auto& t, auto& run) { Mosaic(s, t, 1, 1, run); }, Unchanged()},
         {"OilPainting_neutral", [](auto& s, auto& t, auto& run) { OilPainting(s, t, 0, run); }, Unchanged()},
+        // Their bounds are in path_blur_test.cpp.
+        {"Blur2_4",
+         [](auto& s, auto& t, auto& run) {
+             Blur2(s, t, {250, 100}, 4, run);
+         },
+         {},
+         0,
+         false},
+        {"Blur2_100",
+         [](auto& s, auto& t, auto& run) {
+             Blur2(s, t, {20, 999}, 100, run);
+         },
+         {},
+         0,
+         false},
+        {"Blur3_100",
+         [](auto& s, auto& t, auto& run) {
+             Blur3(s, t, {250, 100}, 100, run);
+         },
+         {},
+         0,
+         false},
+        {"Blur2_neutral",
+         [](auto& s, auto& t, auto& run) {
+             Blur2(s, t, {2, 1}, 0, run);
+         },
+         Unchanged()},
+        {"Blur3_neutral",
+         [](auto& s, auto& t, auto& run) {
+             Blur3(s, t, {2, 1}, 0, run);
+         },
+         Unchanged()},
     };
 }
 
