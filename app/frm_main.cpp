@@ -18,9 +18,11 @@
 #include "controls/tool_button/tool_button.h"
 #include "controls/toolbox/toolbox.h"
 #include "dialogs/browse/frm_browse.h"
+#include "dialogs/options/frm_options.h"
 #include "effects/effect_panel.h"
 #include "effects/effect_selectors.h"
 #include "output/frm_print.h"
+#include "platform/error.h"
 #include "platform/units.h"
 
 namespace kelu {
@@ -155,9 +157,9 @@ void frmMain::Run(Command command) {
         case Command::Restore: chrome_.ToggleMaximised(); break;
         case Command::Close: startUp_.ExitApp(); break;
         case Command::Print: PrintImage(); break;
+        case Command::Settings: ShowOptions(); break;
         case Command::Email:
         case Command::WebCam:
-        case Command::Settings:
         case Command::Help: break;
     }
 }
@@ -166,6 +168,14 @@ void frmMain::ShowBrowse() {
     frmBrowse(services_.settings, services_.dialog,
               [this](const QString& path) { document_.Open(path, Document::Source::Browse); }, this)
         .exec();
+}
+
+void frmMain::ShowOptions() {
+    const frmOptions::Surroundings surroundings{[] { return QStringList(); },
+                                                [](int) { throw Error(kNoCamera, QStringLiteral("No camera")); },
+                                                [] {}, [] {}};
+    frmOptions options(services_.settings, state_, services_.dialog, surroundings, this);
+    if (options.exec() == QDialog::Accepted) tmrSettings_.start();
 }
 
 void frmMain::PrintImage() {

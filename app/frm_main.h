@@ -69,6 +69,7 @@ class frmMain : public QWidget, private StartUpSteps {
     void Connect();
 
     void ShowBrowse();
+    void ShowOptions();
     void PrintImage();
 
     // Steps of the start.
