@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "document/document.h"
+#include "output/product.h"
 #include "platform/atomic_file.h"
 #include "platform/error.h"
 
@@ -15,12 +16,11 @@ namespace kelu {
 
 namespace {
 
-constexpr const char* kWebPage = "https://kelu.example";  // of the product
 constexpr double kPointsPerInch = 72;
 constexpr double kInchesPerMetre = 0.0254;
-constexpr double kScreenResolution = 96;    // dpi, where the picture tells none
-constexpr double kLargestPage = 14400;      // points; readers refuse more
-constexpr int kLargestSide = 32767;         // pixels; the drawing library's limit
+constexpr double kScreenResolution = 96;  // dpi, where the picture tells none
+constexpr double kLargestPage = 14400;    // points; readers refuse more
+constexpr int kLargestSide = 32767;       // pixels; the drawing library's limit
 
 template <typename Handle, void (*Release)(Handle*)>
 struct Releaser {
@@ -57,7 +57,7 @@ double PointsPerPixel(int dotsPerMetre) {
 }  // namespace
 
 QString PdfVersionText() {
-    return QStringLiteral("Kelu v%1 | %2").arg(QCoreApplication::applicationVersion(), QLatin1String(kWebPage));
+    return QStringLiteral("Kelu v%1 | %2").arg(QCoreApplication::applicationVersion(), QLatin1String(kProductPage));
 }
 
 PdfProperties KeluPdfProperties() {
@@ -90,9 +90,9 @@ void WritePdf(const QImage& picture, const QString& path, const PdfProperties& p
     describe(CAIRO_PDF_METADATA_KEYWORDS, properties.keywords);
     describe(CAIRO_PDF_METADATA_CREATOR, properties.creator);
 
-    const CairoSurface pixels(cairo_image_surface_create_for_data(
-        const_cast<unsigned char*>(paper.constBits()), CAIRO_FORMAT_RGB24, paper.width(), paper.height(),
-        static_cast<int>(paper.bytesPerLine())));
+    const CairoSurface pixels(cairo_image_surface_create_for_data(const_cast<unsigned char*>(paper.constBits()),
+                                                                  CAIRO_FORMAT_RGB24, paper.width(), paper.height(),
+                                                                  static_cast<int>(paper.bytesPerLine())));
     Check(cairo_surface_status(pixels.get()));
     const Cairo pen(cairo_create(page.get()));
     cairo_scale(pen.get(), scaleX, scaleY);

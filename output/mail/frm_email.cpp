@@ -1,0 +1,319 @@
+// The e-mail dialog and the three ways of sending.
+// SPDX-License-Identifier: MIT
+#include "output/mail/frm_email.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include "controls/progress_bar/xp_progress_bar.h"
+#include "controls/theme/theme.h"
+#include "controls/title_row/title_row.h"
+#include "output/mail/email_address.h"
+#include "output/mail/mail_error.h"
+#include "output/password_scrambling.h"
+#include "output/product.h"
+#include "platform/error.h"
+#include "platform/units.h"
+
+namespace kelu {
+
+namespace {
+
+// The settings' values for the ways of sending.
+const QString kOwnDelivery = QStringLiteral("1");
+const QString kClient = QStringLiteral("2");
+const QString kAccount = QStringLiteral("3");
+
+const QString kFirstSubject = QStringLiteral("Kelu");
+
+// Twips.
+constexpr int kFieldWidth = 6000;
+constexpr int kTextHeight = 2100;
+
+QString BodyWithProduct(const QString& text, const QString& way) {
+    return text +
+           QStringLiteral(
+               "\r\n\r\nThe attached image was created by and emailed from Kelu%1. For more details, please visit %2")
+               .arg(way, QLatin1String(kProductPage));
+}
+
+}  // namespace
+
+frmEmail::frmEmail(SmtpSender& smtp, MailClient& client, MsgDialog& dialog, Settings& settings,
+                   const QString& attachment, const MailPorts& ports, QWidget* parent)
+    : QDialog(parent),
+      smtp_(smtp),
+      client_(client),
+      dialog_(dialog),
+      settings_(settings),
+      attachment_(attachment),
+      ports_(ports) {
+    setWindowTitle(QStringLiteral("E-mail"));
+    TitleRow::MakeFrameless(*this);
+    MakeFrameEmail();
+    MakeFrameGmail();
+    pBar1 = new XP_ProgressBar(this);
+    pBar1->setObjectName(QStringLiteral("pBar1"));
+    // Its place stays free while it is hidden, so that nothing moves under the pointer.
+    QSizePolicy keepsPlace = pBar1->sizePolicy();
+    keepsPlace.setRetainSizeWhenHidden(true);
+    pBar1->setSizePolicy(keepsPlace);
+    pBar1->hide();
+    cmdSend = new QPushButton(QStringLiteral("Send"), this);
+    cmdSend->setDefault(true);
+    cmdCancel = new QPushButton(QStringLiteral("Cancel"), this);
+    for (QPushButton* button : {cmdSend, cmdCancel})
+        button->setMinimumSize(theme::kButtonMinWidth, theme::kButtonHeight);
+
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->setSizeConstraint(QLayout::SetFixedSize);
+    column->addWidget(new TitleRow(this));
+    auto* body = new QVBoxLayout;
+    body->setContentsMargins(theme::kMargin, theme::kMargin, theme::kMargin, theme::kMargin);
+    body->setSpacing(theme::kMargin);
+    column->addLayout(body);
+    body->addWidget(FrameEmail);
+    body->addWidget(FrameGmail);
+    auto* bottom = new QHBoxLayout;
+    bottom->setSpacing(theme::kSpacing);
+    bottom->addWidget(pBar1, 1);
+    bottom->addSpacing(theme::kMargin);
+    bottom->addWidget(cmdSend);
+    bottom->addWidget(cmdCancel);
+    body->addLayout(bottom);
+
+    connect(cmdSend, &QPushButton::clicked, this, &frmEmail::Send);
+    connect(cmdCancel, &QPushButton::clicked, this, &frmEmail::reject);
+    connect(&smtp_, &SmtpSender::Progress, this, &frmEmail::ShowProgress);
+    LoadMySettings();
+}
+
+namespace {
+
+/// One frame's rows of fields with labels above each other.
+class FrameBuilder {
+ public:
+    FrameBuilder(QWidget* form, const QString& name, const QString& caption)
+        : form_(form), frame_(new QGroupBox(form)) {
+        frame_->setObjectName(name);
+        frame_->setTitle(caption);
+        rows_ = new QFormLayout(frame_);
+        rows_->setHorizontalSpacing(theme::kMargin);
+        rows_->setVerticalSpacing(theme::kSpacing);
+        rows_->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    }
+
+    QGroupBox* Frame() const { return frame_; }
+
+    QLineEdit* AddField(const QString& name, const QString& label) {
+        auto* field = new QLineEdit(frame_);
+        field->setMinimumWidth(TwipsToPixels(kFieldWidth));
+        Add(field, name, label);
+        return field;
+    }
+    QPlainTextEdit* AddText(const QString& name, const QString& label) {
+        auto* field = new QPlainTextEdit(frame_);
+        field->setTabChangesFocus(true);
+        field->setFixedHeight(TwipsToPixels(kTextHeight));
+        Add(field, name, label);
+        return field;
+    }
+
+ private:
+    void Add(QWidget* field, const QString& name, const QString& label) {
+        field->setObjectName(name);
+        field->setAccessibleName(label);
+        field->installEventFilter(form_);
+        rows_->addRow(label, field);
+    }
+
+    QWidget* form_;
+    QGroupBox* frame_;
+    QFormLayout* rows_;
+};
+
+}  // namespace
+
+void frmEmail::MakeFrameEmail() {
+    FrameBuilder builder(this, QStringLiteral("FrameEmail"), QStringLiteral("E-mail Image"));
+    FrameEmail = builder.Frame();
+    txtFrom1 = builder.AddField(QStringLiteral("txtFrom1"), QStringLiteral("From"));
+    txtTo1 = builder.AddField(QStringLiteral("txtTo1"), QStringLiteral("To"));
+    txtSubject1 = builder.AddField(QStringLiteral("txtSubject1"), QStringLiteral("Subject"));
+    txtText1 = builder.AddText(QStringLiteral("txtText1"), QStringLiteral("Message"));
+    txtSubject1->setText(kFirstSubject);
+}
+
+void frmEmail::MakeFrameGmail() {
+    FrameBuilder builder(this, QStringLiteral("FrameGmail"), QStringLiteral("E-Mail Image via Google Mail (TM)"));
+    FrameGmail = builder.Frame();
+    txtFrom2 = builder.AddField(QStringLiteral("txtFrom2"), QStringLiteral("From"));
+    txtTo2 = builder.AddField(QStringLiteral("txtTo2"), QStringLiteral("To"));
+    txtCC2 = builder.AddField(QStringLiteral("txtCC2"), QStringLiteral("CC (Courtesy Copy)"));
+    txtSubject2 = builder.AddField(QStringLiteral("txtSubject2"), QStringLiteral("Subject"));
+    txtText2 = builder.AddText(QStringLiteral("txtText2"), QStringLiteral("Message"));
+    txtSubject2->setText(kFirstSubject);
+}
+
+void frmEmail::LoadMySettings() {
+    RunShowingErrors(dialog_, [&] {
+        txtSettings_ = settings_.Read(settings::kMailMethod);
+        const bool isAccount = txtSettings_ == kAccount;
+        FrameEmail->setVisible(!isAccount);
+        FrameGmail->setVisible(isAccount);
+        if (txtSettings_ == kClient) txtFrom1->setText(settings_.Read(settings::kMailSender));
+        if (!isAccount) return;
+        txtUserName2_ = settings_.Read(settings::kAccountUser);
+        txtFrom2->setText(txtUserName2_);
+        txtTo2->setText(settings_.Read(settings::kAccountRecipient));
+        txtPassword2_ = UnscramblePassword(settings_.Read(settings::kAccountPassword));
+    });
+}
+
+void frmEmail::SaveMySettings() {
+    RunShowingErrors(dialog_, [&] { settings_.Write(settings::kAccountRecipient, txtTo2->text()); });
+}
+
+void frmEmail::Send() {
+    if (sending_) return;
+    if (txtSettings_ == kOwnDelivery) SendviaKelumail();
+    if (txtSettings_ == kClient) SendviaMAPI();
+    if (txtSettings_ == kAccount) SendviaGmail();
+}
+
+bool frmEmail::RecipientRefused(const QString& to) {
+    if (ValidEmailAddress(to)) return false;
+    ShowPlainMessage(dialog_, QStringLiteral("Error"),
+                     QStringLiteral("The following error(s) have occured:\r\n\r\n"
+                                    "No e-mail address or an invalid e-mail address has been entered.\r\n"),
+                     MsgDialog::kOk, MsgIcon::Error);
+    return true;
+}
+
+/// From here to the end of the dialog nothing in it can be used.
+void frmEmail::SetSending(bool sending) {
+    sending_ = sending;
+    for (QWidget* widget : std::initializer_list<QWidget*>{cmdCancel, cmdSend, FrameEmail, FrameGmail})
+        widget->setEnabled(!sending);
+    if (!sending) pBar1->hide();
+}
+
+void frmEmail::SendAndUnload(const std::function<void()>& send) {
+    const bool sent = RunShowingErrors(dialog_, [&] {
+        send();
+        QCoreApplication::processEvents();
+        ShowPlainMessage(dialog_, QStringLiteral("Information"), QStringLiteral("E-mail Sent!\r\n"), MsgDialog::kOk,
+                         MsgIcon::Information);
+    });
+    if (!sent) smtp_.Disconnect();
+    SetSending(false);
+    done(sent ? Accepted : Rejected);
+}
+
+void frmEmail::SendviaKelumail() {
+    if (RecipientRefused(txtTo1->text())) return;
+    MailMessage message;
+    message.From = txtFrom1->text();
+    message.Subject = txtSubject1->text();
+    message.To = txtTo1->text();
+    message.Body = BodyWithProduct(txtText1->toPlainText(), QString());
+    message.AddAttachment(attachment_);
+    SetSending(true);
+    SendAndUnload([&] {
+        const QStringList recipients = txtTo1->text().split(u';');
+        for (const QString& recipient : recipients) {
+            smtp_.SetHosts(smtp_.MailHostOf(recipient));
+            smtp_.SetPort(ports_.delivery);
+            smtp_.SetConnectionMode(SmtpSender::kPlain);
+            smtp_.Send(message);
+        }
+    });
+}
+
+void frmEmail::SendviaGmail() {
+    if (RecipientRefused(txtTo2->text())) return;
+    MailMessage message;
+    message.From = txtFrom2->text();
+    message.To = txtTo2->text();
+    message.CC = txtCC2->text();
+    message.Subject = txtSubject2->text();
+    message.Body = BodyWithProduct(txtText2->toPlainText(), QStringLiteral(" via Gmail"));
+    message.AddAttachment(attachment_);
+    smtp_.SetHost(ports_.accountHost);
+    smtp_.SetPort(ports_.account);
+    smtp_.SetConnectionMode(SmtpSender::kSecure);
+    smtp_.SetUserName(txtUserName2_);
+    smtp_.SetPassword(txtPassword2_);
+    SaveMySettings();
+    SetSending(true);
+    SendAndUnload([&] { smtp_.Send(message); });
+}
+
+void frmEmail::SendviaMAPI() {
+    sending_ = true;
+    bool sent = false;
+    try {
+        client_.SignOn();
+        client_.SendMessage({txtSubject1->text(), BodyWithProduct(txtText1->toPlainText(), QString()), txtFrom1->text(),
+                             txtTo1->text(), attachment_});
+        client_.SignOff();
+        settings_.Write(settings::kMailSender, txtFrom1->text());
+        sent = true;
+    } catch (const std::exception& error) {
+        const auto* mailError = dynamic_cast<const Error*>(&error);
+        const int number = mailError != nullptr ? mailError->Number() : 0;
+        if (number != kMailCancelled && number != kMailNoLogon) {
+            ShowStandardError(dialog_, error);
+            Attempt([&] { client_.SignOff(); });
+        }
+    }
+    sending_ = false;
+    if (!sent) return;
+    QCoreApplication::processEvents();
+    accept();
+}
+
+void frmEmail::ShowProgress(qint64 sent, qint64 total) {
+    if (total <= 0) return;
+    const double percent = static_cast<double>(sent) * 100 / static_cast<double>(total);
+    if (percent >= 100) {
+        pBar1->hide();
+    } else {
+        pBar1->SetValue(RoundToEven(percent));
+        pBar1->show();
+    }
+}
+
+void frmEmail::reject() {
+    if (!sending_) QDialog::reject();
+}
+
+void frmEmail::closeEvent(QCloseEvent* event) {
+    if (sending_)
+        event->ignore();
+    else
+        QDialog::closeEvent(event);
+}
+
+bool frmEmail::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FocusIn) {
+        // Behind the press that gave the focus, which would take the selection away again.
+        QTimer::singleShot(0, watched, [watched] {
+            if (auto* field = qobject_cast<QLineEdit*>(watched)) field->selectAll();
+            if (auto* text = qobject_cast<QPlainTextEdit*>(watched)) text->selectAll();
+        });
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+}  // namespace kelu

@@ -1,0 +1,91 @@
+// The e-mail dialog: two frames, of which the setting of the way of sending shows one, and the three ways.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QDialog>
+#include <QString>
+#include <functional>
+
+#include "controls/message_dialog/msg_dialog.h"
+#include "document/settings.h"
+#include "output/mail/mail_client.h"
+#include "output/mail/smtp_sender.h"
+
+class QGroupBox;
+class QLineEdit;
+class QPlainTextEdit;
+class QPushButton;
+
+namespace kelu {
+
+class XP_ProgressBar;
+
+/// Where the two SMTP ways deliver.
+struct MailPorts {
+    int delivery = 25;  ///< of recipients' own servers
+    QString accountHost = QStringLiteral("smtp.gmail.com");
+    int account = 465;
+};
+
+class frmEmail : public QDialog {
+    Q_OBJECT
+
+ public:
+    /// Reads the settings. `attachment` is the path of the file that goes along.
+    frmEmail(SmtpSender& smtp, MailClient& client, MsgDialog& dialog, Settings& settings, const QString& attachment,
+             const MailPorts& ports = MailPorts(), QWidget* parent = nullptr);
+
+    void LoadMySettings();
+    void SaveMySettings();
+
+    /// Delivery to each recipient's own mail server. Ends with the dialog closed, unless the recipient is refused.
+    void SendviaKelumail();
+    /// The user's own mail program; the dialog closes when that has taken the message.
+    void SendviaMAPI();
+    /// The user's mail account. As the first way.
+    void SendviaGmail();
+
+    QGroupBox* FrameEmail;
+    QLineEdit* txtFrom1;
+    QLineEdit* txtTo1;
+    QLineEdit* txtSubject1;
+    QPlainTextEdit* txtText1;
+    QGroupBox* FrameGmail;
+    QLineEdit* txtFrom2;
+    QLineEdit* txtTo2;
+    QLineEdit* txtCC2;
+    QLineEdit* txtSubject2;
+    QPlainTextEdit* txtText2;
+    XP_ProgressBar* pBar1;
+    QPushButton* cmdSend;
+    QPushButton* cmdCancel;
+
+    /// Escape and the close button: not while a message is on its way.
+    void reject() override;
+
+ protected:
+    void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+    void MakeFrameEmail();
+    void MakeFrameGmail();
+    void Send();
+    bool RecipientRefused(const QString& to);
+    void SetSending(bool sending);
+    void SendAndUnload(const std::function<void()>& send);
+    void ShowProgress(qint64 sent, qint64 total);
+
+    SmtpSender& smtp_;
+    MailClient& client_;
+    MsgDialog& dialog_;
+    Settings& settings_;
+    const QString attachment_;
+    const MailPorts ports_;
+    QString txtSettings_;   ///< the way of sending
+    QString txtUserName2_;  ///< of the account
+    QString txtPassword2_;  ///< of the account, readable
+    bool sending_ = false;
+};
+
+}  // namespace kelu

@@ -1,0 +1,57 @@
+// The E-mail command.
+// SPDX-License-Identifier: MIT
+#include "output/mail/mail_image.h"
+
+#include "output/mail/frm_email.h"
+#include "platform/temporary_folder.h"
+
+namespace kelu {
+
+namespace {
+
+// Image pixels: the width of the picture that is sent.
+constexpr int kUprightWidth = 600;
+constexpr int kWidth = 800;
+
+}  // namespace
+
+MailImage::MailImage(const Surface& picCanvas, SharedState& state, MsgDialog& dialog,
+                     std::function<void(const QString&)> showForm, std::function<NetworkState()> network)
+    : picCanvas_(picCanvas),
+      state_(state),
+      dialog_(dialog),
+      showForm_(std::move(showForm)),
+      connection_(std::move(network)) {}
+
+void MailImage::cmdEmail_Click() {
+    Check4InternetConnection();
+    if (state_.InternetConnected && !state_.CaptureBusy) EmailPhoto();
+}
+
+void MailImage::Check4InternetConnection() {
+    RunShowingErrors(dialog_, [&] {
+        connection_.Refresh();
+        state_.InternetConnected = connection_.IsConnected();
+    });
+}
+
+void MailImage::EmailPhoto() {
+    if (!state_.ImageActive) return;
+    RunShowingErrors(dialog_, [&] {
+        const QString attachment = TemporaryFolder() + QStringLiteral("/Kelu.jpg");
+        Surface picEmail;
+        picEmail.SetPicture(picCanvas_.Picture());
+        picEmail.ResizeImage(picEmail.ImageHeight() > picEmail.ImageWidth() ? kUprightWidth : kWidth, 0);
+        picEmail.SaveFile(attachment);
+        showForm_(attachment);
+    });
+}
+
+void ShowEmailForm(const QString& attachment, Settings& settings, MsgDialog& dialog, QWidget* parent) {
+    SmtpSender smtp;
+    DesktopMailClient client;
+    frmEmail form(smtp, client, dialog, settings, attachment, MailPorts(), parent);
+    form.exec();
+}
+
+}  // namespace kelu
