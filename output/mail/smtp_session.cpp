@@ -44,7 +44,7 @@ class Session {
         Handle handle(curl_easy_init());
         if (!handle) throw std::bad_alloc();
         offset_ = 0;
-        lastReply_.clear();
+        refusal_.clear();
         CURL* curl = handle.get();
         const QByteArray scheme = delivery_.encrypted ? "smtps" : "smtp";
         const QByteArray url = scheme + "://" + host_.name.toLatin1() + ':' + QByteArray::number(delivery_.port);
@@ -87,17 +87,15 @@ class Session {
 
         errorText_[0] = '\0';
         const CURLcode code = curl_easy_perform(curl);
-        curl_easy_getinfo(curl, CURLINFO_RESPONSE_CODE, &replyCode_);
         errorText_[sizeof errorText_ - 1] = '\0';
         return code;
     }
 
     /// Whether another server may be asked: nothing was sent, and no server refused the message for good.
-    bool MayTryNext() const { return offset_ == 0 && replyCode_ < 500; }
+    bool MayTryNext() const { return offset_ == 0 && !refusal_.startsWith('5'); }
 
     QString Reason(CURLcode code) const {
-        const QString reply = OneLine(QString::fromUtf8(lastReply_));
-        if (replyCode_ >= 400 && !reply.isEmpty()) return reply;
+        if (!refusal_.isEmpty()) return OneLine(QString::fromUtf8(refusal_));
         const QString text = OneLine(QString::fromUtf8(errorText_));
         return text.isEmpty() ? QString::fromLatin1(curl_easy_strerror(code)) : text;
     }
@@ -127,9 +125,10 @@ class Session {
         session.offset_ += length;
         return static_cast<std::size_t>(length);
     }
-    /// The server's replies, line by line.
+    /// The server's replies, line by line. The last refusal tells the reason; the farewell behind it doesn't.
     static std::size_t TakeReply(char* line, std::size_t size, std::size_t count, void* self) {
-        static_cast<Session*>(self)->lastReply_ = QByteArray(line, static_cast<qsizetype>(size * count));
+        const QByteArray reply(line, static_cast<qsizetype>(size * count));
+        if (reply.startsWith('4') || reply.startsWith('5')) static_cast<Session*>(self)->refusal_ = reply;
         return size * count;
     }
     static int TellProgress(void* self, curl_off_t, curl_off_t, curl_off_t total, curl_off_t sent) {
@@ -143,8 +142,7 @@ class Session {
     const std::atomic<bool>& cancelled_;
     const std::function<void(qint64, qint64)>& progress_;
     qsizetype offset_ = 0;
-    QByteArray lastReply_;
-    long replyCode_ = 0;
+    QByteArray refusal_;
     char errorText_[CURL_ERROR_SIZE] = {};
 };
 

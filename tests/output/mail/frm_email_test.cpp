@@ -94,6 +94,7 @@ TEST_F(FrmEmail, EnteringAFieldSelectsItsText) {
     Open("1");
     form->txtText1->setPlainText("some text");
     form->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
     QTest::mouseClick(form->txtSubject1, Qt::LeftButton);
     QTest::qWait(10);
     EXPECT_EQ(form->txtSubject1->selectedText(), "Kelu");

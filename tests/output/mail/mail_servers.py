@@ -54,7 +54,7 @@ class Keeper:
             "encrypted": session.ssl is not None,
             "user": (session.auth_data or b"").decode(),
             "headers": [[name, str(value)] for name, value in message.items()],
-            "body": body.get_content(),
+            "body": body.get_content().replace("\r\n", "\n"),
             "defects": [repr(defect) for part in message.walk() for defect in part.defects]
             + [repr(defect) for value in message.values() for defect in value.defects],
             "longest": max(len(line) for line in envelope.content.split(b"\r\n")),
@@ -79,9 +79,7 @@ def smtp_factory(arguments):
 
         def check(server, session, envelope, mechanism, data):
             good = [data.login, data.password] == expected
-            if good:
-                session.auth_data = data.login
-            return AuthResult(success=good, handled=False)
+            return AuthResult(success=good, handled=False, auth_data=data.login)
 
         settings |= {"authenticator": check, "auth_required": True, "auth_require_tls": False}
     handler = Keeper(out, chosen.get("--refuse", []))
