@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#include "app/about_message.h"
+
+#include <QStringList>
+
+namespace kelu {
+namespace {
+
+const QString kLineEnd = QStringLiteral("\r\n");
+
+QString Heading() {
+    return QStringList{QStringLiteral("Kelu \u00A6 Have Fun With Effects :)"),
+                       QString(),
+                       QStringLiteral("Version " KELU_VERSION " - (Build " KELU_BUILD ")"),
+                       QStringLiteral("Copyright \u00A9 2026 Tarvane Design. Free software under the MIT licence."),
+                       QString(),
+                       QStringLiteral("https://tarvane.example/kelu"),
+                       QString(),
+                       QStringLiteral("Written by the people of Tarvane Design")}
+        .join(kLineEnd);
+}
+
+QString Body() {
+    return QStringList{
+        QStringLiteral("I would like to thank all the people who supported me during the development of Kelu. Those "
+                       "endless nights and the bottomless cups of coffee and music that got me going while I faced "
+                       "certain 'challanges'."),
+        QStringLiteral("I would like to thank Fathsoft for their invaluable help and also providing the excellant "
+                       "ImageX imaging component which Kelu is based on."),
+        QStringLiteral("This program is dedicated to my little daughter."),
+        QStringLiteral("I hope you enjoy this program and find it fun and useful.")}
+        .join(kLineEnd + kLineEnd);
+}
+
+}  // namespace
+
+void ShowAboutMsg(MsgDialog& dialog) {
+    dialog.SetShowCheckbox(false);
+    dialog.SetAboutStyle(true);
+    dialog.ShowMessage(Heading(), Body(), MsgDialog::kOk, QStringLiteral("About Kelu..."), MsgIcon::Kelu);
+    dialog.SetAboutStyle(false);
+}
+
+}  // namespace kelu

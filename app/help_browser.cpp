@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: MIT
+#include "app/help_browser.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QImage>
+#include <algorithm>
+
+namespace kelu {
+namespace {
+
+// Pictures hold four pixels for each one of the page.
+constexpr qreal kPictureRatio = 2;
+constexpr auto kSearchScheme = "search";
+
+QString Framed(const QString& title, const QString& body) {
+    return QStringLiteral(
+               "<html><head><title>%1</title><link rel=\"stylesheet\" href=\"kelu.css\"></head><body>"
+               "<h1>%1</h1>%2</body></html>")
+        .arg(title, body);
+}
+
+}  // namespace
+
+HelpBrowser::HelpBrowser(const QString& folder, QWidget* parent)
+    : QTextBrowser(parent), folder_(folder), pages_(folder) {
+    setOpenExternalLinks(true);
+    setFrameShape(QFrame::NoFrame);
+    setAccessibleName(QStringLiteral("Help page"));
+}
+
+QUrl HelpBrowser::PageUrl(const QString& page) const {
+    return QUrl::fromLocalFile(QDir(folder_).absoluteFilePath(page));
+}
+
+void HelpBrowser::ShowPage(const QString& page) { setSource(PageUrl(page)); }
+
+void HelpBrowser::Search(const QString& words) {
+    QUrl url;
+    url.setScheme(QLatin1String(kSearchScheme));
+    url.setPath(words.simplified());
+    setSource(url);
+}
+
+void HelpBrowser::doSetSource(const QUrl& name, QTextDocument::ResourceType type) {
+    QTextBrowser::doSetSource(name, type == QTextDocument::UnknownResource ? QTextDocument::HtmlResource : type);
+}
+
+QVariant HelpBrowser::loadResource(int type, const QUrl& name) {
+    if (type == QTextDocument::HtmlResource) {
+        if (name.scheme() == QLatin1String(kSearchScheme)) return FoundPages(name.path());
+        if (name.isLocalFile() && !QFileInfo(name.toLocalFile()).isFile()) return MissingPage(name);
+    }
+    if (type == QTextDocument::StyleSheetResource) {
+        // Our own pages have no folder of their own to find it in.
+        return QTextBrowser::loadResource(type, PageUrl(name.fileName()));
+    }
+    if (type == QTextDocument::ImageResource) {
+        QImage picture(source().resolved(name).toLocalFile());
+        if (picture.isNull()) return QVariant();
+        // Where the screen is coarser than the picture, averaging now is better than dropping pixels when painting.
+        const qreal ratio = devicePixelRatioF();
+        if (ratio < kPictureRatio) {
+            picture =
+                picture.scaled(picture.size() * ratio / kPictureRatio, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+        }
+        picture.setDevicePixelRatio(std::min(ratio, kPictureRatio));
+        return picture;
+    }
+    return QTextBrowser::loadResource(type, name);
+}
+
+QString HelpBrowser::MissingPage(const QUrl& url) const {
+    return Framed(
+        QStringLiteral("This page is missing"),
+        QStringLiteral("<p>The help has no page called <b>%1</b>. It should lie here:</p><p class=\"note\">%2</p>"
+                       "<p>Perhaps the program was moved without its <b>help</b> folder. Putting the folder back "
+                       "beside the program, or installing Kelu again, brings the page back.</p>")
+            .arg(url.fileName().toHtmlEscaped(), QDir::toNativeSeparators(url.toLocalFile()).toHtmlEscaped()));
+}
+
+QString HelpBrowser::FoundPages(const QString& words) {
+    const QList<HelpHit> hits = pages_.Search(words);
+    const QString shown = words.toHtmlEscaped();
+    if (hits.isEmpty()) {
+        return Framed(QStringLiteral("Nothing found"),
+                      QStringLiteral("<p>No page holds <b>%1</b>. Fewer words or the beginning of a word find more; "
+                                     "or have a look at <a href=\"%2\">all effects</a>.</p>")
+                          .arg(shown, Home().toString()));
+    }
+    QString body =
+        QStringLiteral("<p class=\"lead\">%1 for <b>%2</b></p>")
+            .arg(hits.size() == 1 ? QStringLiteral("One page") : QStringLiteral("%1 pages").arg(hits.size()), shown);
+    for (const HelpHit& hit : hits) {
+        body += QStringLiteral("<p class=\"hit\"><a href=\"%1\">%2</a><br>%3</p>")
+                    .arg(PageUrl(hit.page).toString(), hit.title.toHtmlEscaped(), hit.extract.toHtmlEscaped());
+    }
+    return Framed(QStringLiteral("Found"), body);
+}
+
+}  // namespace kelu

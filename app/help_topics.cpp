@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#include "app/help_topics.h"
+
+#include "app/help_window.h"
+#include "effects/catalogue.h"
+
+namespace kelu {
+
+HelpTopics::HelpTopics(const SharedState& state, MsgDialog& dialog, const QString& folder)
+    : state_(state), dialog_(dialog), folder_(folder) {}
+
+HelpTopics::~HelpTopics() { delete window_; }
+
+QString HelpTopics::PageOf(int currentSFX) {
+    if (currentSFX == kSettingsTopic) return QStringLiteral("settings.html");
+    const Effect* effect = FindEffect(currentSFX);
+    return effect ? QString::fromLatin1(effect->helpPage) : QStringLiteral("index.html");
+}
+
+void HelpTopics::LoadCHMFile() {
+    RunShowingErrors(dialog_, [this] {
+        if (!window_) window_ = new HelpWindow(folder_);
+        window_->ShowPage(PageOf(state_.CurrentSFX));
+        window_->Raise();
+    });
+}
+
+}  // namespace kelu

@@ -1,0 +1,40 @@
+// Which page of the help fits what the user is doing, and the window that shows it.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QPointer>
+#include <QString>
+
+#include "app/shared_state.h"
+#include "controls/message_dialog/msg_dialog.h"
+
+namespace kelu {
+
+class HelpWindow;
+
+class HelpTopics {
+ public:
+    /// Value of CurrentSFX that stands for the settings dialog.
+    static constexpr int kSettingsTopic = 99;
+
+    /// `folder` holds the pages.
+    HelpTopics(const SharedState& state, MsgDialog& dialog, const QString& folder);
+    ~HelpTopics();
+
+    /// The page's file name for a value of CurrentSFX; the index for every value that has no page of its own.
+    static QString PageOf(int currentSFX);
+
+    /// Opens the page that fits in the help window, which is made at the first use and then stays where the user put
+    /// it.
+    void LoadCHMFile();
+    /// Null before the first use.
+    HelpWindow* Window() const { return window_; }
+
+ private:
+    const SharedState& state_;
+    MsgDialog& dialog_;
+    QString folder_;
+    QPointer<HelpWindow> window_;
+};
+
+}  // namespace kelu
