@@ -1,3 +1,4 @@
+// The texts of the About message.
 // SPDX-License-Identifier: MIT
 #include "app/about_message.h"
 

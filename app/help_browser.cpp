@@ -1,3 +1,4 @@
+// Pages, pictures and notes of the help.
 // SPDX-License-Identifier: MIT
 #include "app/help_browser.h"
 

@@ -1,3 +1,4 @@
+// Reading and searching the pages.
 // SPDX-License-Identifier: MIT
 #include "app/help_pages.h"
 

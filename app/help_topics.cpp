@@ -1,3 +1,4 @@
+// From the chosen effect to its page.
 // SPDX-License-Identifier: MIT
 #include "app/help_topics.h"
 

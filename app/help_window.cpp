@@ -1,3 +1,4 @@
+// Buttons, keys and layout of the help window.
 // SPDX-License-Identifier: MIT
 #include "app/help_window.h"
 

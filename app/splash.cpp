@@ -1,3 +1,4 @@
+// Rotation of the splash pictures.
 // SPDX-License-Identifier: MIT
 #include "app/splash.h"
 

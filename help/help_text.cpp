@@ -1,3 +1,4 @@
+// Parsing and checking of the written texts.
 // SPDX-License-Identifier: MIT
 #include "help/help_text.h"
 

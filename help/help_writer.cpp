@@ -1,3 +1,4 @@
+// The HTML of the pages.
 // SPDX-License-Identifier: MIT
 #include "help/help_writer.h"
 
@@ -9,7 +10,7 @@
 namespace kelu {
 namespace {
 
-constexpr QSize kShown = HelpPictures::kSize / 2;
+constexpr QSize kShown(HelpPictures::kSize.width() / 2, HelpPictures::kSize.height() / 2);
 constexpr int kPerRow = 5;
 constexpr const char* kGroups[] = {"Colors",   "Light and Grain", "Blur",   "Edges and Relief",
                                    "Painting", "Shapes",          "Borders"};

@@ -1,3 +1,4 @@
+// Frames of the encoder, chained to one file.
 // SPDX-License-Identifier: MIT
 #include "data/make/gif_writer.h"
 

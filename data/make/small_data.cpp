@@ -1,3 +1,4 @@
+// Drawing of the small made things.
 // SPDX-License-Identifier: MIT
 #include "data/make/small_data.h"
 

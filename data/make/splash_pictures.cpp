@@ -1,3 +1,4 @@
+// Recipes and drawing of the splash pictures.
 // SPDX-License-Identifier: MIT
 #include "data/make/splash_pictures.h"
 
