@@ -3,9 +3,12 @@
 #include "app/help_browser.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QImage>
 #include <algorithm>
+
+#include "controls/theme/theme.h"
 
 namespace kelu {
 namespace {
@@ -14,13 +17,6 @@ namespace {
 constexpr qreal kPictureRatio = 2;
 constexpr auto kSearchScheme = "search";
 
-QString Framed(const QString& title, const QString& body) {
-    return QStringLiteral(
-               "<html><head><title>%1</title><link rel=\"stylesheet\" href=\"kelu.css\"></head><body>"
-               "<h1>%1</h1>%2</body></html>")
-        .arg(title, body);
-}
-
 }  // namespace
 
 HelpBrowser::HelpBrowser(const QString& folder, QWidget* parent)
@@ -28,6 +24,9 @@ HelpBrowser::HelpBrowser(const QString& folder, QWidget* parent)
     setOpenExternalLinks(true);
     setFrameShape(QFrame::NoFrame);
     setAccessibleName(QStringLiteral("Help page"));
+    QPalette colours = palette();
+    colours.setColor(QPalette::Base, theme::kGround);
+    setPalette(colours);
 }
 
 QUrl HelpBrowser::PageUrl(const QString& page) const {
@@ -52,10 +51,6 @@ QVariant HelpBrowser::loadResource(int type, const QUrl& name) {
         if (name.scheme() == QLatin1String(kSearchScheme)) return FoundPages(name.path());
         if (name.isLocalFile() && !QFileInfo(name.toLocalFile()).isFile()) return MissingPage(name);
     }
-    if (type == QTextDocument::StyleSheetResource) {
-        // Our own pages have no folder of their own to find it in.
-        return QTextBrowser::loadResource(type, PageUrl(name.fileName()));
-    }
     if (type == QTextDocument::ImageResource) {
         QImage picture(source().resolved(name).toLocalFile());
         if (picture.isNull()) return QVariant();
@@ -69,6 +64,14 @@ QVariant HelpBrowser::loadResource(int type, const QUrl& name) {
         return picture;
     }
     return QTextBrowser::loadResource(type, name);
+}
+
+QString HelpBrowser::Framed(const QString& title, const QString& body) const {
+    QFile style(QDir(folder_).filePath(QStringLiteral("kelu.css")));
+    const QString rules =
+        style.open(QIODevice::ReadOnly) ? QString::fromUtf8(style.readAll()) : QStringLiteral("body { margin: 18px }");
+    return QStringLiteral("<html><head><title>%1</title><style>%2</style></head><body><h1>%1</h1>%3</body></html>")
+        .arg(title, rules, body);
 }
 
 QString HelpBrowser::MissingPage(const QUrl& url) const {

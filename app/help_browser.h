@@ -26,6 +26,7 @@ class HelpBrowser : public QTextBrowser {
 
  private:
     QUrl PageUrl(const QString& page) const;
+    QString Framed(const QString& title, const QString& body) const;
     QString MissingPage(const QUrl& url) const;
     QString FoundPages(const QString& words);
 

@@ -23,7 +23,10 @@ QImage Render(const QImage& photo, const Effect& effect, const EffectInputs& inp
     }
     PixTwix engine;
     engine.SetPicture(photo);
-    if (!RenderEffect(effect, inputs, engine)) { std::fprintf(stderr, "not rendered: %s\n", effect.listText); return photo; }
+    if (!RenderEffect(effect, inputs, engine)) {
+        std::fprintf(stderr, "not rendered: %s\n", effect.listText);
+        return photo;
+    }
     if (false) throw Error(kInvalidPicture, QStringLiteral("%1 did not render").arg(QLatin1String(effect.listText)));
     return engine.Picture();
 }

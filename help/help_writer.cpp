@@ -53,26 +53,28 @@ InputRow ChoiceRow(const EffectChoice& choice) {
     const QString initial = names[choice.initial - 1];
     switch (choice.kind) {
         case EffectChoice::Kind::Compass:
-            return {QStringLiteral("Direction"), QStringLiteral("eight directions"), initial};
+            return {QStringLiteral("Direction"), QStringLiteral("One of eight"), initial};
         case EffectChoice::Kind::List:
-            return {QStringLiteral("List"), names.join(QStringLiteral("<br>")), initial};
+            return {QStringLiteral("List"), QStringLiteral("One of ") + names.join(QStringLiteral(", ")), initial};
         default:
-            return {QStringLiteral("Kind"), names.join(QStringLiteral(" or ")), initial};
+            return {QStringLiteral("Kind"), QStringLiteral("Either ") + names.join(QStringLiteral(" or ")), initial};
     }
 }
 
 InputRow RowOf(const Effect& effect, const QString& name) {
     for (const EffectSlider& slider : effect.sliders) {
         if (slider.label && name == QLatin1String(slider.label)) {
-            return {name, QStringLiteral("%1 to %2").arg(slider.min).arg(slider.max), QString::number(slider.value)};
+            return {name, QStringLiteral("Range %1 to %2").arg(slider.min).arg(slider.max),
+                    QString::number(slider.value)};
         }
     }
     for (const EffectColor* color : {&effect.color1, &effect.color2}) {
         if (color->label && name == QLatin1String(color->label))
-            return {name, QStringLiteral("any color"), Swatch(color->value) + ColorName(color->value)};
+            return {name, QStringLiteral("Any color"), Swatch(color->value) + ColorName(color->value)};
     }
     if (name == u"Choice") return ChoiceRow(effect.choice);
-    return {QStringLiteral("Point X, Y"), QStringLiteral("0 to %1 each, in pixels of the picture").arg(kCoordinateMax),
+    return {QStringLiteral("Point X, Y"),
+            QStringLiteral("Range 0 to %1 each, in pixels of the picture").arg(kCoordinateMax),
             effect.ResetsCoordinates() ? QStringLiteral("%1, %2").arg(kDefaultX).arg(kDefaultY)
                                        : QStringLiteral("as it stands")};
 }
@@ -85,7 +87,7 @@ QString Inputs(const HelpTopic& topic) {
         const InputRow row = RowOf(*topic.effect, name);
         rows += QStringLiteral(
                     "<tr><td class=\"name\" valign=\"top\" width=\"120\">%1</td><td valign=\"top\">%2<br>"
-                    "<span class=\"note\">Range: %3 &nbsp;&middot;&nbsp; At the start: %4</span></td></tr>\n")
+                    "<span class=\"note\">%3 &nbsp;&middot;&nbsp; At the start: %4</span></td></tr>\n")
                     .arg(row.name, topic.text.inputs[name].toHtmlEscaped(), row.range, row.initial);
     }
     return QStringLiteral("<h2>Inputs</h2>\n<table cellspacing=\"0\" cellpadding=\"6\" width=\"100%\">\n%1</table>")

@@ -1,0 +1,152 @@
+// Help topics, the help window and its search, on pages made for the test.
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include <QDialog>
+#include <QDir>
+#include <QFile>
+#include <QLineEdit>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "app/help_browser.h"
+#include "app/help_topics.h"
+#include "app/help_window.h"
+#include "effects/catalogue.h"
+#include "tests/support/scripted_dialog.h"
+
+namespace kelu {
+namespace {
+
+class Help : public testing::Test {
+ protected:
+    Help() {
+        Write("index.html", "All effects", "<p>Here they are. <a href=\"sepia.html\">Sepia</a></p>");
+        Write("sepia.html", "Sepia", "<p>The warm brown of old photographs.</p><img src=\"wide.png\">");
+        Write("negative.html", "Negative", "<p>Looks like the negative of old films.</p>");
+        Write("settings.html", "Settings", "<p>Six pages of photographs? No.</p>");
+        QImage(400, 200, QImage::Format_RGB32).save(folder_.filePath("wide.png"));
+    }
+
+    void Write(const char* name, const char* title, const char* body) {
+        QFile file(folder_.filePath(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(QString("<html><head><title>%1</title></head><body>%2</body></html>").arg(title, body).toUtf8());
+    }
+
+    QString Shown() { return topics_.Window()->Browser().toPlainText(); }
+
+    QTemporaryDir folder_;
+    SharedState state_;
+    ScriptedDialog dialog_;
+    HelpTopics topics_{state_, dialog_, folder_.path()};
+};
+
+TEST(HelpTopics, EveryValueHasItsPage) {
+    EXPECT_EQ(HelpTopics::PageOf(1), "grayscale.html");
+    EXPECT_EQ(HelpTopics::PageOf(4), "bwd.html");
+    EXPECT_EQ(HelpTopics::PageOf(33), "oilpainting.html");
+    EXPECT_EQ(HelpTopics::PageOf(48), "neon.html");
+    EXPECT_EQ(HelpTopics::PageOf(99), "settings.html");
+    for (const int other : {0, -1, 49, 98, 100, 32767}) EXPECT_EQ(HelpTopics::PageOf(other), "index.html") << other;
+}
+
+TEST_F(Help, OpensThePageOfTheChosenEffectInOneWindow) {
+    state_.CurrentSFX = 2;
+    topics_.LoadCHMFile();
+    HelpWindow* window = topics_.Window();
+    ASSERT_NE(window, nullptr);
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_TRUE(Shown().contains("warm brown"));
+    EXPECT_EQ(window->windowTitle(), "Kelu Help - Sepia");
+    window->close();
+    state_.CurrentSFX = 99;
+    topics_.LoadCHMFile();
+    EXPECT_EQ(topics_.Window(), window);
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_TRUE(Shown().contains("Six pages"));
+    EXPECT_EQ(state_.CurrentSFX, 99);
+    EXPECT_FALSE(window->testAttribute(Qt::WA_QuitOnClose)) << "the program ends with its main window";
+}
+
+TEST_F(Help, AMissingPageIsToldInTheWindow) {
+    state_.CurrentSFX = 5;
+    topics_.LoadCHMFile();
+    EXPECT_TRUE(Shown().contains("noise.html"));
+    EXPECT_TRUE(Shown().contains("missing"));
+    EXPECT_TRUE(dialog_.shown.empty());
+    QFile::remove(folder_.filePath("index.html"));
+    topics_.Window()->Browser().setSource(topics_.Window()->Browser().Home());
+    EXPECT_TRUE(Shown().contains("index.html"));
+}
+
+TEST_F(Help, GoesBackAndForward) {
+    topics_.LoadCHMFile();
+    HelpBrowser& browser = topics_.Window()->Browser();
+    browser.setSource(browser.source().resolved(QUrl("sepia.html")));
+    browser.Search("old");
+    EXPECT_TRUE(Shown().contains("2 pages"));
+    browser.backward();
+    EXPECT_TRUE(Shown().contains("warm brown"));
+    browser.backward();
+    EXPECT_TRUE(Shown().contains("Here they are"));
+    EXPECT_FALSE(browser.isBackwardAvailable());
+    browser.forward();
+    browser.forward();
+    EXPECT_TRUE(Shown().contains("2 pages")) << "a search is a page like others";
+}
+
+TEST_F(Help, SearchesAllPages) {
+    HelpPages pages(folder_.path());
+    const auto found = [&](const char* words) {
+        QStringList names;
+        for (const HelpHit& hit : pages.Search(words)) names += hit.page;
+        return names.join(' ');
+    };
+    EXPECT_EQ(found("photographs"), "sepia.html settings.html");
+    EXPECT_EQ(found("PHOTO"), "sepia.html settings.html") << "beginnings of words, in any case";
+    EXPECT_EQ(found("graphs"), "") << "not from the middle of a word";
+    EXPECT_EQ(found("old films"), "negative.html") << "all words";
+    EXPECT_EQ(found("sepia"), "sepia.html index.html") << "the title weighs most";
+    EXPECT_EQ(found("  "), "");
+    EXPECT_EQ(found("a.*("), "") << "no pattern, just letters";
+    EXPECT_TRUE(pages.Search("brown")[0].extract.contains("warm brown of old"));
+
+    topics_.LoadCHMFile();
+    auto* search = topics_.Window()->findChild<QLineEdit*>();
+    search->setText("<b>nothing");
+    QTest::keyClick(search, Qt::Key_Return);
+    EXPECT_TRUE(Shown().contains("No page holds <b>nothing")) << "what was typed is text, not markup";
+}
+
+TEST_F(Help, PicturesTakeHalfTheirPixels) {
+    state_.CurrentSFX = 2;
+    topics_.LoadCHMFile();
+    HelpBrowser& browser = topics_.Window()->Browser();
+    const QImage picture = browser.document()->resource(QTextDocument::ImageResource, QUrl("wide.png")).value<QImage>();
+    ASSERT_FALSE(picture.isNull());
+    EXPECT_EQ(picture.width() / picture.devicePixelRatio(), 200);
+}
+
+TEST_F(Help, WorksBesideAModalDialog) {
+    topics_.LoadCHMFile();
+    HelpWindow& window = *topics_.Window();
+    QDialog dialog;
+    dialog.setModal(true);
+    dialog.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&dialog));
+    state_.CurrentSFX = 99;
+    topics_.LoadCHMFile();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    EXPECT_TRUE(Shown().contains("Six pages"));
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {},
+                      window.mapFromGlobal(window.findChild<QLineEdit*>()->mapToGlobal(QPoint(20, 8))));
+    QTest::keyClicks(
+        window.windowHandle()->focusObject() ? static_cast<QWidget*>(window.findChild<QLineEdit*>()) : nullptr, "old");
+    EXPECT_TRUE(window.findChild<QLineEdit*>()->hasFocus()) << "the click reached the window";
+    dialog.close();
+    EXPECT_TRUE(window.isVisible()) << "it stays when the dialog goes";
+}
+
+}  // namespace
+}  // namespace kelu

@@ -1,0 +1,115 @@
+// The splash's rotation, and the About message.
+// SPDX-License-Identifier: MIT
+#include "app/splash.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QImage>
+#include <QLabel>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+
+#include "app/about_message.h"
+#include "controls/animated_gif/uc_ani_gif.h"
+#include "tests/support/memory_settings.h"
+#include "tests/support/scripted_dialog.h"
+
+namespace kelu {
+namespace {
+
+class SplashTest : public testing::Test {
+ protected:
+    SplashTest() {
+        for (int number = 1; number <= 8; ++number) {
+            QImage picture(80, 60, QImage::Format_RGB32);
+            picture.fill(QColor(number * 20, 0, 0));
+            picture.save(FileOf(number), "PNG");
+        }
+    }
+    QString FileOf(int number) { return folder_.filePath(QString("scr_loader%1.rs").arg(number)); }
+
+    // One start of the program with the stored number; the picture's number, or 0.
+    int Start(const QString& stored) {
+        settings_.Write(settings::kSplashNumber, stored);
+        QLabel cover;
+        Splash splash(cover, state_, settings_, dialog_, folder_.path());
+        splash.LoadSplash();
+        return cover.pixmap().isNull() ? 0 : (qRed(cover.pixmap().toImage().pixel(50, 50)) + 10) / 20;
+    }
+    QString Stored() { return settings_.Read(settings::kSplashNumber); }
+
+    QTemporaryDir folder_;
+    SharedState state_;
+    MemorySettings settings_;
+    ScriptedDialog dialog_;
+};
+
+TEST_F(SplashTest, ShowsOnePictureAfterTheOther) {
+    struct Case {
+        const char* stored;
+        int picture;
+        const char* next;
+    };
+    for (const Case& test : {Case{"1", 1, "2"},
+                             {"2", 2, "3"},
+                             {"7", 7, "8"},
+                             {"8", 8, "1"},
+                             {"0", 0, "1"},
+                             {"9", 0, "1"},
+                             {"99999", 0, "1"},
+                             {"abc", 0, "1"}}) {
+        EXPECT_EQ(Start(test.stored), test.picture) << test.stored;
+        EXPECT_EQ(Stored(), test.next) << test.stored;
+    }
+    EXPECT_TRUE(dialog_.shown.empty());
+}
+
+TEST_F(SplashTest, AMissingPictureKeepsItsTurn) {
+    QFile::remove(FileOf(3));
+    EXPECT_EQ(Start("3"), 0);
+    ASSERT_EQ(dialog_.shown.size(), 1U);
+    EXPECT_EQ(dialog_.shown[0].heading, "Error");
+    EXPECT_EQ(Stored(), "3");
+}
+
+TEST_F(SplashTest, TheAnimationPlaysUntilTheEnd) {
+    QLabel cover;
+    Splash splash(cover, state_, settings_, dialog_, folder_.path());
+    cover.show();
+    auto* animation = cover.findChild<ucAniGIF*>("AniGIF1");
+    ASSERT_NE(animation, nullptr);
+    EXPECT_EQ(cover.size(), QSize(800, 600));
+    EXPECT_EQ(animation->geometry(), QRect(368, 568, 126, 22));
+    EXPECT_GT(animation->FrameCount(), 10);
+    EXPECT_EQ(animation->Action(), 1);
+    splash.End();
+    EXPECT_EQ(animation->Action(), 0);
+    EXPECT_FALSE(cover.isVisible());
+}
+
+TEST(AboutMessage, TellsVersionAndThanks) {
+    ScriptedDialog dialog;
+    dialog.SetShowCheckbox(true);
+    ShowAboutMsg(dialog);
+    ASSERT_EQ(dialog.shown.size(), 1U);
+    const auto& shown = dialog.shown[0];
+    EXPECT_EQ(shown.title, "About Kelu...");
+    EXPECT_EQ(shown.style, 96);
+    EXPECT_EQ(shown.icon, MsgIcon::Kelu);
+    EXPECT_TRUE(shown.about);
+    EXPECT_FALSE(shown.checkbox);
+    const QStringList lines = shown.heading.split("\r\n");
+    ASSERT_EQ(lines.size(), 8);
+    EXPECT_EQ(lines[0], QString::fromUtf8("Kelu ¦ Have Fun With Effects :)"));
+    EXPECT_TRUE(QRegularExpression(R"(^Version \d+\.\d+\.\d+ - \(Build \d{8}\)$)").match(lines[2]).hasMatch())
+        << lines[2].toStdString();
+    for (const int empty : {1, 4, 6}) EXPECT_TRUE(lines[empty].isEmpty());
+    EXPECT_EQ(shown.text.split("\r\n\r\n").size(), 4);
+    EXPECT_TRUE(shown.text.startsWith("I would like to thank all the people"));
+    ShowPlainMessage(dialog, "", "Next", MsgDialog::kOk, MsgIcon::None);
+    EXPECT_FALSE(dialog.shown[1].about) << "only the About message has that look";
+}
+
+}  // namespace
+}  // namespace kelu
