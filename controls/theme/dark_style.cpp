@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QGroupBox>
 #include <QLineEdit>
 #include <QPainter>
 #include <QStyleOption>
@@ -134,11 +135,16 @@ void DarkStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
             return;
         case PE_FrameMenu:
             return;
-        case PE_FrameGroupBox:
-        case PE_FrameTabWidget: {
-            DrawField(*painter, option->rect, Qt::transparent, kLine);
+        case PE_FrameGroupBox: {
+            // The frame stands below its caption.
+            const auto* box = qobject_cast<const QGroupBox*>(widget);
+            const int caption = box != nullptr && !box->title().isEmpty() ? option->fontMetrics.height() + 3 : 0;
+            DrawField(*painter, option->rect.adjusted(0, caption, 0, 0), Qt::transparent, kLine);
             return;
         }
+        case PE_FrameTabWidget:
+            DrawField(*painter, option->rect, Qt::transparent, kLine);
+            return;
         case PE_FrameTabBarBase:
             painter->fillRect(QRect(option->rect.left(), option->rect.bottom(), option->rect.width(), 1), kLine);
             return;

@@ -134,7 +134,10 @@ class FrameBuilder {
         field->setObjectName(name);
         field->setAccessibleName(label);
         field->installEventFilter(form_);
-        rows_->addRow(label, field);
+        auto* caption = new QLabel(label, frame_);
+        caption->setBuddy(field);
+        caption->setFixedHeight(QLineEdit().sizeHint().height());  // in line with the field's text
+        rows_->addRow(caption, field);
     }
 
     QWidget* form_;
