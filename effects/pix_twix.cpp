@@ -6,12 +6,22 @@
 
 #include "document/picture.h"
 #include "effects/engine/around_point.h"
+#include "effects/engine/blobs.h"
+#include "effects/engine/blurs.h"
 #include "effects/engine/borders.h"
 #include "effects/engine/convolution.h"
 #include "effects/engine/emboss.h"
+#include "effects/engine/extremes.h"
 #include "effects/engine/image_view.h"
 #include "effects/engine/luma_maps.h"
+#include "effects/engine/melt.h"
+#include "effects/engine/mosaic.h"
+#include "effects/engine/oil_painting.h"
+#include "effects/engine/radial_warps.h"
+#include "effects/engine/rearrange.h"
 #include "effects/engine/run.h"
+#include "effects/engine/sketch.h"
+#include "effects/engine/wind.h"
 
 namespace kelu {
 namespace {
@@ -69,10 +79,12 @@ bool PixTwix::FxBlackWhite(int threshold, bool) { return Render(With<engine::Bla
 bool PixTwix::FxBlackWhiteDither(int, bool) { return false; }
 bool PixTwix::FxNoise(int, bool, bool) { return false; }
 bool PixTwix::FxAntialias(bool) { return false; }
-bool PixTwix::FxBlobs(int, int, bool) { return false; }
-bool PixTwix::FxBlur1(int, bool) { return false; }
-bool PixTwix::FxBlur2(int, int, int, bool) { return false; }
-bool PixTwix::FxBlur3(int, int, int, bool) { return false; }
+bool PixTwix::FxBlobs(int radius, int spacing, bool) { return Render(With<engine::Blobs>(radius, spacing)); }
+bool PixTwix::FxBlur1(int radius, bool) { return Render(With<engine::Blur1>(radius)); }
+bool PixTwix::FxBlur2(int x, int y, int length, bool) {
+    return Render(With<engine::Blur2>(engine::Point{x, y}, length));
+}
+bool PixTwix::FxBlur3(int x, int y, int angle, bool) { return Render(With<engine::Blur3>(engine::Point{x, y}, angle)); }
 bool PixTwix::FxBrightness1(int, bool) { return false; }
 bool PixTwix::FxBrightness2(int x, int y, int brightness, bool) {
     return Render(With<engine::Brightness2>(engine::Point{4 * x, y}, brightness));
@@ -92,38 +104,44 @@ bool PixTwix::FxEmboss(int direction, int intensity, int grayLevel, bool, bool) 
     return Render(With<engine::Emboss>(direction, intensity, grayLevel));
 }
 bool PixTwix::FxErodeBorder(int, int, int, int) { return false; }
-bool PixTwix::FxExplode(int, int, int) { return false; }
+bool PixTwix::FxExplode(int x, int y, int amount) { return Render(With<engine::Explode>(engine::Point{x, y}, amount)); }
 bool PixTwix::FxFadeBorders(int width, int red, int green, int blue) {
     return Render(With<engine::FadeBorders>(width, engine::Color{red, green, blue}));
 }
-bool PixTwix::FxFishEye(int, int, int) { return false; }
+bool PixTwix::FxFishEye(int red, int green, int blue) {
+    return Render(With<engine::FishEye>(engine::Color{red, green, blue}));
+}
 bool PixTwix::FxHighPass(int kernel, bool) { return Render(With<engine::HighPass>(kernel)); }
-bool PixTwix::FxImplode(int, int, int, int, int, int) { return false; }
+bool PixTwix::FxImplode(int x, int y, int amount, int red, int green, int blue) {
+    return Render(With<engine::Implode>(engine::Point{x, y}, amount, engine::Color{red, green, blue}));
+}
 bool PixTwix::FxIrregularBorders(int, int, int, int) { return false; }
-bool PixTwix::FxMaximum(int, int, bool) { return false; }
-bool PixTwix::FxMinimum(int, int, bool) { return false; }
-bool PixTwix::FxMelt(bool) { return false; }
-bool PixTwix::FxMosaic(int, int, bool) { return false; }
+bool PixTwix::FxMaximum(int window, int radius, bool) { return Render(With<engine::Maximum>(window, radius)); }
+bool PixTwix::FxMinimum(int window, int radius, bool) { return Render(With<engine::Minimum>(window, radius)); }
+bool PixTwix::FxMelt(bool) { return Render(With<engine::Melt>()); }
+bool PixTwix::FxMosaic(int blockWidth, int blockHeight, bool) {
+    return Render(With<engine::Mosaic>(blockWidth, blockHeight));
+}
 bool PixTwix::FxNegative(bool, bool, bool, bool) { return false; }
-bool PixTwix::FxOilPainting(int, bool) { return false; }
+bool PixTwix::FxOilPainting(int radius, bool) { return Render(With<engine::OilPainting>(radius)); }
 bool PixTwix::FxPosterize(int, int, int, bool) { return false; }
-bool PixTwix::FxReverse() { return false; }
+bool PixTwix::FxReverse() { return Render(With<engine::Reverse>()); }
 bool PixTwix::FxSaturation1(int, bool) { return false; }
 bool PixTwix::FxSaturation2(int, int, int, bool) { return false; }
-bool PixTwix::FxScramble(int, int) { return false; }
+bool PixTwix::FxScramble(int side, int percentMoved) { return Render(With<engine::Scramble>(side, percentMoved)); }
 bool PixTwix::FxSolarize(int, int, int, bool, bool) { return false; }
 bool PixTwix::FxSpecialFilter(int kernel, int offset, bool) {
     return Render(With<engine::SpecialFilter>(kernel, offset));
 }
-bool PixTwix::FxSketch() { return false; }
-bool PixTwix::FxSpray(int, bool) { return false; }
+bool PixTwix::FxSketch() { return Render(With<engine::Sketch>()); }
+bool PixTwix::FxSpray(int radius, bool) { return Render(With<engine::Spray>(radius)); }
 bool PixTwix::FxSwapColors(int, bool) { return false; }
-bool PixTwix::FxTile(int, int) { return false; }
+bool PixTwix::FxTile(int side, int displacement) { return Render(With<engine::Tile>(side, displacement)); }
 bool PixTwix::FxTint(int, int, int, bool) { return false; }
 bool PixTwix::FxFreeze(float w1, float w2, float w3, float w4, float w5, float w6, float w7, float w8, float w9,
                        float divisor, int offset, bool) {
     return Render(With<engine::Freeze>(engine::Weights3x3{w1, w2, w3, w4, w5, w6, w7, w8, w9}, divisor, offset));
 }
-bool PixTwix::FxWind(int, float, bool) { return false; }
+bool PixTwix::FxWind(int x, float y, bool) { return Render(With<engine::Wind>(x, qRound(y))); }
 
 }  // namespace kelu
