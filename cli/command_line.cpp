@@ -3,6 +3,7 @@
 
 #include <unistd.h>
 
+#include <QFileInfo>
 #include <cstdio>
 
 #include "platform/error.h"
@@ -46,8 +47,11 @@ Arguments Parse(const QStringList& words, const QStringList& withValue, const QS
 void PrintLine(const QString& text) { std::printf("%s\n", text.toLocal8Bit().constData()); }
 
 void PrintFailure(const QString& file, const QString& reason) {
+    // Failures of picture files name their file, for a message in a window; here its whole path stands before.
+    const QString name = QFileInfo(file).fileName() + QStringLiteral(": ");
+    const QString rest = reason.startsWith(name) ? reason.mid(name.size()) : reason;
     std::fprintf(stderr, "kelu-cli: %s: %s\n", file.toLocal8Bit().constData(),
-                 reason.simplified().toLocal8Bit().constData());
+                 rest.simplified().toLocal8Bit().constData());
 }
 
 void ShowProgress(const QString& file, int percent) {

@@ -1,0 +1,18 @@
+// Embedded colour profiles.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QByteArray>
+#include <QImage>
+
+namespace kelu {
+
+/// Converts the colours of an RGB32 or ARGB32 picture, only owner of its memory, from `profile` to sRGB, in place.
+/// A profile that is damaged, not for RGB, or as good as sRGB leaves the picture as it is.
+void ConvertToSrgb(QImage& picture, const QByteArray& profile);
+
+/// The pixels of `picture` hold cyan, magenta, yellow and black in this order in memory; `inverted`: 255 is no ink.
+/// Makes them RGB32, by the profile when it is one for CMYK, else by plain multiplication.
+void ConvertCmykToSrgb(QImage& picture, const QByteArray& profile, bool inverted);
+
+}  // namespace kelu

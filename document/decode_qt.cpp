@@ -1,0 +1,114 @@
+// bmp, png and tif by the toolkit's readers, into pooled memory where they let the caller bring it.
+// SPDX-License-Identifier: MIT
+#include <tiffio.h>
+
+#include <QColorSpace>
+#include <QImageReader>
+#include <cmath>
+
+#include "document/exif.h"
+#include "document/picture.h"
+#include "document/picture_decoders.h"
+#include "platform/error.h"
+
+namespace kelu {
+namespace {
+
+struct PngFacts {
+    int orientation = 1;
+    bool hasProfile = false;
+};
+
+// Walks the chunks of a PNG: its orientation stands in a chunk on either side of the pixels.
+PngFacts ReadPngFacts(QIODevice& device) {
+    constexpr qint64 kSignature = 8;
+    constexpr qint64 kFrame = 12;  // length, name and checksum around the data
+    PngFacts facts;
+    for (qint64 at = kSignature;;) {
+        if (!device.seek(at)) break;
+        const QByteArray head = device.read(8);
+        if (head.size() < 8) ThrowCutShort();
+        const qint64 length = BigEndian(head, 0, 4);
+        if (at + kFrame + length > device.size()) ThrowCutShort();
+        const QByteArray name = head.mid(4);
+        if (name == "IEND") break;
+        if (name == "eXIf") facts.orientation = ReadExif(device.read(length)).orientation;
+        if (name == "iCCP") facts.hasProfile = true;
+        at += kFrame + length;
+    }
+    device.seek(0);
+    return facts;
+}
+
+// The library below tells its troubles on standard error; a failure is told once, by us.
+void SilenceTiff() {
+    TIFFSetErrorHandler(nullptr);
+    TIFFSetWarningHandler(nullptr);
+}
+
+int ToExif(QImageIOHandler::Transformations transformation) {
+    switch (transformation) {
+        case QImageIOHandler::TransformationMirror:
+            return 2;
+        case QImageIOHandler::TransformationRotate180:
+            return 3;
+        case QImageIOHandler::TransformationFlip:
+            return 4;
+        case QImageIOHandler::TransformationFlipAndRotate90:
+            return 5;
+        case QImageIOHandler::TransformationRotate90:
+            return 6;
+        case QImageIOHandler::TransformationMirrorAndRotate90:
+            return 7;
+        case QImageIOHandler::TransformationRotate270:
+            return 8;
+        default:
+            return 1;
+    }
+}
+
+const char* QtName(PictureFormat format) {
+    switch (format) {
+        case PictureFormat::Bmp:
+            return "bmp";
+        case PictureFormat::Png:
+            return "png";
+        default:
+            return "tiff";
+    }
+}
+
+}  // namespace
+
+DecodedPicture DecodeWithQt(QIODevice& device, PictureFormat format) {
+    // Sizes are checked here, before the reader takes memory.
+    QImageReader::setAllocationLimit(0);
+    DecodedPicture result;
+    PngFacts png;
+    if (format == PictureFormat::Png) png = ReadPngFacts(device);
+    result.orientation = png.orientation;
+    if (format == PictureFormat::Tiff) SilenceTiff();
+    QImageReader reader(&device, QtName(format));
+    reader.setAutoTransform(false);
+    const QSize size = reader.size();
+    if (!size.isValid()) ThrowDamaged();
+    CheckPictureSize(size.width(), size.height());
+    if (format == PictureFormat::Tiff) result.orientation = ToExif(reader.transformation());
+
+    const QImage::Format native = reader.imageFormat();
+    const bool direct = native == QImage::Format_RGB32 || native == QImage::Format_ARGB32;
+    if (direct) result.image = MakePicture(size.width(), size.height(), native);
+    if (!reader.read(&result.image)) {
+        if (reader.error() == QImageReader::InvalidDataError) ThrowDamaged();
+        throw Error(kInvalidPicture, QStringLiteral("The picture cannot be read: %1").arg(reader.errorString()));
+    }
+    const QColorSpace space = result.image.colorSpace();
+    // A PNG that tells a gamma and no profile is made for a screen like any other.
+    const bool plainGamma = format == PictureFormat::Png && !png.hasProfile && std::abs(space.gamma() - 2.2f) < 0.05f;
+    if (space.isValid() && space != QColorSpace(QColorSpace::SRgb) && !plainGamma) result.profile = space.iccProfile();
+    result.image.setColorSpace(QColorSpace());
+    result.image = ToPictureFormat(result.image);
+    return result;
+}
+
+}  // namespace kelu
