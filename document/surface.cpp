@@ -12,9 +12,7 @@
 #include "document/picture_file.h"
 #include "document/undo_levels.h"
 #include "platform/error.h"
-#if __has_include("effects/engine/neon.h")
 #include "effects/engine/neon.h"
-#endif
 
 namespace kelu {
 namespace {
@@ -82,7 +80,6 @@ void Surface::DrawBitmap(const QImage& bitmap, int x, int y, int opacity) {
 }
 
 void Surface::NeonFilter() {
-#if __has_include("effects/engine/neon.h")
     if (picture_.isNull()) return;
     QImage result = MakePicture(picture_.width(), picture_.height(), picture_.format());
     result.setDotsPerMeterX(picture_.dotsPerMeterX());
@@ -100,7 +97,6 @@ void Surface::NeonFilter() {
         throw Error(kOutOfMemory, QStringLiteral("Not enough memory for this effect"));
     }
     Replace(std::move(result));
-#endif
 }
 
 BrushHandle Surface::MakeBrush(int size) const { return {picture_, std::max(1, size)}; }
