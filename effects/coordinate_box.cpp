@@ -5,6 +5,7 @@
 #include <QFocusEvent>
 #include <QValidator>
 
+#include "controls/theme/theme.h"
 #include "effects/catalogue.h"
 
 namespace kelu {
@@ -33,6 +34,9 @@ class CoordinateValidator : public QValidator {
 CoordinateBox::CoordinateBox(QWidget* parent) : QLineEdit(parent) {
     setValidator(new CoordinateValidator(this));
     setAlignment(Qt::AlignCenter);
+    setFont(theme::ListFont());
+    // The room that the style keeps beside a text is too much for a box of three digits.
+    setTextMargins(-4, 0, -4, 0);
     setInputMethodHints(Qt::ImhDigitsOnly);
 }
 

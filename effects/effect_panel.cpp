@@ -24,6 +24,15 @@ constexpr int kBrushMin = 1;
 constexpr int kBrushMax = 100;
 constexpr int kBrushStart = 50;
 
+// A list that may reach under the button below it without losing its last row there.
+class ValueList : public ListEx {
+ public:
+    using ListEx::ListEx;
+    void KeepClearOf(const QWidget& below) {
+        setViewportMargins(0, 0, 0, qMax(0, geometry().bottom() + 1 - below.y()));
+    }
+};
+
 template <typename Control>
 Control* Named(Control* control, const char* name) {
     control->setObjectName(QString::fromLatin1(name));
@@ -63,7 +72,7 @@ EffectPanel::EffectPanel(SharedState& state, QWidget* parent)
       lblBS(Named(new PanelLabel(this), "lblBS")),
       sldBrushSize(MakeSlider(this, "sldBrushSize")),
       sldValue{MakeSlider(this, "sldValue1"), MakeSlider(this, "sldValue2"), MakeSlider(this, "sldValue3")},
-      lstValue(Named(new ListEx(this), "lstValue")),
+      lstValue(Named<ListEx>(new ValueList(this), "lstValue")),
       TBCompass(new Toolbox),
       PagerCompass(Named(new Pager(Qt::Horizontal, this), "PagerCompass")),
       CPicker{Named(new ColorPicker(this), "CPicker1"), Named(new ColorPicker(this), "CPicker2")},
@@ -177,6 +186,8 @@ void EffectPanel::SetUp(int number) {
     PagerCompass->setVisible(compass);
     MoveTop(lstValue, effect.tops.lstValue);
     lstValue->setVisible(list);
+    static_cast<ValueList*>(lstValue)->KeepClearOf(*cmdApply);
+    if (list) lstValue->scrollTo(lstValue->currentIndex(), QAbstractItemView::PositionAtCenter);
     cmdApply->show();
 }
 
