@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/atomic_file.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/resource.h>
@@ -136,7 +137,7 @@ TEST_F(AtomicFileTest, KilledAtAnyMomentTheFileIsOldOrNew) {
                 Put(path, old);
             }
         }
-        ::usleep(static_cast<useconds_t>(500 + moment * 137));
+        ::usleep(static_cast<useconds_t>(500 + moment * moment * 14));  // to 50 ms
         ::kill(child, SIGKILL);
         ::waitpid(child, nullptr, 0);
         const QByteArray now = Content(path);
@@ -145,7 +146,11 @@ TEST_F(AtomicFileTest, KilledAtAnyMomentTheFileIsOldOrNew) {
     }
     // A kill between the naming and the renaming is all that can leave something, and it has a name that tells so.
     for (const QString& entry : Entries()) EXPECT_TRUE(entry == "target.bin" || entry.endsWith(".tmp"));
-    EXPECT_LE(Entries().size(), 6) << "nameless files should leave nearly nothing";
+    const int nameless = ::open(QFile::encodeName(folder.path()).constData(), O_TMPFILE | O_RDWR, 0600);
+    if (nameless >= 0) {  // where the file system knows files without a name
+        ::close(nameless);
+        EXPECT_LE(Entries().size(), 6);
+    }
     EXPECT_GT(news, 0) << "no kill fell on a time when something had been written";
 }
 
