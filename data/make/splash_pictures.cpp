@@ -6,10 +6,12 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QPixmap>
+#include <QTransform>
+#include <algorithm>
 #include <array>
+#include <cmath>
 #include <functional>
 #include <random>
-#include <vector>
 
 #include "controls/theme/icons.h"
 #include "controls/theme/theme.h"
@@ -25,9 +27,12 @@ namespace {
 constexpr QSize kSize(1200, 900);  // shown at 800 x 600; finer screens see the difference
 constexpr int kFooterHeight = 72;
 
-struct Stroke {
-    double width;
-    std::vector<QPointF> points;  // parts of the picture's width and height
+// A patch brushed to and fro, as one does with the mouse.
+struct Scribble {
+    QRectF area;   // parts of the picture's width and height
+    double angle;  // of the single passes, degrees clockwise from level
+    int passes;
+    double width;  // of the brush, in pixels of the splash picture
 };
 
 struct Recipe {
@@ -35,67 +40,33 @@ struct Recipe {
     double left;  // where the 4:3 cut begins, as a part of the room there is
     int effect;
     std::function<void(EffectInputs&)> set;
-    std::vector<Stroke> strokes;
+    Scribble scribble;
     bool titleAtTop;
 };
 
 void Nothing(EffectInputs&) {}
 
+// clang-format off
 const std::array<Recipe, kSplashPictures>& Recipes() {
     static const std::array<Recipe, kSplashPictures> recipes{{
-        {"pier.jpg",
-         0.5,
-         33,
-         [](EffectInputs& in) { in.slider[0] = 9; },
-         {{190, {{-0.05, 0.30}, {0.5, 0.22}, {1.05, 0.36}}}, {200, {{1.05, 0.55}, {0.5, 0.48}, {-0.05, 0.58}}}},
-         true},
-        {"canyon.jpg",
-         0.4,
-         48,
-         Nothing,
-         {{260, {{0.95, -0.05}, {0.70, 0.35}, {0.86, 0.98}}}, {240, {{0.72, 1.0}, {0.52, 0.55}, {0.66, -0.05}}}},
-         false},
-        {"dandelion.jpg",
-         0.5,
-         41,
-         Nothing,
-         {{300, {{-0.05, 0.15}, {0.3, 0.35}, {0.42, 1.02}}}, {280, {{0.1, 1.0}, {0.2, 0.5}, {0.0, 0.3}}}},
-         false},
-        {"capsule.jpg",
-         0.5,
-         31,
-         [](EffectInputs& in) { in.slider[0] = in.slider[1] = 24; },
-         {{230, {{-0.05, 0.75}, {0.5, 0.62}, {1.05, 0.8}}}, {210, {{1.05, 0.55}, {0.75, 0.5}, {0.55, 0.52}}}},
-         true},
-        {"canyon.jpg",
-         0.6,
-         1,
-         [](EffectInputs& in) { in.choice = 2; },
-         {{330, {{0.2, -0.05}, {0.22, 0.5}, {0.12, 1.05}}}, {300, {{0.42, 1.05}, {0.4, 0.5}, {0.46, -0.05}}}},
-         false},
-        {"pier.jpg",
-         0.5,
-         14,
-         [](EffectInputs& in) { in.slider[0] = 90, in.x = 600, in.y = 380; },
-         {{240, {{-0.05, 0.12}, {0.5, 0.22}, {1.05, 0.08}}}, {250, {{1.05, 0.34}, {0.5, 0.42}, {-0.05, 0.36}}}},
-         false},
-        {"dandelion.jpg",
-         0.5,
-         7,
-         [](EffectInputs& in) { in.slider[0] = 26, in.slider[1] = 20; },
-         {{300, {{1.05, 0.05}, {0.75, 0.45}, {0.9, 1.05}}}, {260, {{0.66, 1.02}, {0.6, 0.6}, {0.72, -0.05}}}},
-         false},
-        {"capsule.jpg",
-         0.5,
-         34,
-         [](EffectInputs& in) {
-             in.slider = {2, 2, 2};
-         },
-         {{300, {{-0.05, 0.2}, {0.4, 0.5}, {0.55, 1.05}}}, {300, {{0.05, 1.0}, {0.2, 0.7}, {0.0, 0.5}}}},
-         false},
+        {"pier.jpg", 0.5, 33, [](EffectInputs& in) { in.slider[0] = 16; },
+         {{-0.02, 0.34, 1.04, 0.56}, -6, 4, 170}, true},
+        {"canyon.jpg", 0.4, kNeon, Nothing, {{0.50, -0.02, 0.46, 0.92}, 68, 4, 170}, false},
+        {"dandelion.jpg", 0.5, 41, Nothing, {{0.01, 0.03, 0.42, 0.58}, -24, 5, 130}, false},
+        {"capsule.jpg", 0.5, 31, [](EffectInputs& in) { in.slider[0] = in.slider[1] = 24; },
+         {{0.30, 0.40, 0.68, 0.46}, -14, 4, 140}, true},
+        {"canyon.jpg", 0.6, 1, [](EffectInputs& in) { in.choice = 2; }, {{0.02, -0.02, 0.44, 0.94}, 76, 4, 150}, false},
+        {"pier.jpg", 0.5, 17, [](EffectInputs& in) { in.color1 = {40, 150, 190}; },
+         {{0.34, 0.02, 0.66, 0.56}, -12, 4, 170}, false},
+        {"dandelion.jpg", 0.5, 7, [](EffectInputs& in) { in.slider[0] = 26, in.slider[1] = 20; },
+         {{0.53, 0.03, 0.44, 0.84}, -28, 6, 150}, false},
+        {"capsule.jpg", 0.5, 18,
+         [](EffectInputs& in) { in.color1 = {60, 20, 70}, in.color2 = {255, 190, 90}; },
+         {{0.26, 0.26, 0.50, 0.56}, 24, 4, 150}, false},
     }};
     return recipes;
 }
+// clang-format on
 
 QImage Photo(const QString& path, double left) {
     const QImage whole(path);
@@ -124,32 +95,68 @@ QImage Render(const QImage& photo, const Recipe& recipe) {
     return engine.Picture();
 }
 
-QPainterPath SmoothPath(const std::vector<QPointF>& parts) {
-    const auto at = [&](std::size_t i) { return QPointF(parts[i].x() * kSize.width(), parts[i].y() * kSize.height()); };
-    QPainterPath path(at(0));
-    path.quadTo(at(1) * 2 - (at(0) + at(2)) / 2, at(2));  // through the middle point
-    return path;
+// The middle line of the strokes: passes to and fro across the area, round at the turns.
+QPainterPath MiddleLine(const Scribble& scribble) {
+    const QRectF area(scribble.area.left() * kSize.width(), scribble.area.top() * kSize.height(),
+                      scribble.area.width() * kSize.width(), scribble.area.height() * kSize.height());
+    QTransform turn;
+    turn.translate(area.center().x(), area.center().y());
+    turn.rotate(scribble.angle);
+    // The passes lie level in a rectangle that the turn then lays over the area.
+    const bool steep = std::abs(scribble.angle) > 45;
+    const double length = steep ? area.height() : area.width();
+    const double height = steep ? area.width() : area.height();
+    const double step = height / scribble.passes;
+    QPainterPath path;
+    for (int pass = 0; pass < scribble.passes; ++pass) {
+        const double y = -height / 2 + step * (pass + 0.5);
+        const double side = pass % 2 == 0 ? -1 : 1;
+        const double reach = length / 2 * (0.86 + 0.14 * std::sin(1.7 * pass + 0.6));
+        const QPointF from(side * reach, y - step * 0.18), to(-side * reach, y + step * 0.22);
+        if (pass == 0) {
+            path.moveTo(from);
+        } else {
+            const QPointF last = path.currentPosition();
+            path.cubicTo(last + QPointF(side * step * 0.5, step * 0.1), from + QPointF(side * step * 0.5, -step * 0.1),
+                         from);
+        }
+        path.cubicTo(from + QPointF(-side * reach * 0.7, -step * 0.25), to + QPointF(side * reach * 0.7, step * 0.2),
+                     to);
+    }
+    return turn.map(path);
 }
 
-// Where the effect was brushed: bristles with ragged ends.
-QImage StrokeMask(const std::vector<Stroke>& strokes) {
+// Where the effect was brushed: bristles side by side that begin and end where they like, the outer ones with gaps.
+QImage BrushedMask(const Scribble& scribble) {
+    constexpr int kBristles = 46, kSamples = 900;
     QImage mask(kSize, QImage::Format_ARGB32_Premultiplied);
     mask.fill(Qt::transparent);
     QPainter painter(&mask);
     painter.setRenderHint(QPainter::Antialiasing);
+    const QPainterPath middle = MiddleLine(scribble);
     std::mt19937 random(11);
-    std::uniform_real_distribution<double> part(-0.5, 0.5);
-    for (const Stroke& stroke : strokes) {
-        const QPainterPath path = SmoothPath(stroke.points);
-        painter.strokePath(path, QPen(Qt::black, stroke.width * 0.9, Qt::SolidLine, Qt::FlatCap));
-        for (int bristle = 0; bristle < 60; ++bristle) {
-            const double across = 2 * part(random);
-            const QPointF shift(part(random) * 24, across * stroke.width / 2 + part(random) * 8);
-            QColor colour(Qt::black);
-            colour.setAlphaF(0.55F);
-            painter.strokePath(path.translated(shift.y() * 0.55, shift.y() * 0.8),
-                               QPen(colour, 4 + 5 * std::abs(part(random)), Qt::SolidLine, Qt::RoundCap));
+    std::uniform_real_distribution<double> part(0, 1);
+    for (int bristle = 0; bristle < kBristles; ++bristle) {
+        const double across = 2.0 * bristle / (kBristles - 1) - 1;  // -1 to 1
+        const double dry = std::pow(std::abs(across), 3);           // how often the bristle leaves the paper
+        const double begin = 0.012 * part(random), end = 1 - 0.02 * part(random);
+        const double phase = 6.28 * part(random), pitch = 25 + 30 * part(random);
+        QPainterPath path;
+        bool down = false;
+        for (int i = 0; i <= kSamples; ++i) {
+            const double t = static_cast<double>(i) / kSamples;
+            const bool touches = t >= begin && t <= end && std::sin(pitch * t * 6.28 + phase) > -1.4 + 1.6 * dry;
+            const QPointF along =
+                middle.pointAtPercent(std::min(1.0, t + 0.001)) - middle.pointAtPercent(std::max(0.0, t - 0.001));
+            const double length = std::max(1e-6, std::hypot(along.x(), along.y()));
+            const QPointF normal(-along.y() / length, along.x() / length);
+            const QPointF at = middle.pointAtPercent(t) + normal * (across * scribble.width / 2);
+            if (touches && down) path.lineTo(at);
+            if (touches && !down) path.moveTo(at);
+            down = touches;
         }
+        painter.strokePath(
+            path, QPen(Qt::black, scribble.width / kBristles * 1.7, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     }
     return mask;
 }
@@ -178,7 +185,7 @@ void DrawFooter(QPainter& painter, const QString& effect) {
     painter.fillRect(foot, kSplashFooter);
     const int logo = 42;
     painter.drawPixmap(60, foot.top() + (kFooterHeight - logo) / 2,
-                       theme::IconPixmap(QStringLiteral("logo"), logo, 1, theme::kText));
+                       theme::IconPixmap(QStringLiteral("kelu"), logo, 1, theme::kText));
     painter.setFont(DisplayFont(24, QFont::Normal));
     painter.setPen(theme::kMutedText);
     painter.drawText(foot.adjusted(0, 0, -60, 0), Qt::AlignRight | Qt::AlignVCenter, effect);
@@ -193,7 +200,7 @@ QImage MakeSplashPicture(int number, const QString& gallery) {
     {
         QPainter painter(&painted);
         painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
-        painter.drawImage(0, 0, StrokeMask(recipe.strokes));
+        painter.drawImage(0, 0, BrushedMask(recipe.scribble));
     }
     QImage picture = photo;
     QPainter painter(&picture);
