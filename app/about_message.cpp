@@ -13,7 +13,7 @@ QString Heading() {
     return QStringList{QStringLiteral("Kelu \u00A6 Have Fun With Effects :)"),
                        QString(),
                        QStringLiteral("Version " KELU_VERSION " - (Build " KELU_BUILD ")"),
-                       QStringLiteral("Copyright \u00A9 2026 Tarvane Design. Free software under the MIT licence."),
+                       QStringLiteral("Copyright \u00A9 2026 Tarvane Design. Free under the MIT licence."),
                        QString(),
                        QStringLiteral("https://tarvane.example/kelu"),
                        QString(),
