@@ -27,7 +27,7 @@ std::vector<Place> RandomPlaces(const QSize& size, int length) {
     std::mt19937 random(7);
     std::vector<Place> places;
     for (int i = 0; i < 512; ++i) {
-        const double angle = random() * 6.283 / 4294967296.0;
+        const double angle = static_cast<double>(random()) * 6.283 / 4294967296.0;
         const int x = static_cast<int>(random() % static_cast<unsigned>(size.width()));
         const int y = static_cast<int>(random() % static_cast<unsigned>(size.height()));
         places.push_back({x, y, x + qRound(length * std::cos(angle)), y + qRound(length * std::sin(angle))});

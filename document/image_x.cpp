@@ -215,8 +215,8 @@ void ImageX::paintEvent(QPaintEvent* event) {
     // The ground shows at the sides, and through a picture with transparency.
     QRegion ground = event->region();
     if (opaque) {
-        const QRectF shown = picture & QRectF(rect());
-        // Only pixels that the picture covers wholly.
+        // Only pixels that the picture covers wholly; the corner between two scroll bars is none of them.
+        const QRectF shown = picture & QRectF(QPointF(), QSizeF(viewport_) / devicePixelRatioF());
         const QPoint low(static_cast<int>(std::ceil(shown.left())), static_cast<int>(std::ceil(shown.top())));
         const QPoint high(static_cast<int>(std::floor(shown.right())) - 1,
                           static_cast<int>(std::floor(shown.bottom())) - 1);

@@ -11,8 +11,8 @@
 #include "document/picture.h"
 #include "document/picture_file.h"
 #include "document/undo_levels.h"
-#include "platform/error.h"
 #include "effects/engine/neon.h"
+#include "platform/error.h"
 
 namespace kelu {
 namespace {
