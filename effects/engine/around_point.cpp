@@ -5,28 +5,11 @@
 #include <hwy/foreach_target.h>
 
 #include "effects/engine/around_point.h"
+#include "effects/engine/distance_weight_inl.h"
 #include "effects/engine/point_inl.h"
 
 HWY_BEFORE_NAMESPACE();
 namespace kelu::engine::HWY_NAMESPACE {
-
-// w = smoothstep(d / R), d the distance from the point, R that of the farthest corner: 0 at the point, 1 at that
-// corner.
-struct DistanceWeight {
-    float atX, atY, perRadius;
-
-    DistanceWeight(Point at, int width, int height)
-        : atX(static_cast<float>(at.x)),
-          atY(static_cast<float>(at.y)),
-          perRadius(1 / std::max(FarthestCorner(at, width, height), 1.0f)) {}
-
-    Floats operator()(int x, int y) const {
-        const float dy = static_cast<float>(y) - atY;
-        const Floats dx = hn::Sub(Columns(x), All(atX));
-        const Floats distance = hn::Sqrt(hn::Add(hn::Mul(dx, dx), All(dy * dy)));
-        return Smoothstep(hn::Mul(distance, All(perRadius)));
-    }
-};
 
 // c + 2.55 · S1 · w. The change is the same for all three channels, so it is rounded once and added to the bytes.
 struct Brightness2Kernel {
@@ -54,6 +37,93 @@ void Brightness2OnTarget(const ImageView& source, const MutableImageView& target
     RenderPoints(kernel, source, target, run);
 }
 
+// The angle round the point as a hue from 0 to 6: 0 eastward, growing clockwise on the screen. `dy` is that of the row.
+HWY_INLINE Floats HueAround(Floats dx, Floats dy) {
+    const Floats ax = hn::Abs(dx), ay = hn::Abs(dy);
+    // The point itself takes the hue of the east.
+    const Floats t = hn::Div(hn::Min(ax, ay), hn::Max(hn::Max(ax, ay), All(1e-6f)));
+    // The arc tangent from 0 to 1 (Abramowitz and Stegun 4.4.47, within 0.000012), times 3 / pi.
+    constexpr float kSixths = 0.95492966f;
+    const Floats square = hn::Mul(t, t);
+    Floats sum = All(0.0208351f * kSixths);
+    for (const float coefficient : {-0.0851330f, 0.1801410f, -0.3302995f, 0.9998660f})
+        sum = hn::Add(hn::Mul(sum, square), All(coefficient * kSixths));
+    Floats hue = hn::Mul(sum, t);
+    hue = hn::IfThenElse(hn::Gt(ay, ax), hn::Sub(All(1.5f), hue), hue);
+    hue = hn::IfThenElse(hn::Lt(dx, hn::Zero(kFloats)), hn::Sub(All(3.0f), hue), hue);
+    return hn::IfThenElse(hn::Lt(dy, hn::Zero(kFloats)), hn::Sub(All(6.0f), hue), hue);
+}
+
+// The pure colour of a hue: 0 red, 1 yellow, 2 green, 3 cyan, 4 blue, 5 magenta.
+HWY_INLINE Channels PureColor(Floats hue) {
+    const auto from = [hue](float middle) HWY_ATTR { return hn::Abs(hn::Sub(hue, All(middle))); };
+    const Floats full = All(255.0f), two = All(2.0f);
+    return {hn::Mul(Clamp01(hn::Sub(two, from(4))), full), hn::Mul(Clamp01(hn::Sub(two, from(2))), full),
+            hn::Mul(Clamp01(hn::Sub(from(3), All(1.0f))), full)};
+}
+
+// c + (ramp - c) · |S1| / 100. The ramp has the pixel's luma Y in the hue's colour h of luma Yh: h · Y / Yh as far as
+// that stays a colour (Y <= Yh), beyond that it goes on to white: 255 - (255 - h) (255 - Y) / (255 - Yh).
+struct ColorGradientKernel {
+    Point at;
+    float strength;  // 0 to 1
+    bool anticlockwise;
+
+    struct InRow {
+        const ColorGradientKernel& all;
+        float dy;
+
+        Pixels operator()(Pixels pixels, int x) const {
+            const Channels c = Split(pixels);
+            const Floats dx = hn::Sub(Columns(x), All(static_cast<float>(all.at.x)));
+            const Channels hue = PureColor(HueAround(dx, All(dy)));
+            const Floats full = All(255.0f);
+            const Floats y = Luma(c), hueLuma = hn::Mul(ThousandLuma(hue), All(0.001f));
+            const Floats up = hn::Div(y, hueLuma);
+            const Floats down = hn::Div(hn::Sub(full, y), hn::Sub(full, hueLuma));
+            const auto dark = hn::Le(y, hueLuma);
+            const auto ramp = [&](Floats h) HWY_ATTR {
+                return hn::IfThenElse(dark, hn::Mul(h, up), hn::Sub(full, hn::Mul(hn::Sub(full, h), down)));
+            };
+            return Join(Mix(c, {ramp(hue.blue), ramp(hue.green), ramp(hue.red)}, All(all.strength)), pixels);
+        }
+    };
+    InRow Row(int y) const {
+        const float dy = static_cast<float>(y) - static_cast<float>(at.y);
+        return {*this, anticlockwise ? -dy : dy};
+    }
+};
+
+void ColorGradientOnTarget(const ImageView& source, const MutableImageView& target, Point at, int strength,
+                           const Run& run) {
+    const float part = static_cast<float>(std::clamp(strength, -100, 100)) / 100;
+    RenderPoints(ColorGradientKernel{Sensible(at), std::abs(part), part < 0}, source, target, run);
+}
+
+// Y + (c - Y) · (1 + S1 / 100 · w)
+struct Saturation2Kernel {
+    DistanceWeight weight;
+    float change;  // S1 / 100
+
+    struct InRow {
+        const Saturation2Kernel& all;
+        int y;
+
+        Pixels operator()(Pixels pixels, int x) const {
+            const Channels c = Split(pixels);
+            const Floats factor = hn::Add(hn::Mul(all.weight(x, y), All(all.change)), All(1.0f));
+            return Join(Mix(Gray(Luma(c)), c, factor), pixels);
+        }
+    };
+    InRow Row(int y) const { return {*this, y}; }
+};
+
+void Saturation2OnTarget(const ImageView& source, const MutableImageView& target, Point at, int amount,
+                         const Run& run) {
+    const float change = static_cast<float>(std::clamp(amount, -100, 100)) / 100;
+    RenderPoints(Saturation2Kernel{{Sensible(at), source.width, source.height}, change}, source, target, run);
+}
+
 }  // namespace kelu::engine::HWY_NAMESPACE
 HWY_AFTER_NAMESPACE();
 
@@ -61,9 +131,19 @@ HWY_AFTER_NAMESPACE();
 namespace kelu::engine {
 
 HWY_EXPORT(Brightness2OnTarget);
+HWY_EXPORT(ColorGradientOnTarget);
+HWY_EXPORT(Saturation2OnTarget);
 
 void Brightness2(const ImageView& source, const MutableImageView& target, Point at, int amount, const Run& run) {
     HWY_DYNAMIC_DISPATCH(Brightness2OnTarget)(source, target, at, amount, run);
+}
+
+void ColorGradient(const ImageView& source, const MutableImageView& target, Point at, int strength, const Run& run) {
+    HWY_DYNAMIC_DISPATCH(ColorGradientOnTarget)(source, target, at, strength, run);
+}
+
+void Saturation2(const ImageView& source, const MutableImageView& target, Point at, int amount, const Run& run) {
+    HWY_DYNAMIC_DISPATCH(Saturation2OnTarget)(source, target, at, amount, run);
 }
 
 }  // namespace kelu::engine

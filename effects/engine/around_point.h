@@ -13,4 +13,12 @@ namespace kelu::engine {
 /// itself stays.
 void Brightness2(const ImageView& source, const MutableImageView& target, Point at, int amount, const Run& run);
 
+/// Lays a full turn of hues over the picture, red eastward of the point, clockwise for a positive and anticlockwise for
+/// a negative `strength` (-100 to 100, 0 is neutral). Luma stays.
+void ColorGradient(const ImageView& source, const MutableImageView& target, Point at, int strength, const Run& run);
+
+/// Saturation 1 growing with the distance from the point: `amount` -100 grey, 0 neutral, 100 double at the farthest
+/// corner.
+void Saturation2(const ImageView& source, const MutableImageView& target, Point at, int amount, const Run& run);
+
 }  // namespace kelu::engine

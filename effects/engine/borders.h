@@ -12,4 +12,10 @@ namespace kelu::engine {
 /// The picture fades to `color`, which stands alone at the edge, within `depth` pixels.
 void FadeBorders(const ImageView& source, const MutableImageView& target, int depth, Color color, const Run& run);
 
+/// `color` covers a band along the edges whose width wavers slowly between a third of `depth` and `depth`.
+void IrregularBorders(const ImageView& source, const MutableImageView& target, int depth, Color color, const Run& run);
+
+/// `color` eats into the picture, ragged and with holes, to at most `depth` pixels.
+void ErodeBorder(const ImageView& source, const MutableImageView& target, int depth, Color color, const Run& run);
+
 }  // namespace kelu::engine

@@ -1,4 +1,4 @@
-// Functions of luma, class A.
+// Effects that look at luma, class A.
 // SPDX-License-Identifier: MIT
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "effects/engine/luma_maps.cpp"
@@ -107,6 +107,21 @@ void FalseColorOnTarget(const ImageView& source, const MutableImageView& target,
     RenderPoints(FalseColorKernel{Sensible(dark), Sensible(bright)}, source, target, run);
 }
 
+// Y + (c - Y) · (100 + S1) / 100
+struct Saturation1Kernel {
+    float factor;
+
+    Pixels operator()(Pixels pixels) const {
+        const Channels c = Split(pixels);
+        return Join(Mix(Gray(Luma(c)), c, All(factor)), pixels);
+    }
+};
+
+void Saturation1OnTarget(const ImageView& source, const MutableImageView& target, int amount, const Run& run) {
+    const float factor = static_cast<float>(100 + std::clamp(amount, -100, 100)) / 100;
+    RenderPoints(Saturation1Kernel{factor}, source, target, run);
+}
+
 }  // namespace kelu::engine::HWY_NAMESPACE
 HWY_AFTER_NAMESPACE();
 
@@ -118,6 +133,7 @@ HWY_EXPORT(SepiaOnTarget);
 HWY_EXPORT(BlackWhiteOnTarget);
 HWY_EXPORT(ColorizeOnTarget);
 HWY_EXPORT(FalseColorOnTarget);
+HWY_EXPORT(Saturation1OnTarget);
 
 void Grayscale(const ImageView& source, const MutableImageView& target, int weighted, const Run& run) {
     HWY_DYNAMIC_DISPATCH(GrayscaleOnTarget)(source, target, weighted, run);
@@ -137,6 +153,10 @@ void Colorize(const ImageView& source, const MutableImageView& target, Color col
 
 void FalseColor(const ImageView& source, const MutableImageView& target, Color dark, Color bright, const Run& run) {
     HWY_DYNAMIC_DISPATCH(FalseColorOnTarget)(source, target, dark, bright, run);
+}
+
+void Saturation1(const ImageView& source, const MutableImageView& target, int amount, const Run& run) {
+    HWY_DYNAMIC_DISPATCH(Saturation1OnTarget)(source, target, amount, run);
 }
 
 }  // namespace kelu::engine

@@ -1,7 +1,6 @@
-// The effects whose result is a function of luma alone: 1 Grayscale, 2 Sepia, 3 Black & White, 17 Colorize, 18 False
-// Color. Alpha stays as it is. Luma is that of Rec. 601, rounded to nearest. Source and target have the same size and
-// do not overlap.
-// SPDX-License-Identifier: MIT
+// The effects that look at luma: 1 Grayscale, 2 Sepia, 3 Black & White, 17 Colorize, 18 False Color, which are
+// functions of luma alone, and 36 Saturation 1. Alpha stays as it is. Luma is that of Rec. 601, rounded to nearest.
+// Source and target have the same size and do not overlap. SPDX-License-Identifier: MIT
 #pragma once
 
 #include "effects/engine/image_view.h"
@@ -23,5 +22,8 @@ void Colorize(const ImageView& source, const MutableImageView& target, Color col
 
 /// A ramp from `dark` at luma 0 to `bright` at luma 255.
 void FalseColor(const ImageView& source, const MutableImageView& target, Color dark, Color bright, const Run& run);
+
+/// Distance from grey: `amount` -100 none, 0 neutral, 100 double.
+void Saturation1(const ImageView& source, const MutableImageView& target, int amount, const Run& run);
 
 }  // namespace kelu::engine

@@ -1,6 +1,7 @@
 // The driver of the 3x3 effects that look at luma: it computes the luma of each row once and keeps the last three. A
 // kernel is a small struct with
-//     Pixels operator()(const LumaNeighbourhood& luma, Pixels pixels) const
+//     Pixels operator()(const LumaNeighbourhood& luma, Pixels pixels) const                   for RenderFromLuma
+//     Pixels operator()(const LumaNeighbourhood& luma, const Neighbourhood& around) const     for RenderBesideLuma
 // Outside the picture lies the nearest edge pixel.
 // SPDX-License-Identifier: MIT
 #if defined(KELU_ENGINE_LUMA_ROWS_INL) == defined(HWY_TARGET_TOGGLE)
@@ -12,6 +13,7 @@
 
 #include <vector>
 
+#include "effects/engine/neighbourhood_inl.h"
 #include "effects/engine/point_inl.h"
 
 HWY_BEFORE_NAMESPACE();
@@ -76,15 +78,19 @@ class LumaRows {
     int last_ = -2;  // the lowest row filled
 };
 
-/// A kernel over luma as the point kernel of one row.
+/// A kernel over luma as the kernel of one row of the other drivers.
 template <class Kernel>
 struct LumaRowKernel {
     const Kernel& kernel;
     const std::uint8_t* const* rows;
 
-    HWY_INLINE Pixels operator()(Pixels pixels, int x) const { return kernel(LumaNeighbourhood(rows, x), pixels); }
+    template <class Colors>
+    HWY_INLINE Pixels operator()(const Colors& colors, int x) const {
+        return kernel(LumaNeighbourhood(rows, x), colors);
+    }
 };
 
+/// For kernels that need the colour of the pixel itself at most.
 template <class Kernel>
 void RenderFromLuma(const Kernel& kernel, const ImageView& source, const MutableImageView& target, const Run& run) {
     SplitRows(run, source.height, source.width, [&](int begin, int end) HWY_ATTR {
@@ -92,6 +98,18 @@ void RenderFromLuma(const Kernel& kernel, const ImageView& source, const Mutable
         for (int y = begin; y < end; ++y) {
             luma.MoveTo(y);
             PointSpan(LumaRowKernel<Kernel>{kernel, luma.Rows()}, source.Row(y), target.Row(y), 0, source.width);
+        }
+    });
+}
+
+/// For kernels that need the colours of the neighbours too.
+template <class Kernel>
+void RenderBesideLuma(const Kernel& kernel, const ImageView& source, const MutableImageView& target, const Run& run) {
+    SplitRows(run, source.height, source.width, [&](int begin, int end) HWY_ATTR {
+        LumaRows luma(source);
+        for (int y = begin; y < end; ++y) {
+            luma.MoveTo(y);
+            NeighbourhoodRow(LumaRowKernel<Kernel>{kernel, luma.Rows()}, source, target.Row(y), y);
         }
     });
 }

@@ -1,5 +1,6 @@
 // The driver of class B: a fixed 3x3 neighbourhood in, one pixel out. A kernel is a small struct with
-//     Pixels operator()(const Neighbourhood& around) const
+//     Pixels operator()(const Neighbourhood& around) const           or, where the column matters,
+//     Pixels operator()(const Neighbourhood& around, int x) const
 // Outside the picture lies the nearest edge pixel.
 // SPDX-License-Identifier: MIT
 #if defined(KELU_ENGINE_NEIGHBOURHOOD_INL) == defined(HWY_TARGET_TOGGLE)
@@ -28,13 +29,22 @@ class Neighbourhood {
     const std::uint32_t* rows_[3];
 };
 
+template <class Kernel>
+HWY_INLINE Pixels CallKernel(const Kernel& kernel, const Neighbourhood& around, [[maybe_unused]] int x) {
+    if constexpr (requires { kernel(around, x); }) {
+        return kernel(around, x);
+    } else {
+        return kernel(around);
+    }
+}
+
 /// The kLanes pixels from column `x`, where the picture's edge or its end is near.
 template <class Kernel>
 HWY_NOINLINE void NeighbourhoodAtEdge(const Kernel& kernel, const ImageView& source, std::uint32_t* target, int x,
                                       int y) {
     std::uint32_t rows[3][kLanes + 2], result[kLanes];
     for (int row = 0; row < 3; ++row) CopyRowRepeatingEdge(source, y + row - 1, x - 1, x + kLanes + 1, rows[row]);
-    hn::StoreU(kernel(Neighbourhood(rows[0] + 1, rows[1] + 1, rows[2] + 1)), kPixels, result);
+    hn::StoreU(CallKernel(kernel, Neighbourhood(rows[0] + 1, rows[1] + 1, rows[2] + 1), x), kPixels, result);
     std::copy_n(result, std::min(kLanes, source.width - x), target + x);
 }
 
@@ -45,7 +55,7 @@ HWY_NOINLINE void NeighbourhoodRow(const Kernel& kernel, const ImageView& source
     const std::uint32_t* below = source.Row(RepeatEdge(y + 1, source.height));
     NeighbourhoodAtEdge(kernel, source, target, 0, y);
     for (int x = kLanes; x + kLanes < source.width; x += kLanes)
-        hn::StoreU(kernel(Neighbourhood(above + x, here + x, below + x)), kPixels, target + x);
+        hn::StoreU(CallKernel(kernel, Neighbourhood(above + x, here + x, below + x), x), kPixels, target + x);
     if (source.width > kLanes) NeighbourhoodAtEdge(kernel, source, target, source.width - kLanes, y);
 }
 

@@ -26,8 +26,10 @@ std::vector<EffectRow> AllRows() {
     for (const auto& family : {
              AroundPointRows,
              BorderRows,
+             ChannelMapRows,
              LumaMapRows,
              NeighbourhoodRows,
+             RandomRows,
              ScatterRows,
              WarpRows,
              WindowRows,

@@ -39,8 +39,10 @@ Definition Unchanged();
 
 std::vector<EffectRow> AroundPointRows();
 std::vector<EffectRow> BorderRows();
+std::vector<EffectRow> ChannelMapRows();
 std::vector<EffectRow> LumaMapRows();
 std::vector<EffectRow> NeighbourhoodRows();
+std::vector<EffectRow> RandomRows();
 std::vector<EffectRow> ScatterRows();
 std::vector<EffectRow> WarpRows();
 std::vector<EffectRow> WindowRows();

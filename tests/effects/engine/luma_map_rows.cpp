@@ -1,4 +1,4 @@
-// Plain definitions of the functions of luma.
+// Plain definitions of the effects that look at luma.
 // SPDX-License-Identifier: MIT
 #include "effects/engine/luma_maps.h"
 #include "tests/effects/engine/effect_rows.h"
@@ -60,6 +60,17 @@ EffectRow FalseColorRow(const std::string& name, Color dark, Color bright) {
             1};
 }
 
+EffectRow Saturation1Row(const std::string& name, int amount, int tolerance) {
+    return {
+        "Saturation1_" + name, [=](auto& s, auto& t, auto& run) { Saturation1(s, t, amount, run); },
+        EachPixel([=](const Picture& source, int x, int y) -> std::array<double, 3> {
+            const Rgba p = source.At(x, y);
+            const double luma = Luma(p), factor = (100 + amount) / 100.0;
+            return {luma + (p.red - luma) * factor, luma + (p.green - luma) * factor, luma + (p.blue - luma) * factor};
+        }),
+        tolerance};
+}
+
 }  // namespace
 
 std::vector<EffectRow> LumaMapRows() {
@@ -80,6 +91,10 @@ std::vector<EffectRow> LumaMapRows() {
         ColorizeRow("faint_blue", {0, 0, 1}),
         FalseColorRow("default", {20, 20, 0}, {200, 100, 50}),
         FalseColorRow("falling", {255, 128, 0}, {0, 127, 255}),
+        Saturation1Row("gray", -100, 0),
+        Saturation1Row("pale", -33, 1),
+        Saturation1Row("neutral", 0, 0),
+        Saturation1Row("double", 100, 0),
     };
 }
 

@@ -1,7 +1,12 @@
 // Plain definitions of the 3x3 effects.
 // SPDX-License-Identifier: MIT
+#include "effects/engine/antialias.h"
 #include "effects/engine/convolution.h"
 #include "effects/engine/emboss.h"
+
+#include <algorithm>
+#include <cmath>
+
 #include "tests/effects/engine/effect_rows.h"
 
 namespace kelu::engine_test {
@@ -64,10 +69,42 @@ EffectRow FreezeRow(const std::string& name, Weights3x3 weights, float divisor, 
             Convolved(weights, divisor, offset), tolerance};
 }
 
+// The mean of two samples, half a step along the edge to either side, each bilinear.
+EffectRow AntialiasRow() {
+    return {"Antialias", [](auto& s, auto& t, auto& run) { Antialias(s, t, run); },
+            EachPixel([](const Picture& source, int x, int y) -> std::array<double, 3> {
+                const auto luma = [&](int dx, int dy) { return Luma(source.At(x + dx, y + dy)); };
+                const int gradientX =
+                    luma(1, -1) + 2 * luma(1, 0) + luma(1, 1) - luma(-1, -1) - 2 * luma(-1, 0) - luma(-1, 1);
+                const int gradientY =
+                    luma(-1, 1) + 2 * luma(0, 1) + luma(1, 1) - luma(-1, -1) - 2 * luma(0, -1) - luma(1, -1);
+                const int size = std::max(std::abs(gradientX), std::abs(gradientY));
+                const Rgba p = source.At(x, y);
+                std::array<double, 3> sum = {p.red + 0.0, p.green + 0.0, p.blue + 0.0};
+                if (size < 96) return sum;
+                sum = {};
+                for (const double side : {-0.5, 0.5}) {
+                    const double dx = -side * gradientY / size, dy = side * gradientX / size;
+                    const int left = static_cast<int>(std::floor(dx)), top = static_cast<int>(std::floor(dy));
+                    for (int row = top; row <= top + 1; ++row)
+                        for (int column = left; column <= left + 1; ++column) {
+                            const double part = (1 - std::abs(dx - column)) * (1 - std::abs(dy - row)) / 2;
+                            const Rgba q = source.At(x + column, y + row);
+                            sum[0] += part * q.red;
+                            sum[1] += part * q.green;
+                            sum[2] += part * q.blue;
+                        }
+                }
+                return sum;
+            }),
+            1};
+}
+
 }  // namespace
 
 std::vector<EffectRow> NeighbourhoodRows() {
     std::vector<EffectRow> rows = {
+        AntialiasRow(),
         EmbossRow(1, 2, 127),
         EmbossRow(4, 1, 0),
         EmbossRow(7, 10, 255),
