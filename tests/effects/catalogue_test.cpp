@@ -15,7 +15,7 @@ namespace {
 // Inputs that are all different, so that an exchanged pair of arguments shows.
 EffectInputs DistinctInputs(int choice) {
     EffectInputs inputs;
-    inputs.slider = {7, 3, 5};
+    inputs.slider = {7, 8, 5};
     inputs.x = 22;
     inputs.y = 13;
     inputs.color1 = {20, 60, 110};
@@ -38,7 +38,7 @@ const ExpectedCall kCalls[] = {
     {4, 0, [](PixTwix& e) { return e.FxBlackWhiteDither(7, false); }},
     {5, 0, [](PixTwix& e) { return e.FxNoise(7, true, false); }},
     {6, 0, [](PixTwix& e) { return e.FxAntialias(false); }},
-    {7, 0, [](PixTwix& e) { return e.FxBlobs(7, 3, false); }},
+    {7, 0, [](PixTwix& e) { return e.FxBlobs(7, 8, false); }},
     {8, 0, [](PixTwix& e) { return e.FxBlur1(7, false); }},
     {9, 0, [](PixTwix& e) { return e.FxBlur2(22, 13, 7, false); }},
     {10, 0, [](PixTwix& e) { return e.FxBlur3(22, 13, 7, false); }},
@@ -58,8 +58,8 @@ const ExpectedCall kCalls[] = {
     {17, 0, [](PixTwix& e) { return e.FxColorize(20, 60, 110, false); }},
     {18, 0, [](PixTwix& e) { return e.FxFalseColor(20, 60, 110, 230, 140, 170, false); }},
     {19, 0, [](PixTwix& e) { return e.FxEnhanceEdges(false); }},
-    {20, 3, [](PixTwix& e) { return e.FxEmboss(1, 7, 3, false, false); }},
-    {20, 4, [](PixTwix& e) { return e.FxEmboss(6, 7, 3, false, false); }},
+    {20, 3, [](PixTwix& e) { return e.FxEmboss(1, 7, 8, false, false); }},
+    {20, 4, [](PixTwix& e) { return e.FxEmboss(6, 7, 8, false, false); }},
     {21, 0, [](PixTwix& e) { return e.FxErodeBorder(7, 20, 60, 110); }},
     {22, 0, [](PixTwix& e) { return e.FxExplode(22, 13, 7); }},
     {23, 0, [](PixTwix& e) { return e.FxFadeBorders(7, 20, 60, 110); }},
@@ -73,15 +73,15 @@ const ExpectedCall kCalls[] = {
     {29, 1, [](PixTwix& e) { return e.FxMinimum(0, 7, false); }},
     {29, 2, [](PixTwix& e) { return e.FxMinimum(1, 7, false); }},
     {30, 0, [](PixTwix& e) { return e.FxMelt(false); }},
-    {31, 0, [](PixTwix& e) { return e.FxMosaic(7, 3, false); }},
+    {31, 0, [](PixTwix& e) { return e.FxMosaic(7, 8, false); }},
     {32, 0, [](PixTwix& e) { return e.FxNegative(true, true, true, false); }},
     {33, 0, [](PixTwix& e) { return e.FxOilPainting(7, false); }},
-    {34, 0, [](PixTwix& e) { return e.FxPosterize(7, 3, 5, false); }},
+    {34, 0, [](PixTwix& e) { return e.FxPosterize(7, 8, 5, false); }},
     {35, 0, [](PixTwix& e) { return e.FxReverse(); }},
     {36, 0, [](PixTwix& e) { return e.FxSaturation1(7, false); }},
     {37, 0, [](PixTwix& e) { return e.FxSaturation2(22, 13, 7, false); }},
-    {38, 0, [](PixTwix& e) { return e.FxScramble(7, 3); }},
-    {39, 0, [](PixTwix& e) { return e.FxSolarize(7, 3, 5, true, false); }},
+    {38, 0, [](PixTwix& e) { return e.FxScramble(7, 8); }},
+    {39, 0, [](PixTwix& e) { return e.FxSolarize(7, 8, 5, true, false); }},
     {40, 1, [](PixTwix& e) { return e.FxSpecialFilter(0, 7, false); }},
     {40, 5, [](PixTwix& e) { return e.FxSpecialFilter(4, 7, false); }},
     {40, 17, [](PixTwix& e) { return e.FxSpecialFilter(16, 7, false); }},
@@ -90,10 +90,10 @@ const ExpectedCall kCalls[] = {
     {43, 1, [](PixTwix& e) { return e.FxSwapColors(2, false); }},
     {43, 2, [](PixTwix& e) { return e.FxSwapColors(1, false); }},
     {43, 3, [](PixTwix& e) { return e.FxSwapColors(0, false); }},
-    {44, 0, [](PixTwix& e) { return e.FxTile(7, 3); }},
+    {44, 0, [](PixTwix& e) { return e.FxTile(7, 8); }},
     {45, 0, [](PixTwix& e) { return e.FxTint(20, 60, 110, false); }},
     {46, 0, [](PixTwix& e) { return e.FxFreeze(1, 1, 1, 1, -7, 1, 1, 1, 1, 1, 0, false); }},
-    {47, 0, [](PixTwix& e) { return e.FxWind(7, 3.0f, false); }},
+    {47, 0, [](PixTwix& e) { return e.FxWind(7, 8.0f, false); }},
 };
 
 class CatalogueCall : public testing::TestWithParam<ExpectedCall> {};
@@ -103,7 +103,7 @@ TEST_P(CatalogueCall, PassesTheInputsInTheEnginesOrder) {
     const Effect* effect = FindEffect(expected.number);
     ASSERT_NE(effect, nullptr);
 
-    const QImage picture = SamplePicture(61, 47);
+    const QImage picture = SamplePicture(161, 127);
     PixTwix byRow, byHand;
     byRow.SetPicture(picture);
     byHand.SetPicture(picture);
