@@ -45,6 +45,7 @@ class Session {
         if (!handle) throw std::bad_alloc();
         offset_ = 0;
         refusal_.clear();
+        greeted_ = encrypting_ = false;
         CURL* curl = handle.get();
         const QByteArray scheme = delivery_.encrypted ? "smtps" : "smtp";
         const QByteArray url = scheme + "://" + host_.name.toLatin1() + ':' + QByteArray::number(delivery_.port);
@@ -91,6 +92,10 @@ class Session {
         return code;
     }
 
+    /// Whether the session broke off between the go-ahead for encryption and the first encrypted reply. The codes of
+    /// such an end are many.
+    bool EncryptionFailed(CURLcode code) const { return code != CURLE_OK && encrypting_; }
+
     /// Whether another server may be asked: nothing was sent, and no server refused the message for good.
     bool MayTryNext() const { return offset_ == 0 && !refusal_.startsWith('5'); }
 
@@ -128,7 +133,10 @@ class Session {
     /// The server's replies, line by line. The last refusal tells the reason; the farewell behind it doesn't.
     static std::size_t TakeReply(char* line, std::size_t size, std::size_t count, void* self) {
         const QByteArray reply(line, static_cast<qsizetype>(size * count));
-        if (reply.startsWith('4') || reply.startsWith('5')) static_cast<Session*>(self)->refusal_ = reply;
+        auto& session = *static_cast<Session*>(self);
+        if (reply.startsWith('4') || reply.startsWith('5')) session.refusal_ = reply;
+        session.encrypting_ = session.greeted_ && reply.startsWith("220");
+        session.greeted_ = true;
         return size * count;
     }
     static int TellProgress(void* self, curl_off_t, curl_off_t, curl_off_t total, curl_off_t sent) {
@@ -143,13 +151,10 @@ class Session {
     const std::function<void(qint64, qint64)>& progress_;
     qsizetype offset_ = 0;
     QByteArray refusal_;
+    bool greeted_ = false;
+    bool encrypting_ = false;  ///< the last reply was the go-ahead for encryption
     char errorText_[CURL_ERROR_SIZE] = {};
 };
-
-bool EncryptionFailed(CURLcode code) {
-    return code == CURLE_SSL_CONNECT_ERROR || code == CURLE_USE_SSL_FAILED || code == CURLE_SSL_CIPHER ||
-           code == CURLE_PEER_FAILED_VERIFICATION;
-}
 
 }  // namespace
 
@@ -165,7 +170,7 @@ void DeliverBySmtp(const SmtpDelivery& delivery, const std::atomic<bool>& cancel
         Session session(delivery, host, cancelled, progress);
         CURLcode code = session.Run(delivery.encrypted ? CURLUSESSL_ALL : CURLUSESSL_TRY);
         // A server that offers encryption and then can't do it still takes the message as any old one does.
-        if (!delivery.encrypted && EncryptionFailed(code) && !cancelled) code = session.Run(CURLUSESSL_NONE);
+        if (!delivery.encrypted && session.EncryptionFailed(code) && !cancelled) code = session.Run(CURLUSESSL_NONE);
         if (cancelled) fail(kMailCancelled, QStringLiteral("Sending was cancelled"));
         if (code == CURLE_OK) return;
         reason = host.name + QStringLiteral(": ") + session.Reason(code);
