@@ -29,10 +29,10 @@ struct SmallInputs {
 };
 constexpr SmallInputs kSmallInputs[] = {
     {2, 40, 0, false}, {3, 110, 0, false}, {7, 5, 4}, {8, 3},
-    {9, 40, 0, false}, {10, 40, 0, false}, {21, 16},  {22, 60, 0, false},
+    {9, 40, 0, false}, {10, 40, 0, false}, {21, 16},  {22, 40, 0, false},
     {23, 16},          {26, 60, 0, false}, {27, 12},  {28, 3},
     {29, 3},           {31, 6, 6},         {33, 3},   {42, 5},
-    {47, 16, -6},
+    {47, 28, -10},
 };
 constexpr int kSmallSquare = 16;  // side of Scramble's and Tile's squares, whose second input is a share
 

@@ -54,12 +54,12 @@ TEST(EffectPictures, ArriveInOrderAlsoWithoutAPhotograph) {
 TEST(EffectPictures, StartingOverAndLeavingEarlyEndTheRunBefore) {
     EffectPictures pictures;
     QSignalSpy ready(&pictures, &EffectPictures::PictureReady);
-    pictures.Start(QString(), 1);
-    pictures.Start(QString(), 2);
+    pictures.Start(QStringLiteral("missing.png"), 1);
+    pictures.Start(QStringLiteral("missing.png"), 2);
     while (ready.count() < 48) ASSERT_TRUE(ready.wait(10000));
     EXPECT_EQ(ready.count(), 48);
     EXPECT_EQ(ready[0][1].value<QImage>().devicePixelRatio(), 2);
-    pictures.Start(QString(), 2);  // left behind by the destructor
+    pictures.Start(QStringLiteral("missing.png"), 2);  // left behind by the destructor
 }
 
 }  // namespace

@@ -64,13 +64,11 @@ TEST(PixTwix, RefusesASecondRenderInsideAReportAndEndsWithAHundred) {
         reports.push_back(percent);
         second = second || engine.FxReverse();
     });
-    // Slow enough on one thread to report; should a machine be too fast for that, the last operation decides.
-    ASSERT_TRUE(engine.FxOilPainting(30, false));
-    ASSERT_TRUE(engine.FxBlobs(60, 10, false));
+    ASSERT_TRUE(engine.FxOilPainting(30, false));  // hundreds of milliseconds on one thread
     EXPECT_FALSE(second);
-    if (!reports.empty()) {
-        EXPECT_EQ(reports.back(), 100);
-    }
+    ASSERT_FALSE(reports.empty());
+    EXPECT_LT(reports.front(), 100);
+    EXPECT_EQ(reports.back(), 100);
 }
 
 TEST(FormRenderWindow, AShutFormTakesNoInputAndOtherWindowsDo) {
