@@ -8,6 +8,7 @@
 
 #include "app/interface_language.h"
 #include "app/window_layout.h"
+#include "capture/capture_panel.h"
 #include "controls/list_ex/list_ex.h"
 #include "controls/pager/pager.h"
 #include "controls/progress_bar/xp_progress_bar.h"
@@ -33,9 +34,7 @@ constexpr int kSplashTime = 3500;  // ms
 constexpr int kSettingsTime = 2;   // ms
 constexpr QColor kHatch(200, 200, 200, 40);  // laid thinly over the dark ground, or it would outshine the picture
 
-QString DataFile(const char* name) {
-    return QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("data/") + QLatin1String(name));
-}
+QString DataFolder() { return QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("data")); }
 
 QString GalleryFile(const char* name) {
     return QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("Gallery/") + QLatin1String(name));
@@ -49,7 +48,7 @@ BrushCursors Cursors(qreal ratio) {
 
 frmMain::frmMain(SharedState& state, const MainServices& services)
     : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint),
-      controls(*this, surfaces, state),
+      controls(*this, surfaces, capturePreview, state),
       state_(state),
       services_(services),
       document_(surfaces, *controls.picCanvas, *controls.picOriginal, state),
@@ -64,6 +63,8 @@ frmMain::frmMain(SharedState& state, const MainServices& services)
       renderWindow_(*this, *controls.pBar1),
       application_(surfaces.picCanvas, surfaces.picPen, PixTwix1_, state, *controls.pnlSettings, renderWindow_,
                    {[this] { painter_.SetUpBrush(); }, [this] { reminder_.PrepareReminder(); }}),
+      capture_(document_, capturePreview, *controls.picCanvas, *controls.picCapPreview, state,
+               {services.camera, services.dialog, services.playSound, DataFolder()}),
       chrome_(*this, state),
       startUp_(*this, state, services.settings, services.dialog, openSave_) {
     setObjectName(QStringLiteral("frmMain"));
@@ -106,6 +107,7 @@ void frmMain::Connect() {
     connect(controls.pnlSettings->sldBrushSize, &LsSlider::ValueChanged, this, [this] { painter_.SetUpBrush(); });
     connect(controls.pnlSettings->cmdApply, &ToolButton::clicked, &application_, &EffectApplication::ApplyClick);
 
+    ConnectCapture();
     connect(&buttonPictures_, &EffectPictures::PictureReady, controls.selectors, &EffectSelectors::ShowPicture);
 
     chrome_.AddHandle(*controls.picTitleBar, /*maximises=*/true);
@@ -126,6 +128,23 @@ void frmMain::Connect() {
         startUp_.LoadMySettings();
         startUp_.PrepareImageResize();
     });
+}
+
+void frmMain::ConnectCapture() {
+    const CapturePanel& panel = *controls.picCapContainer;
+    connect(panel.cmdCapture, &ToolButton::clicked, &capture_, &CameraCapture::CaptureNow);
+    connect(panel.cmdCaptureOK, &ToolButton::clicked, &capture_, &CameraCapture::OKClick);
+    connect(panel.cmdCaptureCancel, &ToolButton::clicked, &capture_, &CameraCapture::CancelClick);
+    connect(&capture_, &CameraCapture::PanelShown, this, [this](bool shown) {
+        controls.picCapContainer->setVisible(shown);
+        (shown ? controls.picCapContainer->cmdCapture : static_cast<QWidget*>(controls.picCanvas))->setFocus();
+        // The live picture shows on the canvas, so the original must not stand before it.
+        if (!shown || !state_.ShowingOriginal) return;
+        state_.ShowingOriginal = false;
+        Q_EMIT history_.OriginalShown(false);
+    });
+    connect(&capture_, &CameraCapture::PreviewShown, controls.picCapPreview, &QWidget::setVisible);
+    connect(&capture_, &CameraCapture::ZoomButtonsShown, controls.picZoomContainer, &QWidget::setVisible);
 }
 
 bool frmMain::Start() {
@@ -158,8 +177,8 @@ void frmMain::Run(Command command) {
         case Command::Close: startUp_.ExitApp(); break;
         case Command::Print: PrintImage(); break;
         case Command::Settings: ShowOptions(); break;
+        case Command::WebCam: capture_.WebCamClick(); break;
         case Command::Email:
-        case Command::WebCam:
         case Command::Help: break;
     }
 }
@@ -171,8 +190,9 @@ void frmMain::ShowBrowse() {
 }
 
 void frmMain::ShowOptions() {
-    const frmOptions::Surroundings surroundings{[] { return QStringList(); },
-                                                [](int) { throw Error(kNoCamera, QStringLiteral("No camera")); },
+    VideoCapX& camera = services_.optionsCamera;
+    const frmOptions::Surroundings surroundings{[&camera] { return DeviceNames(camera); },
+                                                [&camera](int device) { ConnectDevice(camera, device); },
                                                 [] {}, [] {}};
     frmOptions options(services_.settings, state_, services_.dialog, surroundings, this);
     if (options.exec() == QDialog::Accepted) tmrSettings_.start();
@@ -220,8 +240,6 @@ void frmMain::closeEvent(QCloseEvent* event) {
     if (renderWindow_.FormEnabled()) startUp_.ExitApp();
 }
 
-void frmMain::Connect2Camera() {}
-
 void frmMain::PlaceCompassInPager() {
     controls.pnlSettings->PagerCompass->SetChild(controls.pnlSettings->TBCompass);
 }
@@ -241,7 +259,7 @@ void frmMain::PrepareCanvasBackground() {
 }
 
 void frmMain::LoadPlaceholder() {
-    surfaces.picCanvas.LoadFile(DataFile("ploader.rs"));
+    surfaces.picCanvas.LoadFile(QDir(DataFolder()).filePath(QStringLiteral("ploader.rs")));
     controls.picCanvas->SetViewAnchor(5);
 }
 
@@ -252,20 +270,15 @@ void frmMain::SendToBack() {
     lower();
 }
 
-void frmMain::SetVideoSize(const QString&) {}
-
 void frmMain::SetSelector(const QString& code) {
     if (code != u"0" && code != u"1") return;
     controls.selectors->lstSFX->setVisible(code == u"0");
     controls.selectors->pagerTB1->setVisible(code == u"1");
 }
 
-void frmMain::LoadDevices() {}
-
-void frmMain::SelectDevice(int) {}
-
 void frmMain::Unload() {
     unloading_ = true;
+    capture_.Unload();
     close();
 }
 

@@ -14,6 +14,7 @@
 #include "app/shared_state.h"
 #include "app/start_up.h"
 #include "app/window_chrome.h"
+#include "capture/camera_capture.h"
 #include "document/document.h"
 #include "document/history.h"
 #include "document/open_save.h"
@@ -35,8 +36,11 @@ struct MainServices {
     MsgDialog& dialog;
     SaveDialog& saveDialog;
     PrintService& printing;
+    VideoCapX& camera;         ///< VCX1
+    VideoCapX& optionsCamera;  ///< VCX1 of the options
     std::function<bool(const QString& path)> openDocument;
     std::function<bool()> anotherInstanceRuns;
+    std::function<void(const QString& path)> playSound;
 };
 
 class frmMain : public QWidget, private StartUpSteps {
@@ -57,6 +61,7 @@ class frmMain : public QWidget, private StartUpSteps {
 
     // For those who drive the window from outside: dialogs and tests.
     Surfaces surfaces;
+    Surface capturePreview;
     MainControls controls;
 
  protected:
@@ -67,6 +72,7 @@ class frmMain : public QWidget, private StartUpSteps {
 
  private:
     void Connect();
+    void ConnectCapture();
 
     void ShowBrowse();
     void ShowOptions();
@@ -74,7 +80,7 @@ class frmMain : public QWidget, private StartUpSteps {
 
     // Steps of the start.
     bool AnotherInstanceRuns() override { return services_.anotherInstanceRuns && services_.anotherInstanceRuns(); }
-    void Connect2Camera() override;
+    void Connect2Camera() override { capture_.Connect2Camera(); }
     void PlaceCompassInPager() override;
     void SetUpSFXList() override;
     void LoadSplash() override;
@@ -83,10 +89,10 @@ class frmMain : public QWidget, private StartUpSteps {
     void LoadPlaceholder() override;
     void LoadLanguage() override;
     void SendToBack() override;
-    void SetVideoSize(const QString& code) override;
+    void SetVideoSize(const QString& code) override { capture_.SetVideoSize(code); }
     void SetSelector(const QString& code) override;
-    void LoadDevices() override;
-    void SelectDevice(int index) override;
+    void LoadDevices() override { capture_.LoadDevices(); }
+    void SelectDevice(int index) override { capture_.SelectDevice(index); }
     void Unload() override;
 
     SharedState& state_;
@@ -102,6 +108,7 @@ class frmMain : public QWidget, private StartUpSteps {
     FormRenderWindow renderWindow_;
     EffectApplication application_;
     EffectPictures buttonPictures_;
+    CameraCapture capture_;
     WindowChrome chrome_;
     StartUp startUp_;
     QTimer tmrSplash_;

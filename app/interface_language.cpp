@@ -3,6 +3,7 @@
 
 #include <QCoreApplication>
 
+#include "capture/capture_panel.h"
 #include "controls/status_bar/status_bar.h"
 #include "controls/tool_button/tool_button.h"
 #include "effects/effect_panel.h"
@@ -21,6 +22,7 @@ void LoadLanguage(MainControls& controls, const SharedState& state) {
     controls.sBar1->SetPanelText(1, VersionText());
     controls.selectors->LoadTips();
     controls.pnlSettings->LoadTips();
+    controls.picCapContainer->LoadTips();
 }
 
 }  // namespace kelu

@@ -3,6 +3,9 @@
 #include <QApplication>
 
 #include "app/frm_main.h"
+#include "capture/gst_device_list.h"
+#include "capture/gst_video_cap_x.h"
+#include "capture/shutter_sound.h"
 #include "controls/message_dialog/msg_dialog_window.h"
 #include "controls/system_look/system_colors.h"
 #include "controls/theme/theme.h"
@@ -29,8 +32,11 @@ int main(int argc, char** argv) {
     kelu::MsgDialogWindow dialog;
     kelu::SaveFileDialog saveDialog;
     kelu::SystemPrintService printing;
-    kelu::frmMain window(
-        state, {settings, dialog, saveDialog, printing, kelu::OpenDocument, [&] { return !instance.IsFirst(); }});
+    kelu::GstDeviceList cameras;
+    kelu::GstVideoCapX camera(cameras);
+    kelu::GstVideoCapX optionsCamera(cameras);
+    kelu::frmMain window(state, {settings, dialog, saveDialog, printing, camera, optionsCamera, kelu::OpenDocument,
+                                 [&] { return !instance.IsFirst(); }, kelu::PlaySoundFile});
     if (!window.Start()) return 0;
     window.show();
     if (const QStringList words = QApplication::arguments(); words.size() > 1) window.OpenPicture(words[1]);

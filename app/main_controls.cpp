@@ -6,6 +6,7 @@
 #include <span>
 
 #include "app/window_layout.h"
+#include "capture/capture_panel.h"
 #include "controls/list_ex/list_ex.h"
 #include "controls/pager/pager.h"
 #include "controls/progress_bar/xp_progress_bar.h"
@@ -23,6 +24,7 @@ namespace kelu {
 namespace {
 
 constexpr int kLogoSize = 32;                       // pixels
+constexpr int kPreviewWidth = 184;                  // pixels; fills the gap that the layout leaves it, 4:3
 constexpr TwipsRect kHelpButton{0, 0, 405, 345};    // sizes of the two buttons beside picSystem
 constexpr TwipsRect kSettingsButton{0, 0, 405, 345};
 constexpr TwipsRect kPipe{0, 0, 15, 225};
@@ -43,7 +45,7 @@ void Place(QWidget& widget, const TwipsRect& at) {
 
 }  // namespace
 
-MainControls::MainControls(QWidget& window, Surfaces& surfaces, SharedState& state)
+MainControls::MainControls(QWidget& window, Surfaces& surfaces, Surface& capturePreview, SharedState& state)
     : picTitleBar(Named(new QWidget(&window), "picTitleBar")),
       picSystem(Named(new QWidget(&window), "picSystem")),
       picTB(Named(new QWidget(&window), "picTB")),
@@ -54,6 +56,8 @@ MainControls::MainControls(QWidget& window, Surfaces& surfaces, SharedState& sta
       selectors(new EffectSelectors(state, &window)),
       pnlSettings(Named(new EffectPanel(state, &window), "pnlSettings")),
       picZoomContainer(Named(new QWidget(&window), "picZoomContainer")),
+      picCapContainer(Named(new CapturePanel(&window), "picCapContainer")),
+      picCapPreview(Named(new ImageX(capturePreview, &window), "picCapPreview")),
       sBar1(Named(new StatusBar(&window), "sBar1")),
       pBar1(Named(new XP_ProgressBar(sBar1), "pBar1")),
       picCover(Named(new QLabel(&window), "picCover")),
@@ -61,9 +65,13 @@ MainControls::MainControls(QWidget& window, Surfaces& surfaces, SharedState& sta
     MakeButtons(window);
     picOriginal->hide();
     picZoomContainer->hide();
+    picCapContainer->hide();
+    picCapPreview->hide();
+    picCapPreview->resize(kPreviewWidth, kPreviewWidth * 3 / 4);
     pBar1->hide();
     picCanvas->setAccessibleName(QStringLiteral("Picture"));
     picOriginal->setAccessibleName(QStringLiteral("Original picture"));
+    picCapPreview->setAccessibleName(QStringLiteral("Captured picture"));
 
     picLogo->setPixmap(theme::IconPixmap(QStringLiteral("msg_kelu"), kLogoSize, window.devicePixelRatioF(), theme::kText));
     picLogo->resize(kLogoSize, kLogoSize);
@@ -120,6 +128,8 @@ void MainControls::ApplyLayout() {
     selectors->pagerTB1->SetChild(selectors->TBSFX);
     Place(*pnlSettings, at.pnlSettings);
     Place(*picZoomContainer, at.picZoomContainer);
+    Place(*picCapContainer, at.picCapContainer);
+    Place(*picCapPreview, at.picCapPreview);
     Place(*selectors->lstSFX, at.lstSFX);
     Place(*sBar1, at.sBar1);
 }

@@ -14,6 +14,7 @@ class QLabel;
 
 namespace kelu {
 
+class CapturePanel;
 class EffectPanel;
 class EffectSelectors;
 class StatusBar;
@@ -22,7 +23,7 @@ class XP_ProgressBar;
 
 class MainControls {
  public:
-    MainControls(QWidget& window, Surfaces& surfaces, SharedState& state);
+    MainControls(QWidget& window, Surfaces& surfaces, Surface& capturePreview, SharedState& state);
 
     /// Places everything for the window's present size.
     void ApplyLayout();
@@ -40,6 +41,8 @@ class MainControls {
     EffectSelectors* const selectors;  ///< lstSFX, pagerTB1, TBSFX
     EffectPanel* const pnlSettings;
     QWidget* const picZoomContainer;
+    CapturePanel* const picCapContainer;
+    ImageX* const picCapPreview;
     StatusBar* const sBar1;
     XP_ProgressBar* const pBar1;
     QLabel* const picCover;

@@ -17,6 +17,7 @@
 #include "effects/effect_panel.h"
 #include "effects/effect_selectors.h"
 #include "tests/support/memory_settings.h"
+#include "tests/support/scripted_camera.h"
 #include "tests/support/scripted_dialog.h"
 #include "tests/support/scripted_save_dialog.h"
 
@@ -33,7 +34,8 @@ struct MainWindowTest : testing::Test {
     ScriptedDialog dialog;
     ScriptedSaveDialog saveDialog;
     SystemPrintService printing;
-    frmMain window{state, {settings, dialog, saveDialog, printing, {}, {}}};
+    ScriptedCamera camera;
+    frmMain window{state, {settings, dialog, saveDialog, printing, camera, camera, {}, {}, {}}};
     ImageX& canvas = *window.controls.picCanvas;
 
     void SetUp() override {

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#include "capture/gst_device_list.h"
+
+#include <utility>
+
+#include "capture/detached_job.h"
+
+namespace kelu {
+
+namespace {
+
+constexpr int kPollTime = 20;  // ms
+
+/// A monitor that follows the cameras; null when GStreamer itself can't start.
+GstShared<GstDeviceMonitor> StartMonitor() {
+    if (!gst_init_check(nullptr, nullptr, nullptr)) return nullptr;
+    auto monitor = OwnObject(gst_device_monitor_new());
+    gst_device_monitor_add_filter(monitor.get(), "Video/Source", nullptr);
+    // Nobody reads the monitor's messages; without this they would pile up.
+    gst_bus_set_flushing(OwnObject(gst_device_monitor_get_bus(monitor.get())).get(), TRUE);
+    // A provider that can't start is not an error here: the others still list theirs.
+    gst_device_monitor_start(monitor.get());
+    return monitor;
+}
+
+GstCamera CameraOf(GstDevice* device) {
+    const auto shared = OwnObject(GST_DEVICE(gst_object_ref(device)));
+    const std::unique_ptr<gchar, void (*)(gpointer)> name(gst_device_get_display_name(device), g_free);
+    return {QString::fromUtf8(name.get()), device,
+            [shared] { return gst_device_create_element(shared.get(), nullptr); },
+            OwnMini(gst_device_get_caps(device))};
+}
+
+}  // namespace
+
+GstDeviceList::GstDeviceList(int delay) : delay_(delay) {
+    poll_.setInterval(kPollTime);
+    connect(&poll_, &QTimer::timeout, this, &GstDeviceList::Poll);
+}
+
+GstDeviceList::~GstDeviceList() {
+    // Stopping waits for the providers' threads, which may hang; the process end stops them as well.
+    if (!monitor_.valid()) return;
+    RunDetached([monitor = std::move(monitor_)] {
+        if (monitor.get()) gst_device_monitor_stop(monitor.get().get());
+    });
+}
+
+void GstDeviceList::Search(std::function<void()> whenDone) {
+    if (done_) return whenDone();
+    waiting_.push_back(std::move(whenDone));
+    if (std::exchange(begun_, true)) return;
+    QTimer::singleShot(delay_, this, &GstDeviceList::Begin);
+}
+
+void GstDeviceList::Begin() {
+    monitor_ = RunDetached(StartMonitor);
+    poll_.start();
+}
+
+void GstDeviceList::Poll() {
+    if (IsReady(monitor_) || ++polls_ * kPollTime >= kLongestSearch) Finish();
+}
+
+void GstDeviceList::Finish() {
+    poll_.stop();
+    done_ = true;
+    for (const auto& whenDone : std::exchange(waiting_, {})) whenDone();
+}
+
+std::vector<GstCamera> GstDeviceList::Cameras() {
+    std::vector<GstCamera> cameras;
+    if (!done_ || !IsReady(monitor_) || !monitor_.get()) return cameras;
+    GList* const devices = gst_device_monitor_get_devices(monitor_.get().get());
+    for (const GList* at = devices; at; at = at->next) cameras.push_back(CameraOf(GST_DEVICE(at->data)));
+    g_list_free_full(devices, gst_object_unref);
+    return cameras;
+}
+
+}  // namespace kelu
