@@ -37,7 +37,9 @@ namespace {
             default:
                 break;
         }
-    throw Error(kFileError, QString::fromUtf8(error->message), QStringLiteral("VideoCapX"));
+    QString words = QString::fromUtf8(error->message).trimmed();
+    if (words.endsWith(u'.')) words.chop(1);
+    throw Error(kFileError, words, QStringLiteral("VideoCapX"));
 }
 
 /// The largest 4:3 part around the middle.

@@ -14,6 +14,7 @@
 #include "controls/status_bar/status_bar.h"
 #include "controls/tool_button/tool_button.h"
 #include "controls/toolbox/toolbox.h"
+#include "document/picture_file.h"
 #include "effects/effect_panel.h"
 #include "effects/effect_selectors.h"
 #include "tests/support/memory_settings.h"
@@ -115,7 +116,7 @@ TEST_F(MainWindowTest, BrushesAnEffectOnTakesItBackAndSavesIt) {
 
     saveDialog.names = {folder.filePath("out.png")};
     QTest::keyClick(&window, Qt::Key_S, Qt::ControlModifier);
-    EXPECT_EQ(QImage(folder.filePath("out.png")).convertToFormat(QImage::Format_RGB32), painted);
+    EXPECT_EQ(ReadPicture(folder.filePath("out.png")), painted);
     EXPECT_FALSE(state.ImageDirty);
     EXPECT_FALSE(state.ImageActive);
 }

@@ -1,0 +1,233 @@
+// The camera by GStreamer, fed by its own test sources in place of devices: choice of the format, pixels, failures.
+// SPDX-License-Identifier: MIT
+#include <gst/gst.h>
+#include <gtest/gtest.h>
+
+#include <QtTest>
+
+#include "capture/camera_mode.h"
+#include "capture/gst_video_cap_x.h"
+#include "capture/shutter_sound.h"
+
+namespace kelu {
+namespace {
+
+GstShared<GstCaps> Caps(const char* text) {
+    gst_init(nullptr, nullptr);
+    return OwnMini(gst_caps_from_string(text));
+}
+
+TEST(CameraMode, TakesTheModeThatFitsTheSnapshot) {
+    struct Case {
+        const char* offered;
+        const char* chosen;  ///< null: nothing fits; a subset of these caps
+        bool jpeg;
+    };
+    for (const Case& row :
+         {// As a usual webcam: raw up to 640 x 480 at full rate, above only slowly, JPEG for all.
+          Case{"video/x-raw,format=YUY2,width=1280,height=720,framerate=10/1;"
+               "video/x-raw,format=YUY2,width=640,height=480,framerate={30/1,15/1};"
+               "video/x-raw,format=YUY2,width=320,height=240,framerate=30/1;"
+               "image/jpeg,width=640,height=480,framerate=30/1;image/jpeg,width=1920,height=1080,framerate=30/1",
+               "video/x-raw,width=640,height=480,framerate=30/1", false},
+          Case{"video/x-raw,format=YUY2,width=640,height=480,framerate=5/1;"
+               "image/jpeg,width=640,height=480,framerate=30/1",
+               "image/jpeg,width=640,height=480", true},
+          Case{"video/x-raw,format=YUY2,width=320,height=240,framerate=30/1;"
+               "image/jpeg,width=1280,height=720,framerate=30/1",
+               "image/jpeg,width=1280,height=720", true},
+          Case{"video/x-raw,format={NV12,BGRx},width=[2,4096],height=[2,4096],framerate=[0/1,60/1]",
+               "video/x-raw,width=640,height=480,framerate=30/1", false},
+          Case{"video/x-raw,width=160,height=120,framerate=30/1;video/x-raw,width=320,height=240,framerate=30/1",
+               "video/x-raw,width=320,height=240", false},
+          Case{"video/x-raw(memory:DMABuf),format=NV12,width=640,height=480;video/x-h264,width=640,height=480", nullptr,
+               false}}) {
+        SCOPED_TRACE(row.offered);
+        const auto mode = ChooseMode(Caps(row.offered).get());
+        ASSERT_EQ(mode.has_value(), row.chosen != nullptr);
+        if (!mode) continue;
+        EXPECT_EQ(mode->jpeg, row.jpeg);
+        EXPECT_TRUE(gst_caps_is_subset(mode->caps.get(), Caps(row.chosen).get()))
+            << gst_caps_to_string(mode->caps.get());
+    }
+    EXPECT_FALSE(ChooseMode(nullptr)->caps) << "a camera that does not tell: anything raw";
+}
+
+/// Cameras made of GStreamer's launch lines; an empty line is a device that has gone.
+struct ScriptedList : GstCameraList {
+    std::vector<const char*> lines;
+    const char* caps = "video/x-raw,width=640,height=480,framerate=30/1";
+
+    void Search(std::function<void()> whenDone) override { whenDone(); }
+    std::vector<GstCamera> Cameras() override {
+        std::vector<GstCamera> cameras;
+        for (const char* line : lines)
+            cameras.push_back({QString::fromLatin1(line), line,
+                               [line] { return *line ? gst_parse_bin_from_description(line, TRUE, nullptr) : nullptr; },
+                               Caps(caps)});
+        return cameras;
+    }
+};
+
+struct GstVideoCapXTest : testing::Test {
+    ScriptedList list;
+    GstVideoCapX camera{list, {/*opening=*/3000, /*silence=*/400, /*retry=*/200, /*idle=*/200}};
+    QString failure;
+
+    GstVideoCapXTest() { gst_init(nullptr, nullptr); }
+
+    void Connect(std::vector<const char*> lines, int device = -1) {
+        list.lines = std::move(lines);
+        camera.SetConnected(true);
+        camera.SetVideoDevice(device);
+        camera.SetFrameMode(VideoCapX::kNewestFrame);
+    }
+    QImage Pull() {
+        try {
+            return camera.CurrentFrame();
+        } catch (const Error& error) {
+            failure = error.Description();
+            return {};
+        }
+    }
+    QImage NextFrame() {
+        QImage frame;
+        return QTest::qWaitFor([&] { return !(frame = Pull()).isNull() || !failure.isEmpty(); }) ? frame : QImage();
+    }
+    bool WaitForFailure() {
+        return QTest::qWaitFor(
+            [&] {
+                Pull();
+                return !failure.isEmpty();
+            },
+            10000);
+    }
+};
+
+constexpr const char* kRed =
+    "videotestsrc is-live=true pattern=solid-color foreground-color=0xffc80a14 ! video/x-raw,format=BGRx,width=640,"
+    "height=480,framerate=30/1";
+constexpr const char* kGreen =
+    "videotestsrc is-live=true pattern=solid-color foreground-color=0xff00c80a ! video/x-raw,format=BGRx,width=640,"
+    "height=480,framerate=30/1";
+
+TEST_F(GstVideoCapXTest, WithoutDeviceConnectingFails) {
+    try {
+        camera.SetConnected(true);
+        FAIL();
+    } catch (const Error& error) {
+        EXPECT_EQ(error.Number(), kNoCamera);
+    }
+    EXPECT_FALSE(camera.Connected());
+    EXPECT_TRUE(Pull().isNull());
+}
+
+TEST_F(GstVideoCapXTest, GivesTheFramesOfTheChosenDevice) {
+    Connect({kRed, kGreen});
+    EXPECT_EQ(camera.VideoDeviceCount(), 2);
+    QImage frame = NextFrame();
+    ASSERT_EQ(frame.size(), QSize(640, 480)) << failure.toStdString();
+    EXPECT_EQ(frame.format(), QImage::Format_RGB32);
+    EXPECT_EQ(frame.pixel(320, 240), qRgb(0xc8, 0x0a, 0x14));
+    EXPECT_EQ(reinterpret_cast<const QRgb*>(frame.constScanLine(0))[0] >> 24, 0xffu);
+    camera.SetVideoDevice(1);
+    frame = NextFrame();
+    EXPECT_EQ(frame.pixel(320, 240), qRgb(0x00, 0xc8, 0x0a));
+    camera.SetVideoDevice(7);
+    EXPECT_EQ(NextFrame().pixel(0, 0), qRgb(0xc8, 0x0a, 0x14)) << "a device that is not there: the first";
+    camera.SetConnected(false);
+    EXPECT_TRUE(Pull().isNull());
+}
+
+TEST_F(GstVideoCapXTest, DecodesJpegAndCutsWidePicturesToFourByThree) {
+    list.caps = "image/jpeg,width=1280,height=720,framerate=30/1";
+    Connect({"videotestsrc is-live=true pattern=smpte ! video/x-raw,width=1280,height=720,framerate=30/1 ! jpegenc"});
+    const QImage frame = NextFrame();
+    ASSERT_EQ(frame.size(), QSize(960, 720)) << failure.toStdString();
+    // Seven bars of 1280 / 7 pixels; 160 pixels are cut at each side, so the first and last bar show 23.
+    const QColor leftmost = frame.pixelColor(10, 100);
+    EXPECT_NEAR(leftmost.red(), leftmost.green(), 8) << "the grey bar";
+    const QColor second = frame.pixelColor(60, 100);
+    EXPECT_GT(second.red() - second.blue(), 120) << "the yellow bar";
+    const QColor last = frame.pixelColor(950, 100);
+    EXPECT_GT(last.blue() - last.red(), 120) << "the blue bar";
+}
+
+TEST_F(GstVideoCapXTest, TellsWhyThereIsNoPictureAndTriesAgain) {
+    struct Case {
+        const char* line;
+        const char* told;
+    };
+    for (const Case& row :
+         {Case{"", "The camera was disconnected"},
+          Case{"videotestsrc is-live=true num-buffers=3 ! video/x-raw,width=640,height=480,framerate=30/1",
+               "The camera was disconnected"},
+          Case{"videotestsrc is-live=true ! video/x-raw,width=640,height=480,framerate=30/1 ! valve drop=true",
+               "The camera does not send any picture"},
+          Case{"v4l2src device=/dev/null ! video/x-raw,width=640,height=480", ""}}) {
+        SCOPED_TRACE(row.line);
+        failure.clear();
+        GstVideoCapX other(list, {600, 400, 100, 200});
+        list.lines = {row.line};
+        other.SetConnected(true);
+        other.SetFrameMode(VideoCapX::kNewestFrame);
+        ASSERT_TRUE(QTest::qWaitFor(
+            [&] {
+                try {
+                    other.CurrentFrame();
+                } catch (const Error& error) {
+                    failure = error.Description();
+                }
+                return !failure.isEmpty();
+            },
+            8000));
+        if (*row.told) {
+            EXPECT_EQ(failure, row.told);
+        } else {
+            EXPECT_FALSE(failure.endsWith('.')) << "GStreamer's own words, made to fit the message";
+        }
+        list.lines = {kRed};
+        QImage frame;
+        EXPECT_TRUE(QTest::qWaitFor(
+            [&] {
+                try {
+                    frame = other.CurrentFrame();
+                } catch (const Error&) {
+                }
+                return !frame.isNull() && frame.pixel(9, 9) == qRgb(0xc8, 0x0a, 0x14);
+            },
+            8000));
+    }
+}
+
+TEST_F(GstVideoCapXTest, LetsTheDeviceGoWhenNobodyLooks) {
+    Connect({kRed});
+    const QImage first = NextFrame();
+    ASSERT_FALSE(first.isNull());
+    QTest::qWait(500);
+    EXPECT_TRUE(Pull().isNull()) << "an old frame is not handed out as the newest";
+    EXPECT_FALSE(NextFrame().isNull()) << failure.toStdString();
+}
+
+TEST_F(GstVideoCapXTest, NoCallHoldsUpTheInterfaceThread) {
+    // A device whose opening takes long: the caller must not notice.
+    Connect(
+        {"videotestsrc is-live=true ! identity sleep-time=300000 ! video/x-raw,width=640,height=480,framerate=30/1"});
+    qint64 longest = 0;
+    QElapsedTimer total, call;
+    total.start();
+    while (total.elapsed() < 1500) {
+        call.start();
+        Pull();
+        longest = std::max(longest, call.elapsed());
+        QTest::qWait(10);
+    }
+    call.start();
+    PlaySoundFile(QStringLiteral("/there/is/no/such.snd"));
+    camera.SetConnected(false);
+    EXPECT_LT(call.elapsed(), 100);
+    EXPECT_LT(longest, 100);
+}
+
+}  // namespace
+}  // namespace kelu
