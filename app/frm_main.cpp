@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QKeyEvent>
 
+#include "app/about_message.h"
 #include "app/interface_language.h"
 #include "app/window_layout.h"
 #include "capture/capture_panel.h"
@@ -34,10 +35,9 @@ constexpr int kSplashTime = 3500;  // ms
 constexpr int kSettingsTime = 2;   // ms
 constexpr QColor kHatch(200, 200, 200, 40);  // laid thinly over the dark ground, or it would outshine the picture
 
-QString DataFolder() { return QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("data")); }
-
-QString GalleryFile(const char* name) {
-    return QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("Gallery/") + QLatin1String(name));
+/// A file or folder that lies beside the executable: data, Gallery, help.
+QString BesideProgram(const char* name) {
+    return QDir(QCoreApplication::applicationDirPath()).filePath(QLatin1String(name));
 }
 
 BrushCursors Cursors(qreal ratio) {
@@ -64,7 +64,13 @@ frmMain::frmMain(SharedState& state, const MainServices& services)
       application_(surfaces.picCanvas, surfaces.picPen, PixTwix1_, state, *controls.pnlSettings, renderWindow_,
                    {[this] { painter_.SetUpBrush(); }, [this] { reminder_.PrepareReminder(); }}),
       capture_(document_, capturePreview, *controls.picCanvas, *controls.picCapPreview, state,
-               {services.camera, services.dialog, services.playSound, DataFolder()}),
+               {services.camera, services.dialog, services.playSound, BesideProgram("data")}),
+      mail_(surfaces.picCanvas, state, services.dialog,
+            [this](const QString& attachment) {
+                ShowEmailForm(attachment, services_.settings, services_.dialog, this);
+            }),
+      help_(state, services.dialog, BesideProgram("help")),
+      splash_(*controls.picCover, state, services.settings, services.dialog, BesideProgram("data")),
       chrome_(*this, state),
       startUp_(*this, state, services.settings, services.dialog, openSave_) {
     setObjectName(QStringLiteral("frmMain"));
@@ -94,6 +100,9 @@ void frmMain::Connect() {
 
     connect(&document_, &Document::StatusTextChanged, controls.sBar1,
             [this](const QString& text) { controls.sBar1->SetPanelText(2, text); });
+    connect(controls.sBar1, &StatusBar::PanelClicked, this, [this](int panel) {
+        if (panel == 1) ShowAboutMsg(services_.dialog);
+    });
     connect(&document_, &Document::Opened, this, [this] {
         controls.picZoomContainer->show();
         painter_.ShowBrushRing();
@@ -154,7 +163,7 @@ bool frmMain::Start() {
 
 void frmMain::EndSplash() {
     tmrSplash_.stop();
-    controls.picCover->hide();
+    splash_.End();
     controls.ShowTools(true);
     tmrSettings_.start();
     controls.picLogo->hide();
@@ -178,8 +187,8 @@ void frmMain::Run(Command command) {
         case Command::Print: PrintImage(); break;
         case Command::Settings: ShowOptions(); break;
         case Command::WebCam: capture_.WebCamClick(); break;
-        case Command::Email:
-        case Command::Help: break;
+        case Command::Email: mail_.cmdEmail_Click(); break;
+        case Command::Help: help_.LoadCHMFile(); break;
     }
 }
 
@@ -193,7 +202,8 @@ void frmMain::ShowOptions() {
     VideoCapX& camera = services_.optionsCamera;
     const frmOptions::Surroundings surroundings{[&camera] { return DeviceNames(camera); },
                                                 [&camera](int device) { ConnectDevice(camera, device); },
-                                                [] {}, [] {}};
+                                                [this] { help_.LoadCHMFile(); },
+                                                [this] { ShowAboutMsg(services_.dialog); }};
     frmOptions options(services_.settings, state_, services_.dialog, surroundings, this);
     if (options.exec() == QDialog::Accepted) tmrSettings_.start();
 }
@@ -221,7 +231,7 @@ void frmMain::resizeEvent(QResizeEvent*) {
 void frmMain::showEvent(QShowEvent* event) {
     // The toolbar's pictures are drawn behind the splash, once the window itself has been painted.
     if (!event->spontaneous())
-        QTimer::singleShot(0, this, [this] { buttonPictures_.Start(GalleryFile("cat.jpg"), devicePixelRatioF()); });
+        QTimer::singleShot(0, this, [this] { buttonPictures_.Start(BesideProgram("Gallery/cat.jpg"), devicePixelRatioF()); });
 }
 
 void frmMain::keyReleaseEvent(QKeyEvent* event) {
@@ -246,8 +256,6 @@ void frmMain::PlaceCompassInPager() {
 
 void frmMain::SetUpSFXList() { controls.selectors->SetUpSFXList(); }
 
-void frmMain::LoadSplash() {}
-
 void frmMain::AddDropShadow() {
     // The window system draws shadows as its user wishes; there is nothing to ask for.
 }
@@ -259,7 +267,7 @@ void frmMain::PrepareCanvasBackground() {
 }
 
 void frmMain::LoadPlaceholder() {
-    surfaces.picCanvas.LoadFile(QDir(DataFolder()).filePath(QStringLiteral("ploader.rs")));
+    surfaces.picCanvas.LoadFile(BesideProgram("data/ploader.rs"));
     controls.picCanvas->SetViewAnchor(5);
 }
 

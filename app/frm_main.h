@@ -9,9 +9,11 @@
 #include <memory>
 
 #include "app/commands.h"
+#include "app/help_topics.h"
 #include "app/main_controls.h"
 #include "app/paint_reminder.h"
 #include "app/shared_state.h"
+#include "app/splash.h"
 #include "app/start_up.h"
 #include "app/window_chrome.h"
 #include "capture/camera_capture.h"
@@ -25,6 +27,7 @@
 #include "effects/effect_pictures.h"
 #include "effects/form_render_window.h"
 #include "effects/pix_twix.h"
+#include "output/mail/mail_image.h"
 #include "output/pdf_export.h"
 #include "output/print_service.h"
 
@@ -83,7 +86,7 @@ class frmMain : public QWidget, private StartUpSteps {
     void Connect2Camera() override { capture_.Connect2Camera(); }
     void PlaceCompassInPager() override;
     void SetUpSFXList() override;
-    void LoadSplash() override;
+    void LoadSplash() override { splash_.LoadSplash(); }
     void AddDropShadow() override;
     void PrepareCanvasBackground() override;
     void LoadPlaceholder() override;
@@ -109,6 +112,9 @@ class frmMain : public QWidget, private StartUpSteps {
     EffectApplication application_;
     EffectPictures buttonPictures_;
     CameraCapture capture_;
+    MailImage mail_;
+    HelpTopics help_;
+    Splash splash_;
     WindowChrome chrome_;
     StartUp startUp_;
     QTimer tmrSplash_;

@@ -18,6 +18,8 @@ QString HelpTopics::PageOf(int currentSFX) {
     return effect ? QString::fromLatin1(effect->helpPage) : QStringLiteral("index.html");
 }
 
+HelpWindow* HelpTopics::Window() const { return window_; }
+
 void HelpTopics::LoadCHMFile() {
     RunShowingErrors(dialog_, [this] {
         if (!window_) window_ = new HelpWindow(folder_);

@@ -28,7 +28,7 @@ class HelpTopics {
     /// it.
     void LoadCHMFile();
     /// Null before the first use.
-    HelpWindow* Window() const { return window_; }
+    HelpWindow* Window() const;
 
  private:
     const SharedState& state_;

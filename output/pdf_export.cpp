@@ -9,6 +9,7 @@
 
 #include "document/document.h"
 #include "output/product.h"
+#include "output/product.h"
 #include "platform/atomic_file.h"
 #include "platform/error.h"
 
