@@ -6,12 +6,101 @@
 #include <cmath>
 #include <numbers>
 
-#include "effects/engine/bands.h"
 #include "effects/engine/copy.h"
 #include "effects/engine/gaussian.h"
 #include "effects/engine/pixel_memory.h"
-#include "effects/engine/warp.h"
 
+#undef HWY_TARGET_INCLUDE
+#define HWY_TARGET_INCLUDE "effects/engine/blurs.cpp"
+#include <hwy/foreach_target.h>
+
+#include "effects/engine/bands.h"
+#include "effects/engine/bilinear_inl.h"
+
+#ifndef KELU_ENGINE_BLURS_ONCE
+#define KELU_ENGINE_BLURS_ONCE
+namespace kelu::engine {
+
+// A turn and scaling round a centre: of (dx, dy) it makes (along · dx - across · dy, across · dx + along · dy).
+struct Turn {
+    double along, across;
+};
+
+// Where a row of pixels goes. Sums run in 1/256 pixel and 14 more bits, which is exact to the nearest place over a
+// span.
+constexpr int kTurnSpan = 256;
+constexpr int kFineBits = 14;
+struct TurnedSpan {
+    struct Axis {
+        std::int32_t whole, rest, step;  // 1/256 pixel; the same with kFineBits more; likewise, for each pixel
+    } x, y;
+
+    TurnedSpan(const Turn& turn, Point center, int column, int row) {
+        const double dx = column - center.x, dy = row - center.y;
+        x = On(center.x + turn.along * dx - turn.across * dy, turn.along);
+        y = On(center.y + turn.across * dx + turn.along * dy, turn.across);
+    }
+
+ private:
+    static Axis On(double first, double step) {
+        const double whole = std::floor(first * 256);
+        return {static_cast<std::int32_t>(whole),
+                static_cast<std::int32_t>(std::lround((first * 256 - whole + 0.5) * (1 << kFineBits))),
+                static_cast<std::int32_t>(std::lround(step * (256 << kFineBits)))};
+    }
+};
+
+}  // namespace kelu::engine
+#endif
+
+HWY_BEFORE_NAMESPACE();
+namespace kelu::engine::HWY_NAMESPACE {
+
+// The places of kLanes pixels after the other.
+class TurnedPlaces {
+ public:
+    explicit HWY_INLINE TurnedPlaces(const TurnedSpan::Axis& axis)
+        : whole_(All(axis.whole)),
+          fine_(hn::Add(All(axis.rest), hn::Mul(hn::Iota(kInts, 0), All(axis.step)))),
+          step_(All(kLanes * axis.step)) {}
+
+    HWY_INLINE Ints Next() {
+        const Ints place = hn::Add(whole_, hn::ShiftRight<kFineBits>(fine_));
+        fine_ = hn::Add(fine_, step_);
+        return place;
+    }
+
+ private:
+    const Ints whole_;
+    Ints fine_;
+    const Ints step_;
+};
+
+// Means of the samples on two spans; halves go up or down.
+void MeanOfTurned(const ImageView& source, const TurnedSpan& back, const TurnedSpan& forth, bool up, int count,
+                  std::uint32_t* out) {
+    const BilinearSampler sampler(source);
+    TurnedPlaces backX(back.x), backY(back.y), forthX(forth.x), forthY(forth.y);
+    const Bytes down = hn::BitCast(kBytes, All(up ? 0u : 0xffffffffu));
+    for (int i = 0; i < count; i += kLanes) {
+        const Ints x0 = backX.Next(), y0 = backY.Next(), x1 = forthX.Next(), y1 = forthY.Next();
+        const Bytes a = hn::Xor(hn::BitCast(kBytes, sampler(x0, y0)), down);
+        const Bytes b = hn::Xor(hn::BitCast(kBytes, sampler(x1, y1)), down);
+        const Pixels mean = hn::BitCast(kPixels, hn::Xor(hn::AverageRound(a, b), down));
+        if (i + kLanes <= count) {
+            hn::StoreU(mean, kPixels, out + i);
+        } else {
+            std::uint32_t few[kLanes];
+            hn::StoreU(mean, kPixels, few);
+            std::copy(few, few + (count - i), out + i);
+        }
+    }
+}
+
+}  // namespace kelu::engine::HWY_NAMESPACE
+HWY_AFTER_NAMESPACE();
+
+#if HWY_ONCE
 namespace kelu::engine {
 namespace {
 
@@ -19,40 +108,15 @@ namespace {
 // step halves their number by taking the means of pairs that lie equally far apart, and that distance doubles from one
 // step to the next. The widest step comes first: the narrow ones then hardly see what lies outside the picture.
 
-// A turn and scaling round a centre: of (dx, dy) it makes (along · dx - across · dy, across · dx + along · dy).
-struct Turn {
-    double along, across;
-};
+HWY_EXPORT(MeanOfTurned);
+
 Turn Scaled(double logarithm) { return {std::exp(logarithm), 0}; }
 Turn Rotated(double radians) { return {std::cos(radians), std::sin(radians)}; }
 
-// Places of a turned row, the nearest ones: the sums run in 14 bits more than places have.
-void PlaceTurned(const Turn& turn, Point center, int x, int y, int count, Places& places) {
-    constexpr int kFine = 14;
-    const auto place = [=](double first, double step, std::int32_t* out) {
-        const double whole = std::floor(first * kPlaceOne);
-        const auto base = static_cast<std::int32_t>(whole);
-        const auto rest = static_cast<std::int32_t>(std::lround((first * kPlaceOne - whole + 0.5) * (1 << kFine)));
-        const auto fine = static_cast<std::int32_t>(std::lround(step * (kPlaceOne << kFine)));
-        for (int i = 0; i < count; ++i) out[i] = base + ((rest + i * fine) >> kFine);
-    };
-    const double dx = x - center.x, dy = y - center.y;
-    place(center.x + turn.along * dx - turn.across * dy, turn.along, places.x);
-    place(center.y + turn.across * dx + turn.along * dy, turn.across, places.y);
-}
-
-// Means of two pixels, all four channels; halves go up or down, so that two steps in turn do not drift.
-void MeanOfTwo(const std::uint32_t* a, const std::uint32_t* b, int count, bool up, std::uint32_t* out) {
-    constexpr std::uint32_t kHalves = 0xfefefefeu;
-    if (up)
-        for (int i = 0; i < count; ++i) out[i] = (a[i] | b[i]) - (((a[i] ^ b[i]) & kHalves) >> 1);
-    else
-        for (int i = 0; i < count; ++i) out[i] = (a[i] & b[i]) + (((a[i] ^ b[i]) & kHalves) >> 1);
-}
-
-// 2^10 samples hide their spacing on any path; up to there it is at most one and a half pixels.
-constexpr int kMostSteps = 10;
-constexpr double kSpacing = 1.5;
+// Of 2^8 samples each is worth a level at most, so their spacing does not show on any path; up to there it is at most
+// three pixels.
+constexpr int kMostSteps = 8;
+constexpr double kSpacing = 3;
 
 // The mean over the turns of -reach to reach. `turn` makes a turn of a logarithm or of radians.
 template <class MakeTurn>
@@ -73,18 +137,14 @@ void MeanAlong(const ImageView& source, const MutableImageView& target, Point at
         const double distance = std::ldexp(reach, step - steps);
         const Turn back = turn(-distance), forth = turn(distance);
         const MutableImageView to = step % 2 == 0 ? target : between;
-        passes.Split(source.height, 2 * source.width, [&](int begin, int end) {
-            Places places;
-            std::uint32_t one[kWarpSpan], other[kWarpSpan];
+        // Halves go up in one step and down in the next, so that the picture grows neither brighter nor darker.
+        const bool up = step % 2 == 0;
+        const auto mean = HWY_DYNAMIC_DISPATCH(MeanOfTurned);
+        passes.Split(source.height, source.width, [&](int begin, int end) {
             for (int y = begin; y < end; ++y)
-                for (int x = 0; x < source.width; x += kWarpSpan) {
-                    const int count = std::min(kWarpSpan, source.width - x);
-                    PlaceTurned(back, center, x, y, count, places);
-                    SampleBilinear(from, places, count, one);
-                    PlaceTurned(forth, center, x, y, count, places);
-                    SampleBilinear(from, places, count, other);
-                    MeanOfTwo(one, other, count, step % 2 == 0, to.Row(y) + x);
-                }
+                for (int x = 0; x < source.width; x += kTurnSpan)
+                    mean(from, TurnedSpan(back, center, x, y), TurnedSpan(forth, center, x, y), up,
+                         std::min(kTurnSpan, source.width - x), to.Row(y) + x);
         });
         from = to;
     }
@@ -111,3 +171,4 @@ void Blur3(const ImageView& source, const MutableImageView& target, Point center
 }
 
 }  // namespace kelu::engine
+#endif

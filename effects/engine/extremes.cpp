@@ -54,8 +54,12 @@ struct DiscPlan {
 };
 
 // Strips of columns are done one by one, so that the rows in between stay in the near caches; image pixels.
-constexpr int kSquareStrip = 256;
+constexpr int kSquareStrip = 512;
 constexpr int kDiscStrip = 128;
+constexpr int kSmallDiscStrip = 256;
+
+// Discs of up to this radius keep the chords of all their rows.
+constexpr int kSmallDisc = 8;
 
 // Picture rows of a disc strip that are given to the result rows together, so that those are fetched less often.
 constexpr int kTogether = 4;
@@ -103,109 +107,209 @@ HWY_INLINE void Merge(int count, std::uint32_t* out, const std::uint32_t* first,
     std::memcpy(out + x, rest, static_cast<std::size_t>(count - x) * 4);
 }
 
-// The pixels [x, x + count) of all rows. Rows are taken in blocks of the window's height: each window is the end of one
-// block, whose extremes are gathered upward beforehand, and the beginning of the next, gathered on the way down.
+// Extremes of 2 · radius + 1 pixels along a row. `row` has radius pixels more than `count` on either side and is used
+// up.
 template <class Extreme>
-void SquareColumns(const ImageView& source, const MutableImageView& target, int x, int count, int radius) {
-    const int window = 2 * radius + 1, height = source.height;
-    const auto row = [&](int y) { return source.Row(RepeatEdge(y, height)) + x; };
-    std::vector<std::uint32_t> ends(static_cast<std::size_t>(window) * kSquareStrip), beginning(kSquareStrip);
-    const auto end = [&](int i) { return ends.data() + static_cast<std::size_t>(i) * kSquareStrip; };
-    for (int block = 0; block < height; block += window) {
-        const int top = block - radius;
-        std::copy_n(row(top + window - 1), count, end(window - 1));
-        for (int i = window - 2; i >= 0; --i) Merge<Extreme>(count, end(i), row(top + i), end(i + 1));
-        std::copy_n(end(0), count, target.Row(block) + x);
-        for (int i = 1; i < window && block + i < height; ++i) {
-            const std::uint32_t* const bottom = row(top + window - 1 + i);
-            Merge<Extreme>(count, beginning.data(), bottom, i == 1 ? bottom : beginning.data());
-            Merge<Extreme>(count, target.Row(block + i) + x, end(i), beginning.data());
-        }
+void SquareRow(std::uint32_t* row, int count, int radius, std::uint32_t* out) {
+    const int window = 2 * radius + 1;
+    int length = 1, left = count + 2 * radius;
+    for (; 4 * length <= window; length *= 4) {
+        left -= 3 * length;
+        Merge<Extreme>(left, row, row, row + length, row + 2 * length, row + 3 * length);
     }
+    const int last = window - length;
+    Merge<Extreme>(count, out, row, row + std::min(length, last), row + std::min(2 * length, last), row + last);
 }
 
+// The pixels [x, x + count) of all rows: extremes down the columns, then along each row of these.
 template <class Extreme>
-void SquareRow(std::uint32_t* row, int width, int radius, std::uint32_t* buffer) {
-    const int window = 2 * radius + 1;
-    CopyRowRepeatingEdge({reinterpret_cast<const std::uint8_t*>(row), width, 1, 0}, 0, -radius, width + radius, buffer);
-    int length = 1, count = width + 2 * radius;
-    for (; 2 * length <= window; length *= 2) {
-        count -= length;
-        Merge<Extreme>(count, buffer, buffer, buffer + length);
+class SquareStrip {
+ public:
+    SquareStrip(const ImageView& source, const MutableImageView& target, int x, int count, int radius)
+        : source_(source),
+          target_(target),
+          x_(x),
+          count_(count),
+          radius_(radius),
+          window_(2 * radius + 1),
+          from_(std::max(0, x - radius)),
+          columns_(std::min(source.width, x + count + radius) - from_),
+          row_(static_cast<std::size_t>(count + 2 * radius)) {}
+
+    void Render() {
+        if (radius_ <= kFewRows)
+            DownFew();
+        else
+            DownBlocks();
     }
-    Merge<Extreme>(width, row, buffer, buffer + window - length);
-}
+
+ private:
+    // Up to here it is quicker to look at all rows of the window.
+    static constexpr int kFewRows = 3;
+
+    const std::uint32_t* Source(int y) const { return source_.Row(RepeatEdge(y, source_.height)) + from_; }
+
+    // Where the extremes of the columns go before Finish.
+    std::uint32_t* Down() { return row_.data() + (from_ - (x_ - radius_)); }
+
+    void Finish(int y) {
+        std::uint32_t* const begin = Down();
+        std::uint32_t* const end = begin + columns_;
+        std::fill(row_.data(), begin, *begin);
+        std::fill(end, row_.data() + row_.size(), end[-1]);
+        SquareRow<Extreme>(row_.data(), count_, radius_, target_.Row(y) + x_);
+    }
+
+    void DownFew() {
+        for (int y = 0; y < source_.height; ++y) {
+            Merge<Extreme>(columns_, Down(), Source(y - 1), Source(y), Source(y + 1));
+            for (int dy = 2; dy <= radius_; ++dy)
+                Merge<Extreme>(columns_, Down(), Down(), Source(y - dy), Source(y + dy));
+            Finish(y);
+        }
+    }
+
+    // Rows are taken in blocks of the window's height: each window is the end of one block, whose extremes are gathered
+    // upward beforehand, and the beginning of the next, gathered on the way down.
+    void DownBlocks() {
+        std::vector<std::uint32_t> ends(static_cast<std::size_t>(window_) * static_cast<std::size_t>(columns_));
+        std::vector<std::uint32_t> beginning(static_cast<std::size_t>(columns_));
+        const auto end = [&](int i) { return ends.data() + static_cast<std::ptrdiff_t>(i) * columns_; };
+        for (int block = 0; block < source_.height; block += window_) {
+            const int top = block - radius_;
+            std::copy_n(Source(top + window_ - 1), columns_, end(window_ - 1));
+            for (int i = window_ - 2; i >= 0; --i) Merge<Extreme>(columns_, end(i), Source(top + i), end(i + 1));
+            std::copy_n(end(0), columns_, Down());
+            Finish(block);
+            for (int i = 1; i < window_ && block + i < source_.height; ++i) {
+                const std::uint32_t* const bottom = Source(top + window_ - 1 + i);
+                Merge<Extreme>(columns_, beginning.data(), bottom, i == 1 ? bottom : beginning.data());
+                Merge<Extreme>(columns_, Down(), end(i), beginning.data());
+                Finish(block + i);
+            }
+        }
+    }
+
+    const ImageView& source_;
+    const MutableImageView& target_;
+    const int x_, count_, radius_, window_;
+    const int from_, columns_;  // the picture's columns under the windows
+    std::vector<std::uint32_t> row_;
+};
 
 template <class Extreme>
 void Square(const ImageView& source, const MutableImageView& target, int radius, const Run& run) {
-    const int width = source.width, height = source.height;
-    Passes passes(run, 2);
-    passes.Split((width - 1) / kSquareStrip + 1, kSquareStrip * height, [&](int begin, int end) HWY_ATTR {
-        for (int strip = begin; strip < end; ++strip) {
-            const int x = strip * kSquareStrip;
-            SquareColumns<Extreme>(source, target, x, std::min(kSquareStrip, width - x), radius);
-        }
-    });
-    passes.Split(height, width, [&](int begin, int end) HWY_ATTR {
-        std::vector<std::uint32_t> buffer(static_cast<std::size_t>(width + 2 * radius));
-        for (int y = begin; y < end; ++y) SquareRow<Extreme>(target.Row(y), width, radius, buffer.data());
-    });
+    SplitRows(
+        run, (source.width - 1) / kSquareStrip + 1, kSquareStrip * source.height, [&](int begin, int end) HWY_ATTR {
+            for (int strip = begin; strip < end; ++strip) {
+                const int x = strip * kSquareStrip;
+                SquareStrip<Extreme>(source, target, x, std::min(kSquareStrip, source.width - x), radius).Render();
+            }
+        });
 }
 
-// The pixels [x, x + count) of all rows, kTogether picture rows at a time.
+// A strip of result columns [x, x + count) of the disc.
 template <class Extreme>
-void DiscStrip(const DiscPlan& plan, const ImageView& source, const MutableImageView& target, int x, int count) {
-    const int radius = static_cast<int>(plan.chordOfRow.size()) - 1, height = source.height;
-    const int padded = count + 2 * radius, chords = static_cast<int>(plan.shift.size());
-    const int ring = 2 * radius + kTogether;  // result rows under way
-    std::vector<std::uint32_t> chordRows(static_cast<std::size_t>(kTogether) * chords * padded);
-    std::vector<std::uint32_t> results(static_cast<std::size_t>(ring) * count, Extreme::kNeutral);
-    const std::vector<std::uint32_t> neutral(static_cast<std::size_t>(count), Extreme::kNeutral);
-    const auto chord = [&](int k, int i) {
-        return chordRows.data() + (static_cast<std::ptrdiff_t>(k) * chords + i) * padded;
-    };
-    const auto result = [&](int y) { return results.data() + static_cast<std::ptrdiff_t>(y % ring) * count; };
+class DiscStrip {
+ public:
+    DiscStrip(const DiscPlan& plan, const ImageView& source, const MutableImageView& target, int x, int count)
+        : plan_(plan),
+          source_(source),
+          target_(target),
+          x_(x),
+          count_(count),
+          radius_(static_cast<int>(plan.chordOfRow.size()) - 1),
+          padded_(count + 2 * radius_),
+          chords_(static_cast<int>(plan.shift.size())) {}
 
-    for (int y = -radius; y < height + radius; y += kTogether) {
-        for (int k = 0; k < kTogether; ++k) {
-            CopyRowRepeatingEdge(source, y + k, x - radius, x + count + radius, chord(k, 0));
-            for (int i = 1, half = 0; i < chords; ++i) {
-                const int shift = plan.shift[static_cast<std::size_t>(i)];
-                const std::uint32_t* const shorter = chord(k, i - 1);
-                half += shift;
-                const int valid = padded - 2 * half;
-                if (i == 1)
-                    Merge<Extreme>(valid, chord(k, i) + half, shorter, shorter + 1, shorter + 2);
-                else
-                    Merge<Extreme>(valid, chord(k, i) + half, shorter + half - shift, shorter + half + shift);
-            }
-        }
-        const auto reaching = [&](int at, int k) -> const std::uint32_t* {
-            const int dy = std::abs(at - (y + k));
-            return dy > radius ? neutral.data() : chord(k, plan.chordOfRow[static_cast<std::size_t>(dy)]) + radius;
-        };
-        for (int at = std::max(0, y - radius); at < std::min(height, y + radius + kTogether); ++at) {
-            static_assert(kTogether == 4);
-            Merge<Extreme>(count, result(at), result(at), reaching(at, 0), reaching(at, 1), reaching(at, 2),
-                           reaching(at, 3));
-        }
-        for (int done = y - radius; done < y - radius + kTogether; ++done) {
-            if (done < 0 || done >= height) continue;
-            std::copy_n(result(done), count, target.Row(done) + x);
-            std::fill_n(result(done), count, Extreme::kNeutral);
+    void Render() {
+        if (radius_ <= kSmallDisc)
+            Gather();
+        else
+            Scatter();
+    }
+
+ private:
+    // The extremes along chord `i` of the picture row in `slot`; its first pixel belongs to the result column x -
+    // radius.
+    std::uint32_t* Chord(int slot, int i) {
+        return chordRows_.data() + (static_cast<std::ptrdiff_t>(slot) * chords_ + i) * padded_;
+    }
+    // The chord of a disc's row `dy` above or below its middle, from result column x on.
+    const std::uint32_t* DiscRow(int slot, int dy) {
+        return Chord(slot, plan_.chordOfRow[static_cast<std::size_t>(std::abs(dy))]) + radius_;
+    }
+    void TakeSlots(int count) { chordRows_.resize(static_cast<std::size_t>(count) * chords_ * padded_); }
+
+    void MakeChords(int y, int slot) {
+        CopyRowRepeatingEdge(source_, y, x_ - radius_, x_ + count_ + radius_, Chord(slot, 0));
+        for (int i = 1, half = 0; i < chords_; ++i) {
+            const int shift = plan_.shift[static_cast<std::size_t>(i)];
+            const std::uint32_t* const shorter = Chord(slot, i - 1);
+            half += shift;
+            std::uint32_t* const chord = Chord(slot, i) + half;
+            const int valid = padded_ - 2 * half;
+            if (i == 1)
+                Merge<Extreme>(valid, chord, shorter, shorter + 1, shorter + 2);
+            else
+                Merge<Extreme>(valid, chord, shorter + half - shift, shorter + half + shift);
         }
     }
-}
+
+    // Small discs: the chords of as many rows as the disc has are kept, and each result row takes one of each.
+    void Gather() {
+        const int rows = 2 * radius_ + 1;
+        TakeSlots(rows);
+        const auto slot = [=, this](int y) { return (y + radius_) % rows; };
+        for (int y = -radius_; y < radius_; ++y) MakeChords(y, slot(y));
+        for (int y = 0; y < source_.height; ++y) {
+            MakeChords(y + radius_, slot(y + radius_));
+            const auto row = [&](int dy) { return DiscRow(slot(y + std::min(dy, radius_)), std::min(dy, radius_)); };
+            std::uint32_t* const out = target_.Row(y) + x_;
+            Merge<Extreme>(count_, out, row(-radius_), row(1 - radius_), row(2 - radius_));
+            for (int dy = 3 - radius_; dy <= radius_; dy += 4)
+                Merge<Extreme>(count_, out, out, row(dy), row(dy + 1), row(dy + 2), row(dy + 3));
+        }
+    }
+
+    // Large discs: the chords of a few picture rows are made and given to all result rows that want them.
+    void Scatter() {
+        const int ring = 2 * radius_ + kTogether;  // result rows under way
+        TakeSlots(kTogether);
+        std::vector<std::uint32_t> results(static_cast<std::size_t>(ring) * count_, Extreme::kNeutral);
+        const std::vector<std::uint32_t> neutral(static_cast<std::size_t>(count_), Extreme::kNeutral);
+        const auto result = [&](int y) { return results.data() + static_cast<std::ptrdiff_t>(y % ring) * count_; };
+        for (int y = -radius_; y < source_.height + radius_; y += kTogether) {
+            for (int k = 0; k < kTogether; ++k) MakeChords(y + k, k);
+            const auto row = [&](int at, int k) -> const std::uint32_t* {
+                const int dy = at - (y + k);
+                return std::abs(dy) > radius_ ? neutral.data() : DiscRow(k, dy);
+            };
+            static_assert(kTogether == 4);
+            for (int at = std::max(0, y - radius_); at < std::min(source_.height, y + radius_ + kTogether); ++at)
+                Merge<Extreme>(count_, result(at), result(at), row(at, 0), row(at, 1), row(at, 2), row(at, 3));
+            for (int done = y - radius_; done < y - radius_ + kTogether; ++done) {
+                if (done < 0 || done >= source_.height) continue;
+                std::copy_n(result(done), count_, target_.Row(done) + x_);
+                std::fill_n(result(done), count_, Extreme::kNeutral);
+            }
+        }
+    }
+
+    const DiscPlan& plan_;
+    const ImageView& source_;
+    const MutableImageView& target_;
+    const int x_, count_, radius_, padded_, chords_;
+    std::vector<std::uint32_t> chordRows_;
+};
 
 template <class Extreme>
 void Disc(const ImageView& source, const MutableImageView& target, int radius, const Run& run) {
     const DiscPlan plan(radius);
-    const int width = source.width, height = source.height;
-    SplitRows(run, (width - 1) / kDiscStrip + 1, kDiscStrip * height, [&](int begin, int end) HWY_ATTR {
-        for (int strip = begin; strip < end; ++strip) {
-            const int x = strip * kDiscStrip;
-            DiscStrip<Extreme>(plan, source, target, x, std::min(kDiscStrip, width - x));
-        }
+    const int width = source.width, side = radius <= kSmallDisc ? kSmallDiscStrip : kDiscStrip;
+    SplitRows(run, (width - 1) / side + 1, side * source.height, [&](int begin, int end) HWY_ATTR {
+        for (int strip = begin; strip < end; ++strip)
+            DiscStrip<Extreme>(plan, source, target, strip * side, std::min(side, width - strip * side)).Render();
     });
 }
 

@@ -50,56 +50,71 @@ namespace kelu::engine::HWY_NAMESPACE {
 
 // `color` where `part` is 0, `pixels` where it is 1.
 HWY_INLINE Pixels Cover(const Color& color, Pixels pixels, Floats part) {
+    if (hn::AllTrue(kFloats, hn::Ge(part, All(1.0f)))) return pixels;
     const Channels mixed = Mix(AllOf(color), Split(pixels), part);
     const Floats alpha = Mix(All(255.0f), ToFloats(hn::ShiftRight<24>(pixels)), part);
     return Join(mixed, hn::ShiftLeft<24>(ToByte(alpha)));
 }
 
-void RadialRow(const RadialWarp& warp, const ImageView& source, int y, std::uint32_t* out) {
-    const BilinearSampler sampler(source);
-    const float dy = static_cast<float>(y) - warp.centerY;
-    const auto sample = [&](int x) HWY_ATTR {
-        const Floats dx = hn::Sub(Columns(x), All(warp.centerX));
-        const Floats distance = hn::Sqrt(hn::Add(hn::Mul(dx, dx), All(dy * dy)));
-        const Floats at = hn::Min(hn::Mul(distance, All(kRadialSteps / warp.radius)), All(float{kRadialSteps}));
+// A row of a warp, its constants in vectors.
+class RadialRow {
+ public:
+    RadialRow(const RadialWarp& warp, const ImageView& source, int y)
+        : sampler_(source),
+          warp_(warp),
+          ratio_(reinterpret_cast<const std::uint32_t*>(warp.ratio.data())),
+          dy_(static_cast<float>(y) - warp.centerY),
+          centerX_(All(warp.centerX)),
+          centerY_(All(warp.centerY)),
+          scale_(All(kRadialSteps / warp.radius)),
+          lastX_(All(static_cast<float>(source.width - 1))),
+          lastY_(All(static_cast<float>(source.height - 1))) {}
+
+    HWY_INLINE Pixels operator()(int x) const {
+        const Floats dx = hn::Sub(Columns(x), centerX_);
+        const Floats distance = hn::Sqrt(hn::Add(hn::Mul(dx, dx), All(dy_ * dy_)));
+        const Floats at = hn::Min(hn::Mul(distance, scale_), All(float{kRadialSteps}));
         const Ints entry = hn::ConvertTo(kInts, at);
-        const Floats ratio =
-            Mix(hn::GatherIndex(kFloats, warp.ratio.data(), entry),
-                hn::GatherIndex(kFloats, warp.ratio.data() + 1, entry), hn::Sub(at, hn::ConvertTo(kFloats, entry)));
-        // Where the picture is far away, any place beyond its edge will do.
-        const auto place = [&](Floats d, float center, int size) HWY_ATTR {
-            const Floats p = hn::Add(hn::Mul(d, ratio), All(center));
-            return hn::Min(hn::Max(p, All(-2.0f)), All(static_cast<float>(size + 1)));
-        };
-        const Floats placeX = place(dx, warp.centerX, source.width),
-                     placeY = place(All(dy), warp.centerY, source.height);
-        const auto fixed = [](Floats p) HWY_ATTR { return hn::NearestInt(hn::Mul(p, All(256.0f))); };
-        const Pixels pixels = sampler(fixed(placeX), fixed(placeY));
-        switch (warp.outside) {
-            case Outside::kEdgePixel:
-                return pixels;
-            case Outside::kColorBeyondRadius:
-                return Cover(warp.color, pixels, Clamp01(hn::Sub(All(warp.radius + 0.5f), distance)));
-            case Outside::kColorBeyondPicture: {
-                const auto inside = [](Floats p, int size)
-                                        HWY_ATTR { return hn::Min(p, hn::Sub(All(static_cast<float>(size - 1)), p)); };
-                const Floats depth = hn::Min(inside(placeX, source.width), inside(placeY, source.height));
-                return Cover(warp.color, pixels, Clamp01(hn::Add(depth, All(1.0f))));
-            }
-        }
-        return pixels;
-    };
+        const Pairs entries(ratio_, entry);
+        const Floats ratio = Mix(hn::BitCast(kFloats, entries.first), hn::BitCast(kFloats, entries.second),
+                                 hn::Sub(at, hn::ConvertTo(kFloats, entry)));
+        const Floats placeX = Place(dx, ratio, centerX_, lastX_), placeY = Place(All(dy_), ratio, centerY_, lastY_);
+        const Pixels pixels = sampler_(Fixed(placeX), Fixed(placeY));
+        if (warp_.outside == Outside::kEdgePixel) return pixels;
+        if (warp_.outside == Outside::kColorBeyondRadius)
+            return Cover(warp_.color, pixels, Clamp01(hn::Sub(All(warp_.radius + 0.5f), distance)));
+        const Floats depth =
+            hn::Min(hn::Min(placeX, hn::Sub(lastX_, placeX)), hn::Min(placeY, hn::Sub(lastY_, placeY)));
+        return Cover(warp_.color, pixels, Clamp01(hn::Add(depth, All(1.0f))));
+    }
+
+ private:
+    // Where the picture is far away, any place beyond its edge will do.
+    static HWY_INLINE Floats Place(Floats d, Floats ratio, Floats center, Floats last) {
+        return hn::Min(hn::Max(hn::Add(hn::Mul(d, ratio), center), All(-2.0f)), hn::Add(last, All(2.0f)));
+    }
+    static HWY_INLINE Ints Fixed(Floats place) { return hn::NearestInt(hn::Mul(place, All(256.0f))); }
+
+    const BilinearSampler sampler_;
+    const RadialWarp& warp_;
+    const std::uint32_t* const ratio_;
+    const float dy_;
+    const Floats centerX_, centerY_, scale_, lastX_, lastY_;
+};
+
+void RenderRadialRow(const RadialWarp& warp, const ImageView& source, int y, std::uint32_t* out) {
+    const RadialRow row(warp, source, y);
     int x = 0;
-    for (; x + kLanes <= source.width; x += kLanes) hn::StoreU(sample(x), kPixels, out + x);
+    for (; x + kLanes <= source.width; x += kLanes) hn::StoreU(row(x), kPixels, out + x);
     if (x == source.width) return;
     std::uint32_t few[kLanes];
-    hn::StoreU(sample(x), kPixels, few);
+    hn::StoreU(row(x), kPixels, few);
     std::copy(few, few + (source.width - x), out + x);
 }
 
 void RadialOnTarget(const RadialWarp& warp, const ImageView& source, const MutableImageView& target, const Run& run) {
     SplitRows(run, source.height, source.width, [&](int begin, int end) HWY_ATTR {
-        for (int y = begin; y < end; ++y) RadialRow(warp, source, y, target.Row(y));
+        for (int y = begin; y < end; ++y) RenderRadialRow(warp, source, y, target.Row(y));
     });
 }
 
