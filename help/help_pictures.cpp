@@ -3,7 +3,6 @@
 #include "help/help_pictures.h"
 
 #include <QRect>
-#include <cstdio>
 
 #include "document/surface.h"
 #include "effects/pix_twix.h"
@@ -24,10 +23,8 @@ QImage Render(const QImage& photo, const Effect& effect, const EffectInputs& inp
     PixTwix engine;
     engine.SetPicture(photo);
     if (!RenderEffect(effect, inputs, engine)) {
-        std::fprintf(stderr, "not rendered: %s\n", effect.listText);
-        return photo;
+        throw Error(kInvalidPicture, QStringLiteral("%1 did not render").arg(QLatin1String(effect.listText)));
     }
-    if (false) throw Error(kInvalidPicture, QStringLiteral("%1 did not render").arg(QLatin1String(effect.listText)));
     return engine.Picture();
 }
 

@@ -2,6 +2,7 @@
 // and APP. Only for who changes them; the results are kept in the repository.
 // SPDX-License-Identifier: MIT
 #include <QApplication>
+#include <QBuffer>
 #include <QDir>
 #include <QFile>
 #include <cstdio>
@@ -13,7 +14,8 @@
 
 namespace {
 
-constexpr int kJpegQuality = 82;
+constexpr int kBestQuality = 82, kWorstQuality = 60;
+constexpr qsizetype kMostBytes = 150 * 1000;  // they all lie in the repository
 
 void Write(const QString& path, const QByteArray& bytes) {
     QFile file(path);
@@ -22,9 +24,19 @@ void Write(const QString& path, const QByteArray& bytes) {
     }
 }
 
-void Write(const QString& path, const QImage& picture, const char* format, int quality) {
-    if (!picture.save(path, format, quality))
-        throw kelu::Error(kelu::kFileError, QStringLiteral("cannot write ") + path);
+QByteArray Encoded(const QImage& picture, const char* format, int quality) {
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    if (!picture.save(&buffer, format, quality))
+        throw kelu::Error(kelu::kFileError, QStringLiteral("a picture cannot be encoded"));
+    return buffer.data();
+}
+
+QByteArray SmallJpeg(const QImage& picture) {
+    int quality = kBestQuality;
+    QByteArray bytes = Encoded(picture, "JPEG", quality);
+    while (bytes.size() > kMostBytes && quality > kWorstQuality) bytes = Encoded(picture, "JPEG", --quality);
+    return bytes;
 }
 
 }  // namespace
@@ -42,10 +54,10 @@ int main(int argc, char** argv) {
     try {
         Write(app.filePath("splash.gif"), kelu::MakeStrokeAnimation());
         Write(data.filePath("kelu.snd"), kelu::MakeShutterSound());
-        Write(data.filePath("ploader.rs"), kelu::MakePlaceholder(), "PNG", 10);
+        Write(data.filePath("ploader.rs"), Encoded(kelu::MakePlaceholder(), "PNG", 10));
         for (int number = 1; number <= kelu::kSplashPictures; ++number) {
-            Write(data.filePath(QString("scr_loader%1.rs").arg(number)), kelu::MakeSplashPicture(number, words[1]),
-                  "JPEG", kJpegQuality);
+            Write(data.filePath(QString("scr_loader%1.rs").arg(number)),
+                  SmallJpeg(kelu::MakeSplashPicture(number, words[1])));
         }
     } catch (const kelu::Error& error) {
         std::fprintf(stderr, "kelu_make_data: %s\n", error.what());

@@ -56,7 +56,7 @@ const std::array<Recipe, kSplashPictures>& Recipes() {
         {"capsule.jpg", 0.5, 31, [](EffectInputs& in) { in.slider[0] = in.slider[1] = 24; },
          {{0.30, 0.40, 0.68, 0.46}, -14, 4, 140}, true},
         {"canyon.jpg", 0.6, 1, [](EffectInputs& in) { in.choice = 2; }, {{0.02, -0.02, 0.44, 0.94}, 76, 4, 150}, false},
-        {"pier.jpg", 0.5, 17, [](EffectInputs& in) { in.color1 = {40, 150, 190}; },
+        {"pier.jpg", 0.5, 14, [](EffectInputs& in) { in.slider[0] = 90, in.x = 760, in.y = 300; },
          {{0.34, 0.02, 0.66, 0.56}, -12, 4, 170}, false},
         {"dandelion.jpg", 0.5, 7, [](EffectInputs& in) { in.slider[0] = 26, in.slider[1] = 20; },
          {{0.53, 0.03, 0.44, 0.84}, -28, 6, 150}, false},
