@@ -84,12 +84,17 @@ void Surface::NeonFilter() {
     QImage result = MakePicture(picture_.width(), picture_.height(), picture_.format());
     result.setDotsPerMeterX(picture_.dotsPerMeterX());
     result.setDotsPerMeterY(picture_.dotsPerMeterY());
+    bool reported = false;
     engine::Run run;
-    run.progress = [this](int percent) {
-        if (percent < 99) Q_EMIT Progress(percent);
+    run.progress = [this, &reported](int percent) {
+        if (percent >= 99) return;
+        reported = true;
+        Q_EMIT Progress(percent);
     };
     // Whoever disabled a window at the first report waits for the last one, also after a failure.
-    const auto atEnd = qScopeGuard([this] { Q_EMIT Progress(99); });
+    const auto atEnd = qScopeGuard([this, &reported] {
+        if (reported) Q_EMIT Progress(99);
+    });
     try {
         engine::Neon({picture_.constBits(), picture_.width(), picture_.height(), picture_.bytesPerLine()},
                      {result.bits(), result.width(), result.height(), result.bytesPerLine()}, run);

@@ -54,7 +54,7 @@ class Surface : public QObject {
     /// Draws `bitmap` with its upper left corner at (x, y), image pixels; `opacity` 0 to 255. Can be undone when a
     /// level is open.
     void DrawBitmap(const QImage& bitmap, int x, int y, int opacity);
-    /// Glowing edges over the whole picture, in place. Raises Progress, ending with 99. All undo levels go.
+    /// Glowing edges over the whole picture, in place. A long render raises Progress, with 99 last. All undo levels go.
     void NeonFilter();
 
     /// A brush whose paint is this surface's picture. `size` is a diameter in image pixels, at least 1.

@@ -123,6 +123,18 @@ TEST(Catalogue, RowsStandInOrderOfTheirNumbers) {
     for (int number : {-1, 0, 49, 99}) EXPECT_EQ(FindEffect(number), nullptr);
 }
 
+TEST(Catalogue, EveryEffectRendersAndChangesThePictureAtItsDefaults) {
+    const QImage picture = SamplePicture(300, 200);
+    for (const Effect& effect : Catalogue()) {
+        if (effect.number == kNeon) continue;
+        PixTwix engine;
+        engine.SetPicture(picture);
+        EXPECT_TRUE(RenderEffect(effect, effect.Defaults(), engine)) << effect.listText;
+        EXPECT_NE(engine.Picture(), picture) << effect.listText;
+        EXPECT_EQ(engine.Picture().size(), picture.size()) << effect.listText;
+    }
+}
+
 // The arguments of two neighbours must not be taken for one another in the engine's picture.
 TEST(Catalogue, FalseColorEndsInTheColorsThatWereChosen) {
     QImage ends(2, 1, QImage::Format_RGB32);
