@@ -3,6 +3,7 @@
 #include "data/make/splash_pictures.h"
 
 #include <QDir>
+#include <QFontMetrics>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPixmap>
@@ -170,14 +171,18 @@ void DrawTitle(QPainter& painter, bool atTop) {
     const int baseline = atTop ? 168 : kSize.height() - kFooterHeight - 108;
     QFont name = DisplayFont(150, QFont::Black);
     name.setLetterSpacing(QFont::PercentageSpacing, 98);
+    const QFont motto = DisplayFont(38, QFont::Medium);
+    const QString words = QStringLiteral("Have Fun With Effects");
+    // The window's logo stands in the upper left corner, so a title at the top keeps to the right.
+    const int left = atTop ? kSize.width() - 68 - QFontMetrics(motto).horizontalAdvance(words) : 60;
     painter.setFont(name);
     painter.setPen(QColor(0, 0, 0, 120));
-    painter.drawText(QPoint(64, baseline + 4), QStringLiteral("Kelu"));
+    painter.drawText(QPoint(left + 4, baseline + 4), QStringLiteral("Kelu"));
     painter.setPen(Qt::white);
-    painter.drawText(QPoint(60, baseline), QStringLiteral("Kelu"));
-    painter.setFont(DisplayFont(38, QFont::Medium));
+    painter.drawText(QPoint(left, baseline), QStringLiteral("Kelu"));
+    painter.setFont(motto);
     painter.setPen(theme::kAccentHover);
-    painter.drawText(QPoint(68, baseline + 62), QStringLiteral("Have Fun With Effects"));
+    painter.drawText(QPoint(left + 8, baseline + 62), words);
 }
 
 void DrawFooter(QPainter& painter, const QString& effect) {
