@@ -1,8 +1,10 @@
 // kelu: the program with its window. An argument is a picture to open.
 // SPDX-License-Identifier: MIT
 #include <QApplication>
+#include <cstdlib>
 
 #include "app/frm_main.h"
+#include "capture/detached_job.h"
 #include "capture/gst_device_list.h"
 #include "capture/gst_video_cap_x.h"
 #include "capture/shutter_sound.h"
@@ -10,20 +12,15 @@
 #include "controls/system_look/system_colors.h"
 #include "controls/theme/theme.h"
 #include "dialogs/save_file_dialog.h"
+#include "platform/registry_access.h"
 #include "platform/registry_file.h"
 #include "platform/shell.h"
-#include "platform/registry_access.h"
 #include "platform/single_instance.h"
+namespace {
 
-int main(int argc, char** argv) {
-    QApplication application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("Kelu"));
-    QApplication::setOrganizationName(QStringLiteral("Tarvane"));
-    QApplication::setApplicationVersion(QStringLiteral(KELU_VERSION));
-    QApplication::setDesktopFileName(QStringLiteral("kelu"));
-    kelu::theme::Apply(application);
-    kelu::SystemColors::SetCurrent(kelu::SystemColors::Dark());
+constexpr int kLongestEnd = 1000;  // ms
 
+int Run() {
     kelu::RegistryFile store(kelu::RegistryFile::UserPath());
     kelu::clsRegistryAccess registry(store);
     kelu::Settings settings(registry);
@@ -41,4 +38,20 @@ int main(int argc, char** argv) {
     window.show();
     if (const QStringList words = QApplication::arguments(); words.size() > 1) window.OpenPicture(words[1]);
     return QApplication::exec();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Kelu"));
+    QApplication::setOrganizationName(QStringLiteral("Tarvane"));
+    QApplication::setApplicationVersion(QStringLiteral(KELU_VERSION));
+    QApplication::setDesktopFileName(QStringLiteral("kelu"));
+    kelu::theme::Apply(application);
+    kelu::SystemColors::SetCurrent(kelu::SystemColors::Dark());
+    const int status = Run();
+    // A camera that hangs in its driver, or the last of the shutter's sound, must not keep the process.
+    if (!kelu::DetachedJobsEnd(kLongestEnd)) std::_Exit(status);
+    return status;
 }

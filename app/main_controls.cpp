@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/main_controls.h"
 
+#include <QFrame>
 #include <QLabel>
 #include <cstring>
 #include <span>
@@ -25,6 +26,7 @@ namespace {
 
 constexpr int kLogoSize = 32;                       // pixels
 constexpr int kPreviewWidth = 184;                  // pixels; fills the gap that the layout leaves it, 4:3
+constexpr int kPreviewEdge = 3;
 constexpr TwipsRect kHelpButton{0, 0, 405, 345};    // sizes of the two buttons beside picSystem
 constexpr TwipsRect kSettingsButton{0, 0, 405, 345};
 constexpr TwipsRect kPipe{0, 0, 15, 225};
@@ -68,6 +70,15 @@ MainControls::MainControls(QWidget& window, Surfaces& surfaces, Surface& capture
     picCapContainer->hide();
     picCapPreview->hide();
     picCapPreview->resize(kPreviewWidth, kPreviewWidth * 3 / 4);
+    // Parts the snapshot from the live picture that it lies on.
+    auto* const previewEdge = new QFrame(picCapPreview);
+    previewEdge->setFrameStyle(int(QFrame::Box) | int(QFrame::Plain));
+    previewEdge->setLineWidth(kPreviewEdge);
+    previewEdge->setAttribute(Qt::WA_TransparentForMouseEvents);
+    QPalette edge = previewEdge->palette();
+    edge.setColor(QPalette::WindowText, theme::kGround);
+    previewEdge->setPalette(edge);
+    previewEdge->resize(picCapPreview->size());
     pBar1->hide();
     picCanvas->setAccessibleName(QStringLiteral("Picture"));
     picOriginal->setAccessibleName(QStringLiteral("Original picture"));

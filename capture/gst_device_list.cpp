@@ -12,14 +12,21 @@ namespace {
 constexpr int kPollTime = 20;  // ms
 
 /// A monitor that follows the cameras; null when GStreamer itself can't start.
-GstShared<GstDeviceMonitor> StartMonitor() {
+GstDeviceMonitor* StartMonitor() {
     if (!gst_init_check(nullptr, nullptr, nullptr)) return nullptr;
-    auto monitor = OwnObject(gst_device_monitor_new());
-    gst_device_monitor_add_filter(monitor.get(), "Video/Source", nullptr);
+    GstDeviceMonitor* const monitor = gst_device_monitor_new();
+    gst_device_monitor_add_filter(monitor, "Video/Source", nullptr);
     // Nobody reads the monitor's messages; without this they would pile up.
-    gst_bus_set_flushing(OwnObject(gst_device_monitor_get_bus(monitor.get())).get(), TRUE);
+    gst_bus_set_flushing(OwnObject(gst_device_monitor_get_bus(monitor)).get(), TRUE);
     // A provider that can't start is not an error here: the others still list theirs.
-    gst_device_monitor_start(monitor.get());
+    gst_device_monitor_start(monitor);
+    return monitor;
+}
+
+/// One monitor for the process, started by the first call and never stopped: stopping PipeWire's part of it damages the
+/// heap now and then (seen with 0.3.65: every fifth stop from another thread ends in an abort).
+const std::shared_future<GstDeviceMonitor*>& Monitor() {
+    static const std::shared_future<GstDeviceMonitor*> monitor = RunDetached(StartMonitor);
     return monitor;
 }
 
@@ -38,14 +45,6 @@ GstDeviceList::GstDeviceList(int delay) : delay_(delay) {
     connect(&poll_, &QTimer::timeout, this, &GstDeviceList::Poll);
 }
 
-GstDeviceList::~GstDeviceList() {
-    // Stopping waits for the providers' threads, which may hang; the process end stops them as well.
-    if (!monitor_.valid()) return;
-    RunDetached([monitor = std::move(monitor_)] {
-        if (monitor.get()) gst_device_monitor_stop(monitor.get().get());
-    });
-}
-
 void GstDeviceList::Search(std::function<void()> whenDone) {
     if (done_) return whenDone();
     waiting_.push_back(std::move(whenDone));
@@ -54,12 +53,12 @@ void GstDeviceList::Search(std::function<void()> whenDone) {
 }
 
 void GstDeviceList::Begin() {
-    monitor_ = RunDetached(StartMonitor);
+    Monitor();
     poll_.start();
 }
 
 void GstDeviceList::Poll() {
-    if (IsReady(monitor_) || ++polls_ * kPollTime >= kLongestSearch) Finish();
+    if (IsReady(Monitor()) || ++polls_ * kPollTime >= kLongestSearch) Finish();
 }
 
 void GstDeviceList::Finish() {
@@ -70,8 +69,8 @@ void GstDeviceList::Finish() {
 
 std::vector<GstCamera> GstDeviceList::Cameras() {
     std::vector<GstCamera> cameras;
-    if (!done_ || !IsReady(monitor_) || !monitor_.get()) return cameras;
-    GList* const devices = gst_device_monitor_get_devices(monitor_.get().get());
+    if (!done_ || !IsReady(Monitor()) || !Monitor().get()) return cameras;
+    GList* const devices = gst_device_monitor_get_devices(Monitor().get());
     for (const GList* at = devices; at; at = at->next) cameras.push_back(CameraOf(GST_DEVICE(at->data)));
     g_list_free_full(devices, gst_object_unref);
     return cameras;

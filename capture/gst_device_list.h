@@ -5,7 +5,8 @@
 
 #include <QObject>
 #include <QTimer>
-#include <future>
+#include <functional>
+#include <vector>
 
 #include "capture/gst_camera.h"
 
@@ -20,7 +21,6 @@ class GstDeviceList : public QObject, public GstCameraList {
 
     /// `delay`: from the first Search until it really begins, in ms.
     explicit GstDeviceList(int delay = kAfterFirstPaint);
-    ~GstDeviceList() override;
 
     void Search(std::function<void()> whenDone) override;
     std::vector<GstCamera> Cameras() override;
@@ -30,7 +30,6 @@ class GstDeviceList : public QObject, public GstCameraList {
     void Poll();
     void Finish();
 
-    std::shared_future<GstShared<GstDeviceMonitor>> monitor_;
     std::vector<std::function<void()>> waiting_;
     QTimer poll_;
     int delay_;

@@ -14,7 +14,7 @@ camera=$1
 shift
 home=$(mktemp -d)
 mkdir -m 700 "$home/run" "$home/state"
-export XDG_RUNTIME_DIR="$home/run" XDG_STATE_HOME="$home/state"
+export XDG_RUNTIME_DIR="$home/run" PIPEWIRE_RUNTIME_DIR="$home/run" XDG_STATE_HOME="$home/state"
 pipewire >"$home/pipewire.log" 2>&1 &
 started=$!
 # shellcheck disable=SC2086
