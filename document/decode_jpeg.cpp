@@ -42,6 +42,7 @@ class JpegDecoder {
     DecodedPicture Read(const QSize& box) {
         CheckPictureSize(info_.image_width, info_.image_height);
         DecodedPicture result;
+        result.fileSize = QSize(static_cast<int>(info_.image_width), static_cast<int>(info_.image_height));
         const Exif exif = FindExif();
         result.orientation = exif.orientation;
         ChooseScale(exif.orientation >= 5 ? box.transposed() : box);

@@ -1,10 +1,14 @@
 // bmp, png and tif by the toolkit's readers, into pooled memory where they let the caller bring it.
 // SPDX-License-Identifier: MIT
 #include <tiffio.h>
+#include <zlib.h>
 
 #include <QColorSpace>
 #include <QImageReader>
+#include <QLoggingCategory>
+#include <algorithm>
 #include <cmath>
+#include <mutex>
 
 #include "document/exif.h"
 #include "document/picture.h"
@@ -13,6 +17,20 @@
 
 namespace kelu {
 namespace {
+
+// Whether the checksum behind the data holds; `device` stands at the data. The library would tell a wrong one on
+// standard error, where a failure of ours is the only line.
+bool ChecksumHolds(QIODevice& device, const QByteArray& name, qint64 length) {
+    constexpr qint64 kPiece = 1 << 16;
+    uLong sum = crc32(0, reinterpret_cast<const Bytef*>(name.constData()), 4);
+    for (qint64 left = length; left > 0;) {
+        const QByteArray piece = device.read(std::min(left, kPiece));
+        if (piece.isEmpty()) return false;
+        sum = crc32(sum, reinterpret_cast<const Bytef*>(piece.constData()), static_cast<uInt>(piece.size()));
+        left -= piece.size();
+    }
+    return BigEndian(device.read(4), 0, 4) == static_cast<quint32>(sum);
+}
 
 struct PngFacts {
     int orientation = 1;
@@ -31,6 +49,8 @@ PngFacts ReadPngFacts(QIODevice& device) {
         const qint64 length = BigEndian(head, 0, 4);
         if (at + kFrame + length > device.size()) ThrowCutShort();
         const QByteArray name = head.mid(4);
+        const bool critical = name[0] < 'a';
+        if (critical && !ChecksumHolds(device, name, length)) ThrowDamaged();
         if (name == "IEND") break;
         if (name == "eXIf") facts.orientation = ReadExif(device.read(length)).orientation;
         if (name == "iCCP") facts.hasProfile = true;
@@ -44,6 +64,12 @@ PngFacts ReadPngFacts(QIODevice& device) {
 void SilenceTiff() {
     TIFFSetErrorHandler(nullptr);
     TIFFSetWarningHandler(nullptr);
+}
+
+// Warnings about what a picture does not lose by, such as a wrong checksum of its date.
+void SilenceToolkit() {
+    static std::once_flag once;
+    std::call_once(once, [] { QLoggingCategory::setFilterRules(QStringLiteral("qt.gui.imageio*=false")); });
 }
 
 int ToExif(QImageIOHandler::Transformations transformation) {
@@ -83,11 +109,15 @@ const char* QtName(PictureFormat format) {
 DecodedPicture DecodeWithQt(QIODevice& device, PictureFormat format) {
     // Sizes are checked here, before the reader takes memory.
     QImageReader::setAllocationLimit(0);
+    SilenceToolkit();
     DecodedPicture result;
     PngFacts png;
     if (format == PictureFormat::Png) png = ReadPngFacts(device);
     result.orientation = png.orientation;
-    if (format == PictureFormat::Tiff) SilenceTiff();
+    if (format == PictureFormat::Tiff) {
+        SilenceTiff();
+        CheckTiffLength(device);
+    }
     QImageReader reader(&device, QtName(format));
     reader.setAutoTransform(false);
     const QSize size = reader.size();

@@ -16,6 +16,7 @@ struct DecodedPicture {
     QImage image;         ///< as decoded: not turned, colours as in the file
     QByteArray profile;   ///< embedded ICC profile of the colours in `image`; empty: none
     int orientation = 1;  ///< EXIF, 1 to 8
+    QSize fileSize = {};  ///< pixels of the picture in the file, when `image` is a smaller one
 };
 
 /// With a non-empty `box` the picture may come smaller, but not below that size.

@@ -58,8 +58,10 @@ QImage Read(const QString& path, const QSize& box) {
         QImage picture = Orient(decoded.image, decoded.orientation);
         decoded.image = QImage();
         if (!box.isEmpty()) {
-            const QSize shrunk = picture.size().scaled(box, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
-            if (shrunk.width() < picture.width()) picture = ScalePicture(picture, shrunk);
+            QSize whole = decoded.fileSize.isEmpty() ? picture.size() : decoded.fileSize;
+            if (!decoded.fileSize.isEmpty() && decoded.orientation >= 5) whole.transpose();
+            const QSize shrunk = whole.scaled(box, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
+            if (shrunk.width() < whole.width()) picture = ScalePicture(picture, shrunk);
         }
         return picture;
     } catch (const Error& error) {

@@ -3,8 +3,10 @@
 #include "document/picture_format.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <initializer_list>
+#include <vector>
 
 #include "document/picture.h"
 #include "platform/error.h"
@@ -109,6 +111,44 @@ void CheckBmpLength(const QByteArray& head, qint64 fileSize) {
     if (dataBegin + std::max<qint64>(needed, 1) > fileSize) ThrowCutShort();
 }
 
+void CheckTiffLength(QIODevice& device) {
+    constexpr qint64 kMostValues = 1 << 20;
+    constexpr std::array<int, 13> kTypeBytes{0, 1, 1, 2, 4, 8, 1, 1, 2, 4, 8, 4, 8};
+    const auto read = [&](qint64 at, qint64 count) {
+        if (at + count > device.size() || !device.seek(at)) ThrowCutShort();
+        return device.read(count);
+    };
+    const bool little = device.peek(2) == "II";
+    const auto number = [&](const QByteArray& bytes, qint64 at, int count) {
+        return little ? LittleEndian(bytes, at, count) : BigEndian(bytes, at, count);
+    };
+    const QByteArray head = read(0, 8);
+    if (number(head, 2, 2) != 42) {  // files of more than 4 GB are laid out differently
+        device.seek(0);
+        return;
+    }
+    const qint64 directory = number(head, 4, 4);
+    const qint64 entries = number(read(directory, 2), 0, 2);
+    const QByteArray fields = read(directory + 2, entries * 12);
+    std::vector<qint64> offsets, sizes;
+    for (qint64 entry = 0; entry < fields.size(); entry += 12) {
+        const quint32 tag = number(fields, entry, 2);
+        const quint32 type = number(fields, entry + 2, 2);
+        const qint64 count = number(fields, entry + 4, 4);
+        const int bytes = type < kTypeBytes.size() ? kTypeBytes[type] : 0;
+        const bool inside = count * bytes <= 4;
+        const QByteArray values = inside ? fields.mid(entry + 8, 4)
+                                         : read(number(fields, entry + 8, 4), std::min(count, kMostValues) * bytes);
+        const bool places = OneOf(tag, {273, 324});  // of strips, of tiles
+        if (!places && !OneOf(tag, {279, 325})) continue;
+        for (qint64 i = 0; i < count && (i + 1) * bytes <= values.size(); ++i)
+            (places ? offsets : sizes).push_back(number(values, i * bytes, bytes));
+    }
+    for (std::size_t i = 0; i < std::min(offsets.size(), sizes.size()); ++i)
+        if (offsets[i] + sizes[i] > device.size()) ThrowCutShort();
+    device.seek(0);
+}
+
 void CheckPcxLength(const QByteArray& bytes) {
     const qint64 rows = qint64{LittleEndian(bytes, 10, 2)} - LittleEndian(bytes, 6, 2) + 1;
     const qint64 needed = rows * LittleEndian(bytes, 65, 1) * LittleEndian(bytes, 66, 2);
@@ -124,6 +164,9 @@ void CheckPcxLength(const QByteArray& bytes) {
         }
     }
     if (decoded < needed) ThrowCutShort();
+    // 256 colours stand at the very end, behind a mark.
+    const bool palette = bytes[1] == 5 && bytes[3] == 8 && bytes[65] == 1;
+    if (palette && (bytes.size() < 128 + 769 || bytes[bytes.size() - 769] != 12)) ThrowCutShort();
 }
 
 void CheckTgaLength(const QByteArray& bytes) {

@@ -16,6 +16,8 @@ PictureFormat TellPictureFormat(const QByteArray& head, qint64 fileSize);
 /// Throw Error(kEndOfFile) when the file ends before its data does. Decoders notice a missing end in their own
 /// formats; these are the ones that would return a picture all the same.
 void CheckBmpLength(const QByteArray& head, qint64 fileSize);
+/// Leaves the device at its begin.
+void CheckTiffLength(QIODevice& device);
 void CheckPcxLength(const QByteArray& bytes);
 void CheckTgaLength(const QByteArray& bytes);
 void CheckPsdLength(const QByteArray& bytes);

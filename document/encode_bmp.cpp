@@ -1,4 +1,4 @@
-// bmp and tif by the toolkit's writers, and what all writers share.
+// BMP by the toolkit's writer, and what all writers share.
 // SPDX-License-Identifier: MIT
 #include <QImageWriter>
 #include <QPainter>
@@ -8,15 +8,6 @@
 #include "platform/error.h"
 
 namespace kelu {
-namespace {
-
-void EncodeByQt(const QImage& picture, QIODevice& device, const char* format) {
-    QImageWriter writer(&device, format);
-    if (!writer.write(picture)) throw Error(kFileError, writer.errorString(), QStringLiteral("WritePicture"));
-}
-
-}  // namespace
-
 QImage OverWhite(const QImage& picture) {
     if (!picture.hasAlphaChannel()) return picture;
     QImage opaque = MakePicture(picture.width(), picture.height(), QImage::Format_RGB32);
@@ -32,8 +23,10 @@ void WriteAll(QIODevice& device, const char* bytes, qint64 count) {
         throw Error(kFileError, device.errorString(), QStringLiteral("WritePicture"));
 }
 
-void EncodeBmp(const QImage& picture, QIODevice& device) { EncodeByQt(OverWhite(picture), device, "bmp"); }
-
-void EncodeTiff(const QImage& picture, QIODevice& device) { EncodeByQt(picture, device, "tiff"); }
+void EncodeBmp(const QImage& picture, QIODevice& device) {
+    QImageWriter writer(&device, "bmp");
+    if (!writer.write(OverWhite(picture)))
+        throw Error(kFileError, writer.errorString(), QStringLiteral("WritePicture"));
+}
 
 }  // namespace kelu
