@@ -1,5 +1,6 @@
 // The widget that shows a surface: fitted and free view, scrolling, cursor, drop, hatch behind the picture. Mouse
-// events come out in twips; nothing here knows what a press means. SPDX-License-Identifier: MIT
+// events come out in twips; nothing here knows what a press means.
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include <QBrush>

@@ -1,6 +1,7 @@
 // The 48 effects as rows of one table: number, texts, inputs, what the panel places elsewhere, help page and engine
 // call. Everything that differs from effect to effect stands here; selectors, panel, application and command line read
-// it. SPDX-License-Identifier: MIT
+// it.
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include <QString>

@@ -1,5 +1,6 @@
 // The colour choice below a ColorPicker: swatches, a field of hue and saturation, a bar of brightness, hex and RGB
-// entry. SPDX-License-Identifier: MIT
+// entry.
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include <QColor>

@@ -1,5 +1,6 @@
 // Shows a child that is longer than the space for it (asxPager): an arrow button at each end, wheel, drag and keys
-// scroll it. SPDX-License-Identifier: MIT
+// scroll it.
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include <QPointer>

@@ -1,5 +1,6 @@
 // Draws the toolkit's standard widgets in the dark look: flat plates, one accent, a clear focus ring. A style, not a
-// style sheet: nothing is parsed, matched or polished twice at start. SPDX-License-Identifier: MIT
+// style sheet: nothing is parsed, matched or polished twice at start.
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include <QProxyStyle>

@@ -1,5 +1,6 @@
 // The program's own drawings: line icons, message pictures and cursors, rendered at the size and device pixel ratio
-// asked for. Line icons take their colour from the theme; pictures keep their own. SPDX-License-Identifier: MIT
+// asked for. Line icons take their colour from the theme; pictures keep their own.
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include <QColor>

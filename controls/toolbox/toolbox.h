@@ -1,5 +1,6 @@
 // Picture buttons in a grid of which one is current (asxToolbox, asxToolbar). One button takes the Tab key, arrow keys
-// walk. SPDX-License-Identifier: MIT
+// walk.
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include <QPixmap>

@@ -1,6 +1,7 @@
 // At the bottom column x is dragged down by h/4 · (0.4 flow(x) + 0.6 drop(x)³) · (1/2 + mean luma / 510) pixels, above
 // that by smoothstep(y / h) of it, so that the picture stretches where it runs. flow is a broad and drop a fine octave
-// of noise; the cube makes few drops run far. SPDX-License-Identifier: MIT
+// of noise; the cube makes few drops run far.
+// SPDX-License-Identifier: MIT
 #include "effects/engine/melt.h"
 
 #include <cmath>

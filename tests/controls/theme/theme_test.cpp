@@ -1,5 +1,6 @@
 // The theme's promises: contrast of every pair that meets on the screen, drawings at every ratio, the style's
-// arithmetic. SPDX-License-Identifier: MIT
+// arithmetic.
+// SPDX-License-Identifier: MIT
 #include "controls/theme/theme.h"
 
 #include <gtest/gtest.h>
