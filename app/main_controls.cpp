@@ -24,7 +24,7 @@ namespace kelu {
 
 namespace {
 
-constexpr int kLogoSize = 32;                       // pixels
+constexpr int kLogoHeight = 32;                     // pixels
 constexpr int kPreviewWidth = 184;                  // pixels; fills the gap that the layout leaves it, 4:3
 constexpr int kPreviewEdge = 3;
 constexpr TwipsRect kHelpButton{0, 0, 405, 345};    // sizes of the two buttons beside picSystem
@@ -84,8 +84,8 @@ MainControls::MainControls(QWidget& window, Surfaces& surfaces, Surface& capture
     picOriginal->setAccessibleName(QStringLiteral("Original picture"));
     picCapPreview->setAccessibleName(QStringLiteral("Captured picture"));
 
-    picLogo->setPixmap(theme::IconPixmap(QStringLiteral("msg_kelu"), kLogoSize, window.devicePixelRatioF(), theme::kText));
-    picLogo->resize(kLogoSize, kLogoSize);
+    picLogo->setPixmap(theme::LogoPixmap(kLogoHeight, window.devicePixelRatioF()));
+    picLogo->adjustSize();
     picPipe1->setAutoFillBackground(true);
     QPalette line = picPipe1->palette();
     line.setColor(QPalette::Window, theme::kLine);
@@ -101,12 +101,15 @@ MainControls::MainControls(QWidget& window, Surfaces& surfaces, Surface& capture
 namespace {
 
 void MakeStrip(QWidget& strip, std::span<const FixedPlace> places, const std::map<Command, ToolButton*>& buttons) {
+    // Buttons of one strip lie at different heights; their icons stand on the line of the first one's.
+    const auto middle = [](const TwipsRect& place) { return (place.top + place.height / 2.0) / kTwipsPerPixel; };
     for (const FixedPlace& fixed : places)
         for (const CommandRow& row : kCommands)
             if (std::strcmp(row.name, fixed.name) == 0) {
                 ToolButton* button = buttons.at(row.command);
                 button->setParent(&strip);
                 Place(*button, fixed.place);
+                button->SetIconShift(qRound(middle(places.front().place) - middle(fixed.place)));
             }
 }
 
@@ -141,7 +144,11 @@ void MainControls::ApplyLayout() {
     Place(*picZoomContainer, at.picZoomContainer);
     Place(*picCapContainer, at.picCapContainer);
     Place(*picCapPreview, at.picCapPreview);
-    Place(*selectors->lstSFX, at.lstSFX);
+    // The list has no size of its own: it stands in the pager's place, as wide as the panel below.
+    TwipsRect list = at.lstSFX;
+    list.width = at.pnlSettings.width;
+    list.height = at.pagerTB1.height;
+    Place(*selectors->lstSFX, list);
     Place(*sBar1, at.sBar1);
 }
 

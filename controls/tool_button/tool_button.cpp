@@ -66,6 +66,11 @@ void ToolButton::SetCaptionPlace(CaptionPlace place) {
     update();
 }
 
+void ToolButton::SetAlignment(Alignment alignment) {
+    alignment_ = alignment;
+    update();
+}
+
 void ToolButton::SetLook(Look look) {
     look_ = look;
     update();
@@ -146,7 +151,7 @@ void ToolButton::paintEvent(QPaintEvent*) {
                              text());
         } else {
             const int wide = icon + (icon > 0 ? kCaptionGap : 0) + words.width();
-            const int left = (width() - wide) / 2;
+            const int left = alignment_ == Alignment::Left ? kSidePad : (width() - wide) / 2;
             if (icon > 0) theme::PaintIcon(painter, iconName_, QRect(left, 0, icon, height()), icon, inks.ink);
             painter.drawText(QRect(left + wide - words.width(), 0, words.width(), height()), Qt::AlignCenter | flags,
                              text());

@@ -14,6 +14,8 @@ class ToolButton : public QAbstractButton {
     /// Flat: no plate at rest. Raised: a push button's plate. Primary: the accent, for the one main action of a window.
     enum class Look { Flat, Raised, Primary };
     enum class CaptionPlace { Beside, Below };
+    /// Where icon and caption side by side stand in a button wider than both.
+    enum class Alignment { Middle, Left };
 
     /// `iconName` is a drawing of the theme (controls/theme/icons.h) or empty.
     explicit ToolButton(const QString& iconName, QWidget* parent = nullptr);
@@ -30,6 +32,7 @@ class ToolButton : public QAbstractButton {
     void SetCaption(const QString& caption);
     QString Caption() const { return caption_; }
     void SetCaptionPlace(CaptionPlace place);
+    void SetAlignment(Alignment alignment);
     void SetLook(Look look);
     Look ButtonLook() const { return look_; }
     /// Tool tip and accessible name.
@@ -53,6 +56,7 @@ class ToolButton : public QAbstractButton {
     int iconShift_ = 0;
     Look look_ = Look::Flat;
     CaptionPlace place_ = CaptionPlace::Beside;
+    Alignment alignment_ = Alignment::Middle;
 };
 
 }  // namespace kelu

@@ -133,6 +133,7 @@ void frmOptions::LayOut() {
     for (std::size_t i = 0; i < pnlMenu.size(); ++i) {
         pnlMenu[i]->SetCaption(QString::fromLatin1(kPageTexts[i].caption));
         pnlMenu[i]->setAccessibleName(QString::fromLatin1(kPageTexts[i].caption));
+        pnlMenu[i]->SetAlignment(ToolButton::Alignment::Left);
         pnlMenu[i]->setCheckable(true);
         pnlMenu[i]->setAutoExclusive(true);
         pnlMenu[i]->setFixedSize(kMenuWidth, kMenuButtonHeight);
