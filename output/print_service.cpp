@@ -5,7 +5,7 @@
 #include <QPainter>
 #include <QPrinter>
 #include <QPrinterInfo>
-#include <QThreadPool>
+#include <QThread>
 #include <QTimer>
 #include <memory>
 
@@ -34,7 +34,8 @@ std::shared_ptr<PrinterList> AskForPrinters() {
     question->waiting = &loop;
     QObject receiver;  // gone with this call, so that a late answer finds nobody
     QPointer<QObject> there(&receiver);
-    QThreadPool::globalInstance()->start([question, there] {
+    // A thread of its own that nobody waits for: one of the pool would hold up the program's end.
+    QThread* asking = QThread::create([question, there] {
         auto list = std::make_shared<PrinterList>();
         list->names = QPrinterInfo::availablePrinterNames();
         list->standard = QPrinterInfo::defaultPrinterName();
@@ -47,6 +48,8 @@ std::shared_ptr<PrinterList> AskForPrinters() {
             },
             Qt::QueuedConnection);
     });
+    QObject::connect(asking, &QThread::finished, asking, &QObject::deleteLater);
+    asking->start();
     QTimer::singleShot(kLongestWait, &loop, &QEventLoop::quit);
     loop.exec(QEventLoop::ExcludeUserInputEvents);
     return question->answer;
