@@ -1,0 +1,96 @@
+// Capture mode through the real window: F8, the panel's buttons, the preview, and the commands it refuses.
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include "app/frm_main.h"
+#include "capture/capture_panel.h"
+#include "controls/status_bar/status_bar.h"
+#include "controls/tool_button/tool_button.h"
+#include "tests/support/memory_settings.h"
+#include "tests/support/scripted_camera.h"
+#include "tests/support/scripted_dialog.h"
+#include "tests/support/scripted_save_dialog.h"
+
+namespace kelu {
+namespace {
+
+struct CaptureModeTest : testing::Test {
+    QTemporaryDir folder;
+    MemorySettings settings;
+    SharedState state;
+    ScriptedDialog dialog;
+    ScriptedSaveDialog saveDialog;
+    SystemPrintService printing;
+    ScriptedCamera camera;
+    ScriptedCamera optionsCamera;
+    frmMain window{state, {settings, dialog, saveDialog, printing, camera, optionsCamera, {}, {}, {}}};
+    MainControls& controls = window.controls;
+
+    CaptureModeTest() {
+        camera.devices = {"Camera"};
+        camera.frame = QImage(640, 480, QImage::Format_RGB32);
+        camera.frame.fill(qRgb(10, 200, 30));
+    }
+    void Start() {
+        window.Start();
+        window.show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+        window.EndSplash();
+        QTest::qWait(20);  // the settings timer
+    }
+    QImage Canvas() const { return window.surfaces.picCanvas.Picture(); }
+};
+
+TEST_F(CaptureModeTest, F8ToTheOpenPicture) {
+    settings.Write(settings::kCaptureSize, "1");
+    Start();
+    const CapturePanel& panel = *controls.picCapContainer;
+    EXPECT_FALSE(panel.isVisible() || controls.picCapPreview->isVisible());
+    QTest::keyClick(&window, Qt::Key_F8, Qt::ShiftModifier);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return state.CaptureBusy; }));
+    EXPECT_TRUE(panel.isVisible());
+    EXPECT_EQ(panel.cmdCapture->toolTip(), "Capture Image (F8)");
+    EXPECT_EQ(Canvas(), camera.frame);
+
+    QImage other(50, 40, QImage::Format_RGB32);
+    other.fill(Qt::red);
+    ASSERT_TRUE(other.save(folder.filePath("other.png")));
+    window.OpenPicture(folder.filePath("other.png"));
+    QTest::keyClick(&window, Qt::Key_S, Qt::ControlModifier);
+    QTest::keyClick(&window, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Canvas(), camera.frame) << "a drop is refused";
+    EXPECT_EQ(saveDialog.shown, 0);
+    EXPECT_FALSE(state.ImageDirty);
+
+    QTest::mouseClick(panel.cmdCapture, Qt::LeftButton);
+    EXPECT_TRUE(controls.picCapPreview->isVisible());
+    // The preview lies on the canvas and must not reach the effects beside it.
+    EXPECT_TRUE(controls.picCanvas->geometry().contains(controls.picCapPreview->geometry().topLeft()));
+    EXPECT_FALSE(controls.picCapPreview->geometry().intersects(QRect(window.width() - 2000 / 15, 0, 200, 2000)));
+    EXPECT_FALSE(controls.picZoomContainer->isVisible());
+    QTest::mouseClick(panel.cmdCaptureOK, Qt::LeftButton);
+    EXPECT_FALSE(panel.isVisible() || controls.picCapPreview->isVisible() || state.CaptureBusy);
+    EXPECT_TRUE(controls.picZoomContainer->isVisible());
+    EXPECT_EQ(Canvas().size(), QSize(320, 240));
+    EXPECT_EQ(Canvas().pixel(160, 120), qRgb(10, 200, 30));
+    EXPECT_TRUE(dialog.shown.empty());
+
+    window.close();
+    EXPECT_FALSE(camera.Connected()) << "the camera is let go at the end";
+}
+
+TEST_F(CaptureModeTest, WithoutACameraTheButtonOnlyTells) {
+    camera.devices.clear();
+    Start();
+    ASSERT_EQ(dialog.shown.size(), 1u);
+    QTest::mouseClick(&controls.Button(Command::WebCam), Qt::LeftButton);
+    EXPECT_EQ(dialog.shown.size(), 2u);
+    EXPECT_TRUE(state.CameraMissing);
+    EXPECT_FALSE(controls.picCapContainer->isVisible());
+}
+
+}  // namespace
+}  // namespace kelu
