@@ -18,16 +18,18 @@ struct Brightness2Kernel {
     bool darker;
 
     struct InRow {
-        const Brightness2Kernel& all;
+        DistanceWeight weight;
+        float size;
+        bool darker;
         int y;
 
         Pixels operator()(Pixels pixels, int x) const {
-            const Bytes change = hn::BitCast(kBytes, Gray(ToByte(hn::Mul(all.weight(x, y), All(all.change)))));
+            const Bytes change = hn::BitCast(kBytes, Gray(ToByte(hn::Mul(weight(x, y), All(size)))));
             const Bytes bytes = hn::BitCast(kBytes, pixels);
-            return hn::BitCast(kPixels, all.darker ? hn::SaturatedSub(bytes, change) : hn::SaturatedAdd(bytes, change));
+            return hn::BitCast(kPixels, darker ? hn::SaturatedSub(bytes, change) : hn::SaturatedAdd(bytes, change));
         }
     };
-    InRow Row(int y) const { return {*this, y}; }
+    InRow Row(int y) const { return {weight, change, darker, y}; }
 };
 
 void Brightness2OnTarget(const ImageView& source, const MutableImageView& target, Point at, int amount,
@@ -70,12 +72,11 @@ struct ColorGradientKernel {
     bool anticlockwise;
 
     struct InRow {
-        const ColorGradientKernel& all;
-        float dy;
+        float atX, dy, strength;
 
         Pixels operator()(Pixels pixels, int x) const {
             const Channels c = Split(pixels);
-            const Floats dx = hn::Sub(Columns(x), All(static_cast<float>(all.at.x)));
+            const Floats dx = hn::Sub(Columns(x), All(atX));
             const Channels hue = PureColor(HueAround(dx, All(dy)));
             const Floats full = All(255.0f);
             const Floats y = Luma(c), hueLuma = hn::Mul(ThousandLuma(hue), All(0.001f));
@@ -85,12 +86,12 @@ struct ColorGradientKernel {
             const auto ramp = [&](Floats h) HWY_ATTR {
                 return hn::IfThenElse(dark, hn::Mul(h, up), hn::Sub(full, hn::Mul(hn::Sub(full, h), down)));
             };
-            return Join(Mix(c, {ramp(hue.blue), ramp(hue.green), ramp(hue.red)}, All(all.strength)), pixels);
+            return Join(Mix(c, {ramp(hue.blue), ramp(hue.green), ramp(hue.red)}, All(strength)), pixels);
         }
     };
     InRow Row(int y) const {
         const float dy = static_cast<float>(y) - static_cast<float>(at.y);
-        return {*this, anticlockwise ? -dy : dy};
+        return {static_cast<float>(at.x), anticlockwise ? -dy : dy, strength};
     }
 };
 
@@ -106,16 +107,17 @@ struct Saturation2Kernel {
     float change;  // S1 / 100
 
     struct InRow {
-        const Saturation2Kernel& all;
+        DistanceWeight weight;
+        float change;
         int y;
 
         Pixels operator()(Pixels pixels, int x) const {
             const Channels c = Split(pixels);
-            const Floats factor = hn::Add(hn::Mul(all.weight(x, y), All(all.change)), All(1.0f));
+            const Floats factor = hn::Add(hn::Mul(weight(x, y), All(change)), All(1.0f));
             return Join(Mix(Gray(Luma(c)), c, factor), pixels);
         }
     };
-    InRow Row(int y) const { return {*this, y}; }
+    InRow Row(int y) const { return {weight, change, y}; }
 };
 
 void Saturation2OnTarget(const ImageView& source, const MutableImageView& target, Point at, int amount,

@@ -124,6 +124,8 @@ struct ErodeKernel {
                     SmoothNoise(hn::Mul(Columns(x), All(frequency)), static_cast<float>(y) * frequency, 21, octave);
                 noise = hn::Add(noise, hn::Mul(hn::Sub(value, All(0.5f)), All(weight)));
             }
+            // Nothing is eaten beyond the depth, whatever the noise.
+            noise = hn::Max(noise, All(-0.5f));
             const Floats inward = hn::Add(all.distance(x, y), All(0.5f));
             const Floats threshold = hn::Sub(All(0.5f), hn::Mul(inward, All(1 / all.depth)));
             // The outline is soft over about a pixel.

@@ -60,18 +60,25 @@ HWY_INLINE Channels Split(Pixels pixels) {
             ToFloats(hn::And(hn::ShiftRight<16>(pixels), low))};
 }
 
-/// To the nearest whole number from 0 to 255, halves upward.
-HWY_INLINE Pixels ToByte(Floats value) {
-    const Floats clamped = hn::Min(hn::Max(value, hn::Zero(kFloats)), All(255.0f));
-    return hn::BitCast(kPixels, hn::ConvertTo(kInts, hn::Add(clamped, All(0.5f))));
-}
+/// Adding this to a number from 0 to 255 rounds it to the nearest whole number (a half to the even one), which then
+/// stands in the lowest bits: floats of that size have no bits behind the point. It takes one instruction where a
+/// conversion that is safe for any number takes five.
+constexpr float kRounder = 0x1p23f;
+HWY_INLINE Pixels RoundedBits(Floats value) { return hn::BitCast(kPixels, hn::Add(value, All(kRounder))); }
+
+HWY_INLINE Floats ClampByte(Floats value) { return hn::Min(hn::Max(value, hn::Zero(kFloats)), All(255.0f)); }
+
+/// To the nearest whole number from 0 to 255.
+HWY_INLINE Pixels ToByte(Floats value) { return hn::And(RoundedBits(ClampByte(value)), All(0xffu)); }
 
 HWY_INLINE Pixels KeepAlpha(Pixels color, Pixels alpha) { return hn::Or(color, hn::And(alpha, All(kAlphaMask))); }
 
 /// Pixels of these channels, rounded and clamped, with the alpha of `alpha`.
 HWY_INLINE Pixels Join(const Channels& channels, Pixels alpha) {
-    const Pixels greenBlue = hn::Or(hn::ShiftLeft<8>(ToByte(channels.green)), ToByte(channels.blue));
-    return KeepAlpha(hn::Or(hn::ShiftLeft<16>(ToByte(channels.red)), greenBlue), alpha);
+    const Pixels blue = RoundedBits(ClampByte(channels.blue));
+    const Pixels green = hn::ShiftLeft<8>(RoundedBits(ClampByte(channels.green)));
+    const Pixels red = hn::ShiftLeft<16>(RoundedBits(ClampByte(channels.red)));
+    return KeepAlpha(hn::AndNot(All(kAlphaMask), hn::Or(hn::Or(red, green), blue)), alpha);
 }
 
 /// The same byte (0 to 255 in each lane) in the three colour channels.
@@ -85,13 +92,16 @@ HWY_INLINE Floats ThousandLuma(const Channels& channels) {
                    hn::Mul(channels.blue, All(114.0f)));
 }
 
-/// Luma rounded to nearest, halves upward, exactly: half a unit beyond the rounding term keeps the float product away
-/// from the whole numbers.
+/// Luma rounded to nearest, halves upward, exactly: a quarter of a thousandth lifts the halves, and no other value
+/// comes closer to one than that.
+HWY_INLINE Floats LumaPlusRounder(const Channels& channels) {
+    return hn::Add(hn::Mul(hn::Add(ThousandLuma(channels), All(0.25f)), All(0.001f)), All(kRounder));
+}
+HWY_INLINE Floats Luma(const Channels& channels) { return hn::Sub(LumaPlusRounder(channels), All(kRounder)); }
 HWY_INLINE Ints LumaInts(const Channels& channels) {
-    return hn::ConvertTo(kInts, hn::Mul(hn::Add(ThousandLuma(channels), All(500.5f)), All(0.001f)));
+    return hn::And(hn::BitCast(kInts, LumaPlusRounder(channels)), All(0xff));
 }
 HWY_INLINE Ints LumaInts(Pixels pixels) { return LumaInts(Split(pixels)); }
-HWY_INLINE Floats Luma(const Channels& channels) { return hn::ConvertTo(kFloats, LumaInts(channels)); }
 
 HWY_INLINE Floats Clamp01(Floats t) { return hn::Min(hn::Max(t, hn::Zero(kFloats)), All(1.0f)); }
 
@@ -133,8 +143,13 @@ HWY_INLINE Pixels JoinShorts(const ShortChannels& channels, Pixels alpha) {
     return hn::Or(hn::AndNot(All(kAlphaMask), color), hn::And(alpha, All(kAlphaMask)));
 }
 
-/// The columns x, x + 1, ...
-HWY_INLINE Floats Columns(int x) { return hn::Iota(kFloats, static_cast<float>(x)); }
+/// The columns x, x + 1, ... from a table: the library's own Iota passes through the stack number by number.
+HWY_ALIGN inline constexpr std::uint32_t kSteps[16] = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15};
+static_assert(kLanes <= 16);
+HWY_INLINE Pixels ColumnNumbers(int x) {
+    return hn::Add(hn::Load(kPixels, kSteps), All(static_cast<std::uint32_t>(x)));
+}
+HWY_INLINE Floats Columns(int x) { return hn::Add(ToFloats(hn::Load(kPixels, kSteps)), All(static_cast<float>(x))); }
 
 }  // namespace kelu::engine::HWY_NAMESPACE
 HWY_AFTER_NAMESPACE();

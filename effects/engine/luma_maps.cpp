@@ -68,28 +68,33 @@ void BlackWhiteOnTarget(const ImageView& source, const MutableImageView& target,
 // C · Y / Yc up to the colour's own luma Yc, from there C + (255 - C) (Y - Yc) / (255 - Yc). Black stays black even
 // where the colour's luma is 0, white stays white where it is 255.
 struct ColorizeKernel {
-    Color color;
-    float colorLuma;
+    struct Channel {
+        Channel(int level, int colorLuma)
+            : up(colorLuma > 0 ? static_cast<float>(level) / static_cast<float>(colorLuma) : 0),
+              down(colorLuma < 255 ? static_cast<float>(255 - level) / static_cast<float>(255 - colorLuma) : 0) {}
 
-    Floats Ramp(Floats y, int channel) const {
-        const float c = static_cast<float>(channel);
-        const float up = colorLuma > 0 ? c / colorLuma : 0;
-        const float down = colorLuma < 255 ? (255 - c) / (255 - colorLuma) : 0;
-        const Floats darker = hn::Mul(y, All(up));
-        const Floats brighter = hn::Sub(All(255.0f), hn::Mul(hn::Sub(All(255.0f), y), All(down)));
-        return hn::IfThenElse(hn::Le(y, All(colorLuma)), darker, brighter);
-    }
+        float up, down;  // levels for each level of luma, below and above the colour's
+    };
+    float colorLuma;
+    Channel red, green, blue;
 
     Pixels operator()(Pixels pixels) const {
-        const Floats y = Luma(Split(pixels));
-        return Join({Ramp(y, color.blue), Ramp(y, color.green), Ramp(y, color.red)}, pixels);
+        const Floats y = Luma(Split(pixels)), fromWhite = hn::Sub(All(255.0f), y);
+        const auto dark = hn::Le(y, All(colorLuma));
+        const auto ramp = [&](const Channel& channel) HWY_ATTR {
+            return hn::IfThenElse(dark, hn::Mul(y, All(channel.up)),
+                                  hn::Sub(All(255.0f), hn::Mul(fromWhite, All(channel.down))));
+        };
+        return Join({ramp(blue), ramp(green), ramp(red)}, pixels);
     }
 };
 
 void ColorizeOnTarget(const ImageView& source, const MutableImageView& target, Color color, const Run& run) {
     const Color c = Sensible(color);
     const int luma = (299 * c.red + 587 * c.green + 114 * c.blue + 500) / 1000;
-    RenderPoints(ColorizeKernel{c, static_cast<float>(luma)}, source, target, run);
+    const auto channel = [=](int level) { return ColorizeKernel::Channel(level, luma); };
+    const ColorizeKernel kernel{static_cast<float>(luma), channel(c.red), channel(c.green), channel(c.blue)};
+    RenderPoints(kernel, source, target, run);
 }
 
 // C1 + (C2 - C1) · Y / 255

@@ -1,6 +1,7 @@
 // The effects that look at luma: 1 Grayscale, 2 Sepia, 3 Black & White, 17 Colorize, 18 False Color, which are
 // functions of luma alone, and 36 Saturation 1. Alpha stays as it is. Luma is that of Rec. 601, rounded to nearest.
-// Source and target have the same size and do not overlap. SPDX-License-Identifier: MIT
+// Source and target have the same size and do not overlap.
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include "effects/engine/image_view.h"

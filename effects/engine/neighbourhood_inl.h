@@ -40,8 +40,8 @@ HWY_INLINE Pixels CallKernel(const Kernel& kernel, const Neighbourhood& around, 
 
 /// The kLanes pixels from column `x`, where the picture's edge or its end is near.
 template <class Kernel>
-HWY_NOINLINE void NeighbourhoodAtEdge(const Kernel& kernel, const ImageView& source, std::uint32_t* target, int x,
-                                      int y) {
+HWY_NOINLINE HWY_FLATTEN void NeighbourhoodAtEdge(const Kernel& kernel, const ImageView& source, std::uint32_t* target,
+                                                  int x, int y) {
     std::uint32_t rows[3][kLanes + 2], result[kLanes];
     for (int row = 0; row < 3; ++row) CopyRowRepeatingEdge(source, y + row - 1, x - 1, x + kLanes + 1, rows[row]);
     hn::StoreU(CallKernel(kernel, Neighbourhood(rows[0] + 1, rows[1] + 1, rows[2] + 1), x), kPixels, result);
@@ -49,7 +49,9 @@ HWY_NOINLINE void NeighbourhoodAtEdge(const Kernel& kernel, const ImageView& sou
 }
 
 template <class Kernel>
-HWY_NOINLINE void NeighbourhoodRow(const Kernel& kernel, const ImageView& source, std::uint32_t* target, int y) {
+HWY_NOINLINE HWY_FLATTEN void NeighbourhoodRow(const Kernel& given, const ImageView& source, std::uint32_t* target,
+                                               int y) {
+    const Kernel kernel = given;  // a copy that the stores below cannot be suspected to change
     const std::uint32_t* above = source.Row(RepeatEdge(y - 1, source.height));
     const std::uint32_t* here = source.Row(y);
     const std::uint32_t* below = source.Row(RepeatEdge(y + 1, source.height));

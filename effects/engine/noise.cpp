@@ -22,28 +22,39 @@ HWY_INLINE Floats Gaussian(Pixels random) {
     return hn::Mul(s, hn::Add(All(6.4210406e-3f), hn::Mul(hn::Mul(s, s), All(5.7739543e-9f))));
 }
 
+// Another random word from a well-mixed one: one round where a fresh hash takes two.
+HWY_INLINE Pixels Another(Pixels random) {
+    const Pixels product = hn::Mul(hn::Xor(random, hn::ShiftRight<15>(random)), All(0x2c1b3c6du));
+    return hn::Xor(product, hn::ShiftRight<12>(product));
+}
+
 template <bool kColored>
 struct NoiseKernel {
     float deviation;
 
     struct InRow {
         float deviation;
-        RandomRow red, green, blue;
+        RandomRow random;
 
-        HWY_INLINE Floats Change(const RandomRow& random, int x) const {
-            return hn::Mul(Gaussian(RandomAt(random, x)), All(deviation));
-        }
+        HWY_INLINE Floats Change(Pixels bits) const { return hn::Mul(Gaussian(bits), All(deviation)); }
 
         Pixels operator()(Pixels pixels, int x) const {
             Channels c = Split(pixels);
-            const Floats first = Change(red, x);
-            c.red = hn::Add(c.red, first);
-            c.green = hn::Add(c.green, kColored ? Change(green, x) : first);
-            c.blue = hn::Add(c.blue, kColored ? Change(blue, x) : first);
+            const Pixels first = RandomAt(random, x);
+            const Floats change = Change(first);
+            c.red = hn::Add(c.red, change);
+            if constexpr (kColored) {
+                const Pixels second = Another(first);
+                c.green = hn::Add(c.green, Change(second));
+                c.blue = hn::Add(c.blue, Change(Another(second)));
+            } else {
+                c.green = hn::Add(c.green, change);
+                c.blue = hn::Add(c.blue, change);
+            }
             return Join(c, pixels);
         }
     };
-    InRow Row(int y) const { return {deviation, RandomRow(y, 5, 0), RandomRow(y, 5, 1), RandomRow(y, 5, 2)}; }
+    InRow Row(int y) const { return {deviation, RandomRow(y, 5, 0)}; }
 };
 
 void NoiseOnTarget(const ImageView& source, const MutableImageView& target, int strength, bool colored,

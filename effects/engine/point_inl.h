@@ -27,8 +27,9 @@ HWY_INLINE Pixels CallKernel(const Kernel& kernel, Pixels pixels, [[maybe_unused
 
 /// The pixels [begin, end) of a row. The last vector overlaps the one before it rather than being cut.
 template <class Kernel>
-HWY_NOINLINE void PointSpan(const Kernel& kernel, const std::uint32_t* source, std::uint32_t* target, int begin,
-                            int end) {
+HWY_NOINLINE HWY_FLATTEN void PointSpan(const Kernel& given, const std::uint32_t* source, std::uint32_t* target,
+                                        int begin, int end) {
+    const Kernel kernel = given;  // a copy that the stores below cannot be suspected to change
     int x = begin;
     for (; x + kLanes <= end; x += kLanes)
         hn::StoreU(CallKernel(kernel, hn::LoadU(kPixels, source + x), x), kPixels, target + x);

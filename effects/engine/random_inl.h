@@ -25,9 +25,7 @@ HWY_INLINE Pixels RandomAt(const RandomRow& row, Pixels x) {
 }
 
 /// For the columns x, x + 1, ...
-HWY_INLINE Pixels RandomAt(const RandomRow& row, int x) {
-    return RandomAt(row, hn::Iota(kPixels, static_cast<std::uint32_t>(x)));
-}
+HWY_INLINE Pixels RandomAt(const RandomRow& row, int x) { return RandomAt(row, ColumnNumbers(x)); }
 
 /// At least 0 and below 1.
 HWY_INLINE Floats Unit(Pixels random) { return hn::Mul(ToFloats(hn::ShiftRight<8>(random)), All(0x1p-24f)); }

@@ -65,8 +65,7 @@ EffectRow ErodeRow(int depth, Color color) {
                     noise += 1.6 * (value - 0.5) * (16 >> octave) / 31;
                 }
                 const double distance = EdgeDistance(source, x, y) + 0.5;
-                if (distance > depth) return Covered(source.At(x, y), color, 0);
-                const double cover = (1 - distance / depth - noise) * depth / 2;
+                const double cover = (1 - distance / depth - std::max(noise, 0.0)) * depth / 2;
                 return Covered(source.At(x, y), color, std::clamp(cover, 0.0, 1.0));
             }),
             1};
