@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/about_message.h"
 
+#include "output/product.h"
+
 #include <QStringList>
 
 namespace kelu {
@@ -15,7 +17,7 @@ QString Heading() {
                        QStringLiteral("Version " KELU_VERSION " - (Build " KELU_BUILD ")"),
                        QStringLiteral("Copyright \u00A9 2026 Tarvane Design. Free under the MIT licence."),
                        QString(),
-                       QStringLiteral("https://tarvane.example/kelu"),
+                       QString::fromLatin1(kProductPage),
                        QString(),
                        QStringLiteral("Written by the people of Tarvane Design")}
         .join(kLineEnd);

@@ -23,8 +23,9 @@ using Bytes = std::vector<std::uint8_t>;
 constexpr int kBandBytes = 1 << 19;      // of filtered rows
 constexpr int kDictionaryBytes = 32768;  // as far as deflate looks back
 constexpr int kBandsUnderway = 8;
-// Measured on photographs: within a few percent of the best level in a third of its time.
-constexpr int kLevel = 4;
+// Measured on three photographs: 9 to 11 % larger than full compression; level 4 takes nearly twice the time, level 1
+// is up to 18 % larger.
+constexpr int kLevel = 3;
 
 enum ColorType { kGrey = 0, kRgb = 2, kRgba = 6 };
 

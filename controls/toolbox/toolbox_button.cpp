@@ -61,11 +61,12 @@ void ToolboxButton::PaintPictureLook(QPainter& painter) {
         painter.fillPath(outline, theme::kSunken);
     } else {
         // The picture as a brush keeps its rounded corners smooth, which a clip would not.
-        const QSizeF size = picture.deviceIndependentSize();
+        // Counted in its own pixels, since not every painter regards the ratio of a brush's picture.
+        QPixmap texture = picture;
+        texture.setDevicePixelRatio(1);
         QTransform fit;
-        fit.scale(width() / size.width() / picture.devicePixelRatio(),
-                  height() / size.height() / picture.devicePixelRatio());
-        QBrush brush(picture);
+        fit.scale(static_cast<qreal>(width()) / texture.width(), static_cast<qreal>(height()) / texture.height());
+        QBrush brush(texture);
         brush.setTransform(fit);
         painter.fillPath(outline, brush);
     }
