@@ -7,6 +7,8 @@
 #include <QListView>
 #include <QScrollBar>
 #include <QTreeView>
+#include <algorithm>
+#include <ranges>
 
 #include "dialogs/browse/thumbnail_delegate.h"
 
@@ -142,9 +144,13 @@ void FileViewer::WishVisible() {
     QModelIndexList inView;
     QModelIndexList near;
     const QRect wider = view.adjusted(0, -view.height() / 2, 0, view.height());
-    for (int row = 0; row < model_.rowCount(); ++row) {
-        const QModelIndex index = model_.index(row, 0);
-        const QRect place = list_->visualRect(index);
+    const auto placeOf = [this](int row) { return list_->visualRect(model_.index(row, 0)); };
+    // The rows lie in reading order, so the first one near is found by halving.
+    const auto rows = std::views::iota(0, model_.rowCount());
+    const auto first = std::ranges::partition_point(rows, [&](int row) { return placeOf(row).bottom() < wider.top(); });
+    for (auto at = first; at != rows.end(); ++at) {
+        const QModelIndex index = model_.index(*at, 0);
+        const QRect place = placeOf(*at);
         if (place.intersects(view))
             inView += index;
         else if (place.intersects(wider))

@@ -31,7 +31,7 @@ void FolderModel::SetFolder(const QString& path) {
     folder_ = path;
     thumbnails_.clear();
     loader_.Wish({});
-    entries_ = Read();
+    Take(Read());
     endResetModel();
     Watch();
 }
@@ -49,7 +49,7 @@ void FolderModel::Refresh() {
     const QModelIndexList before = persistentIndexList();
     QStringList paths;
     for (const QModelIndex& index : before) paths += entries_[static_cast<std::size_t>(index.row())].path;
-    entries_ = std::move(now);
+    Take(std::move(now));
     for (qsizetype i = 0; i < before.size(); ++i) {
         const QModelIndex row = RowOf(paths[i]);
         changePersistentIndex(before[i], row.isValid() ? row.siblingAtColumn(before[i].column()) : QModelIndex());
@@ -60,6 +60,13 @@ void FolderModel::Refresh() {
 void FolderModel::Watch() {
     if (const QStringList watched = watcher_.directories(); !watched.isEmpty()) watcher_.removePaths(watched);
     if (!folder_.isEmpty() && QFileInfo(folder_).isDir()) watcher_.addPath(folder_);
+}
+
+void FolderModel::Take(std::vector<Entry> entries) {
+    entries_ = std::move(entries);
+    rows_.clear();
+    rows_.reserve(static_cast<qsizetype>(entries_.size()));
+    for (std::size_t row = 0; row < entries_.size(); ++row) rows_.insert(entries_[row].path, static_cast<int>(row));
 }
 
 std::vector<FolderModel::Entry> FolderModel::Read() const {
@@ -147,9 +154,8 @@ void FolderModel::OnThumbnail(const QString& path, const QImage& image) {
 }
 
 QModelIndex FolderModel::RowOf(const QString& path) const {
-    for (std::size_t row = 0; row < entries_.size(); ++row)
-        if (entries_[row].path == path) return index(static_cast<int>(row), 0);
-    return {};
+    const auto row = rows_.constFind(path);
+    return row == rows_.cend() ? QModelIndex() : index(*row, 0);
 }
 
 int FolderModel::rowCount(const QModelIndex& parent) const {

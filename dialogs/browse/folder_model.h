@@ -6,6 +6,7 @@
 #include <QAbstractTableModel>
 #include <QDateTime>
 #include <QFileSystemWatcher>
+#include <QHash>
 #include <QImage>
 #include <QPixmap>
 #include <QTimer>
@@ -63,6 +64,7 @@ class FolderModel : public QAbstractTableModel {
     };
 
     std::vector<Entry> Read() const;
+    void Take(std::vector<Entry> entries);
     std::vector<Entry> ReadComputer() const;
     void Sort(std::vector<Entry>& entries) const;
     void Watch();
@@ -72,6 +74,7 @@ class FolderModel : public QAbstractTableModel {
     QString folder_;
     QStringList patterns_;
     std::vector<Entry> entries_;
+    QHash<QString, int> rows_;                 // by path
     std::map<QString, Thumbnail> thumbnails_;  // by path, for the present folder
     QStringList titles_{"Name", "Size", "Type", "Date"};
     int sortColumn_ = kName;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "dialogs/options/frm_options.h"
 
+#include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QEvent>
@@ -67,9 +68,7 @@ QCheckBox* Box(const char* name, const char* text) {
     return box;
 }
 
-ToolButton* Icon(const char* name, const char* icon) {
-    return Named(new ToolButton(QString::fromLatin1(icon)), name);
-}
+ToolButton* Icon(const char* name, const char* icon) { return Named(new ToolButton(QString::fromLatin1(icon)), name); }
 
 /// 1 to 3 for the texts "1" to "3", else 0.
 int Choice(const QString& text) { return text == u"1" ? 1 : text == u"2" ? 2 : text == u"3" ? 3 : 0; }
@@ -97,7 +96,8 @@ frmOptions::frmOptions(Settings& settings, SharedState& state, MsgDialog& dialog
       chkMask(Box("chkMask", "Mask Password")),
       optCursor{Option("optCursor1", kCursorTexts[0]), Option("optCursor2", kCursorTexts[1]),
                 Option("optCursor3", kCursorTexts[2])},
-      picCursor{Icon("picBrush", kCursorIcons[0]), Icon("picSmudge", kCursorIcons[1]), Icon("picCross", kCursorIcons[2])},
+      picCursor{Icon("picBrush", kCursorIcons[0]), Icon("picSmudge", kCursorIcons[1]),
+                Icon("picCross", kCursorIcons[2])},
       chkReminder(Box("chkReminder", "Show Reminders")),
       chkResize(Box("chkResize", "Resize very large images (Recommended)")),
       cboDevices(Named(new QComboBox, "cboDevices")),
@@ -116,8 +116,8 @@ frmOptions::frmOptions(Settings& settings, SharedState& state, MsgDialog& dialog
     optEmail[0]->setChecked(true);
     optCursor[0]->setChecked(true);
     txtPassword->setEchoMode(QLineEdit::Password);
-    for (QWidget* widget : {static_cast<QWidget*>(txtUserName), static_cast<QWidget*>(txtPassword),
-                            static_cast<QWidget*>(chkMask)})
+    for (QWidget* widget :
+         {static_cast<QWidget*>(txtUserName), static_cast<QWidget*>(txtPassword), static_cast<QWidget*>(chkMask)})
         widget->setEnabled(false);
     LayOut();
     Connect();
@@ -130,12 +130,14 @@ void frmOptions::LayOut() {
 
     auto* menu = new QVBoxLayout;
     menu->setSpacing(theme::kSpacing / 2);
+    // A group of their own: auto-exclusive buttons would be one with the options on the pages.
+    auto* strip = new QButtonGroup(this);
     for (std::size_t i = 0; i < pnlMenu.size(); ++i) {
         pnlMenu[i]->SetCaption(QString::fromLatin1(kPageTexts[i].caption));
         pnlMenu[i]->setAccessibleName(QString::fromLatin1(kPageTexts[i].caption));
         pnlMenu[i]->SetAlignment(ToolButton::Alignment::Left);
         pnlMenu[i]->setCheckable(true);
-        pnlMenu[i]->setAutoExclusive(true);
+        strip->addButton(pnlMenu[i]);
         pnlMenu[i]->setFixedSize(kMenuWidth, kMenuButtonHeight);
         menu->addWidget(pnlMenu[i]);
     }
@@ -234,9 +236,8 @@ void frmOptions::Connect() {
         connect(optCursor[at], &QRadioButton::clicked, this, [this, i] { ChooseCursor(i + 1); });
         connect(picCursor[at], &ToolButton::clicked, this, [this, i] { ChooseCursor(i + 1); });
     }
-    connect(chkMask, &QCheckBox::toggled, this, [this](bool masked) {
-        txtPassword->setEchoMode(masked ? QLineEdit::Password : QLineEdit::Normal);
-    });
+    connect(chkMask, &QCheckBox::toggled, this,
+            [this](bool masked) { txtPassword->setEchoMode(masked ? QLineEdit::Password : QLineEdit::Normal); });
     txtUserName->installEventFilter(this);
     txtPassword->installEventFilter(this);
     connect(cmdOK, &QPushButton::clicked, this, [this] {
@@ -271,8 +272,8 @@ void frmOptions::ShowPage(int page) {
 void frmOptions::ChooseEmail(int method) {
     txtEmail_ = QString::number(method);
     optEmail[static_cast<std::size_t>(method - 1)]->setChecked(true);
-    for (QWidget* widget : {static_cast<QWidget*>(txtUserName), static_cast<QWidget*>(txtPassword),
-                            static_cast<QWidget*>(chkMask)})
+    for (QWidget* widget :
+         {static_cast<QWidget*>(txtUserName), static_cast<QWidget*>(txtPassword), static_cast<QWidget*>(chkMask)})
         widget->setEnabled(method == 3);
 }
 
@@ -332,7 +333,9 @@ void frmOptions::Connect2Camera() {
 
 void frmOptions::SaveMySettings() {
     RunShowingErrors(dialog_, [this] {
-        const auto flag = [](const QCheckBox* box) { return box->isChecked() ? QStringLiteral("1") : QStringLiteral("0"); };
+        const auto flag = [](const QCheckBox* box) {
+            return box->isChecked() ? QStringLiteral("1") : QStringLiteral("0");
+        };
         settings_.Write(settings::kReminder, flag(chkReminder));
         settings_.Write(settings::kMailMethod, txtEmail_);
         settings_.Write(settings::kAccountUser, txtUserName->text());

@@ -56,6 +56,8 @@ TEST_F(OptionsTest, EverySettingIsWrittenOnOkAndReadBack) {
         EXPECT_EQ(connected, std::vector<int>{0});
         QTest::mouseClick(form->pnlMenu[1], Qt::LeftButton);
         EXPECT_EQ(form->pages->currentIndex(), 1);
+        EXPECT_FALSE(form->pnlMenu[0]->isChecked()) << "one page is chosen at a time";
+        EXPECT_TRUE(form->optEmail[0]->isChecked()) << "and no option is lost by that";
         form->picCursor[2]->click();
         EXPECT_TRUE(form->optCursor[2]->isChecked());
         form->optEmail[2]->click();
