@@ -32,6 +32,8 @@ bool ChecksumHolds(QIODevice& device, const QByteArray& name, qint64 length) {
     return BigEndian(device.read(4), 0, 4) == static_cast<quint32>(sum);
 }
 
+bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+
 struct PngFacts {
     int orientation = 1;
     bool hasProfile = false;
@@ -42,6 +44,7 @@ PngFacts ReadPngFacts(QIODevice& device) {
     constexpr qint64 kSignature = 8;
     constexpr qint64 kFrame = 12;  // length, name and checksum around the data
     PngFacts facts;
+    bool hasPixels = false;
     for (qint64 at = kSignature;;) {
         if (!device.seek(at)) break;
         const QByteArray head = device.read(8);
@@ -49,13 +52,21 @@ PngFacts ReadPngFacts(QIODevice& device) {
         const qint64 length = BigEndian(head, 0, 4);
         if (at + kFrame + length > device.size()) ThrowCutShort();
         const QByteArray name = head.mid(4);
+        if (!std::all_of(name.begin(), name.end(), IsLetter)) ThrowDamaged();
         const bool critical = name[0] < 'a';
         if (critical && !ChecksumHolds(device, name, length)) ThrowDamaged();
         if (name == "IEND") break;
+        if (name == "IHDR") {
+            device.seek(at + 8);
+            const QByteArray sides = device.read(8);
+            CheckPictureSize(BigEndian(sides, 0, 4), BigEndian(sides, 4, 4));
+        }
+        if (name == "IDAT") hasPixels = true;
         if (name == "eXIf") facts.orientation = ReadExif(device.read(length)).orientation;
         if (name == "iCCP") facts.hasProfile = true;
         at += kFrame + length;
     }
+    if (!hasPixels) ThrowDamaged();
     device.seek(0);
     return facts;
 }

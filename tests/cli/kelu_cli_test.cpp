@@ -101,6 +101,8 @@ TEST_F(KeluCli, EachFaultGivesOneLineAndLeavesTheTarget) {
     // A PNG header that claims 60000 x 60000 pixels; the checksum is right, the data are missing.
     Write(Path("huge.png"), QByteArray::fromHex("89504e470d0a1a0a0000000d494844520000ea600000ea6008020000000fb0e215"
                                                 "0000000049454e44ae426082"));
+    Write(Path("unnamed.png"), QByteArray::fromHex("89504e470d0a1a0a0000000d4948445200000001000000010802000000907753de"
+                                                   "00000000610000000000000000000000000049454e44ae426082"));
     Write(Path("target.png"), "the old picture");
 
     struct Row {
@@ -112,6 +114,7 @@ TEST_F(KeluCli, EachFaultGivesOneLineAndLeavesTheTarget) {
         {"cut short", Path("cut.jpg"), Path("target.png")},
         {"empty", Path("empty.jpg"), Path("target.png")},
         {"claims 60000 x 60000", Path("huge.png"), Path("target.png")},
+        {"a chunk with no name", Path("unnamed.png"), Path("target.png")},
         {"a folder as source", Path("x.png"), Path("target.png")},
         {"missing", Path("none.jpg"), Path("target.png")},
         {"a folder as target", Photo(), Path("x.png")},
@@ -121,11 +124,8 @@ TEST_F(KeluCli, EachFaultGivesOneLineAndLeavesTheTarget) {
     for (const Row& row : rows) {
         const Result result = Run({"apply", "negative", row.in, row.out});
         EXPECT_EQ(result.status, 1) << row.what;
-        // Qt lets libpng write a line of its own about a damaged file.
-        const QByteArray said =
-            result.err.startsWith("libpng error: ") ? result.err.mid(result.err.indexOf('\n') + 1) : result.err;
-        EXPECT_EQ(said.count('\n'), 1) << row.what << ": " << result.err.constData();
-        EXPECT_TRUE(said.startsWith("kelu-cli: ")) << row.what << ": " << result.err.constData();
+        EXPECT_EQ(result.err.count('\n'), 1) << row.what << ": " << result.err.constData();
+        EXPECT_TRUE(result.err.startsWith("kelu-cli: ")) << row.what << ": " << result.err.constData();
         EXPECT_EQ(Bytes(Path("target.png")), "the old picture") << row.what;
         EXPECT_EQ(Files(), files) << row.what;
     }
@@ -173,6 +173,35 @@ TEST_F(KeluCli, RefusesWrongWords) {
         EXPECT_FALSE(result.err.isEmpty());
     }
     EXPECT_FALSE(QFile::exists(out));
+}
+
+TEST_F(KeluCli, CarriesSettingsFromOneStoreToAnother) {
+    Write(Path("in.reg"),
+          "REGEDIT4\r\n\r\n[HKEY_CURRENT_USER\\Software\\Tarvane\\Kelu]\r\n\"Size\"=\"42\"\r\n\"Count\"=dword:"
+          "0000002a\r\n\r\n"
+          "[HKEY_CURRENT_USER\\Software\\Tarvane\\Kelu\\Deep]\r\n@=\"two words\"\r\n");
+    const QString key = "HKEY_CURRENT_USER\\Software\\Tarvane\\Kelu";
+    const QStringList one{"--store", Path("one.txt")}, two{"--store", Path("two.txt")};
+    ASSERT_EQ(Run(QStringList{"registry", "import", Path("in.reg")} + one).status, 0);
+
+    const Result shown = Run(QStringList{"registry", "show", key, "--json"} + one);
+    ASSERT_EQ(shown.status, 0) << shown.err.constData();
+    const QJsonObject keys = QJsonDocument::fromJson(shown.out).object();
+    EXPECT_EQ(keys[key]["Size"], (QJsonObject{{"type", 1}, {"value", "42"}}));
+    EXPECT_EQ(keys[key]["Count"], (QJsonObject{{"type", 4}, {"value", 42}}));
+    EXPECT_EQ(keys[key + "\\Deep"][""]["value"], "two words");
+
+    ASSERT_EQ(Run(QStringList{"registry", "export", key, Path("out.reg"), "--subkeys"} + one).status, 0);
+    ASSERT_EQ(Run(QStringList{"registry", "import", Path("out.reg")} + two).status, 0);
+    EXPECT_EQ(Run(QStringList{"registry", "show", "--json"} + two).out,
+              Run(QStringList{"registry", "show", "--json"} + one).out);
+
+    const QByteArray before = Bytes(Path("two.txt"));
+    EXPECT_EQ(Run(QStringList{"registry", "export", key, Path("out.reg")} + one).status, 1) << "the file is there";
+    EXPECT_EQ(Run(QStringList{"registry", "export", key + "\\None", Path("none.reg")} + one).status, 1);
+    EXPECT_EQ(Run(QStringList{"registry", "import", Path("no.reg")} + two).status, 1);
+    EXPECT_EQ(Run({"registry", "forget"}).status, 2);
+    EXPECT_EQ(Bytes(Path("two.txt")), before);
 }
 
 TEST_F(KeluCli, ConvertsAndMeasures) {
