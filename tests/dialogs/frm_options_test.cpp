@@ -1,4 +1,5 @@
-// The settings dialog: every setting read, changed, written and read back; what Cancel leaves; unknown values; cameras.
+// The settings dialog: every setting changed by mouse and keys and read by the next start; Cancel; unknown values;
+// cameras.
 // SPDX-License-Identifier: MIT
 #include "dialogs/options/frm_options.h"
 
@@ -10,16 +11,32 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QStackedWidget>
+#include <QTemporaryDir>
 #include <QtTest>
 
 #include "controls/tool_button/tool_button.h"
 #include "output/password_scrambling.h"
 #include "platform/error.h"
+#include "platform/registry_access.h"
+#include "platform/registry_file.h"
 #include "tests/support/memory_settings.h"
 #include "tests/support/scripted_dialog.h"
 
 namespace kelu {
 namespace {
+
+// The program's settings as one start of it sees them: read from the file anew.
+class Start {
+ public:
+    explicit Start(const QString& path) : store_(path), registry_(store_), settings(registry_) {}
+
+ private:
+    RegistryFile store_;
+    clsRegistryAccess registry_;
+
+ public:
+    Settings settings;
+};
 
 struct OptionsTest : testing::Test {
     MemorySettings settings;
@@ -30,9 +47,10 @@ struct OptionsTest : testing::Test {
     std::vector<int> connected;
     QStringList calls;
 
-    std::unique_ptr<frmOptions> Dialog() {
+    std::unique_ptr<frmOptions> Dialog() { return Dialog(settings); }
+    std::unique_ptr<frmOptions> Dialog(Settings& read) {
         auto form = std::make_unique<frmOptions>(
-            settings, state, dialog,
+            read, state, dialog,
             frmOptions::Surroundings{[this] { return cameras; },
                                      [this](int device) {
                                          connected.push_back(device);
@@ -45,61 +63,96 @@ struct OptionsTest : testing::Test {
     }
 };
 
-TEST_F(OptionsTest, EverySettingIsWrittenOnOkAndReadBack) {
+void Click(QWidget* widget) { QTest::mouseClick(widget, Qt::LeftButton, {}, QPoint(10, widget->height() / 2)); }
+
+void Press(QWidget* widget, Qt::Key key) {
+    widget->setFocus();
+    QTest::keyClick(widget, key);
+}
+
+void Type(QLineEdit* field, const char* text) {
+    field->setFocus();
+    field->selectAll();
+    QTest::keyClicks(field, text);
+}
+
+TEST_F(OptionsTest, WhatMouseAndKeysSetIsThereAtTheNextStart) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("settings.txt");
     {
-        const auto form = Dialog();
+        Start first(path);
+        const auto form = Dialog(first.settings);
         EXPECT_TRUE(form->chkReminder->isChecked());
         EXPECT_TRUE(form->chkResize->isChecked());
         EXPECT_TRUE(form->chkSFXSelector->isChecked());
         EXPECT_FALSE(form->txtPassword->isEnabled());
         EXPECT_EQ(form->cboCaptureSize->currentText(), "640 x 480");
         EXPECT_EQ(connected, std::vector<int>{0});
-        QTest::mouseClick(form->pnlMenu[1], Qt::LeftButton);
+        Click(form->optEmail[2]);
+        EXPECT_TRUE(form->txtPassword->isEnabled());
+        Type(form->txtUserName, "ann");
+        Type(form->txtPassword, "s3cret!");
+        Click(form->pnlMenu[1]);
         EXPECT_EQ(form->pages->currentIndex(), 1);
         EXPECT_FALSE(form->pnlMenu[0]->isChecked()) << "one page is chosen at a time";
-        EXPECT_TRUE(form->optEmail[0]->isChecked()) << "and no option is lost by that";
-        form->picCursor[2]->click();
+        EXPECT_TRUE(form->optEmail[2]->isChecked()) << "and no option is lost by that";
+        Click(form->picCursor[2]);
         EXPECT_TRUE(form->optCursor[2]->isChecked());
-        form->optEmail[2]->click();
-        EXPECT_TRUE(form->txtPassword->isEnabled());
-        form->txtUserName->setText("ann");
-        form->txtPassword->setText("s3cret!");
-        form->chkReminder->click();
-        form->chkResize->click();
-        form->chkSFXSelector->click();
-        form->cboDevices->setCurrentIndex(1);
-        form->cboCaptureSize->setCurrentIndex(0);
-        form->cmdOK->click();
+        Click(form->pnlMenu[2]);
+        Press(form->chkReminder, Qt::Key_Space);
+        Press(form->pnlMenu[3], Qt::Key_Space);
+        Click(form->chkResize);
+        Click(form->pnlMenu[4]);
+        Press(form->cboDevices, Qt::Key_Down);
+        Press(form->cboCaptureSize, Qt::Key_Home);
+        Click(form->pnlMenu[5]);
+        Press(form->chkSFXSelector, Qt::Key_Space);
+        Click(form->cmdOK);
         EXPECT_EQ(form->result(), QDialog::Accepted);
     }
-    EXPECT_EQ(settings.Read(settings::kReminder), "0");
-    EXPECT_EQ(settings.Read(settings::kMailMethod), "3");
-    EXPECT_EQ(settings.Read(settings::kSelector), "0");
-    EXPECT_EQ(settings.Read(settings::kResize), "0");
-    EXPECT_EQ(settings.Read(settings::kCursorStyle), "3");
-    EXPECT_EQ(settings.Read(settings::kDevice), "1");
-    EXPECT_EQ(settings.Read(settings::kCaptureSize), "0");
-    EXPECT_EQ(settings.Read(settings::kAccountPassword), ScramblePassword("s3cret!"));
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_FALSE(file.readAll().contains("s3cret!")) << "no password in the open";
 
-    const auto form = Dialog();
+    Start second(path);
+    EXPECT_EQ(second.settings.Read(settings::kReminder), "0");
+    EXPECT_EQ(second.settings.Read(settings::kMailMethod), "3");
+    EXPECT_EQ(second.settings.Read(settings::kSelector), "0");
+    EXPECT_EQ(second.settings.Read(settings::kResize), "0");
+    EXPECT_EQ(second.settings.Read(settings::kCursorStyle), "3");
+    EXPECT_EQ(second.settings.Read(settings::kDevice), "1");
+    EXPECT_EQ(second.settings.Read(settings::kCaptureSize), "0");
+    EXPECT_EQ(second.settings.Read(settings::kAccountPassword), ScramblePassword("s3cret!"));
+
+    const auto form = Dialog(second.settings);
     EXPECT_TRUE(form->optEmail[2]->isChecked());
     EXPECT_TRUE(form->txtUserName->isEnabled()) << "at once, with the account way chosen";
     EXPECT_EQ(form->txtUserName->text(), "ann");
     EXPECT_EQ(form->txtPassword->text(), "s3cret!");
     EXPECT_TRUE(form->optCursor[2]->isChecked());
     EXPECT_FALSE(form->chkReminder->isChecked());
+    EXPECT_FALSE(form->chkResize->isChecked());
     EXPECT_FALSE(form->chkSFXSelector->isChecked());
     EXPECT_EQ(form->cboDevices->currentIndex(), 1);
     EXPECT_EQ(form->cboCaptureSize->currentIndex(), 0);
 }
 
-TEST_F(OptionsTest, CancelWritesNothing) {
-    const auto form = Dialog();
-    form->chkReminder->click();
-    form->optCursor[1]->click();
-    form->cmdCancel->click();
-    EXPECT_EQ(settings.Read(settings::kReminder, "unset"), "unset");
-    EXPECT_EQ(settings.Read(settings::kCursorStyle, "unset"), "unset");
+TEST_F(OptionsTest, CancelAndEscapeWriteNothing) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("settings.txt");
+    for (const bool byKey : {false, true}) {
+        Start start(path);
+        const auto form = Dialog(start.settings);
+        Click(form->optEmail[1]);
+        Press(form->pnlMenu[2], Qt::Key_Space);
+        Click(form->chkReminder);
+        if (byKey)
+            QTest::keyClick(form.get(), Qt::Key_Escape);
+        else
+            Click(form->cmdCancel);
+        EXPECT_FALSE(form->isVisible());
+        EXPECT_FALSE(QFile::exists(path));
+    }
 }
 
 TEST_F(OptionsTest, UnknownValuesSurvive) {
