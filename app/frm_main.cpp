@@ -244,10 +244,10 @@ void frmMain::keyReleaseEvent(QKeyEvent* event) {
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {
-    if (unloading_) return;
-    // The window system's own close request, Alt+F4 among its causes: ask as the close button does.
-    event->ignore();
-    if (renderWindow_.FormEnabled()) startUp_.ExitApp();
+    // The window system's own close request, Alt+F4 among its causes: ask as the close button does. A close() made
+    // while this event is under way does nothing by itself, so the event carries the answer.
+    if (!unloading_ && renderWindow_.FormEnabled()) startUp_.ExitApp();
+    event->setAccepted(unloading_);
 }
 
 void frmMain::PlaceCompassInPager() {
