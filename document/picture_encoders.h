@@ -1,5 +1,5 @@
 // The encoders behind WritePicture, one per format. The picture is RGB32 or ARGB32; formats without transparency get
-// it over white. A failure of the device is left to the device; all else throws Error(kFileError).
+// it over white. They throw Error(kFileError); when it was the device that failed, its error string tells more.
 // SPDX-License-Identifier: MIT
 #pragma once
 

@@ -99,9 +99,7 @@ void WritePicture(const QImage& picture, const QString& path) {
     if (picture.isNull()) throw Error(kInvalidPicture, Named(path, QStringLiteral("There is no picture")), source);
     if (QFileInfo(path).isDir()) throw Error(kFileError, Named(path, QStringLiteral("This is a folder")), source);
     try {
-        AtomicFile file(path);
-        encode(ToPictureFormat(picture), file.Device());
-        file.Commit();
+        AtomicFile(path).FillAndCommit([&](QFile& file) { encode(ToPictureFormat(picture), file); });
     } catch (const std::bad_alloc&) {
         throw Error(kOutOfMemory, Named(path, QStringLiteral("Not enough memory to write this picture")), source);
     }

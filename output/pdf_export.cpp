@@ -9,7 +9,6 @@
 
 #include "document/document.h"
 #include "output/product.h"
-#include "output/product.h"
 #include "platform/atomic_file.h"
 #include "platform/error.h"
 
@@ -55,32 +54,10 @@ double PointsPerPixel(int dotsPerMetre) {
     return kPointsPerInch / dpi;
 }
 
-}  // namespace
-
-QString PdfVersionText() {
-    return QStringLiteral("Kelu v%1 | %2").arg(QCoreApplication::applicationVersion(), QLatin1String(kProductPage));
-}
-
-PdfProperties KeluPdfProperties() {
-    return {PdfVersionText(), QStringLiteral("Kelu"), PdfVersionText(), QStringLiteral("Kelu Image"),
-            QStringLiteral("Kelu Image")};
-}
-
-void WritePdf(const QImage& picture, const QString& path, const PdfProperties& properties) {
-    if (picture.isNull()) throw Error(kInvalidPicture, QStringLiteral("There is no picture to save"));
-    if (std::max(picture.width(), picture.height()) > kLargestSide)
-        throw Error(kOutOfMemory, QStringLiteral("The picture is too large for a PDF page"));
-    const QImage paper = OnPaper(picture);
-    double scaleX = PointsPerPixel(picture.dotsPerMeterX());
-    double scaleY = PointsPerPixel(picture.dotsPerMeterY());
-    // A page beyond the limit of PDF readers shrinks; its pixels stay.
-    const double shrink = std::min(1.0, kLargestPage / std::max(paper.width() * scaleX, paper.height() * scaleY));
-    scaleX *= shrink;
-    scaleY *= shrink;
-
-    AtomicFile file(path);
-    const CairoSurface page(cairo_pdf_surface_create_for_stream(WriteBytes, &file.Device(), paper.width() * scaleX,
-                                                                paper.height() * scaleY));
+/// The document with its one page; the scales are points per pixel.
+void DrawPage(const QImage& paper, double scaleX, double scaleY, const PdfProperties& properties, QFile& file) {
+    const CairoSurface page(
+        cairo_pdf_surface_create_for_stream(WriteBytes, &file, paper.width() * scaleX, paper.height() * scaleY));
     Check(cairo_surface_status(page.get()));
     const auto describe = [&](cairo_pdf_metadata_t name, const QString& text) {
         cairo_pdf_surface_set_metadata(page.get(), name, text.toUtf8().constData());
@@ -104,7 +81,32 @@ void WritePdf(const QImage& picture, const QString& path, const PdfProperties& p
     cairo_surface_show_page(page.get());
     cairo_surface_finish(page.get());
     Check(cairo_surface_status(page.get()));
-    file.Commit();
+}
+
+}  // namespace
+
+QString PdfVersionText() {
+    return QStringLiteral("Kelu v%1 | %2").arg(QCoreApplication::applicationVersion(), QLatin1String(kProductPage));
+}
+
+PdfProperties KeluPdfProperties() {
+    return {PdfVersionText(), QStringLiteral("Kelu"), PdfVersionText(), QStringLiteral("Kelu Image"),
+            QStringLiteral("Kelu Image")};
+}
+
+void WritePdf(const QImage& picture, const QString& path, const PdfProperties& properties) {
+    if (picture.isNull()) throw Error(kInvalidPicture, QStringLiteral("There is no picture to save"));
+    if (std::max(picture.width(), picture.height()) > kLargestSide)
+        throw Error(kOutOfMemory, QStringLiteral("The picture is too large for a PDF page"));
+    const QImage paper = OnPaper(picture);
+    double scaleX = PointsPerPixel(picture.dotsPerMeterX());
+    double scaleY = PointsPerPixel(picture.dotsPerMeterY());
+    // A page beyond the limit of PDF readers shrinks; its pixels stay.
+    const double shrink = std::min(1.0, kLargestPage / std::max(paper.width() * scaleX, paper.height() * scaleY));
+    scaleX *= shrink;
+    scaleY *= shrink;
+
+    AtomicFile(path).FillAndCommit([&](QFile& file) { DrawPage(paper, scaleX, scaleY, properties, file); });
 }
 
 void PdfExport::CreatePDF(const QString& path) {

@@ -26,6 +26,7 @@ namespace fs = std::filesystem;
 
 constexpr int kLongestLinkChain = 40;
 constexpr int kNameTries = 100;
+constexpr QIODevice::OpenMode kOpenMode = QIODevice::ReadWrite | QIODevice::Unbuffered;
 
 /// The path behind all links, also when nothing is there yet; empty for a circle of links.
 QString FollowLinks(const QString& path) {
@@ -59,6 +60,15 @@ void FlushFolder(const QString& folder) {
 
 }  // namespace
 
+qint64 AtomicFile::WholeFile::writeData(const char* bytes, qint64 count) {
+    for (qint64 done = 0; done < count;) {
+        const qint64 taken = QFile::writeData(bytes + done, count - done);
+        if (taken <= 0) return -1;
+        done += taken;
+    }
+    return count;
+}
+
 AtomicFile::AtomicFile(const QString& path, Access access) : path_(path) {
     target_ = FollowLinks(path);
     if (target_.isEmpty()) Fail(QStringLiteral("the link leads nowhere"));
@@ -84,7 +94,7 @@ void AtomicFile::Open(Access access) {
         descriptor = ::open(QFile::encodeName(folder_).constData(), O_TMPFILE | O_RDWR | O_CLOEXEC, 0666);
 #endif
     if (descriptor >= 0) {
-        if (!file_.open(descriptor, QIODevice::ReadWrite, QFileDevice::AutoCloseHandle)) Fail(file_.errorString());
+        if (!file_.open(descriptor, kOpenMode, QFileDevice::AutoCloseHandle)) Fail(file_.errorString());
     } else {
         OpenNamed();
     }
@@ -130,7 +140,7 @@ void AtomicFile::OpenNamed() {
     for (int tries = 0; tries < kNameTries; ++tries) {
         temporaryPath_ = NewName(folder_);
         file_.setFileName(temporaryPath_);
-        if (file_.open(QIODevice::ReadWrite | QIODevice::NewOnly)) return;
+        if (file_.open(kOpenMode | QIODevice::NewOnly)) return;
         if (!QFileInfo::exists(temporaryPath_)) break;
     }
     temporaryPath_.clear();
@@ -139,6 +149,15 @@ void AtomicFile::OpenNamed() {
 
 void AtomicFile::Write(const QByteArray& bytes) {
     if (file_.write(bytes) != bytes.size()) Fail(file_.errorString());
+}
+
+void AtomicFile::FillAndCommit(const std::function<void(QFile&)>& fill) {
+    try {
+        fill(file_);
+    } catch (const Error&) {
+        if (file_.error() == QFileDevice::NoError) throw;
+    }
+    Commit();
 }
 
 void AtomicFile::Commit() {

@@ -5,6 +5,7 @@
 #include <QByteArray>
 #include <QFile>
 #include <QString>
+#include <functional>
 
 namespace kelu {
 
@@ -27,10 +28,20 @@ class AtomicFile {
     /// For writers that take a device. Errors of the device are also seen by Commit().
     QFile& Device() { return file_; }
     void Write(const QByteArray& bytes);
+    /// Lets `fill` write the whole file and commits. Where the device refuses bytes, its reason is what is thrown,
+    /// whatever `fill` makes of that.
+    void FillAndCommit(const std::function<void(QFile&)>& fill);
     /// Flushes to the disk and puts the new file in the target's place in one step. May be called once.
     void Commit();
 
  private:
+    /// Takes all bytes or knows why not. The toolkit's own file gives no reason for a write that was taken in part, as
+    /// the first one on a full disk is. Opened without a buffer, or the rest would be refused behind our back.
+    class WholeFile : public QFile {
+     protected:
+        qint64 writeData(const char* bytes, qint64 count) override;
+    };
+
     void Open(Access access);
     void OpenNamed();
     void GiveName();
@@ -41,7 +52,7 @@ class AtomicFile {
     QString target_;         ///< behind all links
     QString folder_;         ///< of the target
     QString temporaryPath_;  ///< empty as long as the new file has no name
-    QFile file_;
+    WholeFile file_;
 };
 
 }  // namespace kelu

@@ -3,6 +3,7 @@
 #include "output/pdf_export.h"
 
 #include <gmock/gmock.h>
+#include <sys/resource.h>
 
 #include <QCoreApplication>
 #include <QDir>
@@ -10,6 +11,7 @@
 #include <QProcess>
 #include <QStandardPaths>
 #include <QTemporaryDir>
+#include <csignal>
 #include <random>
 
 #include "platform/error.h"
@@ -24,7 +26,8 @@ QImage Noise(int width, int height, QImage::Format format) {
     QImage image(width, height, format);
     std::mt19937 random(7);
     for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x) image.setPixel(x, y, static_cast<QRgb>(random()) | (format == QImage::Format_RGB32 ? 0xff000000u : 0u));
+        for (int x = 0; x < width; ++x)
+            image.setPixel(x, y, static_cast<QRgb>(random()) | (format == QImage::Format_RGB32 ? 0xff000000u : 0u));
     return image;
 }
 
@@ -38,6 +41,11 @@ std::string Output(const QString& program, const QStringList& arguments) {
 struct PdfTest : testing::Test {
     QTemporaryDir folder;
     QString path = folder.filePath("a page.pdf");
+
+    QByteArray Bytes() const {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
 };
 
 TEST_F(PdfTest, IndependentToolsFindPagePixelsAndProperties) {
@@ -71,6 +79,28 @@ TEST_F(PdfTest, TransparencyLiesOnWhitePaper) {
     const QImage paper(folder.filePath("image-000.png"));
     EXPECT_EQ(paper.pixel(0, 0), 0xffffffff);
     EXPECT_EQ(paper.pixel(1, 0), 0xff123456);
+}
+
+TEST_F(PdfTest, AFullDiskIsToldByNameAndLeavesTheOldFile) {
+    const QImage picture = Noise(200, 200, QImage::Format_RGB32);
+    WritePdf(picture, path, {});
+    const QByteArray old = Bytes();
+    rlimit before{};
+    ::getrlimit(RLIMIT_FSIZE, &before);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit full{20000, before.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &full);
+    QString told;
+    try {
+        WritePdf(picture, path, {});
+    } catch (const Error& error) {
+        told = error.Description();
+    }
+    ::setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_EQ(told, path + ": File too large");
+    EXPECT_EQ(Bytes(), old);
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
 }
 
 TEST_F(PdfTest, AFailureLeavesNothingBehindAndIsTold) {
