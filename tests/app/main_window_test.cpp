@@ -2,89 +2,21 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
-#include <QCoreApplication>
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
-#include <QtTest>
-
-#include "app/frm_main.h"
 #include "controls/list_ex/list_ex.h"
-#include "controls/slider/ls_slider.h"
-#include "controls/status_bar/status_bar.h"
-#include "controls/tool_button/tool_button.h"
-#include "controls/toolbox/toolbox.h"
 #include "document/picture_file.h"
-#include "effects/effect_panel.h"
-#include "effects/effect_selectors.h"
-#include "tests/support/memory_settings.h"
-#include "tests/support/scripted_camera.h"
-#include "tests/support/scripted_dialog.h"
-#include "tests/support/scripted_save_dialog.h"
+#include "tests/app/main_window_fixture.h"
 
 namespace kelu {
 namespace {
 
-constexpr int kEmboss = 20;
-constexpr int kGrayscale = 1;
-
-struct MainWindowTest : testing::Test {
-    QTemporaryDir folder;
-    MemorySettings settings;
-    SharedState state;
-    ScriptedDialog dialog;
-    ScriptedSaveDialog saveDialog;
-    SystemPrintService printing;
-    ScriptedCamera camera;
-    frmMain window{state, {settings, dialog, saveDialog, printing, camera, camera, {}, {}, {}}};
-    ImageX& canvas = *window.controls.picCanvas;
-
-    void SetUp() override {
-        window.Start();
-        window.show();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
-        window.EndSplash();
-        QTest::qWait(20);  // the settings timer
-        dialog.shown.clear();
-    }
-
-    void OpenPhoto() {
-        QImage image(400, 300, QImage::Format_RGB32);
-        for (int y = 0; y < image.height(); ++y)
-            for (int x = 0; x < image.width(); ++x) image.setPixel(x, y, qRgb(x % 256, y % 256, (x * y) % 256));
-        ASSERT_TRUE(image.save(folder.filePath("photo.png")));
-        window.OpenPicture(folder.filePath("photo.png"));
-        ASSERT_TRUE(state.ImageActive);
-    }
-    void Choose(int effect) {
-        Toolbox& toolbar = *window.controls.selectors->TBSFX;
-        QTest::mouseClick(toolbar.Button(effect), Qt::LeftButton);
-        ASSERT_EQ(state.CurrentSFX, effect);
-    }
-    void Apply() { QTest::mouseClick(window.controls.pnlSettings->cmdApply, Qt::LeftButton); }
-
-    /// The widget's point over the middle of an image pixel.
-    QPoint Over(int x, int y) const {
-        const QRectF shown = canvas.ImageRect();
-        const double scale = shown.width() / window.surfaces.picCanvas.ImageWidth();
-        return QPointF(shown.left() + (x + 0.5) * scale, shown.top() + (y + 0.5) * scale).toPoint();
-    }
-    void Stroke(const std::vector<QPoint>& points, Qt::MouseButton button = Qt::LeftButton) {
-        QTest::mousePress(&canvas, button, {}, Over(points[0].x(), points[0].y()));
-        for (const QPoint& point : points) QTest::mouseMove(&canvas, Over(point.x(), point.y()));
-        QTest::mouseRelease(&canvas, button, {}, Over(points.back().x(), points.back().y()));
-    }
-    QImage Canvas() const { return window.surfaces.picCanvas.Picture().copy(); }
-};
+using MainWindowTest = MainWindowFixture;
 
 TEST_F(MainWindowTest, BrushesAnEffectOnTakesItBackAndSavesIt) {
     OpenPhoto();
-    Choose(kGrayscale);
-    window.controls.pnlSettings->sldBrushSize->SetValue(20);
     const QImage original = Canvas();
-    Apply();
-    ASSERT_EQ(dialog.shown.size(), 1u) << "the reminder";
-    EXPECT_TRUE(state.EffectReady);
+    settings.Write(settings::kReminder, "1");
+    Arm();
+    EXPECT_EQ(dialog.shown.size(), 1u) << "the reminder";
     EXPECT_FALSE(state.ImageDirty) << "a render changes nothing that the user sees";
     EXPECT_EQ(Canvas(), original);
 

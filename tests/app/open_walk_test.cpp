@@ -1,0 +1,167 @@
+// Pictures come in through the window: by the browse dialog, by a drop, from the command line, on a clean and on a
+// changed picture, with every answer to the question.
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include <QFile>
+
+#include "document/picture_file.h"
+#include "tests/app/dialog_hands.h"
+#include "tests/app/main_window_fixture.h"
+
+namespace kelu {
+namespace {
+
+enum class Way { Browse, Drop };
+
+struct RealDialogs : MainWindowFixture {
+    RealDialogs() : MainWindowFixture(Dialogs::Real) {
+        settings.Write(settings::kLastFolder, folder.path());  // what the browse dialog shows
+    }
+    void Open(Way way, const QString& path, DialogScript& script) {
+        if (way == Way::Drop) return Drop(path);
+        script.Then<frmBrowse>(OpenIn(path));
+        Click(Command::Open);
+    }
+};
+
+struct Answer {
+    Way way;
+    const char* button;
+    bool saves;  // else the save dialog is cancelled
+};
+
+struct ChangedPicture : RealDialogs, testing::WithParamInterface<Answer> {};
+
+INSTANTIATE_TEST_SUITE_P(AllAnswers, ChangedPicture,
+                         testing::Values(Answer{Way::Browse, "Yes", true}, Answer{Way::Browse, "Yes", false},
+                                         Answer{Way::Browse, "No", false}, Answer{Way::Browse, "Cancel", false},
+                                         Answer{Way::Drop, "Yes", true}, Answer{Way::Drop, "Yes", false},
+                                         Answer{Way::Drop, "No", false}, Answer{Way::Drop, "Cancel", false}));
+
+TEST_P(ChangedPicture, IsSettledBeforeTheNextOne) {
+    const auto [way, button, saves] = GetParam();
+    const QString next = MakePhoto("next.png", 120, 90);
+    OpenPhoto();
+    Arm();
+    Stroke({{60, 60}, {120, 80}});
+    const QImage painted = Canvas();
+    const bool yes = qstrcmp(button, "Yes") == 0;
+    const bool goesOn = qstrcmp(button, "Cancel") != 0;
+
+    DialogScript script;
+    script.Then([&](QWidget& message) {
+        EXPECT_EQ(message.accessibleDescription(), "Confirm\n\nSave changes to 'photo.png'?");
+    });
+    script.Press(button);
+    if (yes) script.Then<QFileDialog>(saves ? SaveAs(folder.filePath("kept.png")) : CancelSave());
+    if (goesOn)
+        Open(way, next, script);
+    else
+        way == Way::Drop ? Drop(next) : Click(Command::Open);
+
+    EXPECT_EQ(QFile::exists(folder.filePath("kept.png")), saves);
+    if (saves) {
+        EXPECT_EQ(ReadPicture(folder.filePath("kept.png")), painted);
+    }
+    EXPECT_EQ(Canvas(), goesOn ? ReadPicture(next) : painted);
+    EXPECT_EQ(state.ImageDirty, !goesOn);
+    EXPECT_TRUE(state.ImageActive);
+    EXPECT_EQ(window.surfaces.picCanvas.CanUndo(), !goesOn);
+    EXPECT_EQ(state.CurrentFileName, goesOn ? "next.png" : "photo.png");
+    EXPECT_EQ(Status(), goesOn ? "next.png - [120 x 90 / 24 bits / 100%]" : "photo.png - (400 x 300 / 24 bits)");
+    EXPECT_EQ(state.EffectReady, way == Way::Drop || !goesOn) << "only the browse dialog disarms the brush";
+    Key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Canvas(), ReadPicture(goesOn ? next : folder.filePath("photo.png")));
+}
+
+TEST_F(RealDialogs, ACleanPictureGivesWayWithoutAQuestion) {
+    OpenPhoto();
+    const QString second = MakePhoto("second.jpg", 90, 120), third = MakePhoto("third.bmp", 50, 40);
+    DialogScript script;
+    Open(Way::Browse, second, script);
+    EXPECT_EQ(Status(), "second.jpg - [90 x 120 / 24 bits / 100%]");
+    Open(Way::Drop, third, script);
+    EXPECT_EQ(Status(), "third.bmp - (50 x 40 / 24 bits)");
+    EXPECT_EQ(window.surfaces.picOriginal.Picture(), ReadPicture(third));
+    EXPECT_EQ(window.surfaces.picPen.Picture(), ReadPicture(third));
+    EXPECT_EQ(script.met.size(), 1) << "the browse dialog and no question";
+}
+
+TEST_F(RealDialogs, ABrushStaysArmedOverADroppedPictureOnly) {
+    OpenPhoto();
+    Arm();
+    const QString next = MakePhoto("next.png", 200, 150);
+    DialogScript script;
+    Open(Way::Drop, next, script);
+    Stroke({{50, 50}, {100, 60}});
+    EXPECT_TRUE(state.ImageDirty);
+    script.Press("No");
+    Open(Way::Browse, next, script);
+    Stroke({{50, 50}, {100, 60}});
+    EXPECT_FALSE(state.ImageDirty);
+}
+
+TEST_F(RealDialogs, ABrokenFileIsOneErrorAndChangesNothing) {
+    const QString broken = folder.filePath("broken.png");
+    ASSERT_TRUE(QFile::copy(MakePhoto(), broken));
+    ASSERT_TRUE(QFile::resize(broken, QFileInfo(broken).size() / 2));
+    enum { Browse, Drops, CommandLine };
+    for (const int way : {Browse, Drops, CommandLine}) {
+        DialogScript script;
+        if (state.ImageDirty) script.Press("No");
+        OpenPhoto();
+        Arm();
+        Stroke({{60, 60}, {120, 80}});
+        const QImage painted = Canvas();
+        const QString status = Status();
+        script.Press("No");  // give the changes up
+        if (way == Browse) script.Then<frmBrowse>(OpenIn(broken));
+        script.Then([](QWidget& message) {
+            EXPECT_TRUE(
+                message.accessibleDescription().startsWith("Error\n\nThe following error has occured:\nbroken.png: "))
+                << message.accessibleDescription().toStdString();
+        });
+        script.Press("OK");
+        if (way == Browse) script.Then<frmBrowse>(CancelBrowse());
+        if (way == Browse) Click(Command::Open);
+        if (way == Drops) Drop(broken);
+        if (way == CommandLine) window.OpenPicture(broken);
+
+        EXPECT_EQ(Canvas(), painted) << way;
+        EXPECT_EQ(Status(), status);
+        EXPECT_TRUE(state.ImageActive);
+        EXPECT_TRUE(state.EffectReady);
+        Key(Qt::Key_Z, Qt::ControlModifier);
+        EXPECT_EQ(Canvas(), ReadPicture(folder.filePath("photo.png"))) << way;
+        Key(Qt::Key_Y, Qt::ControlModifier);
+        EXPECT_EQ(Canvas(), painted) << way;
+    }
+}
+
+struct CommandLine : RealDialogs {
+    void SetUp() override {}  // the splash is still to come
+};
+
+TEST_F(CommandLine, APictureOpensBehindTheSplash) {
+    window.Start();
+    window.show();
+    window.OpenPicture(MakePhoto());
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    const QImage behind = window.grab().toImage();
+    window.EndSplash();
+    QTest::qWait(20);
+    const QImage open = window.grab().toImage();
+    const QPoint zoom = window.controls.picZoomContainer->geometry().center();
+    EXPECT_TRUE(canvas.isVisible());
+    EXPECT_TRUE(window.controls.picZoomContainer->isVisible());
+    EXPECT_EQ(window.childAt(zoom)->parentWidget(), window.controls.picZoomContainer);
+    EXPECT_NE(behind.copy(canvas.geometry()), open.copy(canvas.geometry())) << "the splash covers the picture";
+    EXPECT_EQ(Status(), "photo.png - (400 x 300 / 24 bits)");
+    Arm();
+    Stroke({{50, 50}, {90, 90}});
+    EXPECT_TRUE(state.ImageDirty);
+}
+
+}  // namespace
+}  // namespace kelu
