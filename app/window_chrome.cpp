@@ -29,21 +29,32 @@ bool WindowChrome::eventFilter(QObject* watched, QEvent* event) {
             SetMaximised(window_.isMaximized());
         return false;
     }
-    const auto* mouse = static_cast<QMouseEvent*>(event);
     switch (event->type()) {
         case QEvent::MouseButtonPress:
-            if (mouse->button() == Qt::LeftButton) StartDrag(mouse->globalPosition().toPoint());
-            return mouse->button() == Qt::LeftButton;
         case QEvent::MouseMove:
-            if (dragFrom_) window_.move(mouse->globalPosition().toPoint() - *dragFrom_);
+        case QEvent::MouseButtonRelease:
+        case QEvent::MouseButtonDblClick:
+            return OnHandle(*static_cast<QMouseEvent*>(event), watched->property(kMaximises).toBool());
+        default: return false;
+    }
+}
+
+bool WindowChrome::OnHandle(const QMouseEvent& mouse, bool maximises) {
+    const bool left = mouse.button() == Qt::LeftButton;
+    switch (mouse.type()) {
+        case QEvent::MouseButtonPress:
+            if (left) StartDrag(mouse.globalPosition().toPoint());
+            return left;
+        case QEvent::MouseMove:
+            if (dragFrom_) window_.move(mouse.globalPosition().toPoint() - *dragFrom_);
             return dragFrom_.has_value();
-        case QEvent::MouseButtonRelease: dragFrom_.reset(); return false;
         case QEvent::MouseButtonDblClick:
             dragFrom_.reset();
-            if (mouse->button() != Qt::LeftButton || !watched->property(kMaximises).toBool()) return false;
-            ToggleMaximised();
-            return true;
-        default: return false;
+            if (left && maximises) ToggleMaximised();
+            return left && maximises;
+        default:
+            dragFrom_.reset();
+            return false;
     }
 }
 

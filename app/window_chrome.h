@@ -9,6 +9,7 @@
 
 #include "app/shared_state.h"
 
+class QMouseEvent;
 class QWidget;
 
 namespace kelu {
@@ -34,6 +35,7 @@ class WindowChrome : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+    bool OnHandle(const QMouseEvent& mouse, bool maximises);
     void StartDrag(const QPoint& globalPosition);
     void SetMaximised(bool maximised);
 
