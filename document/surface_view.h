@@ -22,7 +22,8 @@ class SurfaceView {
     virtual void Redraw() = 0;
 
     void SetFittedView() { SetViewAnchor(5), SetViewMode(2), SetViewScrollable(false); }
-    void SetFreeView() { SetViewAnchor(0), SetViewMode(0), SetViewScrollable(true); }
+    // Scrolling first: a view that can't scroll has to lay its picture out in the middle.
+    void SetFreeView() { SetViewAnchor(0), SetViewScrollable(true), SetViewMode(0); }
 };
 
 /// A view without a screen: keeps what it is told.

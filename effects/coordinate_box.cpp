@@ -3,6 +3,7 @@
 #include "effects/coordinate_box.h"
 
 #include <QFocusEvent>
+#include <QKeyEvent>
 #include <QValidator>
 
 #include "controls/theme/theme.h"
@@ -51,6 +52,11 @@ void CoordinateBox::mousePressEvent(QMouseEvent* event) {
     QLineEdit::mousePressEvent(event);
     if (selectAfterPress_) selectAll();
     selectAfterPress_ = false;
+}
+
+void CoordinateBox::keyReleaseEvent(QKeyEvent* event) {
+    QLineEdit::keyReleaseEvent(event);
+    event->ignore();
 }
 
 }  // namespace kelu

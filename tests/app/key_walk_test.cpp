@@ -1,0 +1,131 @@
+// Every key command with the right and with the wrong modifiers, wherever the focus is.
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include <QClipboard>
+
+#include "capture/capture_panel.h"
+#include "tests/app/main_window_fixture.h"
+#include "tests/support/dialog_script.h"
+
+namespace kelu {
+namespace {
+
+constexpr Qt::KeyboardModifiers kNone = Qt::NoModifier, kCtrl = Qt::ControlModifier, kShift = Qt::ShiftModifier,
+                                kAlt = Qt::AltModifier, kMeta = Qt::MetaModifier;
+
+struct KeyRow {
+    Qt::Key key;
+    const char* name;
+    bool modal;  // brings up a dialog of its own
+    std::vector<Qt::KeyboardModifiers> right;
+    std::vector<Qt::KeyboardModifiers> wrong;
+};
+
+struct KeyWalk : MainWindowFixture {
+    bool HelpShows() const {
+        for (const QWidget* each : QApplication::topLevelWidgets())
+            if (each->objectName() == "HelpWindow" && each->isVisible()) return true;
+        return false;
+    }
+    /// All that a key command can change.
+    QVariantList Seen(const DialogScript& script) const {
+        return {Canvas(),
+                script.met,
+                saveDialog.shown,
+                dialog.Texts(),
+                HelpShows(),
+                QGuiApplication::clipboard()->image().isNull(),
+                window.controls.picCapContainer->isVisible()};
+    }
+};
+
+struct EveryKey : KeyWalk, testing::WithParamInterface<KeyRow> {};
+
+const std::vector<Qt::KeyboardModifiers> kExactlyCtrl{kCtrl, kCtrl | Qt::KeypadModifier};
+const std::vector<Qt::KeyboardModifiers> kNotCtrl{kNone,          kShift,       kAlt,         kMeta,
+                                                  kCtrl | kShift, kCtrl | kAlt, kCtrl | kMeta};
+const std::vector<Qt::KeyboardModifiers> kAnyState{kNone, kShift, kCtrl, kAlt, kCtrl | kShift | kAlt};
+
+INSTANTIATE_TEST_SUITE_P(
+    Keys, EveryKey,
+    testing::Values(
+        KeyRow{Qt::Key_Z, "Z", false, kExactlyCtrl, kNotCtrl}, KeyRow{Qt::Key_Y, "Y", false, kExactlyCtrl, kNotCtrl},
+        KeyRow{Qt::Key_O, "O", true, kExactlyCtrl, kNotCtrl}, KeyRow{Qt::Key_S, "S", false, kExactlyCtrl, kNotCtrl},
+        KeyRow{Qt::Key_C, "C", false, kExactlyCtrl, kNotCtrl}, KeyRow{Qt::Key_P, "P", true, kExactlyCtrl, kNotCtrl},
+        KeyRow{Qt::Key_F4, "F4", false, {kAlt}, {kNone, kShift, kCtrl, kAlt | kShift, kAlt | kCtrl}},
+        KeyRow{Qt::Key_F1, "F1", false, kAnyState, {}}, KeyRow{Qt::Key_F8, "F8", false, kAnyState, {}}),
+    [](const auto& info) { return info.param.name; });
+
+TEST_P(EveryKey, ActsOnReleaseUnderItsModifiersOnly) {
+    const KeyRow& row = GetParam();
+    OpenPhoto();
+    Arm();
+    Stroke({{50, 50}, {90, 90}});
+    Stroke({{150, 50}, {190, 90}});
+    Stroke({{250, 50}, {290, 90}});
+    for (int i = 0; i < 2; ++i) window.Run(Command::Undo);  // something to undo and something to redo
+    QGuiApplication::clipboard()->clear();
+    DialogScript script;
+    const auto press = [&](Qt::KeyboardModifiers modifiers, bool acts) {
+        const QVariantList before = Seen(script);
+        QTest::keyPress(&window, row.key, modifiers);
+        EXPECT_EQ(Seen(script), before) << "pressed with " << modifiers;
+        QTest::keyRelease(&window, row.key, modifiers);
+        EXPECT_EQ(Seen(script) != before, acts) << "released with " << modifiers;
+    };
+    for (const Qt::KeyboardModifiers modifiers : row.wrong) press(modifiers, false);
+    for (const Qt::KeyboardModifiers modifiers : row.right) {
+        if (row.modal) script.Then([](QWidget& up) { up.close(); });
+        // The panel and the window would still be up; a command that finds its work done changes nothing.
+        if (row.key == Qt::Key_F8) QTest::mouseClick(window.controls.picCapContainer->cmdCaptureCancel, Qt::LeftButton);
+        for (QWidget* each : QApplication::topLevelWidgets())
+            if (each->objectName() == "HelpWindow") each->close();
+        QGuiApplication::clipboard()->clear();
+        if (row.key == Qt::Key_O && state.ImageDirty) dialog.answers = {MsgDialog::kNo};
+        if (row.key == Qt::Key_F4) dialog.answers = {MsgDialog::kCancel};
+        if (row.key == Qt::Key_Z && !window.surfaces.picCanvas.CanUndo()) window.Run(Command::Redo);
+        press(modifiers, true);
+    }
+    EXPECT_TRUE(window.isVisible());
+}
+
+// A key that stays down is released and pressed again all the time by the window system.
+TEST_F(KeyWalk, AKeyHeldDownActsOnce) {
+    OpenPhoto();
+    Arm();
+    const QImage opened = Canvas();
+    Stroke({{50, 50}, {90, 90}});
+    const QImage once = Canvas();
+    Stroke({{150, 50}, {190, 90}});
+    for (const bool repeats : {true, true, false}) {
+        QKeyEvent release(QEvent::KeyRelease, Qt::Key_Z, kCtrl, QString(), repeats);
+        QCoreApplication::sendEvent(&canvas, &release);
+        EXPECT_EQ(Canvas() == once, !repeats);
+    }
+    EXPECT_NE(Canvas(), opened);
+}
+
+TEST_F(KeyWalk, KeysAreHeardWhereverTheFocusIs) {
+    OpenPhoto();
+    const QImage opened = Canvas();
+    int heard = 0;
+    for (const int effect : {1, 8, 12, 20, 25, 28, 40}) {  // together they show every control of the panel
+        Arm(effect);
+        for (QWidget* each : window.findChildren<QWidget*>()) {
+            if (!each->isVisible() || each->focusPolicy() == Qt::NoFocus) continue;
+            Stroke({{150, 50}, {190, 90}});
+            ASSERT_TRUE(window.surfaces.picCanvas.CanUndo());
+            each->setFocus();
+            QTest::keyClick(each, Qt::Key_Z, kCtrl);
+            EXPECT_EQ(Canvas(), opened) << each->metaObject()->className() << " " << each->objectName().toStdString();
+            EXPECT_FALSE(window.surfaces.picCanvas.CanUndo());
+            while (window.surfaces.picCanvas.CanUndo()) window.Run(Command::Undo);
+            ++heard;
+        }
+    }
+    EXPECT_GT(heard, 100);
+}
+
+}  // namespace
+}  // namespace kelu
