@@ -13,6 +13,7 @@
 
 #include "app/help_browser.h"
 #include "controls/theme/icons.h"
+#include "controls/theme/tab_order.h"
 #include "controls/theme/theme.h"
 #include "controls/title_row/title_row.h"
 #include "controls/tool_button/tool_button.h"
@@ -72,6 +73,7 @@ HelpWindow::HelpWindow(const QString& folder)
         setWindowTitle(title.isEmpty() ? QStringLiteral("Kelu Help") : QStringLiteral("Kelu Help - ") + title);
     });
     AddKeys();
+    SetTabOrder({back_, forward_, index_, search_, browser_});
 }
 
 QWidget* HelpWindow::MakeToolRow() {

@@ -13,6 +13,7 @@
 #include "controls/progress_bar/xp_progress_bar.h"
 #include "controls/status_bar/status_bar.h"
 #include "controls/theme/icons.h"
+#include "controls/theme/tab_order.h"
 #include "controls/theme/theme.h"
 #include "controls/tool_button/tool_button.h"
 #include "controls/toolbox/toolbox.h"
@@ -64,7 +65,11 @@ MainControls::MainControls(QWidget& window, Surfaces& surfaces, Surface& capture
       pBar1(Named(new XP_ProgressBar(sBar1), "pBar1")),
       picCover(Named(new QLabel(&window), "picCover")),
       window_(window) {
+    // Tab goes round as the eye does: strip, picture, effects, panel, zoom, status. What is made later comes later.
+    sBar1->SetPanelWidths(220, 400);
+    sBar1->SetPanelClickable(1, true);
     MakeButtons(window);
+    SetTabOrder({pnlSettings->cmdApply, &Button(Command::ZoomIn), &Button(Command::ZoomOut), &Button(Command::ZoomReset)});
     picOriginal->hide();
     picZoomContainer->hide();
     picCapContainer->hide();
@@ -91,8 +96,6 @@ MainControls::MainControls(QWidget& window, Surfaces& surfaces, Surface& capture
     line.setColor(QPalette::Window, theme::kLine);
     picPipe1->setPalette(line);
 
-    sBar1->SetPanelWidths(220, 400);
-    sBar1->SetPanelClickable(1, true);
     Place(*pBar1, LayOut(kDesignSize).pBar1);
     picCover->raise();
     picLogo->raise();

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "document/image_x.h"
 
-#include <QAccessible>
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QMimeData>
@@ -12,6 +11,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "controls/theme/accessible_role.h"
 #include "platform/units.h"
 
 namespace kelu {
@@ -40,6 +40,7 @@ ImageX::ImageX(Surface& surface, QWidget* parent)
       horizontal_(new QScrollBar(Qt::Horizontal, this)),
       vertical_(new QScrollBar(Qt::Vertical, this)),
       hatch_(Qt::NoBrush) {
+    UseAccessibleRole<ImageX, QAccessible::Canvas>();
     setAcceptDrops(true);
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);

@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "controls/list_ex/list_ex.h"
+#include "controls/theme/tab_order.h"
 #include "controls/theme/theme.h"
 #include "controls/title_row/title_row.h"
 #include "controls/tool_button/tool_button.h"
@@ -68,7 +69,9 @@ frmPrint::frmPrint(const QImage& picture, PrintService& service, Settings& setti
     surface.SetPicture(picture);
     picPrint->SetFittedView();
     picPrint->setAccessibleName(QStringLiteral("Preview"));
+    picPrint->setFocusPolicy(Qt::NoFocus);  // nothing to scroll
     LayOut();
+    SetTabOrder({lstPrinters, Option1, Option2, cmdOK, cmdCancel});
     ChangeLanguage(QString::fromLatin1(kUKEnglish.id));
 
     Option2->setChecked(true);
@@ -170,6 +173,7 @@ void frmPrint::ChangeLanguage(const QString& id) {
         cmdOK->setText(QString::fromUtf8(captions.ok));
         cmdCancel->setText(QString::fromUtf8(captions.cancel));
         lblAvPrinters->setText(QString::fromUtf8(captions.printers));
+        lstPrinters->setAccessibleName(lblAvPrinters->text());
         lblOrietation->setText(QString::fromUtf8(captions.orientation));
         Option1->setText(QString::fromUtf8(captions.portrait));
         Option2->setText(QString::fromUtf8(captions.landscape));

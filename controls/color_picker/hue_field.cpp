@@ -6,6 +6,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include "controls/theme/accessible_role.h"
 #include "controls/theme/paint.h"
 #include "controls/theme/theme.h"
 
@@ -30,6 +31,7 @@ QImage Colors(const QSize& size) {
 }  // namespace
 
 HueField::HueField(QWidget* parent) : QWidget(parent) {
+    UseAccessibleRole<HueField, QAccessible::Canvas>();
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::CrossCursor);
     setAccessibleName(tr("Hue and saturation"));

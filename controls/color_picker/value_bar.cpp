@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QWheelEvent>
 
+#include "controls/theme/accessible_role.h"
 #include "controls/theme/paint.h"
 #include "controls/theme/theme.h"
 
@@ -20,6 +21,7 @@ constexpr int kInset = 8;  // the knob's middle stays this far from the ends
 }  // namespace
 
 ValueBar::ValueBar(QWidget* parent) : QWidget(parent) {
+    UseAccessibleRole<ValueBar, QAccessible::Slider>();
     setFocusPolicy(Qt::StrongFocus);
     setAccessibleName(tr("Brightness"));
 }

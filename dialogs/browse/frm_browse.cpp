@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "dialogs/browse/frm_browse.h"
 
+#include <QAbstractItemView>
 #include <QActionGroup>
 #include <QCoreApplication>
 #include <QDir>
@@ -10,6 +11,7 @@
 #include <QStandardPaths>
 #include <QVBoxLayout>
 
+#include "controls/theme/tab_order.h"
 #include "controls/theme/theme.h"
 #include "controls/title_row/title_row.h"
 #include "controls/tool_button/tool_button.h"
@@ -133,12 +135,9 @@ void frmBrowse::LayOut() {
     whole->addLayout(grid, 1);
     setSizeGripEnabled(true);
     // The tab order follows the eye: where to look, what is there, what to do.
-    QWidget* last = ComboDrive;
-    for (QWidget* next : std::initializer_list<QWidget*>{cmdBack, CmdUp, cmdIcons, cmdFolder[0], cmdFolder[1], cmdFolder[2],
-                                                         cmdFolder[3], FileViewer_, cmdOK, cmdCancel}) {
-        setTabOrder(last, next);
-        last = next;
-    }
+    const QList<QAbstractItemView*> views = FileViewer_->findChildren<QAbstractItemView*>(Qt::FindDirectChildrenOnly);
+    SetTabOrder({ComboDrive, cmdBack, CmdUp, cmdIcons, cmdFolder[0], cmdFolder[1], cmdFolder[2], cmdFolder[3], views[0],
+                 views[1], cmdOK, cmdCancel});
     FileViewer_->setFocus();
 }
 

@@ -15,6 +15,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include "controls/theme/tab_order.h"
 #include "controls/theme/theme.h"
 #include "controls/title_row/title_row.h"
 #include "controls/tool_button/tool_button.h"
@@ -120,6 +121,9 @@ frmOptions::frmOptions(Settings& settings, SharedState& state, MsgDialog& dialog
          {static_cast<QWidget*>(txtUserName), static_cast<QWidget*>(txtPassword), static_cast<QWidget*>(chkMask)})
         widget->setEnabled(false);
     LayOut();
+    SetTabOrder({pnlMenu[0], pnlMenu[1], pnlMenu[2], pnlMenu[3], pnlMenu[4], pnlMenu[5], optEmail[0], optEmail[1],
+                 optEmail[2], txtUserName, txtPassword, chkMask, optCursor[0], optCursor[1], optCursor[2], chkReminder,
+                 chkResize, cboDevices, cboCaptureSize, chkSFXSelector, cmdHelp, cmdAbout, cmdOK, cmdCancel});
     Connect();
     SetUpMe();
 }

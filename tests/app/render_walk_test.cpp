@@ -1,0 +1,121 @@
+// What reaches the window while a render runs: nothing. Clicks, keys, the wheel, drops and close requests come to no
+// effect, and the render ends as if nobody had touched anything.
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include "controls/progress_bar/xp_progress_bar.h"
+#include "tests/app/main_window_fixture.h"
+#include "tests/support/dialog_script.h"
+
+namespace kelu {
+namespace {
+
+constexpr int kOilPainting = 33;
+constexpr int kNeon = 48;
+
+/// Runs an action each time that the progress bar comes up, which is in the middle of a render.
+class WhileRendering : public QObject {
+ public:
+    WhileRendering(QWidget& bar, std::function<void()> action) : bar_(bar), action_(std::move(action)) {
+        bar_.installEventFilter(this);
+    }
+    int times = 0;
+
+ protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Show) QTimer::singleShot(0, this, [this] { ++times, action_(); });
+        return false;
+    }
+
+ private:
+    QWidget& bar_;
+    std::function<void()> action_;
+};
+
+struct RenderWalk : MainWindowFixture, testing::WithParamInterface<int> {
+    void OpenLarge() {
+        OpenPhoto(1600, 1200);
+        Choose(GetParam());
+        if (GetParam() == kOilPainting) panel.sldValue[0]->SetValue(40);
+    }
+    QString Sees() const {
+        return QStringLiteral("%1 %2 %3 %4 %5 %6")
+            .arg(state.CurrentSFX)
+            .arg(state.ImageDirty)
+            .arg(state.CurrentFileName, Status())
+            .arg(canvas.ZoomPercent())
+            .arg(window.surfaces.picCanvas.CanUndo());
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(EngineAndSurface, RenderWalk, testing::Values(kOilPainting, kNeon));
+
+TEST_P(RenderWalk, NothingReachesTheWindowMeanwhile) {
+    const QString other = MakePhoto("other.png", 50, 40);
+    OpenLarge();
+    Apply();
+    const QImage canvasBefore = Canvas(), pen = window.surfaces.picPen.Picture().copy();
+    Stroke({{400, 400}, {800, 500}});
+    Key(Qt::Key_Z, Qt::ControlModifier);
+    const QString before = Sees();
+
+    DialogScript noDialog;
+    const WhileRendering meanwhile(*window.controls.pBar1, [&] {
+        Apply();
+        QTest::mouseClick(window.controls.selectors->TBSFX->Button(kEmboss), Qt::LeftButton);
+        StrokeWidget({{200, 200}, {260, 220}});
+        for (const CommandRow& row : kCommands) Click(row.command);
+        for (const auto key : {Qt::Key_Y, Qt::Key_O, Qt::Key_S, Qt::Key_C, Qt::Key_P}) Key(key, Qt::ControlModifier);
+        Key(Qt::Key_F8, {});
+        Key(Qt::Key_F4, Qt::AltModifier);
+        Drop(other);
+        QWheelEvent wheel({200, 200}, canvas.mapToGlobal(QPointF(200, 200)), {}, {0, 120}, Qt::NoButton,
+                          Qt::ControlModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&canvas, &wheel);
+        // As the window system delivers them.
+        QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, canvas.geometry().center());
+        QTest::keyClick(window.windowHandle(), Qt::Key_Y, Qt::ControlModifier);
+        EXPECT_FALSE(window.close());
+        EXPECT_EQ(Sees(), before);
+    });
+    Apply();
+    if (meanwhile.times == 0) GTEST_SKIP() << "this machine renders too fast to be disturbed";
+    EXPECT_EQ(Sees(), before);
+    EXPECT_EQ(Canvas(), canvasBefore);
+    EXPECT_EQ(window.surfaces.picPen.Picture(), pen);
+    EXPECT_EQ(saveDialog.shown, 0);
+    EXPECT_TRUE(dialog.shown.empty());
+    EXPECT_FALSE(window.controls.pBar1->isVisible());
+    EXPECT_TRUE(state.ImageActive);
+    EXPECT_TRUE(window.isVisible());
+
+    // Afterwards all is open again.
+    Key(Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_NE(Canvas(), canvasBefore);
+    dialog.answers = {MsgDialog::kNo};
+    EXPECT_TRUE(window.close());
+}
+
+TEST_P(RenderWalk, PaintsWhatWasRenderedOfTheCanvasAsItWas) {
+    OpenLarge();
+    Apply();
+    panel.sldBrushSize->SetValue(60);
+    Stroke({{400, 400}, {800, 500}});
+    const QImage painted = Canvas();
+    Choose(kGrayscale);
+    Apply();
+    // The second effect starts from the canvas as painted so far.
+    for (const QPoint at : {QPoint(500, 425), QPoint(1200, 900)}) {
+        const QColor gray = window.surfaces.picPen.Picture().pixel(at);
+        EXPECT_EQ(gray.red(), gray.blue());
+        const QColor color = painted.pixel(at);
+        EXPECT_NEAR(gray.green(), (color.red() + color.green() + color.blue()) / 3.0, 1);
+    }
+    Stroke({{400, 400}, {800, 500}});
+    const QColor over = Canvas().pixel(500, 425);
+    EXPECT_EQ(over.red(), over.green());
+    EXPECT_EQ(Canvas().pixel(1200, 900), painted.pixel(1200, 900));
+}
+
+}  // namespace
+}  // namespace kelu
