@@ -34,16 +34,16 @@ constexpr hn::Rebind<std::uint8_t, decltype(d16)> d8;
 using V16 = hn::Vec<decltype(d16)>;
 constexpr std::size_t N = hn::MaxLanes(d16);
 
-V16 Widen(hn::Vec<decltype(d8)> levels) { return hn::PromoteTo(d16, levels); }
+HWY_INLINE V16 Widen(hn::Vec<decltype(d8)> levels) { return hn::PromoteTo(d16, levels); }
 
-void StoreLevels(V16 v, std::uint8_t* out) {
+HWY_INLINE void StoreLevels(V16 v, std::uint8_t* out) {
     const V16 level = hn::ShiftRight<7>(hn::Add(v, hn::Set(d16, 64)));
     hn::StoreU(hn::DemoteTo(d8, hn::BitCast(hn::RebindToSigned<decltype(d16)>(), level)), d8, out);
 }
 
 // Calls body(i, load) for every vector of [0, count); load(row) reads count - i channels at most.
 template <class Body>
-void ForSource(std::size_t count, Body body) {
+HWY_INLINE void ForSource(std::size_t count, Body body) {
     std::size_t i = 0;
     for (; i + N <= count; i += N) body(i, [i](const std::uint8_t* row) { return hn::LoadU(d8, row + i); });
     if (i == count) return;
@@ -54,48 +54,74 @@ void ForSource(std::size_t count, Body body) {
     });
 }
 
+// A filter whose radius is known when it is compiled: its weights stay in registers and its loops unroll.
+template <int kRadius>
+class Filter {
+ public:
+    explicit HWY_INLINE Filter(const GaussianTaps& taps) : rounding_(hn::Set(d16, taps.rounding)) {
+        for (int k = 0; k <= kRadius; ++k) weight_[k] = hn::Set(d16, taps.weight[k]);
+    }
+
+    /// The weighted sum of `at(-kRadius)` to `at(kRadius)`, of which two may be added; `scaled` brings them, or the sum
+    /// of two, to 1/128 level.
+    template <class At, class Scaled>
+    HWY_INLINE V16 operator()(At at, Scaled scaled) const {
+        V16 sum = hn::Add(hn::MulHigh(scaled(at(0)), weight_[0]), rounding_);
+        for (int k = 1; k <= kRadius; ++k) sum = hn::Add(sum, hn::MulHigh(scaled(hn::Add(at(-k), at(k))), weight_[k]));
+        return sum;
+    }
+
+ private:
+    V16 weight_[kRadius + 1];
+    const V16 rounding_;
+};
+
+// Calls body.operator()<radius>().
+template <int kRadius = 1, class Body>
+HWY_INLINE void WithRadius(int radius, Body body) {
+    if constexpr (kRadius < kMostTaps) {
+        if (radius > kRadius) return WithRadius<kRadius + 1>(radius, body);
+    }
+    body.template operator()<kRadius>();
+}
+
 // Filters 2 * taps.radius + 1 rows into one.
 void FilterRows(const std::uint8_t* const* rows, const GaussianTaps& taps, std::size_t count, std::uint16_t* out) {
-    const int r = taps.radius;
-    ForSource(count, [&](std::size_t i, auto load) {
-        V16 sum = hn::Add(hn::MulHigh(hn::ShiftLeft<7>(Widen(load(rows[r]))), hn::Set(d16, taps.weight[0])),
-                          hn::Set(d16, taps.rounding));
-        for (int k = 1; k <= r; ++k) {
-            const V16 pair = hn::Add(Widen(load(rows[r - k])), Widen(load(rows[r + k])));
-            sum = hn::Add(sum, hn::MulHigh(hn::ShiftLeft<7>(pair), hn::Set(d16, taps.weight[k])));
-        }
-        hn::StoreU(sum, d16, out + i);
+    WithRadius(taps.radius, [=, &taps]<int kRadius>() {
+        const Filter<kRadius> filter(taps);
+        ForSource(count, [&](std::size_t i, auto load) {
+            hn::StoreU(filter([&](int k) { return Widen(load(rows[kRadius + k])); },
+                              [](V16 levels) { return hn::ShiftLeft<7>(levels); }),
+                       d16, out + i);
+        });
     });
 }
 
 void FilterWideRows(const std::uint16_t* const* rows, const GaussianTaps& taps, std::size_t count, std::uint16_t* out) {
-    const int r = taps.radius;
-    for (std::size_t i = 0; i < count; i += N) {
-        V16 sum = hn::Add(hn::MulHigh(hn::LoadU(d16, rows[r] + i), hn::Set(d16, taps.weight[0])),
-                          hn::Set(d16, taps.rounding));
-        for (int k = 1; k <= r; ++k) {
-            const V16 pair = hn::Add(hn::LoadU(d16, rows[r - k] + i), hn::LoadU(d16, rows[r + k] + i));
-            sum = hn::Add(sum, hn::MulHigh(pair, hn::Set(d16, taps.weight[k])));
-        }
-        hn::StoreU(sum, d16, out + i);
-    }
+    WithRadius(taps.radius, [=, &taps]<int kRadius>() {
+        const Filter<kRadius> filter(taps);
+        for (std::size_t i = 0; i < count; i += N)
+            hn::StoreU(filter([=](int k) { return hn::LoadU(d16, rows[kRadius + k] + i); }, [](V16 v) { return v; }),
+                       d16, out + i);
+    });
 }
 
 // `row` can be read taps.radius pixels to either side.
-HWY_INLINE V16 FilterAlong(const std::uint16_t* row, const GaussianTaps& taps) {
-    V16 sum = hn::Add(hn::MulHigh(hn::LoadU(d16, row), hn::Set(d16, taps.weight[0])), hn::Set(d16, taps.rounding));
-    for (int k = 1; k <= taps.radius; ++k)
-        sum = hn::Add(sum, hn::MulHigh(hn::Add(hn::LoadU(d16, row - 4 * k), hn::LoadU(d16, row + 4 * k)),
-                                       hn::Set(d16, taps.weight[k])));
-    return sum;
+template <class Store>
+HWY_INLINE void FilterAlong(const std::uint16_t* row, const GaussianTaps& taps, std::size_t count, Store store) {
+    WithRadius(taps.radius, [=, &taps]<int kRadius>() {
+        const Filter<kRadius> filter(taps);
+        for (std::size_t i = 0; i < count; i += N)
+            store(i, filter([=](int k) { return hn::LoadU(d16, row + i + 4 * k); }, [](V16 v) { return v; }));
+    });
 }
 
 void FilterRow(const std::uint16_t* row, const GaussianTaps& taps, std::size_t count, std::uint8_t* out) {
-    for (std::size_t i = 0; i < count; i += N) StoreLevels(FilterAlong(row + i, taps), out + i);
+    FilterAlong(row, taps, count, [out](std::size_t i, V16 v) { StoreLevels(v, out + i); });
 }
 
 void FilterWideRow(const std::uint16_t* row, const GaussianTaps& taps, std::size_t count, std::uint16_t* out) {
-    for (std::size_t i = 0; i < count; i += N) hn::StoreU(FilterAlong(row + i, taps), d16, out + i);
+    FilterAlong(row, taps, count, [out](std::size_t i, V16 v) { hn::StoreU(v, d16, out + i); });
 }
 
 HWY_INLINE V16 Mean1331(V16 a, V16 b, V16 c, V16 d) {
@@ -303,7 +329,7 @@ void DoubleInto(const WidePicture& in, const MutableImageView& target, Passes& p
     });
 }
 
-WidePicture Filter(const WidePicture& in, const GaussianTaps& taps, Passes& passes) {
+WidePicture Filtered(const WidePicture& in, const GaussianTaps& taps, Passes& passes) {
     WidePicture out(in.width, in.height);
     passes.Split(in.height, in.width * 2, [&](int begin, int end) {
         std::vector<std::uint16_t> buffer(RowRoom(in.width));
@@ -388,7 +414,7 @@ void GaussianBlur(const ImageView& source, const MutableImageView& target, doubl
     small.reserve(static_cast<std::size_t>(n));
     small.push_back(Halve(NarrowRows{source}, passes));
     while (static_cast<int>(small.size()) < n) small.push_back(Halve(WideRows{small.back()}, passes));
-    WidePicture blurred = Filter(small.back(), taps, passes);
+    WidePicture blurred = Filtered(small.back(), taps, passes);
     if (n == 1) {
         DoubleInto(blurred, target, passes);
         return;

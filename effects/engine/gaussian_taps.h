@@ -7,7 +7,7 @@
 namespace kelu::engine {
 
 /// Pixels to one side; three standard deviations of the widest filter that GaussianBlur runs.
-constexpr int kMostTaps = 12;
+constexpr int kMostTaps = 8;
 
 struct GaussianTaps {
     explicit GaussianTaps(double sigma);
