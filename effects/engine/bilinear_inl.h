@@ -74,7 +74,8 @@ class BilinearSampler {
 
         // Neighbours in the result are often neighbours in the source.
         const int firstColumn = hn::GetLane(column), firstRow = hn::GetLane(row);
-        const auto inOneRow = hn::And(hn::Eq(column, hn::Iota(kInts, firstColumn)), hn::Eq(row, All(firstRow)));
+        const auto inOneRow =
+            hn::And(hn::Eq(column, hn::BitCast(kInts, ColumnNumbers(firstColumn))), hn::Eq(row, All(firstRow)));
         if (hn::AllTrue(kInts, inOneRow)) {
             const std::uint32_t* const top = base_ + static_cast<std::ptrdiff_t>(firstRow) * step_ + firstColumn;
             const std::uint32_t* const bottom = top + toBelow;

@@ -61,7 +61,7 @@ class TurnedPlaces {
  public:
     explicit HWY_INLINE TurnedPlaces(const TurnedSpan::Axis& axis)
         : whole_(All(axis.whole)),
-          fine_(hn::Add(All(axis.rest), hn::Mul(hn::Iota(kInts, 0), All(axis.step)))),
+          fine_(hn::Add(All(axis.rest), hn::Mul(hn::BitCast(kInts, ColumnNumbers(0)), All(axis.step)))),
           step_(All(kLanes * axis.step)) {}
 
     HWY_INLINE Ints Next() {

@@ -38,7 +38,8 @@ void SprayRow(const ImageView& source, const std::vector<std::uint32_t>& disc, c
         const Ints offset = hn::BitCast(kInts, hn::GatherIndex(kPixels, disc.data(), hn::BitCast(kInts, chosen)));
         const Ints dx = hn::ShiftRight<16>(hn::ShiftLeft<16>(offset)), dy = hn::ShiftRight<16>(offset);
         const auto within = [](Ints at, Ints last) HWY_ATTR { return hn::Min(hn::Max(at, hn::Zero(kInts)), last); };
-        const Ints column = within(hn::Add(dx, hn::Iota(kInts, x)), lastX), row = within(hn::Add(dy, All(y)), lastY);
+        const Ints column = within(hn::Add(dx, hn::BitCast(kInts, ColumnNumbers(x))), lastX),
+                   row = within(hn::Add(dy, All(y)), lastY);
         const Ints step = All(static_cast<int>(source.stride / 4));
         return hn::GatherIndex(kPixels, pixels, hn::Add(hn::Mul(row, step), column));
     };
