@@ -16,14 +16,14 @@
 HWY_BEFORE_NAMESPACE();
 namespace kelu::engine::HWY_NAMESPACE {
 
-/// The words at base[at] and base[at + 1] of each lane. Eight loads of 64 bits are several times as fast as the
+/// The words at base[at] and base[at + 1] of each lane, `at` not negative. Eight loads of 64 bits are several times as fast as the
 /// instructions that gather.
 struct Pairs {
     Pixels first, second;
 
     HWY_INLINE Pairs(const std::uint32_t* base, Ints at) {
-        HWY_ALIGN std::int32_t index[kLanes];
-        hn::Store(at, kInts, index);
+        HWY_ALIGN std::uint32_t index[kLanes];
+        hn::Store(hn::BitCast(kPixels, at), kPixels, index);
         const hn::CappedTag<std::uint64_t, 1> one;
         const hn::CappedTag<std::uint64_t, 2> two;
         const auto pair = [&](int lane) HWY_ATTR {
