@@ -29,6 +29,7 @@ struct Turn {
 // Where a row of pixels goes. Sums run in 1/256 pixel and 14 more bits, which is exact to the nearest place over a
 // span.
 constexpr int kTurnSpan = 256;
+constexpr int kTurnRows = 32;  // of a band, cut into spans: a turned span crosses rows that the next ones want, too
 constexpr int kFineBits = 14;
 struct TurnedSpan {
     struct Axis {
@@ -140,12 +141,15 @@ void MeanAlong(const ImageView& source, const MutableImageView& target, Point at
         // Halves go up in one step and down in the next, so that the picture grows neither brighter nor darker.
         const bool up = step % 2 == 0;
         const auto mean = HWY_DYNAMIC_DISPATCH(MeanOfTurned);
-        passes.Split(source.height, source.width, [&](int begin, int end) {
-            for (int y = begin; y < end; ++y)
+        passes.Split(
+            source.height, source.width,
+            [&](int begin, int end) {
                 for (int x = 0; x < source.width; x += kTurnSpan)
-                    mean(from, TurnedSpan(back, center, x, y), TurnedSpan(forth, center, x, y), up,
-                         std::min(kTurnSpan, source.width - x), to.Row(y) + x);
-        });
+                    for (int y = begin; y < end; ++y)
+                        mean(from, TurnedSpan(back, center, x, y), TurnedSpan(forth, center, x, y), up,
+                             std::min(kTurnSpan, source.width - x), to.Row(y) + x);
+            },
+            kTurnRows);
         from = to;
     }
 }

@@ -56,65 +56,97 @@ HWY_INLINE Pixels Cover(const Color& color, Pixels pixels, Floats part) {
     return Join(mixed, hn::ShiftLeft<24>(ToByte(alpha)));
 }
 
+// Where the pixels of a span come from, in 1/256 pixel, and what part of each is not the colour outside. Finding the
+// places and sampling there are loops of their own: each alone is short enough for the processor to work on several
+// vectors at once.
+constexpr int kRadialSpan = 256;
+struct RadialSpan {
+    HWY_ALIGN std::int32_t x[kRadialSpan], y[kRadialSpan];
+    HWY_ALIGN float part[kRadialSpan];
+};
+
 // A row of a warp, its constants in vectors.
 class RadialRow {
  public:
     RadialRow(const RadialWarp& warp, const ImageView& source, int y)
-        : sampler_(source),
-          warp_(warp),
-          ratio_(reinterpret_cast<const std::uint32_t*>(warp.ratio.data())),
+        : ratio_(reinterpret_cast<const std::uint32_t*>(warp.ratio.data())),
           dy_(static_cast<float>(y) - warp.centerY),
           centerX_(All(warp.centerX)),
           centerY_(All(warp.centerY)),
-          scale_(All(kRadialSteps / warp.radius)),
+          radius_(All(warp.radius)),
           lastX_(All(static_cast<float>(source.width - 1))),
           lastY_(All(static_cast<float>(source.height - 1))) {}
 
-    HWY_INLINE Pixels operator()(int x) const {
-        const Floats dx = hn::Sub(Columns(x), centerX_);
-        const Floats distance = hn::Sqrt(hn::Add(hn::Mul(dx, dx), All(dy_ * dy_)));
-        const Floats at = hn::Min(hn::Mul(distance, scale_), All(float{kRadialSteps}));
-        const Ints entry = hn::ConvertTo(kInts, at);
-        const Pairs entries(ratio_, entry);
-        const Floats ratio = Mix(hn::BitCast(kFloats, entries.first), hn::BitCast(kFloats, entries.second),
-                                 hn::Sub(at, hn::ConvertTo(kFloats, entry)));
-        const Floats placeX = Place(dx, ratio, centerX_, lastX_), placeY = Place(All(dy_), ratio, centerY_, lastY_);
-        const Pixels pixels = sampler_(Fixed(placeX), Fixed(placeY));
-        if (warp_.outside == Outside::kEdgePixel) return pixels;
-        if (warp_.outside == Outside::kColorBeyondRadius)
-            return Cover(warp_.color, pixels, Clamp01(hn::Sub(All(warp_.radius + 0.5f), distance)));
-        const Floats depth =
-            hn::Min(hn::Min(placeX, hn::Sub(lastX_, placeX)), hn::Min(placeY, hn::Sub(lastY_, placeY)));
-        return Cover(warp_.color, pixels, Clamp01(hn::Add(depth, All(1.0f))));
+    /// The places of the columns x to x + count, `count` rounded up to whole vectors.
+    template <Outside kOutside>
+    HWY_INLINE void Find(int x, int count, RadialSpan& span) const {
+        for (int i = 0; i < count; i += kLanes) {
+            const Floats dx = hn::Sub(Columns(x + i), centerX_), dy = All(dy_);
+            const Floats distance = hn::Sqrt(hn::Add(hn::Mul(dx, dx), hn::Mul(dy, dy)));
+            const Floats ratio = Ratio(distance);
+            const Floats placeX = Place(dx, ratio, centerX_, lastX_), placeY = Place(dy, ratio, centerY_, lastY_);
+            hn::Store(Fixed(placeX), kInts, span.x + i);
+            hn::Store(Fixed(placeY), kInts, span.y + i);
+            if constexpr (kOutside == Outside::kColorBeyondRadius)
+                hn::Store(hn::Sub(hn::Add(radius_, All(0.5f)), distance), kFloats, span.part + i);
+            if constexpr (kOutside == Outside::kColorBeyondPicture) {
+                const Floats depth =
+                    hn::Min(hn::Min(placeX, hn::Sub(lastX_, placeX)), hn::Min(placeY, hn::Sub(lastY_, placeY)));
+                hn::Store(hn::Add(depth, All(1.0f)), kFloats, span.part + i);
+            }
+        }
     }
 
  private:
+    // Source distance to result distance, from the table.
+    HWY_INLINE Floats Ratio(Floats distance) const {
+        const Floats at =
+            hn::Min(hn::Mul(distance, hn::Div(All(float{kRadialSteps}), radius_)), All(float{kRadialSteps}));
+        const Ints entry = hn::ConvertTo(kInts, at);
+        const Pairs entries(ratio_, entry);
+        return Mix(hn::BitCast(kFloats, entries.first), hn::BitCast(kFloats, entries.second),
+                   hn::Sub(at, hn::ConvertTo(kFloats, entry)));
+    }
     // Where the picture is far away, any place beyond its edge will do.
     static HWY_INLINE Floats Place(Floats d, Floats ratio, Floats center, Floats last) {
         return hn::Min(hn::Max(hn::Add(hn::Mul(d, ratio), center), All(-2.0f)), hn::Add(last, All(2.0f)));
     }
     static HWY_INLINE Ints Fixed(Floats place) { return hn::NearestInt(hn::Mul(place, All(256.0f))); }
 
-    const BilinearSampler sampler_;
-    const RadialWarp& warp_;
     const std::uint32_t* const ratio_;
     const float dy_;
-    const Floats centerX_, centerY_, scale_, lastX_, lastY_;
+    const Floats centerX_, centerY_, radius_, lastX_, lastY_;
 };
 
+template <Outside kOutside>
 void RenderRadialRow(const RadialWarp& warp, const ImageView& source, int y, std::uint32_t* out) {
     const RadialRow row(warp, source, y);
-    int x = 0;
-    for (; x + kLanes <= source.width; x += kLanes) hn::StoreU(row(x), kPixels, out + x);
-    if (x == source.width) return;
-    std::uint32_t few[kLanes];
-    hn::StoreU(row(x), kPixels, few);
-    std::copy(few, few + (source.width - x), out + x);
+    const BilinearSampler sampler(source);
+    const Color color = warp.color;
+    RadialSpan span;
+    for (int x = 0; x < source.width; x += kRadialSpan) {
+        const int count = std::min(kRadialSpan, source.width - x);
+        row.Find<kOutside>(x, count, span);
+        const auto pixels = [&](int i) HWY_ATTR {
+            const Pixels samples = sampler(hn::Load(kInts, span.x + i), hn::Load(kInts, span.y + i));
+            if constexpr (kOutside == Outside::kEdgePixel) return samples;
+            return Cover(color, samples, Clamp01(hn::Load(kFloats, span.part + i)));
+        };
+        int i = 0;
+        for (; i + kLanes <= count; i += kLanes) hn::StoreU(pixels(i), kPixels, out + x + i);
+        if (i == count) continue;
+        std::uint32_t few[kLanes];
+        hn::StoreU(pixels(i), kPixels, few);
+        std::copy(few, few + (count - i), out + x + i);
+    }
 }
 
 void RadialOnTarget(const RadialWarp& warp, const ImageView& source, const MutableImageView& target, const Run& run) {
-    SplitRows(run, source.height, source.width, [&](int begin, int end) HWY_ATTR {
-        for (int y = begin; y < end; ++y) RenderRadialRow(warp, source, y, target.Row(y));
+    const auto render = warp.outside == Outside::kEdgePixel           ? RenderRadialRow<Outside::kEdgePixel>
+                        : warp.outside == Outside::kColorBeyondRadius ? RenderRadialRow<Outside::kColorBeyondRadius>
+                                                                      : RenderRadialRow<Outside::kColorBeyondPicture>;
+    SplitRows(run, source.height, source.width, [&](int begin, int end) {
+        for (int y = begin; y < end; ++y) render(warp, source, y, target.Row(y));
     });
 }
 
