@@ -13,56 +13,52 @@ namespace kelu::engine {
 /// sent through it again until they fall below n.
 class RandomOrder {
  public:
-    /// n from 1 to 2^31.
+    /// n from 1 to 2^30.
     constexpr RandomOrder(std::uint32_t n, int effect)
-        : n_(n),
-          bits_((std::bit_width(n - 1) + 1) / 2),
-          mask_((1u << bits_) - 1),
-          seed_(RandomRow(0, effect, 63).Seed()) {}
+        : n(n), bits((std::bit_width(n - 1) + 1) / 2), mask((1u << bits) - 1), seed(RandomRow(0, effect, 63).Seed()) {}
 
     /// Which number stands at `rank`, 0 to n - 1.
     constexpr std::uint32_t At(std::uint32_t rank) const {
         do rank = Forth(rank);
-        while (rank >= n_);
+        while (rank >= n);
         return rank;
     }
 
     /// Where `number`, 0 to n - 1, stands.
     constexpr std::uint32_t RankOf(std::uint32_t number) const {
         do number = Back(number);
-        while (number >= n_);
+        while (number >= n);
         return number;
     }
 
- private:
     static constexpr std::uint32_t kRounds = 4;
+    const std::uint32_t n;
+    const int bits;  // of one half
+    const std::uint32_t mask;
+    const std::uint32_t seed;
 
+ private:
     constexpr std::uint32_t Round(std::uint32_t half, std::uint32_t round) const {
-        return Mix(half * RandomRow::kStep + seed_ + round) & mask_;
+        return Mix(half * RandomRow::kStep + seed + round) & mask;
     }
     constexpr std::uint32_t Forth(std::uint32_t value) const {
-        std::uint32_t left = value >> bits_, right = value & mask_;
+        std::uint32_t left = value >> bits, right = value & mask;
         for (std::uint32_t round = 0; round < kRounds; ++round) {
             const std::uint32_t next = left ^ Round(right, round);
             left = right;
             right = next;
         }
-        return left << bits_ | right;
+        return left << bits | right;
     }
     constexpr std::uint32_t Back(std::uint32_t value) const {
-        std::uint32_t left = value >> bits_, right = value & mask_;
+        std::uint32_t left = value >> bits, right = value & mask;
         for (std::uint32_t round = kRounds; round-- > 0;) {
             const std::uint32_t before = right ^ Round(left, round);
             right = left;
             left = before;
         }
-        return left << bits_ | right;
+        return left << bits | right;
     }
-
-    std::uint32_t n_;
-    int bits_;  // of one half
-    std::uint32_t mask_;
-    std::uint32_t seed_;
 };
 
 }  // namespace kelu::engine

@@ -18,9 +18,23 @@
 
 #include "effects/engine/bands.h"
 #include "effects/engine/random_inl.h"
+#include "effects/engine/random_order_inl.h"
 
 HWY_BEFORE_NAMESPACE();
 namespace kelu::engine::HWY_NAMESPACE {
+
+// Where the squares [first, first + count) of Scramble come from; `from` has room for kLanes more. The first `moved`
+// squares in a random order exchange places, each with the next one or the one before.
+void PartnersOnTarget(const RandomOrder& order, int first, int count, int moved, std::uint32_t* from) {
+    const RandomOrders orders(order);
+    for (int i = 0; i < count; i += kLanes) {
+        const Pixels here = hn::Min(ColumnNumbers(first + i), All(order.n - 1));
+        const Pixels rank = orders.RankOf(here);
+        const auto moves = hn::RebindMask(kPixels, hn::Lt(hn::BitCast(kInts, rank), All(moved)));
+        const Pixels partner = orders.At(hn::IfThenElseZero(moves, hn::Xor(rank, All(1u))));
+        hn::StoreU(hn::IfThenElse(moves, partner, here), kPixels, from + i);
+    }
+}
 
 // `disc` holds the offsets to choose from, dx in the low 16 bits and dy in the high ones, at most 2^15 of them.
 void SprayRow(const ImageView& source, const std::vector<std::uint32_t>& disc, const RandomRow& random, int y,
@@ -58,6 +72,7 @@ HWY_AFTER_NAMESPACE();
 namespace kelu::engine {
 namespace {
 
+HWY_EXPORT(PartnersOnTarget);
 HWY_EXPORT(SprayRow);
 
 constexpr int kScramble = 38, kSpray = 42, kTile = 44;
@@ -89,32 +104,34 @@ void Scramble(const ImageView& source, const MutableImageView& target, int side,
     const int columns = side > 0 ? source.width / side : 0, rows = side > 0 ? source.height / side : 0;
     const std::int64_t squares = std::int64_t{columns} * rows;
     // The squares that stand first in a random order, an even number of them.
-    const auto moved =
-        static_cast<std::uint32_t>((squares * std::clamp(percent, 0, 100) + 50) / 100 & ~std::int64_t{1});
+    const auto moved = static_cast<int>((squares * std::clamp(percent, 0, 100) + 50) / 100 & ~std::int64_t{1});
     if (moved == 0) return Copy(source, target, run);
     const RandomOrder order(static_cast<std::uint32_t>(squares), kScramble);
 
     SplitRows(run, (source.height - 1) / side + 1, source.width * std::min(side, 1000), [&](int begin, int end) {
+        std::vector<std::uint32_t> partners(static_cast<std::size_t>(columns) + 16);  // and the rest of a vector
         std::vector<const std::uint32_t*> from(static_cast<std::size_t>(columns));
         for (int row = begin; row < end; ++row) {
             const int top = row * side, bottom = std::min(source.height, top + side);
             const int whole = row < rows ? columns : 0;
             // Where each square comes from is found ahead of the copying, so that many fetches are on their way at
             // once.
-            for (int column = 0; column < whole; ++column) {
-                const auto here = static_cast<std::uint32_t>(row) * static_cast<std::uint32_t>(columns) +
-                                  static_cast<std::uint32_t>(column);
-                const std::uint32_t rank = order.RankOf(here);
-                const auto square = static_cast<int>(rank < moved ? order.At(rank ^ 1) : here);
-                const std::uint32_t* const first = source.Row(square / columns * side) + square % columns * side;
-                hwy::Prefetch(first);
-                from[static_cast<std::size_t>(column)] = first;
+            HWY_DYNAMIC_DISPATCH(PartnersOnTarget)(order, row * columns, whole, moved, partners.data());
+            for (std::size_t column = 0; column < static_cast<std::size_t>(whole); ++column) {
+                const std::uint32_t square = partners[column], across = static_cast<std::uint32_t>(columns);
+                from[column] = source.Row(static_cast<int>(square / across) * side) + square % across * side;
+                hwy::Prefetch(from[column]);
             }
             for (int y = top; y < bottom; ++y) {
                 const std::ptrdiff_t down = (y - top) * (source.stride / 4);
-                for (int column = 0; column < whole; ++column)
-                    CopyPixels(from[static_cast<std::size_t>(column)] + down, side, target.Row(y) + column * side);
-                CopyPixels(source.Row(y) + whole * side, source.width - whole * side, target.Row(y) + whole * side);
+                std::uint32_t* to = target.Row(y);
+                for (std::size_t column = 0; column < static_cast<std::size_t>(whole); ++column, to += side) {
+                    if (side == 1)
+                        *to = *from[column];
+                    else
+                        CopyPixels(from[column] + down, side, to);
+                }
+                CopyPixels(source.Row(y) + whole * side, source.width - whole * side, to);
             }
         }
     });
