@@ -39,9 +39,9 @@ void Brightness2OnTarget(const ImageView& source, const MutableImageView& target
     RenderPoints(kernel, source, target, run);
 }
 
-// The angle round the point as a hue from 0 to 6: 0 eastward, growing clockwise on the screen. `dy` is that of the row.
-HWY_INLINE Floats HueAround(Floats dx, Floats dy) {
-    const Floats ax = hn::Abs(dx), ay = hn::Abs(dy);
+// The angle from the east to the place (dx, dy), upward or downward, as a hue: 0 the east, 3 the west. `ay` is |dy|.
+HWY_INLINE Floats HueAround(Floats dx, Floats ay) {
+    const Floats ax = hn::Abs(dx);
     // The point itself takes the hue of the east.
     const Floats t = hn::Div(hn::Min(ax, ay), hn::Max(hn::Max(ax, ay), All(1e-6f)));
     // The arc tangent from 0 to 1 (Abramowitz and Stegun 4.4.47, within 0.000012), times 3 / pi.
@@ -52,23 +52,24 @@ HWY_INLINE Floats HueAround(Floats dx, Floats dy) {
         sum = hn::Add(hn::Mul(sum, square), All(coefficient * kSixths));
     Floats hue = hn::Mul(sum, t);
     hue = hn::IfThenElse(hn::Gt(ay, ax), hn::Sub(All(1.5f), hue), hue);
-    hue = hn::IfThenElse(hn::Lt(dx, hn::Zero(kFloats)), hn::Sub(All(3.0f), hue), hue);
-    return hn::IfThenElse(hn::Lt(dy, hn::Zero(kFloats)), hn::Sub(All(6.0f), hue), hue);
+    return hn::IfThenElse(hn::Lt(dx, hn::Zero(kFloats)), hn::Sub(All(3.0f), hue), hue);
 }
 
-// The pure colour of a hue: 0 red, 1 yellow, 2 green, 3 cyan, 4 blue, 5 magenta.
-HWY_INLINE Channels PureColor(Floats hue) {
-    const auto from = [hue](float middle) HWY_ATTR { return hn::Abs(hn::Sub(hue, All(middle))); };
-    const Floats full = All(255.0f), two = All(2.0f);
-    return {hn::Mul(Clamp01(hn::Sub(two, from(4))), full), hn::Mul(Clamp01(hn::Sub(two, from(2))), full),
-            hn::Mul(Clamp01(hn::Sub(from(3), All(1.0f))), full)};
+// The pure colour of a hue from 0 to 3, each channel 0 to 1: 0 red, 1 yellow, 2 green, 3 cyan. The other half of the
+// circle, over blue and magenta back to red, is the same with green and blue exchanged.
+HWY_INLINE Channels PureColor(Floats hue, bool otherHalf) {
+    const Floats red = Clamp01(hn::Sub(All(2.0f), hue)), first = hn::Min(hue, All(1.0f));
+    const Floats second = hn::Max(hn::Sub(hue, All(2.0f)), hn::Zero(kFloats));
+    const auto other = hn::Gt(All(otherHalf ? 1.0f : 0.0f), hn::Zero(kFloats));
+    return {hn::IfThenElse(other, first, second), hn::IfThenElse(other, second, first), red};
 }
 
 // c + (ramp - c) · |S1| / 100. The ramp has the pixel's luma Y in the hue's colour h of luma Yh: h · Y / Yh as far as
 // that stays a colour (Y <= Yh), beyond that it goes on to white: 255 - (255 - h) (255 - Y) / (255 - Yh).
+template <bool kFull>
 struct ColorGradientKernel {
     Point at;
-    float strength;  // 0 to 1
+    float strength;  // 0 to 1; not looked at when kFull, which stands for 1
     bool anticlockwise;
 
     struct InRow {
@@ -77,16 +78,17 @@ struct ColorGradientKernel {
         Pixels operator()(Pixels pixels, int x) const {
             const Channels c = Split(pixels);
             const Floats dx = hn::Sub(Columns(x), All(atX));
-            const Channels hue = PureColor(HueAround(dx, All(dy)));
+            const Channels hue = PureColor(HueAround(dx, All(std::abs(dy))), dy < 0);
+            // Both ramps are hue · scale + base, with one division.
             const Floats full = All(255.0f);
-            const Floats y = Luma(c), hueLuma = hn::Mul(ThousandLuma(hue), All(0.001f));
-            const Floats up = hn::Div(y, hueLuma);
-            const Floats down = hn::Div(hn::Sub(full, y), hn::Sub(full, hueLuma));
+            const Floats y = Luma(c), hueLuma = hn::Mul(ThousandLuma(hue), All(0.255f));
             const auto dark = hn::Le(y, hueLuma);
-            const auto ramp = [&](Floats h) HWY_ATTR {
-                return hn::IfThenElse(dark, hn::Mul(h, up), hn::Sub(full, hn::Mul(hn::Sub(full, h), down)));
-            };
-            return Join(Mix(c, {ramp(hue.blue), ramp(hue.green), ramp(hue.red)}, All(strength)), pixels);
+            const Floats scale = hn::Div(hn::Mul(full, hn::IfThenElse(dark, y, hn::Sub(full, y))),
+                                         hn::IfThenElse(dark, hueLuma, hn::Sub(full, hueLuma)));
+            const Floats base = hn::IfThenZeroElse(dark, hn::Sub(full, scale));
+            const auto ramp = [&](Floats h) HWY_ATTR { return hn::Add(hn::Mul(h, scale), base); };
+            const Channels ramps{ramp(hue.blue), ramp(hue.green), ramp(hue.red)};
+            return JoinInRange(kFull ? ramps : Mix(c, ramps, All(strength)), pixels);
         }
     };
     InRow Row(int y) const {
@@ -98,7 +100,10 @@ struct ColorGradientKernel {
 void ColorGradientOnTarget(const ImageView& source, const MutableImageView& target, Point at, int strength,
                            const Run& run) {
     const float part = static_cast<float>(std::clamp(strength, -100, 100)) / 100;
-    RenderPoints(ColorGradientKernel{Sensible(at), std::abs(part), part < 0}, source, target, run);
+    if (std::abs(part) == 1)
+        RenderPoints(ColorGradientKernel<true>{Sensible(at), 1, part < 0}, source, target, run);
+    else
+        RenderPoints(ColorGradientKernel<false>{Sensible(at), std::abs(part), part < 0}, source, target, run);
 }
 
 // Y + (c - Y) · (1 + S1 / 100 · w)

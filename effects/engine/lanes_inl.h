@@ -73,12 +73,18 @@ HWY_INLINE Pixels ToByte(Floats value) { return hn::And(RoundedBits(ClampByte(va
 
 HWY_INLINE Pixels KeepAlpha(Pixels color, Pixels alpha) { return hn::Or(color, hn::And(alpha, All(kAlphaMask))); }
 
-/// Pixels of these channels, rounded and clamped, with the alpha of `alpha`.
-HWY_INLINE Pixels Join(const Channels& channels, Pixels alpha) {
-    const Pixels blue = RoundedBits(ClampByte(channels.blue));
-    const Pixels green = hn::ShiftLeft<8>(RoundedBits(ClampByte(channels.green)));
-    const Pixels red = hn::ShiftLeft<16>(RoundedBits(ClampByte(channels.red)));
+/// Pixels of these channels, rounded, with the alpha of `alpha`. No channel may be beyond 0 or 255 by more than a
+/// float's error.
+HWY_INLINE Pixels JoinInRange(const Channels& channels, Pixels alpha) {
+    const Pixels blue = RoundedBits(channels.blue);
+    const Pixels green = hn::ShiftLeft<8>(RoundedBits(channels.green));
+    const Pixels red = hn::ShiftLeft<16>(RoundedBits(channels.red));
     return KeepAlpha(hn::AndNot(All(kAlphaMask), hn::Or(hn::Or(red, green), blue)), alpha);
+}
+
+/// The same, clamped.
+HWY_INLINE Pixels Join(const Channels& channels, Pixels alpha) {
+    return JoinInRange({ClampByte(channels.blue), ClampByte(channels.green), ClampByte(channels.red)}, alpha);
 }
 
 /// The same byte (0 to 255 in each lane) in the three colour channels.
