@@ -92,7 +92,8 @@ void frmMain::Connect() {
             [this](Qt::MouseButton, Qt::MouseButtons, Qt::KeyboardModifiers, int x, int y) { painter_.Press(x, y); });
     connect(controls.picCanvas, &ImageX::MouseMoved, this,
             [this](Qt::MouseButtons buttons, Qt::KeyboardModifiers, int x, int y) { painter_.Move(buttons, x, y); });
-    connect(controls.picCanvas, &ImageX::FileDropped, &document_, [this](const QString& path) { openSave_.Drop(path); });
+    // Later, so that the program the file came from need not wait for the answer to a question.
+    connect(controls.picCanvas, &ImageX::FileDropped, this, &frmMain::OpenPicture, Qt::QueuedConnection);
     connect(controls.picCanvas, &ImageX::ZoomWheel, this, [this](int steps) {
         for (; steps > 0; --steps) Run(Command::ZoomIn);
         for (; steps < 0; ++steps) Run(Command::ZoomOut);

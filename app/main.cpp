@@ -1,8 +1,8 @@
 // kelu: the program with its window. An argument is a picture to open.
 // SPDX-License-Identifier: MIT
-#include <QApplication>
 #include <cstdlib>
 
+#include "app/application.h"
 #include "app/frm_main.h"
 #include "capture/detached_job.h"
 #include "capture/gst_device_list.h"
@@ -16,17 +16,20 @@
 #include "platform/registry_file.h"
 #include "platform/shell.h"
 #include "platform/single_instance.h"
+
 namespace {
 
 constexpr int kLongestEnd = 1000;  // ms
 
-int Run() {
+int Run(kelu::Application& application) {
     kelu::RegistryFile store(kelu::RegistryFile::UserPath());
     kelu::clsRegistryAccess registry(store);
     kelu::Settings settings(registry);
     kelu::SingleInstance instance(QStringLiteral("kelu"));
     kelu::SharedState state;
     kelu::MsgDialogWindow dialog;
+    application.ShowErrorsIn(&dialog);
+    const auto noDialog = qScopeGuard([&] { application.ShowErrorsIn(nullptr); });
     kelu::SaveFileDialog saveDialog;
     kelu::SystemPrintService printing;
     kelu::GstDeviceList cameras;
@@ -43,14 +46,14 @@ int Run() {
 }  // namespace
 
 int main(int argc, char** argv) {
-    QApplication application(argc, argv);
+    kelu::Application application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Kelu"));
     QApplication::setOrganizationName(QStringLiteral("Tarvane"));
     QApplication::setApplicationVersion(QStringLiteral(KELU_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("kelu"));
     kelu::theme::Apply(application);
     kelu::SystemColors::SetCurrent(kelu::SystemColors::Dark());
-    const int status = Run();
+    const int status = Run(application);
     // A camera that hangs in its driver, or the last of the shutter's sound, must not keep the process.
     if (!kelu::DetachedJobsEnd(kLongestEnd)) std::_Exit(status);
     return status;

@@ -4,6 +4,7 @@
 
 #include <QDragEnterEvent>
 #include <QDropEvent>
+#include <QMetaMethod>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
@@ -421,7 +422,9 @@ void ImageX::keyReleaseEvent(QKeyEvent* event) {
 }
 
 void ImageX::dragEnterEvent(QDragEnterEvent* event) {
-    if (!FirstLocalFile(event->mimeData()).isEmpty()) event->acceptProposedAction();
+    // A view from which nobody takes files shows so while they are dragged over it.
+    const bool wanted = isSignalConnected(QMetaMethod::fromSignal(&ImageX::FileDropped));
+    if (wanted && !FirstLocalFile(event->mimeData()).isEmpty()) event->acceptProposedAction();
 }
 
 void ImageX::dropEvent(QDropEvent* event) {

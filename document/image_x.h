@@ -62,6 +62,7 @@ class ImageX : public QWidget, public SurfaceView {
                       int yTwips);
     /// Also without a button.
     void MouseMoved(Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers, int xTwips, int yTwips);
+    /// Files are accepted only where this signal is connected.
     void FileDropped(const QString& path);
     /// Control and wheel: notches away from (above 0) or towards the user. Zoom changes made by the receiver keep the
     /// picture's point under the mouse in its place.

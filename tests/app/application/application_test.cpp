@@ -1,0 +1,72 @@
+// Exceptions that escape from events: the user is told, and the program goes on. A program of its own, since it is
+// about the application object.
+// SPDX-License-Identifier: MIT
+#include "app/application.h"
+
+#include <gtest/gtest.h>
+
+#include <QTest>
+#include <QTimer>
+#include <QWidget>
+
+#include "platform/error.h"
+#include "tests/support/scripted_dialog.h"
+
+namespace kelu {
+namespace {
+
+class Failing : public QWidget {
+ public:
+    int events = 0;
+
+ protected:
+    void mousePressEvent(QMouseEvent*) override { Fail(); }
+    void keyPressEvent(QKeyEvent*) override {
+        ++events;
+        throw std::bad_alloc();
+    }
+    void paintEvent(QPaintEvent*) override { Fail(); }
+
+ private:
+    void Fail() {
+        ++events;
+        throw Error(kFileError, QStringLiteral("no room"));
+    }
+};
+
+TEST(Application, GoesOnAfterAnEventThatFails) {
+    ScriptedDialog dialog;
+    auto& application = *static_cast<Application*>(qApp);
+    application.ShowErrorsIn(&dialog);
+    Failing widget;
+    widget.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&widget));
+    widget.repaint();
+    EXPECT_GT(widget.events, 0);
+    EXPECT_TRUE(dialog.shown.empty()) << "a painting that fails would fail again at once";
+
+    // The next failure, while the message is up, adds no second one.
+    dialog.whileShown = [&](const ScriptedDialog::Shown&) { QTest::mouseClick(&widget, Qt::LeftButton); };
+    QTest::mouseClick(&widget, Qt::LeftButton);
+    ASSERT_EQ(dialog.shown.size(), 1u);
+    EXPECT_EQ(dialog.shown[0].text, "The following error has occured:\r\nno room (57)\r\n");
+    dialog.whileShown = {};
+
+    QTest::keyClick(&widget, Qt::Key_A);
+    EXPECT_EQ(dialog.shown.size(), 2u);
+    bool later = false;
+    QTimer::singleShot(0, &widget, [] { throw Error(kEndOfFile, QStringLiteral("cut short")); });
+    QTimer::singleShot(1, &widget, [&] { later = true; });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return later; }));
+    EXPECT_EQ(dialog.shown.size(), 3u);
+    application.ShowErrorsIn(nullptr);
+}
+
+}  // namespace
+}  // namespace kelu
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    kelu::Application application(argc, argv);
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,172 @@
+// A monkey at the window: mixed real events in a random order that is the same at every run. Whatever it does, nothing
+// breaks, the parts agree, and undoing everything gives the opened picture back.
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include <QClipboard>
+#include <random>
+
+#include "controls/progress_bar/xp_progress_bar.h"
+#include "document/picture_file.h"
+#include "tests/app/main_window_fixture.h"
+
+namespace kelu {
+namespace {
+
+constexpr int kSteps = 500;
+
+struct Monkey : MainWindowFixture, testing::WithParamInterface<unsigned> {
+    std::mt19937 random{GetParam()};
+    QImage opened;
+    QStringList done;
+
+    int Below(int count) { return static_cast<int>(random() % static_cast<unsigned>(count)); }
+    bool Sometimes() { return Below(3) == 0; }
+    QPoint Somewhere(const QWidget& widget) { return {Below(widget.width()), Below(widget.height())}; }
+
+    void OpenOne() {
+        // An open keeps the compare view, which a clean picture can't leave: nothing more could be painted.
+        if (state.ShowingOriginal) Click(Command::Original);
+        if (state.ShowingOriginal) return;
+        const int answer = state.ImageDirty ? (Sometimes() ? MsgDialog::kCancel : MsgDialog::kNo) : 0;
+        if (answer) dialog.answers = {answer};
+        const QString path = folder.filePath(QStringLiteral("%1.png").arg(Below(3)));
+        Drop(path);
+        if (answer != MsgDialog::kCancel) opened = ReadPicture(path);
+    }
+    void ApplyOne() {
+        QTest::mouseClick(window.controls.selectors->TBSFX->Button(1 + Below(48)), Qt::LeftButton);
+        for (LsSlider* slider : panel.sldValue)
+            if (slider->isVisible()) slider->SetValue(slider->Min() + Below(slider->Max() - slider->Min() + 1));
+        Apply();
+    }
+    void Paint() {
+        if (!canvas.isVisible()) return;
+        const Qt::MouseButton buttons[] = {Qt::LeftButton, Qt::LeftButton, Qt::LeftButton, Qt::RightButton,
+                                           Qt::MiddleButton};
+        std::vector<QPoint> points(static_cast<std::size_t>(1 + Below(6)));
+        for (QPoint& point : points) point = Somewhere(canvas);
+        StrokeWidget(points, buttons[Below(5)]);
+    }
+    void Wheel() {
+        QWheelEvent event(Somewhere(canvas), {}, {}, {0, 120 * (Below(7) - 3)}, Qt::NoButton,
+                          Sometimes() ? Qt::NoModifier : Qt::ControlModifier, Qt::NoScrollPhase, false);
+        if (canvas.isVisible()) QCoreApplication::sendEvent(&canvas, &event);
+    }
+    void Save() {
+        const QString path = folder.filePath("saved.png");
+        saveDialog.names = {Sometimes() ? QString() : path, path};
+        const bool dirty = state.ImageDirty;
+        Key(Qt::Key_S, Qt::ControlModifier);
+        if (dirty && !state.ImageDirty) {
+            EXPECT_EQ(ReadPicture(path), Canvas());
+        }
+        saveDialog.names.clear();
+    }
+    void Copy() {
+        QGuiApplication::clipboard()->clear();
+        Key(Qt::Key_C, Qt::ControlModifier);
+        const QImage copied = QGuiApplication::clipboard()->image();
+        EXPECT_EQ(!copied.isNull(), state.ImageActive);
+        if (state.ImageActive) {
+            EXPECT_EQ(copied.convertToFormat(Canvas().format()), Canvas());
+        }
+    }
+    void AnyKey() {
+        const Qt::Key keys[] = {Qt::Key_Z, Qt::Key_Y,     Qt::Key_S,     Qt::Key_Space, Qt::Key_PageDown,
+                                Qt::Key_A, Qt::Key_Right, Qt::Key_Enter, Qt::Key_Tab,   Qt::Key_Escape};
+        QTest::keyClick(&canvas, keys[Below(10)], Sometimes() ? Qt::ShiftModifier : Qt::NoModifier);
+    }
+    void AskToLeave() {
+        if (!state.ImageDirty) return;
+        dialog.answers = {MsgDialog::kCancel};
+        Sometimes() ? Click(Command::Close) : static_cast<void>(window.close());
+    }
+    void ChangeWindow() {
+        Click(Command::Restore);
+        QCoreApplication::processEvents();
+    }
+    void ButtonOf(std::initializer_list<Command> commands) {
+        Click(commands.begin()[Below(static_cast<int>(commands.size()))]);
+    }
+
+    void ExpectAgreement() {
+        ASSERT_TRUE(window.isVisible() && window.isEnabled());
+        ASSERT_EQ(Canvas().size(), opened.size());
+        ASSERT_EQ(window.surfaces.picOriginal.Picture(), opened);
+        ASSERT_EQ(canvas.isVisible(), !state.ShowingOriginal);
+        ASSERT_EQ(window.controls.picOriginal->isVisible(), state.ShowingOriginal);
+        ASSERT_FALSE(window.controls.pBar1->isVisible());
+        ASSERT_TRUE(Status().startsWith(state.CurrentFileName + " - ")) << qPrintable(Status());
+        ASSERT_GE(canvas.ZoomPercent(), 1);
+        ASSERT_TRUE(dialog.answers.empty());
+        for (const auto& message : dialog.shown) ASSERT_NE(message.heading, "Error") << qPrintable(message.text);
+        ASSERT_TRUE(state.ImageDirty || Canvas() == opened || !state.ImageActive)
+            << "changed and neither dirty nor saved";
+    }
+    void ExpectUndoGivesThePictureBack() {
+        int levels = 0;
+        for (; window.surfaces.picCanvas.CanUndo(); ++levels) Key(Qt::Key_Z, Qt::ControlModifier);
+        ASSERT_EQ(Canvas(), opened);
+        for (; levels > 0; --levels) Key(Qt::Key_Y, Qt::ControlModifier);
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(Seeds, Monkey, testing::Values(1u, 2u, 3u));
+
+TEST_P(Monkey, BreaksNothing) {
+    MakePhoto("0.png", 160, 120);
+    MakePhoto("1.png", 90, 140);
+    MakePhoto("2.png", 700, 60);
+    OpenOne();
+    const std::pair<const char*, std::function<void()>> tricks[] = {
+        {"open", [this] { OpenOne(); }},
+        {"apply", [this] { ApplyOne(); }},
+        {"apply", [this] { ApplyOne(); }},
+        {"paint", [this] { Paint(); }},
+        {"paint", [this] { Paint(); }},
+        {"paint", [this] { Paint(); }},
+        {"undo", [this] { Key(Qt::Key_Z, Qt::ControlModifier); }},
+        {"redo",
+         [this] {
+             ButtonOf({Command::Undo, Command::Redo});
+         }},
+        {"zoom",
+         [this] {
+             ButtonOf({Command::ZoomIn, Command::ZoomIn, Command::ZoomOut, Command::ZoomReset});
+         }},
+        {"wheel", [this] { Wheel(); }},
+        {"compare", [this] { Click(Command::Original); }},
+        {"copy", [this] { Copy(); }},
+        {"save",
+         [this] {
+             if (Sometimes()) Save();
+         }},
+        {"brush", [this] { panel.sldBrushSize->SetValue(1 + Below(100)); }},
+        {"key", [this] { AnyKey(); }},
+        {"leave", [this] { AskToLeave(); }},
+        {"maximise",
+         [this] {
+             if (Sometimes()) ChangeWindow();
+         }},
+        {"undo all",
+         [this] {
+             if (Sometimes()) ExpectUndoGivesThePictureBack();
+         }},
+    };
+    int strokes = 0;
+    for (int step = 0; step < kSteps && !HasFatalFailure(); ++step) {
+        const auto& [name, trick] = tricks[Below(static_cast<int>(std::size(tricks)))];
+        done << name;
+        const QImage before = Canvas();
+        trick();
+        strokes += qstrcmp(name, "paint") == 0 && Canvas() != before;
+        ExpectAgreement();
+    }
+    ExpectUndoGivesThePictureBack();
+    if (HasFailure()) ADD_FAILURE() << "after " << qPrintable(done.join(", "));
+    EXPECT_GT(strokes, 10) << "the monkey was idle";
+}
+
+}  // namespace
+}  // namespace kelu
