@@ -33,7 +33,6 @@ namespace {
 
 constexpr int kSplashTime = 3500;  // ms
 constexpr int kSettingsTime = 2;   // ms
-constexpr QColor kHatch(200, 200, 200, 40);  // laid thinly over the dark ground, or it would outshine the picture
 
 /// A file or folder that lies beside the executable: data, Gallery, help.
 QString BesideProgram(const char* name) {
@@ -262,7 +261,7 @@ void frmMain::AddDropShadow() {
 }
 
 void frmMain::PrepareCanvasBackground() {
-    const QBrush canvasBackBrush(kHatch, Qt::DiagCrossPattern);
+    const QBrush canvasBackBrush(theme::kHatch, Qt::DiagCrossPattern);
     controls.picCanvas->SetBackgroundHatch(canvasBackBrush);
     controls.picOriginal->SetBackgroundHatch(canvasBackBrush);
 }

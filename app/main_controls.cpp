@@ -28,8 +28,9 @@ namespace {
 constexpr int kLogoHeight = 32;                     // pixels
 constexpr int kPreviewWidth = 184;                  // pixels; fills the gap that the layout leaves it, 4:3
 constexpr int kPreviewEdge = 3;
-constexpr TwipsRect kHelpButton{0, 0, 405, 345};    // sizes of the two buttons beside picSystem
-constexpr TwipsRect kSettingsButton{0, 0, 405, 345};
+// The two buttons beside picSystem are as high as its own, and as far from the line between them on either side.
+constexpr TwipsRect kHelpButton{0, 0, 510, 285};
+constexpr TwipsRect kSettingsButton{0, 0, 675, 285};
 constexpr TwipsRect kPipe{0, 0, 15, 225};
 
 template <typename Widget>
@@ -97,6 +98,8 @@ MainControls::MainControls(QWidget& window, Surfaces& surfaces, Surface& capture
     picPipe1->setPalette(line);
 
     Place(*pBar1, LayOut(kDesignSize).pBar1);
+    pBar1->SetBackColor(ToColorRef(theme::kSunken));
+    pBar1->raise();  // over the second panel, which was made later
     picCover->raise();
     picLogo->raise();
 }

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "app/window_chrome.h"
 
+#include <QApplication>
 #include <QMouseEvent>
 #include <QScreen>
 #include <QWidget>
 #include <QWindow>
 #include <QWindowStateChangeEvent>
+
+#include "controls/theme/theme.h"
 
 namespace kelu {
 
@@ -13,8 +16,24 @@ namespace {
 constexpr const char* kMaximises = "keluMaximises";
 }
 
-WindowChrome::WindowChrome(QWidget& window, SharedState& state) : window_(window), state_(state) {
+WindowChrome::WindowChrome(QWidget& window, SharedState& state)
+    : window_(window), state_(state), outline_(new QWidget(&window)) {
     window_.installEventFilter(this);
+    // Without a frame the window would run into a dark window behind it.
+    outline_->setAttribute(Qt::WA_TransparentForMouseEvents);
+    outline_->setAutoFillBackground(true);
+    QPalette line = outline_->palette();
+    line.setColor(QPalette::Window, theme::kOutlinePopup);
+    outline_->setPalette(line);
+    PlaceOutline();
+}
+
+void WindowChrome::PlaceOutline() {
+    const QRect whole = window_.rect();
+    outline_->setGeometry(whole);
+    outline_->setMask(QRegion(whole) - QRegion(whole.adjusted(1, 1, -1, -1)));
+    outline_->setVisible(!state_.WindowMaximised);
+    outline_->raise();
 }
 
 void WindowChrome::AddHandle(QWidget& handle, bool maximises) {
@@ -27,6 +46,7 @@ bool WindowChrome::eventFilter(QObject* watched, QEvent* event) {
         if (event->type() == QEvent::WindowStateChange && window_.isMaximized() != state_.WindowMaximised &&
             !window_.isMinimized())
             SetMaximised(window_.isMaximized());
+        if (event->type() == QEvent::Resize) PlaceOutline();
         return false;
     }
     switch (event->type()) {
@@ -41,28 +61,32 @@ bool WindowChrome::eventFilter(QObject* watched, QEvent* event) {
 
 bool WindowChrome::OnHandle(const QMouseEvent& mouse, bool maximises) {
     const bool left = mouse.button() == Qt::LeftButton;
+    const QPoint inWindow = mouse.globalPosition().toPoint() - window_.frameGeometry().topLeft();
     switch (mouse.type()) {
         case QEvent::MouseButtonPress:
-            if (left) StartDrag(mouse.globalPosition().toPoint());
+            if (left) pressedAt_ = inWindow, byHand_ = false;
             return left;
         case QEvent::MouseMove:
-            if (dragFrom_) window_.move(mouse.globalPosition().toPoint() - *dragFrom_);
-            return dragFrom_.has_value();
+            if (!pressedAt_) return false;
+            if (!byHand_ && (inWindow - *pressedAt_).manhattanLength() >= QApplication::startDragDistance()) StartDrag();
+            if (byHand_ && !state_.WindowMaximised) window_.move(window_.pos() + inWindow - *pressedAt_);
+            return true;
         case QEvent::MouseButtonDblClick:
-            dragFrom_.reset();
+            pressedAt_.reset();
             if (left && maximises) ToggleMaximised();
             return left && maximises;
         default:
-            dragFrom_.reset();
+            pressedAt_.reset();
             return false;
     }
 }
 
-void WindowChrome::StartDrag(const QPoint& globalPosition) {
+void WindowChrome::StartDrag() {
     // The window system moves the window where it can; without a window manager it says no and we follow the pointer.
+    // Not at the press already: it takes the pointer for itself, and a double click would never arrive.
     QWindow* handle = window_.windowHandle();
-    if (handle && handle->startSystemMove()) return;
-    if (!state_.WindowMaximised) dragFrom_ = globalPosition - window_.frameGeometry().topLeft();
+    byHand_ = handle == nullptr || !handle->startSystemMove();
+    if (!byHand_) pressedAt_.reset();
 }
 
 void WindowChrome::Minimise() { window_.showMinimized(); }
@@ -84,6 +108,7 @@ void WindowChrome::ToggleMaximised() {
 
 void WindowChrome::SetMaximised(bool maximised) {
     state_.WindowMaximised = maximised;
+    PlaceOutline();
     Q_EMIT MaximisedChanged(maximised);
 }
 

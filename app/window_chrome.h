@@ -1,4 +1,4 @@
-// The window's own frame: moving it by the title bar, minimise, maximise and restore.
+// The window's own frame: its outline, moving it by the title bar, minimise, maximise and restore.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -36,13 +36,16 @@ class WindowChrome : public QObject {
 
  private:
     bool OnHandle(const QMouseEvent& mouse, bool maximises);
-    void StartDrag(const QPoint& globalPosition);
+    void StartDrag();
+    void PlaceOutline();
     void SetMaximised(bool maximised);
 
     QWidget& window_;
     SharedState& state_;
-    QRect restoredGeometry_;          // where no window manager keeps it
-    std::optional<QPoint> dragFrom_;  // pointer position inside the window, while we move it by hand
+    QWidget* outline_;
+    QRect restoredGeometry_;           // where no window manager keeps it
+    std::optional<QPoint> pressedAt_;  // pointer position inside the window, from the press on
+    bool byHand_ = false;              // the window system leaves the moving to us
 };
 
 }  // namespace kelu

@@ -27,6 +27,29 @@ constexpr int kNotch = QWheelEvent::DefaultDeltasPerStep;
 
 int Twips(double widgetPixels) { return RoundToEven(widgetPixels * kTwipsPerPixel); }
 
+/// The toolkit's pattern of this name as it looks at ratio 1. The toolkit draws its patterns in device pixels: the finer
+/// the screen, the denser they would lie.
+QBrush DiagonalCross(QColor color, qreal ratio) {
+    constexpr int kPeriod = 8;  // device-independent pixels
+    const int side = qRound(kPeriod * ratio);
+    QPixmap tile(side, side);
+    tile.fill(Qt::transparent);
+    QPainter painter(&tile);
+    painter.setRenderHint(QPainter::Antialiasing);
+    // Opaque while they are drawn, so that crossings are no brighter; as thick as a staircase of single pixels.
+    const QColor veil(0, 0, 0, color.alpha());
+    color.setAlpha(255);
+    painter.setPen(QPen(color, ratio / std::sqrt(2.0)));
+    painter.drawLine(QPointF(-1, -1), QPointF(side + 1, side + 1));
+    painter.drawLine(QPointF(-1, side + 1), QPointF(side + 1, -1));
+    painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
+    painter.fillRect(tile.rect(), veil);
+    painter.end();
+    QBrush brush(tile);
+    brush.setTransform(QTransform::fromScale(1 / ratio, 1 / ratio));
+    return brush;
+}
+
 QString FirstLocalFile(const QMimeData* data) {
     for (const QUrl& url : data->urls())
         if (url.isLocalFile()) return url.toLocalFile();
@@ -228,7 +251,7 @@ void ImageX::paintEvent(QPaintEvent* event) {
         painter.setClipRegion(ground);
         for (const QRect& part : ground) {
             painter.fillRect(part, palette().window());
-            if (hatch_.style() != Qt::NoBrush) painter.fillRect(part, hatch_);
+            if (hatch_.style() != Qt::NoBrush) painter.fillRect(part, HatchOfScreen());
         }
         painter.setClipRegion(event->region());
     }
@@ -275,7 +298,17 @@ void ImageX::SetBrushRing(int imagePixels) {
 
 void ImageX::SetBackgroundHatch(const QBrush& brush) {
     hatch_ = brush;
+    screenHatchRatio_ = 0;
     update();
+}
+
+const QBrush& ImageX::HatchOfScreen() {
+    const qreal ratio = devicePixelRatioF();
+    if (ratio != screenHatchRatio_) {
+        screenHatch_ = hatch_.style() == Qt::DiagCrossPattern && ratio != 1 ? DiagonalCross(hatch_.color(), ratio) : hatch_;
+        screenHatchRatio_ = ratio;
+    }
+    return screenHatch_;
 }
 
 // ---- cursor

@@ -48,7 +48,8 @@ class ImageX : public QWidget, public SurfaceView {
     /// The cursor shown while the style is 99; its hot spot is its middle unless one is given.
     void SetCursorPicture(const QPixmap& picture, const QPoint& hotSpot = QPoint(-1, -1));
     void SetCursorStyle(int style);
-    /// Shown where the picture does not cover the widget, and through its transparency.
+    /// Shown where the picture does not cover the widget, and through its transparency. A diagonal cross has the same
+    /// density at every device pixel ratio.
     void SetBackgroundHatch(const QBrush& brush);
     /// Shows a thin circle of this diameter (image pixels) around the mouse; 0, the start value: none.
     void SetBrushRing(int imagePixels);
@@ -98,6 +99,7 @@ class ImageX : public QWidget, public SurfaceView {
     void UpdateRing();
     void PaintRing(QPainter& painter) const;
     QRect RingRect() const;
+    const QBrush& HatchOfScreen();
 
     Surface& surface_;
     ScaledView view_;
@@ -117,6 +119,8 @@ class ImageX : public QWidget, public SurfaceView {
     std::optional<QPointF> zoomFocus_;
 
     QBrush hatch_;
+    QBrush screenHatch_;           ///< hatch_ as drawn at screenHatchRatio_
+    qreal screenHatchRatio_ = 0;  ///< 0: screenHatch_ is out of date
     QPixmap cursorPicture_;
     QPoint cursorHotSpot_{-1, -1};
     int cursorStyle_ = 0;

@@ -8,6 +8,7 @@
 #include "controls/list_ex/list_ex.h"
 #include "controls/pager/pager.h"
 #include "controls/slider/ls_slider.h"
+#include "controls/theme/slider_pictures.h"
 #include "controls/theme/theme.h"
 #include "controls/tool_button/tool_button.h"
 #include "controls/toolbox/toolbox.h"
@@ -20,16 +21,19 @@ namespace kelu {
 namespace {
 
 constexpr QSize kPanelTwips{1935, 3135};
+constexpr int kRailPixels = 1755 / kTwipsPerPixel - 4;  // the rail's picture fixes the slider's length, 4 more
 constexpr int kBrushMin = 1;
 constexpr int kBrushMax = 100;
 constexpr int kBrushStart = 50;
+constexpr int kGapAboveApply = 6;  // pixels
 
-// A list that may reach under the button below it without losing its last row there.
+// A list that may reach under the button below it: its frame, rows and scroll bar then end above the button.
 class ValueList : public ListEx {
  public:
     using ListEx::ListEx;
     void KeepClearOf(const QWidget& below) {
-        setViewportMargins(0, 0, 0, qMax(0, geometry().bottom() + 1 - below.y()));
+        const int room = below.y() - kGapAboveApply - y();
+        setFrameRect(room < height() ? QRect(0, 0, width(), room) : rect());
     }
 };
 
@@ -59,6 +63,9 @@ LsSlider* MakeSlider(QWidget* parent, const char* name) {
     slider->SetOrientation(LsSlider::kHorizontal);
     const QColor ground = theme::kGround;
     slider->SetBackColor(static_cast<ColorRef>(PickerColor(ground.red(), ground.green(), ground.blue())));
+    slider->SetRailStyle(LsSlider::kPictureRail);
+    slider->SetRailPicture(theme::SliderRail(kRailPixels, slider->devicePixelRatioF()));
+    slider->SetSliderIcon(theme::SliderThumb(slider->devicePixelRatioF()));
     QObject::connect(slider, &LsSlider::ValueChanged, slider,
                      [slider] { Describe(*slider, slider->accessibleName()); });
     return slider;

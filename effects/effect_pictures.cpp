@@ -17,10 +17,10 @@ namespace kelu {
 namespace {
 
 constexpr int kRim = 2;  // device-independent pixels round the photograph
-constexpr QSize kPhotoSize{85, 80};
+constexpr QSize kPhotoSize{115, 77};
 constexpr int kNameGap = 3;
 
-// Inputs made for a photograph of thousands of pixels that would leave nothing of 85, or would not show at all.
+// Inputs made for a photograph of thousands of pixels that would leave nothing of 115, or would not show at all.
 struct SmallInputs {
     int number;
     int first;
@@ -69,7 +69,7 @@ QImage WithEffect(const Effect& effect, const QImage& plain, qreal ratio) {
 }
 
 void DrawName(QPainter& painter, const QString& name, const QRectF& box) {
-    QFont font = theme::LabelFont();
+    QFont font = theme::ListFont();
     const int needed = QFontMetrics(font).horizontalAdvance(name);
     if (needed > box.width()) font.setStretch(qMax(50, static_cast<int>(100 * box.width() / (needed + 1))));
     painter.setFont(font);

@@ -11,8 +11,9 @@ namespace kelu {
 
 struct Effect;
 
-/// Size of a button picture, device-independent pixels.
-inline constexpr QSize kEffectPictureSize{89, 106};
+/// Size of a button picture, device-independent pixels: as wide as the sliders of the settings panel below the toolbar,
+/// and so high that three with their names fill the toolbar of the smallest window.
+inline constexpr QSize kEffectPictureSize{119, 100};
 
 /// The picture of one button for a screen of ratio `ratio`: `photograph`, at least as large as the picture's upper part
 /// in device pixels and cut to its middle, with the effect. Without a photograph the name stands alone.

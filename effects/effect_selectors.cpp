@@ -6,11 +6,10 @@
 #include "controls/pager/pager.h"
 #include "controls/toolbox/toolbox.h"
 #include "effects/catalogue.h"
+#include "effects/effect_pictures.h"
 
 namespace kelu {
 namespace {
-
-constexpr QSize kButtonPixels{89, 106};
 
 QString ButtonKey(int number) { return QStringLiteral("keySFX%1").arg(number); }
 
@@ -31,9 +30,10 @@ EffectSelectors::EffectSelectors(SharedState& state, QWidget* parent)
     pagerTB1->hide();
 
     TBSFX->SetColumns(1);
-    TBSFX->SetButtonSize(kButtonPixels);
+    TBSFX->SetButtonSize(kEffectPictureSize);
     for (const Effect& effect : Catalogue()) TBSFX->AddButton(ButtonKey(effect.number));
     pagerTB1->SetChild(TBSFX);
+    pagerTB1->resize(TBSFX->sizeHint().width(), pagerTB1->height());
 
     connect(lstSFX, &ListEx::SelectionChanged, this, &EffectSelectors::ListSelected);
     connect(TBSFX, &Toolbox::ButtonClicked, this, [this](int, const QString& key) { ToolbarClicked(key); });

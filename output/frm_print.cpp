@@ -22,7 +22,6 @@ constexpr QSize kPreviewSize(380, 300);  // device-independent pixels, as the ne
 constexpr int kListWidth = 220;
 constexpr int kOrientationButton = 40;
 constexpr int kOrientationIcon = 26;
-constexpr QColor kHatch(200, 200, 200, 40);  // as behind the canvas
 
 struct Captions {
     const char* id;
@@ -83,7 +82,7 @@ frmPrint::frmPrint(const QImage& picture, PrintService& service, Settings& setti
 
     GetPrinters();
     LoadMySettings();
-    picPrint->SetBackgroundHatch(QBrush(kHatch, Qt::DiagCrossPattern));
+    picPrint->SetBackgroundHatch(QBrush(theme::kHatch, Qt::DiagCrossPattern));
 }
 
 void frmPrint::LayOut() {

@@ -39,6 +39,14 @@ struct Canvas {
     }
 };
 
+/// The shade that lies on the ground as `onWhite` does on white.
+ColorRef Shade(const Canvas& canvas, ColorRef onWhite) {
+    const ColorRef ground = canvas.state.ground;
+    ColorRef shade = 0;
+    for (const int shift : {0, 8, 16}) shade |= (ground >> shift & 0xFF) * (onWhite >> shift & 0xFF) / 255 << shift;
+    return shade;
+}
+
 /// A box filled by a blend across the bar: from top to bottom, or from left to right of a vertical bar.
 void BlendAcross(const Canvas& canvas, const Box& box, ColorRef first, ColorRef second) {
     if (box.Width() <= 0 || box.Height() <= 0) return;
@@ -68,24 +76,30 @@ void PaintThemeChrome(const Canvas& canvas) {
     QPainter& painter = canvas.painter;
     const int right = canvas.client.right - 1;
     const int bottom = canvas.client.bottom - 1;
-    constexpr ColorRef kOuterShade = 0xBEBEBE;
-    constexpr ColorRef kInnerShade = 0xEFEFEF;
-    DrawLine(painter, 2, 2, right, 2, kInnerShade);
-    DrawLine(painter, 2, 2, 2, bottom, kInnerShade);
-    DrawLine(painter, right - 1, 2, right - 1, bottom, kInnerShade);
-    DrawLine(painter, 2, bottom - 1, right, bottom - 1, kInnerShade);
-    DrawLine(painter, 1, 1, right, 1, kOuterShade);
-    DrawLine(painter, 1, 1, 1, bottom, kOuterShade);
+    const ColorRef outerShade = Shade(canvas, 0xBEBEBE);
+    const ColorRef innerShade = Shade(canvas, 0xEFEFEF);
+    DrawLine(painter, 2, 2, right, 2, innerShade);
+    DrawLine(painter, 2, 2, 2, bottom, innerShade);
+    DrawLine(painter, right - 1, 2, right - 1, bottom, innerShade);
+    DrawLine(painter, 2, bottom - 1, right, bottom - 1, innerShade);
+    DrawLine(painter, 1, 1, right, 1, outerShade);
+    DrawLine(painter, 1, 1, 1, bottom, outerShade);
     FrameBox(painter, canvas.client, kFrameGrey);
 
     struct Pixel {
         int x, y;
         ColorRef color;
     };
-    // From the outside in; the brightest lies innermost, so that no bright dot sits on a dark ground.
-    constexpr Pixel kCorner[] = {{0, 0, 0x777777}, {1, 0, 0x7D7E7F}, {0, 1, 0x7D7E7F}, {1, 1, 0xA6ABAC},
-                                 {2, 1, 0xA7ABAC}, {1, 2, 0xA7ABAC}, {2, 2, 0xBEBEBE}, {3, 3, 0xFFFFFF}};
-    for (const Pixel& pixel : kCorner) {
+    // From the outside in: three that round the frame, then those on the ground, the brightest innermost.
+    const Pixel corner[] = {{0, 0, 0x777777},
+                            {1, 0, 0x7D7E7F},
+                            {0, 1, 0x7D7E7F},
+                            {1, 1, Shade(canvas, 0xA6ABAC)},
+                            {2, 1, Shade(canvas, 0xA7ABAC)},
+                            {1, 2, Shade(canvas, 0xA7ABAC)},
+                            {2, 2, outerShade},
+                            {3, 3, canvas.state.ground}};
+    for (const Pixel& pixel : corner) {
         for (const int x : {pixel.x, right - pixel.x}) {
             for (const int y : {pixel.y, bottom - pixel.y}) FillBox(painter, {x, y, x + 1, y + 1}, pixel.color);
         }
@@ -143,13 +157,13 @@ void PaintTheme(const Canvas& canvas) {
         const Box bar = VerticalBar(client, canvas.Fraction(), chunks);
         FillChunksVertical(canvas, bar);
         if (canvas.state.look == kChunked) {
-            for (const Box& gap : VerticalGaps(client, bar, chunks)) FillBox(canvas.painter, gap, kWhite);
+            for (const Box& gap : VerticalGaps(client, bar, chunks)) FillBox(canvas.painter, gap, canvas.state.ground);
         }
     } else {
         const Box bar = ShownBar(HorizontalBar(client, canvas.Fraction(), chunks));
         FillChunksHorizontal(canvas, bar);
         if (canvas.state.look == kChunked) {
-            for (const Box& gap : HorizontalGaps(client, bar, chunks)) FillBox(canvas.painter, gap, kWhite);
+            for (const Box& gap : HorizontalGaps(client, bar, chunks)) FillBox(canvas.painter, gap, canvas.state.ground);
         }
     }
     PaintThemeChrome(canvas);
@@ -267,7 +281,7 @@ void PaintText(const Canvas& canvas) {
 
 void Paint(QPainter& painter, const QSize& size, const State& state) {
     const Canvas canvas{painter, {0, 0, size.width(), size.height()}, state};
-    FillBox(painter, canvas.client, state.look == kBlack ? kBlackInk : kWhite);
+    FillBox(painter, canvas.client, state.look == kBlack ? kBlackInk : state.ground);
     switch (state.look) {
         case kChunked:
         case kSmooth:

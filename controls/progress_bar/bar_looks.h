@@ -29,6 +29,7 @@ struct State {
     bool vertical = false;
     int percent = 0;  ///< at most 100
     ColorRef color = 0;
+    ColorRef ground = 0xFFFFFF;  ///< of all looks but kBlack
     int brushStyle = 4;
     QPixmap image;
     bool showText = false;

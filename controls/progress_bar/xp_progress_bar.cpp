@@ -43,6 +43,11 @@ void XP_ProgressBar::SetColor(ColorRef color) {
     Announce("Color");
 }
 
+void XP_ProgressBar::SetBackColor(ColorRef color) {
+    backColor_ = ToColorRef(TranslateColor(color));
+    DrawProgressBar();
+}
+
 void XP_ProgressBar::SetScrolling(int look) {
     scrolling_ = look;
     DrawProgressBar();
@@ -133,7 +138,7 @@ void XP_ProgressBar::pDraw(QPainter& painter, int sourceX, int sourceY, int widt
 }
 
 void XP_ProgressBar::paintEvent(QPaintEvent*) {
-    const bar::State state{scrolling_, orientation_ == kVertical, percent_, color_, brushStyle_, image_, showText_,
+    const bar::State state{scrolling_, orientation_ == kVertical, percent_, color_, backColor_, brushStyle_, image_, showText_,
                            font()};
     QPainter surface(this);
     EnsureBuffer();

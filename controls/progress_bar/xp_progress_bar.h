@@ -38,6 +38,10 @@ class XP_ProgressBar : public QWidget {
     /// Plain colour; a system colour is translated when it is written.
     ColorRef Color() const { return color_; }
     void SetColor(ColorRef color);
+    /// What the bar stands on, and its gaps: white unless the window that holds it asks for its own. A plain or
+    /// system colour, not persisted. Look 6 always stands on black.
+    ColorRef BackColor() const { return backColor_; }
+    void SetBackColor(ColorRef color);
     /// The look, 0 to 9.
     int Scrolling() const { return scrolling_; }
     void SetScrolling(int look);
@@ -89,6 +93,7 @@ class XP_ProgressBar : public QWidget {
     int brushStyle_ = 4;
     bool showText_ = false;
     ColorRef color_;
+    ColorRef backColor_ = 0xFFFFFF;
     QPixmap image_;
     QPixmap buffer_;
 };

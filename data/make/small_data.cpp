@@ -130,8 +130,9 @@ QByteArray MakeStrokeAnimation() {
 }
 
 QImage MakePlaceholder() {
-    QImage picture(kPlaceholderSize, QImage::Format_RGB32);
-    picture.fill(theme::kGround);
+    // A card: round it, and round its corners, the canvas shows its own ground at whatever size.
+    QImage picture(kPlaceholderSize, QImage::Format_ARGB32);
+    picture.fill(Qt::transparent);
     QPainter painter(&picture);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(QColor(0x6A, 0x6A, 0x6A), 3, Qt::CustomDashLine, Qt::RoundCap));

@@ -62,6 +62,7 @@ frmEmail::frmEmail(SmtpSender& smtp, MailClient& client, MsgDialog& dialog, Sett
     MakeFrameGmail();
     pBar1 = new XP_ProgressBar(this);
     pBar1->setObjectName(QStringLiteral("pBar1"));
+    pBar1->SetBackColor(ToColorRef(theme::kSunken));
     // Its place stays free while it is hidden, so that nothing moves under the pointer.
     QSizePolicy keepsPlace = pBar1->sizePolicy();
     keepsPlace.setRetainSizeWhenHidden(true);

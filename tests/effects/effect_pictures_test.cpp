@@ -15,7 +15,7 @@ namespace kelu {
 namespace {
 
 // The part of a button picture that holds the photograph, without its rounded rim.
-QImage Photo(const QImage& picture, int ratio) { return picture.copy(8 * ratio, 8 * ratio, 70 * ratio, 66 * ratio); }
+QImage Photo(const QImage& picture, int ratio) { return picture.copy(8 * ratio, 8 * ratio, 100 * ratio, 62 * ratio); }
 
 TEST(EffectPictures, EveryEffectCanBeToldFromThePlainPhotographAndFromTheOthers) {
     const QImage photograph = SamplePicture(200, 180);
@@ -25,7 +25,7 @@ TEST(EffectPictures, EveryEffectCanBeToldFromThePlainPhotographAndFromTheOthers)
         std::set<QByteArray> seen{QByteArray(reinterpret_cast<const char*>(plain.constBits()), plain.sizeInBytes())};
         for (const Effect& effect : Catalogue()) {
             const QImage picture = DrawEffectPicture(effect, photograph, ratio);
-            EXPECT_EQ(picture.size(), QSize(89, 106) * ratio);
+            EXPECT_EQ(picture.size(), kEffectPictureSize * ratio);
             EXPECT_EQ(picture.devicePixelRatio(), ratio);
             const QImage photo = Photo(picture, ratio);
             EXPECT_TRUE(
@@ -46,7 +46,7 @@ TEST(EffectPictures, ArriveInOrderAlsoWithoutAPhotograph) {
         while (ready.count() < 48) ASSERT_TRUE(ready.wait(10000));
         for (int i = 0; i < 48; ++i) {
             EXPECT_EQ(ready[i][0].toInt(), i + 1);
-            EXPECT_EQ(ready[i][1].value<QImage>().size(), QSize(89, 106));
+            EXPECT_EQ(ready[i][1].value<QImage>().size(), kEffectPictureSize);
         }
     }
 }

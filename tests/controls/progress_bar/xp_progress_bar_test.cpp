@@ -50,6 +50,18 @@ TEST(ProgressLooks, DefaultLookPixelByPixel) {
     EXPECT_EQ(qGray(empty.pixel(12, 9)), 255);
 }
 
+TEST(ProgressLooks, ADarkGroundTakesNoWhiteAnywhere) {
+    bar::State state;
+    state.color = 0;
+    state.ground = 0x332211;  // blue in the highest byte
+    state.percent = 50;
+    const QImage shot = Shot(state);
+    EXPECT_EQ(shot.pixelColor(150, 9), QColor(0x11, 0x22, 0x33));
+    EXPECT_EQ(shot.pixelColor(10, 9), QColor(0x11, 0x22, 0x33)) << "a gap";
+    for (int y = 1; y < 18; ++y)
+        for (int x = 84; x < 159; ++x) ASSERT_LE(qGray(shot.pixel(x, y)), 0x26) << x << ", " << y;
+}
+
 TEST(ProgressLooks, EachFillsToItsPosition) {
     const struct {
         int look;
