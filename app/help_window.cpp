@@ -15,7 +15,7 @@
 #include "controls/theme/icons.h"
 #include "controls/theme/tab_order.h"
 #include "controls/theme/theme.h"
-#include "controls/title_row/title_row.h"
+#include "controls/title_row/dialog_frame.h"
 #include "controls/tool_button/tool_button.h"
 
 namespace kelu {
@@ -45,13 +45,9 @@ HelpWindow::HelpWindow(const QString& folder)
     setWindowTitle(QStringLiteral("Kelu Help"));
     setWindowIcon(theme::Icon(QStringLiteral("kelu")));
     setAttribute(Qt::WA_QuitOnClose, false);
-    TitleRow::MakeFrameless(*this);
     resize(kFirstSize);
 
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(1, 1, 1, 1);  // the outline
-    column->setSpacing(0);
-    column->addWidget(new TitleRow(this));
+    QVBoxLayout* column = MakeWindowFrame(*this);
     column->addWidget(MakeToolRow());
     column->addWidget(browser_);
     auto* grip = new QSizeGrip(this);

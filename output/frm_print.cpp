@@ -10,7 +10,7 @@
 #include "controls/list_ex/list_ex.h"
 #include "controls/theme/tab_order.h"
 #include "controls/theme/theme.h"
-#include "controls/title_row/title_row.h"
+#include "controls/title_row/dialog_frame.h"
 #include "controls/tool_button/tool_button.h"
 #include "platform/error.h"
 
@@ -18,8 +18,9 @@ namespace kelu {
 
 namespace {
 
-constexpr QSize kPreviewSize(380, 300);  // device-independent pixels, as the next three
+constexpr QSize kPreviewSize(380, 300);  // device-independent pixels, as the next four
 constexpr int kListWidth = 220;
+constexpr int kLeastListHeight = 90;
 constexpr int kOrientationButton = 40;
 constexpr int kOrientationIcon = 26;
 
@@ -32,13 +33,15 @@ struct Captions {
     const char* orientation;
     const char* portrait;
     const char* landscape;
+    const char* noPrinter;  ///< in the empty list
 };
-constexpr Captions kUKEnglish{"0", "Print", "Print ", "Cancel ", "Available Printers", "Orietation", "Portrait", "Landscape"};
+constexpr Captions kUKEnglish{"0", "Print", "Print ", "Cancel ", "Available Printers", "Orietation", "Portrait", "Landscape",
+                                "No printer found"};
 constexpr Captions kLanguages[] = {
     kUKEnglish,
-    {"1", "Print", "Print ", "Cancel ", "Available Printers", "Orietation", "Portrait", "Landscape"},
-    {"2", "Imprimir", "Imprimir ", "Cancelar ", "Impresoras disponibles", "Orientación", "Vertical", "Horizontal"},
-    {"3", "Imprimer", "Imprimer ", "Annuler ", "Imprimantes", "Orientación", "Portrait", "Paysage"},
+    {"1", "Print", "Print ", "Cancel ", "Available Printers", "Orietation", "Portrait", "Landscape", "No printer found"},
+    {"2", "Imprimir", "Imprimir ", "Cancelar ", "Impresoras disponibles", "Orientación", "Vertical", "Horizontal", "No hay ninguna impresora"},
+    {"3", "Imprimer", "Imprimer ", "Annuler ", "Imprimantes", "Orientación", "Portrait", "Paysage", "Aucune imprimante"},
 };
 
 template <typename Widget>
@@ -86,9 +89,11 @@ frmPrint::frmPrint(const QImage& picture, PrintService& service, Settings& setti
 }
 
 void frmPrint::LayOut() {
-    TitleRow::MakeFrameless(*this);
     picPrint->setFixedSize(kPreviewSize);
+    // As high as the preview leaves it, so that both columns end on one line.
     lstPrinters->setFixedWidth(kListWidth);
+    lstPrinters->setMinimumHeight(kLeastListHeight);
+    lstPrinters->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Ignored);
     lblAvPrinters->setBuddy(lstPrinters);
     for (ToolButton* button : {picPort, picLand}) {
         button->setFixedSize(kOrientationButton, kOrientationButton);
@@ -124,18 +129,9 @@ void frmPrint::LayOut() {
     buttons->addWidget(cmdOK);
     buttons->addWidget(cmdCancel);
 
-    auto* content = new QVBoxLayout;
-    content->setContentsMargins(theme::kMargin, theme::kSpacing, theme::kMargin, theme::kMargin);
-    content->setSpacing(theme::kMargin);
+    QVBoxLayout* content = MakeDialogFrame(*this);
     content->addLayout(middle);
     content->addLayout(buttons);
-
-    auto* whole = new QVBoxLayout(this);
-    whole->setContentsMargins(1, 1, 1, 1);
-    whole->setSpacing(0);
-    whole->addWidget(new TitleRow(this));
-    whole->addLayout(content);
-    whole->setSizeConstraint(QLayout::SetFixedSize);
 }
 
 void frmPrint::GetPrinters() {
@@ -176,6 +172,7 @@ void frmPrint::ChangeLanguage(const QString& id) {
         lblOrietation->setText(QString::fromUtf8(captions.orientation));
         Option1->setText(QString::fromUtf8(captions.portrait));
         Option2->setText(QString::fromUtf8(captions.landscape));
+        lstPrinters->SetEmptyText(QString::fromUtf8(captions.noPrinter));
         picPort->SetTip(QString::fromUtf8(captions.portrait));
         picLand->SetTip(QString::fromUtf8(captions.landscape));
     }

@@ -5,6 +5,7 @@
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QStringListModel>
 #include <QToolTip>
 
@@ -81,6 +82,19 @@ void ListEx::keyPressEvent(QKeyEvent* event) {
         return;
     }
     QListView::keyPressEvent(event);
+}
+
+void ListEx::SetEmptyText(const QString& text) {
+    emptyText_ = text;
+    viewport()->update();
+}
+
+void ListEx::paintEvent(QPaintEvent* event) {
+    QListView::paintEvent(event);
+    if (Count() > 0 || emptyText_.isEmpty()) return;
+    QPainter painter(viewport());
+    painter.setPen(theme::kMutedText);
+    painter.drawText(viewport()->rect().adjusted(8, 8, -8, -8), Qt::AlignCenter | Qt::TextWordWrap, emptyText_);
 }
 
 bool ListEx::viewportEvent(QEvent* event) {

@@ -27,6 +27,8 @@ class ListEx : public QListView {
     int Count() const;
     /// Text of a row; empty when there is no such row.
     QString Text(int row) const;
+    /// Stands in the middle of the list while it has no rows.
+    void SetEmptyText(const QString& text);
 
  Q_SIGNALS:
     /// A row was chosen, by the user or by SetListIndex. A click on the row already chosen raises it again.
@@ -36,10 +38,12 @@ class ListEx : public QListView {
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void mousePressEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     bool viewportEvent(QEvent* event) override;
 
  private:
     QStringListModel* texts_;
+    QString emptyText_;
     bool silent_ = false;  ///< rows are changing: no signal
     bool raised_ = false;  ///< the present event has raised the signal
 };

@@ -17,7 +17,7 @@
 #include "controls/message_dialog/message_text.h"
 #include "controls/theme/icons.h"
 #include "controls/theme/theme.h"
-#include "controls/title_row/title_row.h"
+#include "controls/title_row/dialog_frame.h"
 
 namespace kelu {
 
@@ -76,13 +76,9 @@ MessageWindow::MessageWindow(const Message& message, QWidget* parent)
     setAccessibleDescription(plainText_);
     // A message must answer even while the window it blocks is disabled by a render.
     setEnabled(true);
-    TitleRow::MakeFrameless(*this);
 
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
+    QVBoxLayout* column = MakeWindowFrame(*this);
     column->setSizeConstraint(QLayout::SetFixedSize);
-    column->addWidget(new TitleRow(this));
 
     auto* body = new QHBoxLayout;
     body->setContentsMargins(theme::kMargin + 4, theme::kMargin + 2, theme::kMargin + 8, theme::kMargin);

@@ -24,6 +24,7 @@ namespace {
 
 constexpr int kSpinButtons = 18;
 constexpr int kIndicator = 16;
+constexpr int kAreaFrame = 2;  // as wide as the focus ring
 
 template <typename Option>
 const Option* As(const QStyleOption* option) {
@@ -58,12 +59,16 @@ void DrawAreaFrame(QPainter& painter, const QStyleOption& option, const QWidget*
         widget && widget->testAttribute(Qt::WA_InputMethodEnabled) && !qobject_cast<const QAbstractItemView*>(widget);
     const bool focused = takesText ? Has(option.state, QStyle::State_HasFocus)
                                    : qobject_cast<const QAbstractScrollArea*>(widget) && ShowsFocus(option.state);
-    painter.save();
-    painter.setPen(QPen(focused ? kFocus : takesText ? kOutline : kLine, 1));
-    painter.setBrush(Qt::NoBrush);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.drawRect(QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5));
-    painter.restore();
+    const auto* area = qobject_cast<const QAbstractScrollArea*>(widget);
+    // Filled as the viewport is, whose corners lie within the round ones of the frame.
+    const QColor fill = area && area->viewport() && area->viewport()->autoFillBackground()
+                            ? area->viewport()->palette().color(area->viewport()->backgroundRole())
+                            : QColor(Qt::transparent);
+    const bool enabled = Has(option.state, QStyle::State_Enabled);
+    // The option tells the whole widget, also where the frame was given less.
+    const QRect frame = area ? area->frameRect() : option.rect;
+    DrawField(painter, frame, fill, takesText && enabled ? kOutline : kLine);
+    if (focused) DrawFocusRing(painter, frame, kFocus);
 }
 
 }  // namespace
@@ -100,10 +105,14 @@ void DarkStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
         case PE_Frame:
             return DrawAreaFrame(*painter, *option, widget);
         case PE_FrameFocusRect:
-            // Rows show the focus by their ground, buttons by their plate; what is left gets the ring.
+            // Rows show the focus by their ground, buttons by their plate; what is left gets the ring. A tree asks for
+            // its rows without naming itself; a ring outside such a row would not go with it.
             if (As<QStyleOptionViewItem>(option) || qobject_cast<const QAbstractItemView*>(widget)) return;
-            if (FocusWatch::Instance().ByKeyboard())
+            if (!FocusWatch::Instance().ByKeyboard()) return;
+            if (!Has(option->state, State_Item))
                 DrawFocusRing(*painter, QRectF(option->rect).adjusted(-1, -1, 1, 1), kFocus);
+            else if (!Has(option->state, State_Selected))
+                DrawFocusRing(*painter, option->rect, kFocus);
             return;
         case PE_PanelItemViewItem:
             if (const auto* row = As<QStyleOptionViewItem>(option)) return DrawRowGround(*painter, *row);
@@ -364,6 +373,9 @@ QSize DarkStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
 
 int DarkStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
     switch (metric) {
+        case PM_DefaultFrameWidth:
+            if (qobject_cast<const QAbstractScrollArea*>(widget)) return kAreaFrame;
+            return QProxyStyle::pixelMetric(metric, option, widget);
         case PM_ScrollBarExtent:
             return kScrollBarWidth;
         case PM_ScrollView_ScrollBarSpacing:
@@ -412,6 +424,8 @@ int DarkStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
             return 0;
         case SH_ScrollBar_LeftClickAbsolutePosition:
             return 0;
+        case SH_LineEdit_PasswordCharacter:
+            return '*';
         default:
             return QProxyStyle::styleHint(hint, option, widget, data);
     }

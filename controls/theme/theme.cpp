@@ -39,6 +39,7 @@ QPalette DarkPalette() {
                                            QPalette::HighlightedText, QPalette::PlaceholderText})
         palette.setColor(QPalette::Disabled, role, kDisabledText);
     palette.setColor(QPalette::Disabled, QPalette::Highlight, kLine);
+    palette.setColor(QPalette::Disabled, QPalette::Base, kGround);
     return palette;
 }
 

@@ -58,7 +58,8 @@ double Coverage(double x, double y, double tail, double head) {
 }
 
 // The placeholder.
-constexpr QSize kPlaceholderSize(1000, 700);
+constexpr QSize kPlaceholderSize(1000, 700);  // of the drawing
+constexpr double kPlaceholderScale = 1.5;  // pixels to a unit of it: sharp in the smallest window at ratio 2
 
 void DrawPhotoCard(QPainter& painter, double angle, const QPointF& at, bool front) {
     painter.save();
@@ -131,9 +132,10 @@ QByteArray MakeStrokeAnimation() {
 
 QImage MakePlaceholder() {
     // A card: round it, and round its corners, the canvas shows its own ground at whatever size.
-    QImage picture(kPlaceholderSize, QImage::Format_ARGB32);
+    QImage picture((QSizeF(kPlaceholderSize) * kPlaceholderScale).toSize(), QImage::Format_ARGB32);
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
+    painter.scale(kPlaceholderScale, kPlaceholderScale);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(QColor(0x6A, 0x6A, 0x6A), 3, Qt::CustomDashLine, Qt::RoundCap));
     QPen dashes = painter.pen();

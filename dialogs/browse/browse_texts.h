@@ -17,6 +17,8 @@ struct BrowseTexts {
     const char* up;
     const char* viewsTip;
     std::array<const char*, 5> views;  ///< large, small, list, details, thumbnails
+    std::array<const char*, 4> titles;  ///< of the columns: name, size, type, date
+    const char* empty;                  ///< in a folder without folders and pictures
 };
 
 inline constexpr BrowseTexts kBrowseEnglish{
@@ -28,7 +30,9 @@ inline constexpr BrowseTexts kBrowseEnglish{
     "Back one folder",
     "Move up one folder",
     "Views",
-    {"Large Icons", "Small Icons", "List", "Details", "Thumbnails"}};
+    {"Large Icons", "Small Icons", "List", "Details", "Thumbnails"},
+    {"Name", "Size", "Type", "Date"},
+    "No pictures in this folder"};
 
 inline constexpr BrowseTexts kBrowseSpanish{
     "Abrir",
@@ -39,7 +43,9 @@ inline constexpr BrowseTexts kBrowseSpanish{
     "Volver una carpeta",
     "Avanzar una carpeta",
     "Vistas",
-    {"Iconos Grandes", "Iconos Pequeños", "Lista", "Detalles", "Miniaturas de Imágenes"}};
+    {"Iconos Grandes", "Iconos Pequeños", "Lista", "Detalles", "Miniaturas de Imágenes"},
+    {"Nombre", "Tamaño", "Tipo", "Fecha"},
+    "No hay imágenes en esta carpeta"};
 
 /// The texts of a language number, "0" and "1" English, "2" Spanish; null for any other.
 inline const BrowseTexts* FindBrowseTexts(const QString& id) {

@@ -4,12 +4,14 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QHeaderView>
+#include <QLabel>
 #include <QListView>
 #include <QScrollBar>
 #include <QTreeView>
 #include <algorithm>
 #include <ranges>
 
+#include "controls/theme/theme.h"
 #include "dialogs/browse/thumbnail_delegate.h"
 
 namespace kelu {
@@ -42,6 +44,7 @@ Look LookOf(FileViewer::ViewKind view) {
 
 FileViewer::FileViewer(ThumbnailCache cache, QWidget* parent)
     : QStackedWidget(parent), model_(std::move(cache)), list_(new QListView(this)), details_(new QTreeView(this)),
+      emptyText_(new QLabel(this)),
       plainLook_(new QStyledItemDelegate(this)), thumbnailLook_(new ThumbnailDelegate(this)) {
     addWidget(list_);
     addWidget(details_);
@@ -59,6 +62,14 @@ FileViewer::FileViewer(ThumbnailCache cache, QWidget* parent)
     details_->header()->setSortIndicator(FolderModel::kName, Qt::AscendingOrder);
     details_->setSortingEnabled(true);
     details_->setColumnWidth(FolderModel::kName, 260);
+
+    emptyText_->setAttribute(Qt::WA_TransparentForMouseEvents);
+    emptyText_->setAlignment(Qt::AlignCenter);
+    QPalette quiet = emptyText_->palette();
+    quiet.setColor(QPalette::WindowText, theme::kMutedText);
+    emptyText_->setPalette(quiet);
+    connect(&model_, &QAbstractItemModel::modelReset, this, &FileViewer::ShowEmptyText);
+    connect(&model_, &QAbstractItemModel::layoutChanged, this, &FileViewer::ShowEmptyText);
 
     wish_.setSingleShot(true);
     wish_.setInterval(kWishTime);
@@ -103,6 +114,7 @@ void FileViewer::SetView(ViewKind view) {
     }
     setCurrentWidget(Current());
     setFocusProxy(Current());
+    ShowEmptyText();
     if (const QModelIndex current = list_->currentIndex(); current.isValid()) Current()->scrollTo(current);
     wish_.start();
 }
@@ -161,8 +173,17 @@ void FileViewer::WishVisible() {
     model_.WishThumbnails(inView + near);
 }
 
+void FileViewer::SetEmptyText(const QString& text) { emptyText_->setText(text); }
+
+void FileViewer::ShowEmptyText() {
+    emptyText_->setGeometry(rect());
+    emptyText_->setVisible(model_.rowCount() == 0);
+    emptyText_->raise();
+}
+
 void FileViewer::resizeEvent(QResizeEvent* event) {
     QStackedWidget::resizeEvent(event);
+    ShowEmptyText();
     wish_.start();
 }
 

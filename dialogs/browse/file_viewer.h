@@ -10,6 +10,7 @@
 
 class QAbstractItemDelegate;
 class QAbstractItemView;
+class QLabel;
 class QListView;
 class QTreeView;
 
@@ -38,6 +39,8 @@ class FileViewer : public QStackedWidget {
     void GoUp();
     std::optional<Item> CurrentItem() const;
     void SetTitles(const QStringList& titles) { model_.SetTitles(titles); }
+    /// Stands in the middle while there is nothing to list.
+    void SetEmptyText(const QString& text);
     FolderModel& Model() { return model_; }
 
  Q_SIGNALS:
@@ -55,10 +58,12 @@ class FileViewer : public QStackedWidget {
     void SetUp(QAbstractItemView& view);
     void Activate(const QModelIndex& index);
     void WishVisible();
+    void ShowEmptyText();
 
     FolderModel model_;
     QListView* list_;
     QTreeView* details_;
+    QLabel* emptyText_;
     QAbstractItemDelegate* plainLook_;
     QAbstractItemDelegate* thumbnailLook_;
     ViewKind view_ = ViewKind::Thumbnails;

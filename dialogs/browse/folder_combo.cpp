@@ -72,7 +72,7 @@ void FolderCombo::SyncDisplay() {
     setCurrentIndex(count() - 1);
     const std::pair<const char*, QStandardPaths::StandardLocation> places[] = {
         {"home", QStandardPaths::HomeLocation},
-        {"folder_pictures", QStandardPaths::PicturesLocation},
+        {"picture", QStandardPaths::PicturesLocation},
         {"folder_documents", QStandardPaths::DocumentsLocation},
     };
     insertSeparator(count());

@@ -13,7 +13,7 @@
 
 #include "controls/theme/tab_order.h"
 #include "controls/theme/theme.h"
-#include "controls/title_row/title_row.h"
+#include "controls/title_row/dialog_frame.h"
 #include "controls/tool_button/tool_button.h"
 #include "dialogs/browse/browse_texts.h"
 #include "dialogs/browse/folder_combo.h"
@@ -24,10 +24,10 @@ namespace kelu {
 namespace {
 
 constexpr const char* kFilter = "*.bmp;*.gif;*.jpg;*.jpeg;*.png;*.tif;*.pcx;*.psd;*.tga";
-constexpr QSize kStartSize(820, 560);  // device-independent pixels, as the next two
+constexpr QSize kStartSize(872, 568);  // device-independent pixels, as the next two
 constexpr QSize kFolderButton(104, 74);
 constexpr int kSmallButton = 28;
-constexpr std::array<const char*, 4> kFolderIcons{"folder_pictures", "folder_gallery", "folder_documents", "computer"};
+constexpr std::array<const char*, 4> kFolderIcons{"picture", "folder_gallery", "folder_documents", "computer"};
 
 template <typename Widget>
 Widget* Named(Widget* widget, const char* name) {
@@ -88,7 +88,6 @@ frmBrowse::frmBrowse(Settings& settings, MsgDialog& dialog, std::function<void(c
 }
 
 void frmBrowse::LayOut() {
-    TitleRow::MakeFrameless(*this);
     resize(kStartSize);
 
     auto* folders = new QVBoxLayout;
@@ -119,7 +118,7 @@ void frmBrowse::LayOut() {
     buttons->addWidget(cmdCancel);
 
     auto* grid = new QGridLayout;
-    grid->setContentsMargins(theme::kMargin, theme::kSpacing, theme::kMargin, theme::kMargin);
+    grid->setContentsMargins(theme::kMargin, theme::kMargin, theme::kMargin, theme::kMargin);
     grid->setHorizontalSpacing(theme::kMargin);
     grid->setVerticalSpacing(theme::kSpacing + 4);
     grid->addLayout(top, 0, 1);
@@ -128,11 +127,7 @@ void frmBrowse::LayOut() {
     grid->addLayout(buttons, 2, 1);
     grid->setRowStretch(1, 1);
 
-    auto* whole = new QVBoxLayout(this);
-    whole->setContentsMargins(1, 1, 1, 1);
-    whole->setSpacing(0);
-    whole->addWidget(new TitleRow(this));
-    whole->addLayout(grid, 1);
+    MakeWindowFrame(*this)->addLayout(grid, 1);
     setSizeGripEnabled(true);
     // The tab order follows the eye: where to look, what is there, what to do.
     const QList<QAbstractItemView*> views = FileViewer_->findChildren<QAbstractItemView*>(Qt::FindDirectChildrenOnly);
@@ -190,6 +185,10 @@ void frmBrowse::ChangeLanguage(const QString& id) {
     cmdOK->setText(text(texts->ok));
     cmdCancel->setText(text(texts->cancel));
     lblLookin->setText(text(texts->lookIn));
+    QStringList titles;
+    for (const char* title : texts->titles) titles += text(title);
+    FileViewer_->SetTitles(titles);
+    FileViewer_->SetEmptyText(text(texts->empty));
     cmdBack->SetTip(text(texts->back));
     CmdUp->SetTip(text(texts->up));
     cmdIcons->SetTip(text(texts->viewsTip));

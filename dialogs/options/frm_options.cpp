@@ -17,7 +17,7 @@
 
 #include "controls/theme/tab_order.h"
 #include "controls/theme/theme.h"
-#include "controls/title_row/title_row.h"
+#include "controls/title_row/dialog_frame.h"
 #include "controls/tool_button/tool_button.h"
 #include "output/password_scrambling.h"
 #include "platform/error.h"
@@ -28,7 +28,7 @@ namespace {
 
 constexpr int kMenuWidth = 168;  // device-independent pixels, as the next five
 constexpr int kMenuButtonHeight = 40;
-constexpr QSize kPageSize(400, 260);
+constexpr QSize kPageSize(440, 260);
 constexpr int kFieldWidth = 220;
 constexpr int kCursorButton = 56;
 constexpr int kCursorIcon = 32;
@@ -43,13 +43,14 @@ struct Page {
 constexpr Page kPageTexts[frmOptions::kPages] = {
     {"keyEmail", "email", "E-mail", "FrameEmail", "E-Mail"},
     {"keyCursor", "apply", "Cursor", "FrameCursor", "Cursor"},
-    {"keyWarning", "help", "Warnings", "FrameWarning", "Warnings && Reminders"},
-    {"keyResize", "max", "Resize", "FrameResize", "Image Resizing"},
+    {"keyWarning", "warning", "Warnings", "FrameWarning", "Warnings && Reminders"},
+    {"keyResize", "resize", "Resize", "FrameResize", "Image Resizing"},
     {"keyCapture", "webcam", "Capture Devices", "FrameCamera", "Capture Devices"},
     {"keySFX", "views", "SFX Selector", "FrameSFX", "Special Effects Selector"},
 };
-constexpr const char* kEmailTexts[] = {"Send directly to the recipient's mail server", "Use my mail program",
-                                       "Use my mail account"};
+constexpr const char* kEmailTexts[] = {"Use Kelu Internal E-Mail",
+                                       "Use Default E-mail Client (E.g. Outlook®, Outlook Express®)",
+                                       "Use Google Mail (tm)"};
 constexpr const char* kCursorTexts[] = {"Brush", "Smudge", "Cross"};
 constexpr const char* kCursorIcons[] = {"cursor_brush", "cursor_smudge", "cursor_cross"};
 
@@ -60,7 +61,7 @@ Widget* Named(Widget* widget, const char* name) {
 }
 
 QRadioButton* Option(const char* name, const char* text) {
-    return Named(new QRadioButton(QString::fromLatin1(text)), name);
+    return Named(new QRadioButton(QString::fromUtf8(text)), name);
 }
 
 QCheckBox* Box(const char* name, const char* text) {
@@ -117,19 +118,16 @@ frmOptions::frmOptions(Settings& settings, SharedState& state, MsgDialog& dialog
     optEmail[0]->setChecked(true);
     optCursor[0]->setChecked(true);
     txtPassword->setEchoMode(QLineEdit::Password);
-    for (QWidget* widget :
-         {static_cast<QWidget*>(txtUserName), static_cast<QWidget*>(txtPassword), static_cast<QWidget*>(chkMask)})
-        widget->setEnabled(false);
     LayOut();
     SetTabOrder({pnlMenu[0], pnlMenu[1], pnlMenu[2], pnlMenu[3], pnlMenu[4], pnlMenu[5], optEmail[0], optEmail[1],
                  optEmail[2], txtUserName, txtPassword, chkMask, optCursor[0], optCursor[1], optCursor[2], chkReminder,
                  chkResize, cboDevices, cboCaptureSize, chkSFXSelector, cmdHelp, cmdAbout, cmdOK, cmdCancel});
+    account_->setEnabled(false);
     Connect();
     SetUpMe();
 }
 
 void frmOptions::LayOut() {
-    TitleRow::MakeFrameless(*this);
     LayOutPages();
 
     auto* menu = new QVBoxLayout;
@@ -161,18 +159,9 @@ void frmOptions::LayOut() {
     buttons->addWidget(cmdCancel);
     cmdOK->setDefault(true);
 
-    auto* content = new QVBoxLayout;
-    content->setContentsMargins(theme::kMargin, theme::kSpacing, theme::kMargin, theme::kMargin);
-    content->setSpacing(theme::kMargin);
+    QVBoxLayout* content = MakeDialogFrame(*this);
     content->addLayout(middle);
     content->addLayout(buttons);
-
-    auto* whole = new QVBoxLayout(this);
-    whole->setContentsMargins(1, 1, 1, 1);
-    whole->setSpacing(0);
-    whole->addWidget(new TitleRow(this));
-    whole->addLayout(content);
-    whole->setSizeConstraint(QLayout::SetFixedSize);
 }
 
 void frmOptions::LayOutPages() {
@@ -190,13 +179,15 @@ void frmOptions::LayOutPages() {
     pages->setFixedSize(kPageSize);
 
     for (QRadioButton* option : optEmail) frames[0]->addWidget(option);
-    auto* account = new QFormLayout;
+    account_ = new QWidget;
+    auto* account = new QFormLayout(account_);
     account->setContentsMargins(theme::kMargin + theme::kSpacing, 0, 0, 0);
     account->setSpacing(theme::kSpacing);
-    account->addRow(QStringLiteral("User Name"), txtUserName);
-    account->addRow(QStringLiteral("Password"), txtPassword);
+    account->setHorizontalSpacing(theme::kMargin);
+    account->addRow(FieldLabel(QStringLiteral("User Name"), *txtUserName), txtUserName);
+    account->addRow(FieldLabel(QStringLiteral("Password"), *txtPassword), txtPassword);
     account->addRow(QString(), chkMask);
-    frames[0]->addLayout(account);
+    frames[0]->addWidget(account_);
 
     auto* cursors = new QGridLayout;
     cursors->setSpacing(theme::kSpacing);
@@ -218,13 +209,22 @@ void frmOptions::LayOutPages() {
         QStringLiteral("Pictures wider than 2048 pixels open 800 wide, portraits higher than 1536 open 600 wide. "
                        "Without it pictures keep their full size."));
     resizeNote->setWordWrap(true);
+    // Below the text of the box that it explains.
+    resizeNote->setIndent(style()->pixelMetric(QStyle::PM_IndicatorWidth) +
+                          style()->pixelMetric(QStyle::PM_CheckBoxLabelSpacing));
+    QPalette quiet = resizeNote->palette();
+    quiet.setColor(QPalette::WindowText, theme::kMutedText);
+    resizeNote->setPalette(quiet);
     frames[3]->addWidget(resizeNote);
 
     auto* capture = new QFormLayout;
     capture->setSpacing(theme::kSpacing);
+    capture->setHorizontalSpacing(theme::kMargin);
+    capture->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     cboDevices->setMinimumWidth(kFieldWidth);
-    capture->addRow(QStringLiteral("Available Devices"), cboDevices);
-    capture->addRow(QStringLiteral("Capture Size (Pixels)"), cboCaptureSize);
+    cboDevices->setPlaceholderText(QStringLiteral("No device found"));
+    capture->addRow(FieldLabel(QStringLiteral("Available Devices"), *cboDevices), cboDevices);
+    capture->addRow(FieldLabel(QStringLiteral("Capture Size (Pixels)"), *cboCaptureSize), cboCaptureSize);
     frames[4]->addLayout(capture);
 
     frames[5]->addWidget(chkSFXSelector);
@@ -276,9 +276,7 @@ void frmOptions::ShowPage(int page) {
 void frmOptions::ChooseEmail(int method) {
     txtEmail_ = QString::number(method);
     optEmail[static_cast<std::size_t>(method - 1)]->setChecked(true);
-    for (QWidget* widget :
-         {static_cast<QWidget*>(txtUserName), static_cast<QWidget*>(txtPassword), static_cast<QWidget*>(chkMask)})
-        widget->setEnabled(method == 3);
+    account_->setEnabled(method == 3);
 }
 
 void frmOptions::ChooseCursor(int style) {

@@ -78,6 +78,7 @@ class frmOptions : public QDialog {
     SharedState& state_;
     MsgDialog& dialog_;
     Surroundings surroundings_;
+    QWidget* account_ = nullptr;  // of the third way of sending: user name, password and its mask
     // The texts of the settings; an unknown one stays and is written back as it was.
     QString txtEmail_ = QStringLiteral("1");
     QString txtCursor_ = QStringLiteral("1");

@@ -15,7 +15,7 @@
 
 #include "controls/progress_bar/xp_progress_bar.h"
 #include "controls/theme/theme.h"
-#include "controls/title_row/title_row.h"
+#include "controls/title_row/dialog_frame.h"
 #include "output/mail/email_address.h"
 #include "output/mail/mail_error.h"
 #include "output/password_scrambling.h"
@@ -57,7 +57,6 @@ frmEmail::frmEmail(SmtpSender& smtp, MailClient& client, MsgDialog& dialog, Sett
       attachment_(attachment),
       ports_(ports) {
     setWindowTitle(QStringLiteral("E-mail"));
-    TitleRow::MakeFrameless(*this);
     MakeFrameEmail();
     MakeFrameGmail();
     pBar1 = new XP_ProgressBar(this);
@@ -74,15 +73,7 @@ frmEmail::frmEmail(SmtpSender& smtp, MailClient& client, MsgDialog& dialog, Sett
     for (QPushButton* button : {cmdSend, cmdCancel})
         button->setMinimumSize(theme::kButtonMinWidth, theme::kButtonHeight);
 
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
-    column->setSizeConstraint(QLayout::SetFixedSize);
-    column->addWidget(new TitleRow(this));
-    auto* body = new QVBoxLayout;
-    body->setContentsMargins(theme::kMargin, theme::kMargin, theme::kMargin, theme::kMargin);
-    body->setSpacing(theme::kMargin);
-    column->addLayout(body);
+    QVBoxLayout* body = MakeDialogFrame(*this);
     body->addWidget(FrameEmail);
     body->addWidget(FrameGmail);
     auto* bottom = new QHBoxLayout;
@@ -135,10 +126,7 @@ class FrameBuilder {
         field->setObjectName(name);
         field->setAccessibleName(label);
         field->installEventFilter(form_);
-        auto* caption = new QLabel(label, frame_);
-        caption->setBuddy(field);
-        caption->setFixedHeight(QLineEdit().sizeHint().height());  // in line with the field's text
-        rows_->addRow(caption, field);
+        rows_->addRow(FieldLabel(label, *field), field);
     }
 
     QWidget* form_;

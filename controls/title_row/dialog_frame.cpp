@@ -1,0 +1,40 @@
+// Layouts of the frame; see dialog_frame.h.
+// SPDX-License-Identifier: MIT
+#include "controls/title_row/dialog_frame.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QVBoxLayout>
+
+#include "controls/theme/theme.h"
+#include "controls/title_row/title_row.h"
+
+namespace kelu {
+
+QVBoxLayout* MakeWindowFrame(QWidget& window) {
+    TitleRow::MakeFrameless(window);
+    auto* column = new QVBoxLayout(&window);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(new TitleRow(&window));
+    return column;
+}
+
+QVBoxLayout* MakeDialogFrame(QWidget& dialog) {
+    QVBoxLayout* whole = MakeWindowFrame(dialog);
+    whole->setSizeConstraint(QLayout::SetFixedSize);
+    auto* content = new QVBoxLayout;
+    content->setContentsMargins(theme::kMargin, theme::kMargin, theme::kMargin, theme::kMargin);
+    content->setSpacing(theme::kMargin);
+    whole->addLayout(content);
+    return content;
+}
+
+QLabel* FieldLabel(const QString& text, QWidget& field) {
+    auto* label = new QLabel(text);
+    label->setBuddy(&field);
+    label->setFixedHeight(QLineEdit().sizeHint().height());
+    return label;
+}
+
+}  // namespace kelu
