@@ -33,6 +33,7 @@ EffectSelectors::EffectSelectors(SharedState& state, QWidget* parent)
     TBSFX->SetButtonSize(kEffectPictureSize);
     for (const Effect& effect : Catalogue()) TBSFX->AddButton(ButtonKey(effect.number));
     pagerTB1->SetChild(TBSFX);
+    pagerTB1->SetStep(kEffectPictureSize.height() + 1);
     pagerTB1->resize(TBSFX->sizeHint().width(), pagerTB1->height());
 
     connect(lstSFX, &ListEx::SelectionChanged, this, &EffectSelectors::ListSelected);

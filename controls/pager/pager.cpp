@@ -27,8 +27,8 @@ Pager::Pager(Qt::Orientation orientation, QWidget* parent)
     forward_ = new PagerArrow(tall ? Qt::DownArrow : Qt::RightArrow, this);
     back_->setAccessibleName(tall ? tr("Scroll up") : tr("Scroll left"));
     forward_->setAccessibleName(tall ? tr("Scroll down") : tr("Scroll right"));
-    connect(back_, &QAbstractButton::pressed, this, [this] { GlideTo(Target() - Page()); });
-    connect(forward_, &QAbstractButton::pressed, this, [this] { GlideTo(Target() + Page()); });
+    connect(back_, &QAbstractButton::pressed, this, [this] { GlideTo(OffsetOfPage(Along(size()), Target(), step_, false)); });
+    connect(forward_, &QAbstractButton::pressed, this, [this] { GlideTo(OffsetOfPage(Along(size()), Target(), step_, true)); });
     glide_->setDuration(kGlideMs);
     glide_->setEasingCurve(QEasingCurve::OutCubic);
     connect(glide_, &QVariantAnimation::valueChanged, this, [this](const QVariant& value) { MoveTo(value.toInt()); });
@@ -75,8 +75,6 @@ int Pager::ChildLength() const {
 }
 
 int Pager::MaxOffset() const { return PlanPager(Along(size()), ChildLength(), 0).maxOffset; }
-
-int Pager::Page() const { return qMax(1, Along(size()) - 3 * kPagerArrow); }
 
 int Pager::Target() const {
     return glide_->state() == QAbstractAnimation::Running ? glide_->endValue().toInt() : offset_;

@@ -29,6 +29,9 @@ class Pager : public QWidget {
     int Offset() const { return offset_; }
     int MaxOffset() const;
     void SetOffset(int offset);
+    /// Length of the pieces that the child consists of: an arrow then leads to the beginning of one. 0, the start value:
+    /// none.
+    void SetStep(int pixels) { step_ = pixels; }
     /// Scrolls smoothly to the nearest offset that shows all of `rect` (child coordinates).
     void EnsureVisible(const QRect& rect);
 
@@ -51,6 +54,7 @@ class Pager : public QWidget {
     QVariantAnimation* glide_;
     Qt::Orientation orientation_;
     int offset_ = 0;
+    int step_ = 0;
     int pressAt_ = 0;      ///< of a drag, along the direction, on the screen
     int pressOffset_ = 0;  ///< offset when the drag began
     bool dragging_ = false;
@@ -63,7 +67,6 @@ class Pager : public QWidget {
     bool Drag(QWidget* widget, const QMouseEvent& event);
     int Along(const QSize& size) const;
     int ChildLength() const;
-    int Page() const;
     int Target() const;  ///< where the running glide ends, else the offset
 };
 

@@ -30,4 +30,16 @@ int OffsetShowing(int length, int childLength, int offset, int first, int end) {
     return std::clamp(wanted, 0, plan.maxOffset);
 }
 
+int OffsetOfPage(int length, int offset, int step, bool forward) {
+    const int arrow = std::min(kPagerArrow, length / 2);
+    const int room = length - 2 * arrow;
+    if (step <= 0 || step > room) {
+        const int page = std::max(1, length - 3 * arrow);
+        return forward ? offset + page : offset - page;
+    }
+    const int firstCut = (offset + length - arrow) / step;
+    const int firstWhole = (offset + arrow + step - 1) / step;
+    return (forward ? firstCut : firstWhole - room / step) * step - arrow;
+}
+
 }  // namespace kelu

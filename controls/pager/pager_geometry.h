@@ -23,4 +23,8 @@ PagerPlan PlanPager(int length, int childLength, int offset);
 /// when the piece is longer than the room between the arrows.
 int OffsetShowing(int length, int childLength, int offset, int first, int end);
 
+/// Where one press of an arrow leads, not yet held within 0 and the largest offset. With a `step` that fits between the
+/// arrows the view then begins with a whole piece of that length; else a press moves by nearly the whole view.
+int OffsetOfPage(int length, int offset, int step, bool forward);
+
 }  // namespace kelu

@@ -119,6 +119,30 @@ TEST_F(MainWindowTest, TheSelectorSettingChoosesListOrToolbar) {
     EXPECT_EQ(window.controls.Button(Command::Restore).Tip(), "Maximize");
 }
 
+TEST_F(MainWindowTest, TheTitleBarMovesTheWindowOnceThePointerDoesAndTellsADoubleClick) {
+    QWidget& title = *window.controls.picTitleBar;
+    const QPoint grip(400, 20);
+    const QPoint before = window.pos();
+    const QPoint press = title.mapToGlobal(grip);
+    const auto moveTo = [&](const QPoint& way) {
+        QMouseEvent move(QEvent::MouseMove, title.mapFromGlobal(press + way), press + way, Qt::NoButton, Qt::LeftButton,
+                         Qt::NoModifier);
+        QCoreApplication::sendEvent(&title, &move);
+    };
+    QTest::mousePress(&title, Qt::LeftButton, {}, grip);
+    moveTo({2, 1});
+    EXPECT_EQ(window.pos(), before) << "a hand that trembles is no drag";
+    moveTo({30, 12});
+    EXPECT_EQ(window.pos(), before + QPoint(30, 12));
+    QTest::mouseRelease(&title, Qt::LeftButton, {}, grip);
+    EXPECT_FALSE(state.WindowMaximised);
+    for (const bool maximised : {true, false}) {
+        QTest::mouseClick(&title, Qt::LeftButton, {}, grip);
+        QTest::mouseDClick(&title, Qt::LeftButton, {}, grip);
+        EXPECT_EQ(state.WindowMaximised, maximised);
+    }
+}
+
 TEST_F(MainWindowTest, ClosingAsksForUnsavedChanges) {
     OpenPhoto();
     Choose(kGrayscale);
