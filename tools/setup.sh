@@ -4,7 +4,7 @@
 build_packages="g++ cmake ninja-build pkg-config qt6-base-dev qt6-image-formats-plugins qt6-svg-dev
  libjpeg62-turbo-dev zlib1g-dev libgif-dev libtiff-dev liblcms2-dev libmagick++-dev libcairo2-dev libcurl4-openssl-dev
  libc-ares-dev libhwy-dev libtbb-dev libgstreamer1.0-dev libgstreamer-plugins-base1.0-dev gstreamer1.0-plugins-base
- gstreamer1.0-plugins-good gstreamer1.0-pipewire xdg-utils ca-certificates fonts-dejavu-core"
+ gstreamer1.0-plugins-good gstreamer1.0-pipewire xdg-utils ca-certificates fonts-dejavu-core fonts-liberation"
 test_packages="libgtest-dev libgmock-dev xvfb xauth openbox xdotool xclip x11-apps imagemagick graphicsmagick gifsicle
  libimage-exiftool-perl poppler-utils qpdf cups python3 python3-aiosmtpd python3-dnslib openssl dbus-daemon pipewire
  wireplumber libpipewire-0.3-dev"
