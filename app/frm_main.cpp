@@ -148,9 +148,7 @@ void frmMain::ConnectCapture() {
         controls.picCapContainer->setVisible(shown);
         (shown ? controls.picCapContainer->cmdCapture : static_cast<QWidget*>(controls.picCanvas))->setFocus();
         // The live picture shows on the canvas, so the original must not stand before it.
-        if (!shown || !state_.ShowingOriginal) return;
-        state_.ShowingOriginal = false;
-        Q_EMIT history_.OriginalShown(false);
+        if (shown) history_.ShowCanvas();
     });
     connect(&capture_, &CameraCapture::PreviewShown, controls.picCapPreview, &QWidget::setVisible);
     connect(&capture_, &CameraCapture::ZoomButtonsShown, controls.picZoomContainer, &QWidget::setVisible);

@@ -17,8 +17,13 @@ void History::Perform(void (Surface::*step)()) {
 
 void History::ToggleOriginal() {
     if (!state_.ImageDirty || state_.CaptureBusy) return;
-    state_.ShowingOriginal = !state_.ShowingOriginal;
-    Q_EMIT OriginalShown(state_.ShowingOriginal);
+    SetOriginalShown(!state_.ShowingOriginal);
+}
+
+void History::SetOriginalShown(bool shown) {
+    if (shown == state_.ShowingOriginal) return;
+    state_.ShowingOriginal = shown;
+    Q_EMIT OriginalShown(shown);
 }
 
 }  // namespace kelu

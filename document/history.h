@@ -24,6 +24,8 @@ class History : public QObject {
 
     /// Swaps canvas and original on the screen. Needs a changed picture.
     void ToggleOriginal();
+    /// Back to the canvas, whatever the picture's state.
+    void ShowCanvas() { SetOriginalShown(false); }
 
  Q_SIGNALS:
     /// The original is to be shown in place of the canvas, or the canvas again.
@@ -31,6 +33,7 @@ class History : public QObject {
 
  private:
     void Perform(void (Surface::*step)());
+    void SetOriginalShown(bool shown);
 
     Surface& canvas_;
     SurfaceView& canvasView_;

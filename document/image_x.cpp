@@ -204,6 +204,7 @@ void ImageX::OnScrolled() {
                      place(scaled_.height(), viewport_.height(), vertical_));
     view_.Show(surface_.Picture(), scaled_, QRect(-origin_, viewport_));
     update();
+    ringShown_ = RingRect();  // as large as the picture's scale makes it
 }
 
 void ImageX::ScrollBy(const QPointF& pixels) {

@@ -42,7 +42,6 @@ const QRgb* Row(const QImage& picture, int y) { return reinterpret_cast<const QR
 
 bool FewColors(const QImage& picture, PalettePicture& result) {
     std::unordered_map<QRgb, std::uint8_t> known;
-    bool transparent = false;
     QRgb lastColor = 0;
     std::uint8_t lastIndex = 0;
     for (int y = 0; y < picture.height(); ++y) {
@@ -58,7 +57,6 @@ bool FewColors(const QImage& picture, PalettePicture& result) {
                     known.emplace(color, lastIndex);
                     result.colors.push_back(color | 0xff000000u);
                     if (!visible) result.transparent = lastIndex;
-                    transparent = transparent || !visible;
                 } else {
                     lastIndex = place->second;
                 }

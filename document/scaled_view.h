@@ -25,7 +25,6 @@ class ScaledView {
     /// The pixels of Window(); RGB32 or ARGB32_Premultiplied.
     const QImage& Pixels() const { return buffer_; }
     const QRect& Window() const { return window_; }
-    const QSize& ScaledSize() const { return scaled_; }
 
  private:
     void Render(const QImage& picture, const QRect& part);

@@ -63,7 +63,6 @@ class Surface : public QObject {
     /// segment costs no more than the others.
     void SelectBrush(const BrushHandle& brush);
     void SetBrushSize(int size);
-    int BrushSize() const { return brush_.size; }
 
     /// Lays the brush along the segment (image pixels, may lie outside): each covered pixel takes the pixel of the
     /// paint at the same place, at `strength` 0 to 255 (full). Segments of one undo level count together: a pixel is

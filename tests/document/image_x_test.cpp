@@ -9,6 +9,7 @@
 #include <QDropEvent>
 #include <QMimeData>
 #include <QPainter>
+#include <QScreen>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
@@ -298,6 +299,29 @@ TEST_F(ImageXTest, TheBrushRingFollowsTheMouseAndLeavesNothingBehind) {
     EXPECT_EQ(ringed.pixel(int(200 * Ratio()), int(150 * Ratio())), plain.pixel(0, 0));
     view_.SetBrushRing(0);
     EXPECT_EQ(view_.grab().toImage(), plain);
+}
+
+TEST_F(ImageXTest, WhatIsOnTheScreenIsWhatAFreshPaintingWouldShow) {
+    if (Ratio() != 1) GTEST_SKIP() << "the offscreen platform grabs a part of the window only";
+    surface_.SetPicture(Noise(300, 220, 3));
+    view_.SetBrushRing(30);
+    QTest::mouseMove(&view_, QPoint(200, 150));
+    // Each step, and the mouse away from what it left: the ring grows and shrinks with the view and moves with the
+    // mouse.
+    const std::function<void()> steps[] = {[&] { Free(400); },
+                                           [&] { QTest::mouseMove(&view_, QPoint(40, 60)); },
+                                           [&] { view_.SetZoomPercent(60); },
+                                           [&] { QTest::mouseMove(&view_, QPoint(300, 200)); },
+                                           [&] { view_.SetBrushRing(5); },
+                                           [&] { view_.SetFittedView(); },
+                                           [&] { QTest::mouseMove(&view_, QPoint(100, 100)); }};
+    for (std::size_t step = 0; step < std::size(steps); ++step) {
+        QApplication::processEvents();
+        steps[step]();
+        QApplication::processEvents();
+        const QImage shown = view_.screen()->grabWindow(view_.winId()).toImage().convertToFormat(QImage::Format_RGB32);
+        EXPECT_EQ(shown, view_.grab().toImage().convertToFormat(QImage::Format_RGB32)) << "step " << step;
+    }
 }
 
 }  // namespace
