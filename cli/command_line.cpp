@@ -47,9 +47,10 @@ Arguments Parse(const QStringList& words, const QStringList& withValue, const QS
 void PrintLine(const QString& text) { std::printf("%s\n", text.toLocal8Bit().constData()); }
 
 void PrintFailure(const QString& file, const QString& reason) {
-    // Failures of picture files name their file, for a message in a window; here its whole path stands before.
-    const QString name = QFileInfo(file).fileName() + QStringLiteral(": ");
-    const QString rest = reason.startsWith(name) ? reason.mid(name.size()) : reason;
+    // Failures of files name their file, for a message in a window; here its whole path stands before.
+    QString rest = reason;
+    for (const QString& name : {file, QFileInfo(file).fileName()})
+        if (rest.startsWith(name + QStringLiteral(": "))) rest.remove(0, name.size() + 2);
     std::fprintf(stderr, "kelu-cli: %s: %s\n", file.toLocal8Bit().constData(),
                  rest.simplified().toLocal8Bit().constData());
 }

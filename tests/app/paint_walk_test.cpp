@@ -75,6 +75,8 @@ TEST_P(EveryView, StrokesLieUnderThePointer) {
         EXPECT_NEAR(line.top() - changed.top(), reach, slack);
         EXPECT_NEAR(changed.right() - line.right(), reach, slack);
         EXPECT_NEAR(changed.bottom() - line.bottom(), reach, slack);
+        const QPointF off = QRectF(changed).center() - QRectF(line).center();
+        EXPECT_LE(std::max(std::abs(off.x()), std::abs(off.y())), 1 + scale / 2) << "not in the middle";
         Key(Qt::Key_Z, Qt::ControlModifier);
         EXPECT_EQ(Canvas(), picture);
         // Undo goes back to the fitted view; the next stroke is to lie in this test's own.
