@@ -2,46 +2,21 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
-#include <QTemporaryDir>
-#include <QtTest>
-
-#include "app/frm_main.h"
 #include "capture/capture_panel.h"
-#include "controls/status_bar/status_bar.h"
-#include "controls/tool_button/tool_button.h"
-#include "tests/support/memory_settings.h"
-#include "tests/support/scripted_camera.h"
-#include "tests/support/scripted_dialog.h"
-#include "tests/support/scripted_save_dialog.h"
+#include "tests/app/main_window_fixture.h"
 
 namespace kelu {
 namespace {
 
-struct CaptureModeTest : testing::Test {
-    QTemporaryDir folder;
-    MemorySettings settings;
-    SharedState state;
-    ScriptedDialog dialog;
-    ScriptedSaveDialog saveDialog;
-    SystemPrintService printing;
-    ScriptedCamera camera;
-    ScriptedCamera optionsCamera;
-    frmMain window{state, {settings, dialog, saveDialog, printing, camera, optionsCamera, {}, {}, {}}};
+struct CaptureModeTest : MainWindowFixture {
     MainControls& controls = window.controls;
 
     CaptureModeTest() {
-        camera.devices = {"Camera"};
         camera.frame = QImage(640, 480, QImage::Format_RGB32);
         camera.frame.fill(qRgb(10, 200, 30));
     }
-    void Start() {
-        window.Start();
-        window.show();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
-        window.EndSplash();
-        QTest::qWait(20);  // the settings timer
-    }
-    QImage Canvas() const { return window.surfaces.picCanvas.Picture(); }
+    void SetUp() override {}  // what the start finds is for each test to set
+    void Start() { MainWindowFixture::SetUp(); }
 };
 
 TEST_F(CaptureModeTest, F8ToTheOpenPicture) {

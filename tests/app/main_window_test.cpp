@@ -53,27 +53,6 @@ TEST_F(MainWindowTest, BrushesAnEffectOnTakesItBackAndSavesIt) {
     EXPECT_FALSE(state.ImageActive);
 }
 
-TEST_F(MainWindowTest, PaintsUnderThePointerAtEveryZoom) {
-    OpenPhoto();
-    Choose(kGrayscale);
-    window.controls.pnlSettings->sldBrushSize->SetValue(6);
-    Apply();
-    for (const int percent : {100, 250, 60}) {
-        window.controls.picCanvas->SetZoomPercent(percent);
-        window.controls.picCanvas->SetFreeView();
-        const QImage before = Canvas();
-        const QPoint middle(window.surfaces.picCanvas.ImageWidth() / 2 - percent / 10, 140 + percent / 5);
-        Stroke({middle, middle + QPoint(2, 0)});
-        QRect changed;
-        const QImage after = Canvas();
-        for (int y = 0; y < after.height(); ++y)
-            for (int x = 0; x < after.width(); ++x)
-                if (after.pixel(x, y) != before.pixel(x, y)) changed |= QRect(x, y, 1, 1);
-        ASSERT_FALSE(changed.isEmpty()) << percent;
-        EXPECT_LE((changed.center() - (middle + QPoint(1, 0))).manhattanLength(), 3) << percent;
-    }
-}
-
 TEST_F(MainWindowTest, OtherButtonsOpenALevelButPaintNothing) {
     OpenPhoto();
     const QImage original = Canvas();
@@ -141,24 +120,6 @@ TEST_F(MainWindowTest, TheTitleBarMovesTheWindowOnceThePointerDoesAndTellsADoubl
         QTest::mouseDClick(&title, Qt::LeftButton, {}, grip);
         EXPECT_EQ(state.WindowMaximised, maximised);
     }
-}
-
-TEST_F(MainWindowTest, ClosingAsksForUnsavedChanges) {
-    OpenPhoto();
-    Choose(kGrayscale);
-    Apply();
-    Stroke({{50, 50}, {90, 90}});
-    dialog.shown.clear();
-    dialog.answers = {MsgDialog::kCancel};
-    window.Run(Command::Close);
-    EXPECT_TRUE(window.isVisible());
-    ASSERT_EQ(dialog.shown.size(), 1u);
-    EXPECT_EQ(dialog.shown[0].text, "Save changes to 'photo.png'?\r\n");
-    dialog.answers = {MsgDialog::kCancel};
-    EXPECT_FALSE(window.close()) << "the window system's close request asks too";
-    dialog.answers = {MsgDialog::kNo};
-    window.Run(Command::Close);
-    EXPECT_FALSE(window.isVisible());
 }
 
 }  // namespace
