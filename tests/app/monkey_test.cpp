@@ -104,6 +104,15 @@ struct Monkey : MainWindowFixture, testing::WithParamInterface<unsigned> {
         ASSERT_TRUE(state.ImageDirty || Canvas() == opened || !state.ImageActive)
             << "changed and neither dirty nor saved";
     }
+    /// Nothing was left unpainted: the screen shows what a fresh painting would.
+    void ExpectFreshScreen() {
+        QTest::qWait(30);
+        const QImage shown =
+            window.screen()->grabWindow(window.winId()).toImage().convertToFormat(QImage::Format_RGB32);
+        // The window reaches beyond the small screen of the offscreen platform.
+        const QImage fresh = window.grab().toImage().convertToFormat(QImage::Format_RGB32).copy(shown.rect());
+        EXPECT_EQ(shown, fresh);
+    }
     void ExpectUndoGivesThePictureBack() {
         int levels = 0;
         for (; window.surfaces.picCanvas.CanUndo(); ++levels) Key(Qt::Key_Z, Qt::ControlModifier);
@@ -162,6 +171,7 @@ TEST_P(Monkey, BreaksNothing) {
         trick();
         strokes += qstrcmp(name, "paint") == 0 && Canvas() != before;
         ExpectAgreement();
+        if (step % 50 == 0) ExpectFreshScreen();
     }
     ExpectUndoGivesThePictureBack();
     if (HasFailure()) ADD_FAILURE() << "after " << qPrintable(done.join(", "));
