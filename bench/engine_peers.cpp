@@ -3,6 +3,7 @@
 #include "bench/engine_peers.h"
 
 #if defined(KELU_BENCH_OPENCV)
+#include <cmath>
 #include <map>
 #include <opencv2/core.hpp>
 #include <opencv2/imgproc.hpp>
@@ -13,7 +14,7 @@ namespace kelu::bench {
 #if defined(KELU_BENCH_OPENCV)
 
 struct Peers::Data {
-    cv::Mat source, target, between, gray, sourceOf3, targetOf3, table;
+    cv::Mat source, target, between, gray, sourceOf3, targetOf3, table, placesX, placesY;
     std::map<std::string, std::function<void()>> operations;
 };
 
@@ -40,6 +41,18 @@ Peers::Peers(const engine::ImageView& view, int threads) : data_(std::make_uniqu
     };
     const auto disc = cv::getStructuringElement(cv::MORPH_ELLIPSE, {61, 61});
     const auto square = cv::getStructuringElement(cv::MORPH_RECT, {61, 61});
+
+    // Explode's places, made once: of the effect only the sampling is timed.
+    d.placesX.create(view.height, view.width, CV_32FC1);
+    d.placesY.create(view.height, view.width, CV_32FC1);
+    const float radius = std::hypot(static_cast<float>(view.width) - 250, static_cast<float>(view.height) - 100);
+    for (int y = 0; y < view.height; ++y)
+        for (int x = 0; x < view.width; ++x) {
+            const float dx = static_cast<float>(x - 250), dy = static_cast<float>(y - 100);
+            const float ratio = std::pow(std::hypot(dx, dy) / radius, 0.2f);
+            d.placesX.at<float>(y, x) = 250 + dx * ratio;
+            d.placesY.at<float>(y, x) = 100 + dy * ratio;
+        }
 
     d.operations = {
         {"1 Grayscale", [=] { gray(), back(); }},
@@ -71,6 +84,8 @@ Peers::Peers(const engine::ImageView& view, int threads) : data_(std::make_uniqu
              cv::filter2D(d.gray, d.gray, -1, cv::Matx33f(0, 0, -2, 0, 0, 0, 2, 0, 0), {-1, -1}, 127);
              back();
          }},
+        {"22 Explode",
+         [&d] { cv::remap(d.source, d.target, d.placesX, d.placesY, cv::INTER_LINEAR, cv::BORDER_REPLICATE); }},
         {"25 High Pass",
          [=] {
              filter({-1, -1, -1, -1, 9, -1, -1, -1, -1});

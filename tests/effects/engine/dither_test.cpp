@@ -44,6 +44,9 @@ TEST(BlackWhiteDither, ErrorsMoveAsByHand) {
     const Picture square = Dithered(Filled(2, 2, {120, 120, 120, 255}), 0);
     EXPECT_EQ(Row(square, 0), ".#");
     EXPECT_EQ(Row(square, 1), "#.");
+    // In a single column all sixteen shares go straight down: 64 black, then 64 + 64, which is just white.
+    const Picture column = Dithered(Filled(1, 2, {64, 64, 64, 255}), 0);
+    EXPECT_EQ(Row(column, 0) + Row(column, 1), ".#");
 }
 
 TEST(BlackWhiteDither, KeepsTheMeanLuma) {
