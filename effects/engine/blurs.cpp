@@ -29,7 +29,6 @@ struct Turn {
 // Where a row of pixels goes. Sums run in 1/256 pixel and 14 more bits, which is exact to the nearest place over a
 // span.
 constexpr int kTurnSpan = 256;
-constexpr int kTurnRows = 32;  // of a band, cut into spans: a turned span crosses rows that the next ones want, too
 constexpr int kFineBits = 14;
 struct TurnedSpan {
     struct Axis {
@@ -118,6 +117,10 @@ Turn Rotated(double radians) { return {std::cos(radians), std::sin(radians)}; }
 // three pixels.
 constexpr int kMostSteps = 8;
 constexpr double kSpacing = 3;
+
+// Least rows of a band, which is done span by span from the left: a turned span crosses rows that the spans under it
+// want, too, and so they are still in the cache.
+constexpr int kTurnRows = 32;
 
 // The mean over the turns of -reach to reach. `turn` makes a turn of a logarithm or of radians.
 template <class MakeTurn>

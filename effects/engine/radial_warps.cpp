@@ -73,7 +73,8 @@ class RadialRow {
           dy_(static_cast<float>(y) - warp.centerY),
           centerX_(All(warp.centerX)),
           centerY_(All(warp.centerY)),
-          radius_(All(warp.radius)),
+          scale_(All(kRadialSteps / warp.radius)),
+          rim_(All(warp.radius + 0.5f)),
           lastX_(All(static_cast<float>(source.width - 1))),
           lastY_(All(static_cast<float>(source.height - 1))) {}
 
@@ -88,7 +89,7 @@ class RadialRow {
             hn::Store(Fixed(placeX), kInts, span.x + i);
             hn::Store(Fixed(placeY), kInts, span.y + i);
             if constexpr (kOutside == Outside::kColorBeyondRadius)
-                hn::Store(hn::Sub(hn::Add(radius_, All(0.5f)), distance), kFloats, span.part + i);
+                hn::Store(hn::Sub(rim_, distance), kFloats, span.part + i);
             if constexpr (kOutside == Outside::kColorBeyondPicture) {
                 const Floats depth =
                     hn::Min(hn::Min(placeX, hn::Sub(lastX_, placeX)), hn::Min(placeY, hn::Sub(lastY_, placeY)));
@@ -100,8 +101,7 @@ class RadialRow {
  private:
     // Source distance to result distance, from the table.
     HWY_INLINE Floats Ratio(Floats distance) const {
-        const Floats at =
-            hn::Min(hn::Mul(distance, hn::Div(All(float{kRadialSteps}), radius_)), All(float{kRadialSteps}));
+        const Floats at = hn::Min(hn::Mul(distance, scale_), All(float{kRadialSteps}));
         const Ints entry = hn::ConvertTo(kInts, at);
         const Pairs entries(ratio_, entry);
         return Mix(hn::BitCast(kFloats, entries.first), hn::BitCast(kFloats, entries.second),
@@ -115,7 +115,7 @@ class RadialRow {
 
     const std::uint32_t* const ratio_;
     const float dy_;
-    const Floats centerX_, centerY_, radius_, lastX_, lastY_;
+    const Floats centerX_, centerY_, scale_, rim_, lastX_, lastY_;
 };
 
 template <Outside kOutside>
