@@ -11,6 +11,7 @@ cd "$(dirname "$0")"
 install_packages $build_packages $test_packages
 mkdir -p build
 export QT_QPA_PLATFORM=offscreen
+export TSAN_OPTIONS="suppressions=$PWD/tests/support/tsan.supp:print_suppressions=0"
 export LSAN_OPTIONS="suppressions=$PWD/tests/support/lsan.supp:print_suppressions=0"
 case "${1:-}" in
     "")
