@@ -21,7 +21,7 @@
 namespace kelu {
 namespace {
 
-constexpr QSize kFirstSize(780, 720);  // pixels
+constexpr QSize kFirstSize(804, 720);  // pixels
 constexpr int kButtonSize = 30;
 constexpr int kSearchWidth = 220;
 

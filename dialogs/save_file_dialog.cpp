@@ -2,8 +2,11 @@
 #include "dialogs/save_file_dialog.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFileDialog>
 #include <QStandardPaths>
+
+#include "controls/title_row/dialog_frame.h"
 
 namespace kelu {
 
@@ -16,6 +19,8 @@ QStringList NameFilters(const QString& filter) {
 
 bool SaveFileDialog::Show(QString& fileName, int& filterIndex) {
     if (folder_.isEmpty()) folder_ = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
+    // A folder that is not there would be taken for the name of a file.
+    if (!QDir(folder_).exists()) folder_ = QDir::homePath();
     const QStringList filters = NameFilters(QString::fromLatin1(kFilter));
     QFileDialog dialog(QApplication::activeWindow(), QString::fromLatin1(kTitle), folder_);
     dialog.setAcceptMode(QFileDialog::AcceptSave);  // asks before a file is replaced
@@ -23,6 +28,8 @@ bool SaveFileDialog::Show(QString& fileName, int& filterIndex) {
     dialog.setNameFilters(filters);
     dialog.selectNameFilter(filters.value(filterIndex - 1));
     dialog.setDefaultSuffix(QString::fromLatin1(kDefaultExtension));
+    // The toolkit's dialog has a layout; the desktop's own is not ours to dress.
+    if (dialog.layout()) AddWindowFrame(dialog);
     if (!fileName.isEmpty()) dialog.selectFile(fileName);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return false;
     folder_ = dialog.directory().absolutePath();

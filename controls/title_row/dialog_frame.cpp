@@ -30,6 +30,12 @@ QVBoxLayout* MakeDialogFrame(QWidget& dialog) {
     return content;
 }
 
+void AddWindowFrame(QWidget& window) {
+    TitleRow::MakeFrameless(window);
+    // The one place of a layout that lies above its contents and outside its margins.
+    window.layout()->setMenuBar(new TitleRow(&window));
+}
+
 QLabel* FieldLabel(const QString& text, QWidget& field) {
     auto* label = new QLabel(text);
     label->setBuddy(&field);

@@ -16,6 +16,9 @@ QVBoxLayout* MakeWindowFrame(QWidget& window);
 /// The same for a dialog as large as its contents: the column has the theme's margins and spacing.
 QVBoxLayout* MakeDialogFrame(QWidget& dialog);
 
+/// Puts the frame round a window that already has a layout of its own.
+void AddWindowFrame(QWidget& window);
+
 /// A label of `field`, to its left, in line with the text of its first row.
 QLabel* FieldLabel(const QString& text, QWidget& field);
 
