@@ -63,6 +63,13 @@ void TitleRow::MakeFrameless(QWidget& window) {
 
 void TitleRow::FollowWindow() { title_->setText(window()->windowTitle()); }
 
+void TitleRow::SettlePosition() {
+    // A window manager that takes the frameless window into a frame of its own can leave the toolkit believing that it
+    // lies at (0, 0): menus and drop-down lists would then open far off.
+    QWindow* handle = window()->windowHandle();
+    if (handle && window()->isVisible() && handle->position() != window()->pos()) handle->setPosition(window()->pos());
+}
+
 bool TitleRow::event(QEvent* event) {
     if (event->type() == QEvent::Show || event->type() == QEvent::ParentChange) {
         window()->removeEventFilter(this);
@@ -73,7 +80,9 @@ bool TitleRow::event(QEvent* event) {
 }
 
 bool TitleRow::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::WindowTitleChange && watched == window()) FollowWindow();
+    if (watched != window()) return false;
+    if (event->type() == QEvent::WindowTitleChange) FollowWindow();
+    if (event->type() == QEvent::WindowActivate) SettlePosition();
     return QWidget::eventFilter(watched, event);
 }
 
