@@ -99,7 +99,9 @@ QImage DecodeIndexedPsd(const QByteArray& bytes) {
     if (BigEndian(bytes, 26, 4) < 768) ThrowDamaged();
     qint64 at = 26;
     for (int section = 0; section < 3; ++section) at += 4 + qint64{BigEndian(bytes, at, 4)};
-    const bool packed = BigEndian(bytes, at, 2) == 1;
+    const quint32 compression = BigEndian(bytes, at, 2);
+    if (compression > 1) throw Error(kInvalidPicture, QStringLiteral("This kind of compression is not known"));
+    const bool packed = compression == 1;
     qint64 lengths = at + 2;
     at = lengths + (packed ? qint64{height} * 2 : 0);
     QImage image = MakePicture(width, height, QImage::Format_RGB32);

@@ -136,11 +136,12 @@ void CheckTiffLength(QIODevice& device) {
         const quint32 type = number(fields, entry + 2, 2);
         const qint64 count = number(fields, entry + 4, 4);
         const int bytes = type < kTypeBytes.size() ? kTypeBytes[type] : 0;
-        const bool inside = count * bytes <= 4;
-        const QByteArray values = inside ? fields.mid(entry + 8, 4)
-                                         : read(number(fields, entry + 8, 4), std::min(count, kMostValues) * bytes);
+        const qint64 at = count * bytes <= 4 ? directory + 2 + entry + 8 : qint64{number(fields, entry + 8, 4)};
+        if (at + count * bytes > device.size()) ThrowCutShort();
         const bool places = OneOf(tag, {273, 324});  // of strips, of tiles
         if (!places && !OneOf(tag, {279, 325})) continue;
+        if (bytes == 0 || offsets.size() + sizes.size() > kMostValues) ThrowDamaged();
+        const QByteArray values = read(at, std::min(count, kMostValues) * bytes);
         for (qint64 i = 0; i < count && (i + 1) * bytes <= values.size(); ++i)
             (places ? offsets : sizes).push_back(number(values, i * bytes, bytes));
     }

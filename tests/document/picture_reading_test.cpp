@@ -270,6 +270,10 @@ TEST(PictureFile, TheTwoKindsThatTheLibraryGetsWrong) {
         EXPECT_EQ(psd.pixel(1, 0), qRgb(250, 128, 7));
         EXPECT_EQ(psd.pixel(0, 1), qRgb(250, 128, 7));
     }
+    QByteArray zipped = IndexedPsd(false);
+    PutBig(zipped, zipped.size() - 8, 2, 2);  // the compression, before six pixels
+    WriteBytes(path, zipped.chopped(4));
+    EXPECT_EQ(ReadingError(path), kInvalidPicture);
 }
 
 TEST_F(PictureReading, AbsurdSizesAreRefusedBeforeMemoryIsTaken) {
@@ -306,6 +310,19 @@ TEST_F(PictureReading, AbsurdSizesAreRefusedBeforeMemoryIsTaken) {
     PutBig(jpeg, frame + 5, 4, 0xffdcffdc);
     WriteBytes(Path("h.jpg"), jpeg);
     expectRefused(Path("h.jpg"));
+}
+
+// A list of strips of no known type and two thousand million entries must not be made.
+TEST(PictureFile, AStripListOfNoTypeIsDamage) {
+    QTemporaryDir folder;
+    WriteBytes(folder.filePath("s.tif"), QByteArray::fromHex("49492a0008000000"
+                                                             "0100"
+                                                             "1101"
+                                                             "ff00"
+                                                             "ffffff7f"
+                                                             "08000000"
+                                                             "00000000"));
+    EXPECT_EQ(ReadingError(folder.filePath("s.tif")), kInvalidPicture);
 }
 
 TEST(PictureFile, OtherFilesAreRefusedWithTheirReason) {
