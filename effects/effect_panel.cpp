@@ -30,11 +30,18 @@ constexpr int kGapAboveApply = 6;  // pixels
 // A list that may reach under the button below it: its frame, rows and scroll bar then end above the button.
 class ValueList : public ListEx {
  public:
-    using ListEx::ListEx;
-    void KeepClearOf(const QWidget& below) {
-        const int room = below.y() - kGapAboveApply - y();
-        setFrameRect(room < height() ? QRect(0, 0, width(), room) : rect());
+    explicit ValueList(QWidget* parent) : ListEx(parent), belowScrollBar_(new QWidget) {
+        addScrollBarWidget(belowScrollBar_, Qt::AlignBottom);
     }
+    void KeepClearOf(const QWidget& below) {
+        const int hidden = qMax(0, geometry().bottom() + 1 + kGapAboveApply - below.y());
+        setMask(hidden > 0 ? QRegion(0, 0, width(), height() - hidden) : QRegion());
+        setViewportMargins(0, 0, 0, hidden);
+        belowScrollBar_->setFixedHeight(hidden);
+    }
+
+ private:
+    QWidget* belowScrollBar_;
 };
 
 template <typename Control>

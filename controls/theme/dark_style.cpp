@@ -65,8 +65,8 @@ void DrawAreaFrame(QPainter& painter, const QStyleOption& option, const QWidget*
                             ? area->viewport()->palette().color(area->viewport()->backgroundRole())
                             : QColor(Qt::transparent);
     const bool enabled = Has(option.state, QStyle::State_Enabled);
-    // The option tells the whole widget, also where the frame was given less.
-    const QRect frame = area ? area->frameRect() : option.rect;
+    // Where only a part of the widget is to be seen, the frame goes round that part.
+    const QRect frame = widget && !widget->mask().isEmpty() ? widget->mask().boundingRect() : option.rect;
     DrawField(painter, frame, fill, takesText && enabled ? kOutline : kLine);
     if (focused) DrawFocusRing(painter, frame, kFocus);
 }
