@@ -244,7 +244,7 @@ void frmMain::keyReleaseEvent(QKeyEvent* event) {
 void frmMain::closeEvent(QCloseEvent* event) {
     // The window system's own close request, Alt+F4 among its causes: ask as the close button does. A close() made
     // while this event is under way does nothing by itself, so the event carries the answer.
-    if (!unloading_ && renderWindow_.FormEnabled()) startUp_.ExitApp();
+    if (!unloading_) startUp_.ExitApp();
     event->setAccepted(unloading_);
 }
 

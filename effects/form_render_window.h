@@ -27,8 +27,6 @@ class FormRenderWindow : public QObject, public RenderWindow {
     /// delivered afterwards.
     void RunEventLoopOnce() override;
 
-    bool FormEnabled() const { return enabled_; }
-
  protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
