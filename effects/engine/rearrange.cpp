@@ -37,8 +37,9 @@ void PartnersOnTarget(const RandomOrder& order, int first, int count, int moved,
 }
 
 // `disc` holds the offsets to choose from, dx in the low 16 bits and dy in the high ones, at most 2^15 of them.
+// Fills the columns [begin, end) of row `y`.
 void SprayRow(const ImageView& source, const std::vector<std::uint32_t>& disc, const RandomRow& random, int y,
-              std::uint32_t* out) {
+              int begin, int end, std::uint32_t* out) {
     const Ints lastX = All(source.width - 1), lastY = All(source.height - 1);
     const auto* const pixels = reinterpret_cast<const std::uint32_t*>(source.data);
     // Scattered reads are slow where they miss the caches: the row that the next result row adds to the disc comes
@@ -57,12 +58,12 @@ void SprayRow(const ImageView& source, const std::vector<std::uint32_t>& disc, c
         const Ints step = All(static_cast<int>(source.stride / 4));
         return hn::GatherIndex(kPixels, pixels, hn::Add(hn::Mul(row, step), column));
     };
-    int x = 0;
-    for (; x + kLanes <= source.width; x += kLanes) hn::StoreU(sample(x), kPixels, out + x);
-    if (x == source.width) return;
+    int x = begin;
+    for (; x + kLanes <= end; x += kLanes) hn::StoreU(sample(x), kPixels, out + x);
+    if (x == end) return;
     std::uint32_t few[kLanes];
     hn::StoreU(sample(x), kPixels, few);
-    std::copy(few, few + (source.width - x), out + x);
+    std::copy(few, few + (end - x), out + x);
 }
 
 }  // namespace kelu::engine::HWY_NAMESPACE
@@ -142,7 +143,9 @@ void Tile(const ImageView& source, const MutableImageView& target, int side, int
     const int square = std::clamp(side, 1, std::max(width, height));
     const int reach = static_cast<int>((std::int64_t{square} * std::clamp(percent, 0, 100) + 50) / 100);
     const int columns = (width - 1) / square + 1, rows = (height - 1) / square + 1;
-    SplitRows(run, height, width, [&](int begin, int end) {
+    // Every band goes through all tiles that reach into it, which is worth it for some rows only.
+    constexpr int kLeastRows = 8;
+    const auto work = [&](int begin, int end) {
         for (int y = begin; y < end; ++y) std::transform(source.Row(y), source.Row(y) + width, target.Row(y), Quarter);
         // Tile rows that can reach into the band, and of each tile the part that lies in it.
         const int first = std::max(0, (begin - reach) / square - 1), last = std::min(rows, (end + reach) / square + 1);
@@ -158,7 +161,8 @@ void Tile(const ImageView& source, const MutableImageView& target, int side, int
                     CopyPixels(source.Row(y - dy) + left - dx, right - left, target.Row(y) + left);
             }
         }
-    });
+    };
+    SplitRows(run, height, width, work, kLeastRows);
 }
 
 void Spray(const ImageView& source, const MutableImageView& target, int radius, const Run& run) {
@@ -169,10 +173,16 @@ void Spray(const ImageView& source, const MutableImageView& target, int radius, 
         for (int dx = -reach; dx <= reach; ++dx)
             if (dx * dx + dy * dy <= reach * reach)
                 disc.push_back(static_cast<std::uint32_t>(dy) << 16 | (static_cast<std::uint32_t>(dx) & 0xffff));
-    SplitRows(run, source.height, source.width, [&](int begin, int end) {
-        for (int y = begin; y < end; ++y)
-            HWY_DYNAMIC_DISPATCH(SprayRow)(source, disc, RandomRow(y, kSpray, 0), y, target.Row(y));
-    });
+    // In pieces whose surroundings stay in the cache, however wide the picture is.
+    constexpr int kColumns = 1024, kRows = 32;
+    SplitRows(
+        run, source.height, source.width,
+        [&](int begin, int end) {
+            for (int x = 0; x < source.width; x += kColumns)
+                for (int y = begin; y < end; ++y) HWY_DYNAMIC_DISPATCH(SprayRow)
+            (source, disc, RandomRow(y, kSpray, 0), y, x, std::min(x + kColumns, source.width), target.Row(y));
+        },
+        kRows);
 }
 
 }  // namespace kelu::engine
