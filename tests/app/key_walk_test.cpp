@@ -40,6 +40,8 @@ struct KeyWalk : MainWindowFixture {
     }
 };
 
+void PrintTo(const KeyRow& row, std::ostream* out) { *out << row.name; }
+
 struct EveryKey : KeyWalk, testing::WithParamInterface<KeyRow> {};
 
 const std::vector<Qt::KeyboardModifiers> kExactlyCtrl{kCtrl, kCtrl | Qt::KeypadModifier};
@@ -54,8 +56,7 @@ INSTANTIATE_TEST_SUITE_P(
         KeyRow{Qt::Key_O, "O", true, kExactlyCtrl, kNotCtrl}, KeyRow{Qt::Key_S, "S", false, kExactlyCtrl, kNotCtrl},
         KeyRow{Qt::Key_C, "C", false, kExactlyCtrl, kNotCtrl}, KeyRow{Qt::Key_P, "P", true, kExactlyCtrl, kNotCtrl},
         KeyRow{Qt::Key_F4, "F4", false, {kAlt}, {kNone, kShift, kCtrl, kAlt | kShift, kAlt | kCtrl}},
-        KeyRow{Qt::Key_F1, "F1", false, kAnyState, {}}, KeyRow{Qt::Key_F8, "F8", false, kAnyState, {}}),
-    [](const auto& info) { return info.param.name; });
+        KeyRow{Qt::Key_F1, "F1", false, kAnyState, {}}, KeyRow{Qt::Key_F8, "F8", false, kAnyState, {}}));
 
 TEST_P(EveryKey, ActsOnReleaseUnderItsModifiersOnly) {
     const KeyRow& row = GetParam();

@@ -31,6 +31,10 @@ struct Answer {
     bool saves;  // else the save dialog is cancelled
 };
 
+void PrintTo(const Answer& row, std::ostream* out) {
+    *out << (row.way == Way::Drop ? "drop " : "browse ") << row.button << (row.saves ? " saved" : "");
+}
+
 struct ChangedPicture : RealDialogs, testing::WithParamInterface<Answer> {};
 
 INSTANTIATE_TEST_SUITE_P(AllAnswers, ChangedPicture,

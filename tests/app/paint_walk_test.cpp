@@ -35,6 +35,8 @@ struct View {
     QPoint wheel;       // notches downwards: with Shift, and without
 };
 
+void PrintTo(const View& view, std::ostream* out) { *out << view.name; }
+
 struct EveryView : PaintWalk, testing::WithParamInterface<View> {};
 
 INSTANTIATE_TEST_SUITE_P(
@@ -45,8 +47,7 @@ INSTANTIATE_TEST_SUITE_P(
                     View{"scrolled to the corner", 1500, 1000, 3, 0, {9, 9}},
                     View{"scrolled down", 1500, 1000, 0, 5, {0, 2}},
                     View{"scrolled both ways", 700, 600, 0, 15, {3, 2}}, View{"wide", 1500, 120, 4, 0, {2, 0}},
-                    View{"magnified", 300, 200, 0, 40, {4, 5}}),
-    [](const auto& info) { return QString(info.param.name).replace(' ', '_').toStdString(); });
+                    View{"magnified", 300, 200, 0, 40, {4, 5}}));
 
 TEST_P(EveryView, StrokesLieUnderThePointer) {
     const View view = GetParam();

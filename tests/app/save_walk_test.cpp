@@ -47,6 +47,8 @@ struct Row {
     bool lossless;
 };
 
+void PrintTo(const Row& row, std::ostream* out) { *out << row.name << " under filter " << row.filter; }
+
 struct EveryFilter : SaveWalk, testing::WithParamInterface<Row> {};
 
 INSTANTIATE_TEST_SUITE_P(Names, EveryFilter,
@@ -212,6 +214,10 @@ struct WayOut {
     const char* button;
     bool saves;
 };
+void PrintTo(const WayOut& row, std::ostream* out) {
+    *out << row.way << ' ' << row.button << (row.saves ? " saved" : "");
+}
+
 struct UnsavedChanges : SaveWalk, testing::WithParamInterface<WayOut> {};
 
 INSTANTIATE_TEST_SUITE_P(AllAnswers, UnsavedChanges,
