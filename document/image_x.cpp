@@ -27,8 +27,8 @@ constexpr int kNotch = QWheelEvent::DefaultDeltasPerStep;
 
 int Twips(double widgetPixels) { return RoundToEven(widgetPixels * kTwipsPerPixel); }
 
-/// The toolkit's pattern of this name as it looks at ratio 1. The toolkit draws its patterns in device pixels: the finer
-/// the screen, the denser they would lie.
+/// The toolkit's pattern of this name as it looks at ratio 1. The toolkit draws its patterns in device pixels: the
+/// finer the screen, the denser they would lie.
 QBrush DiagonalCross(QColor color, qreal ratio) {
     constexpr int kPeriod = 8;  // device-independent pixels
     const int side = qRound(kPeriod * ratio);
@@ -306,7 +306,8 @@ void ImageX::SetBackgroundHatch(const QBrush& brush) {
 const QBrush& ImageX::HatchOfScreen() {
     const qreal ratio = devicePixelRatioF();
     if (ratio != screenHatchRatio_) {
-        screenHatch_ = hatch_.style() == Qt::DiagCrossPattern && ratio != 1 ? DiagonalCross(hatch_.color(), ratio) : hatch_;
+        screenHatch_ =
+            hatch_.style() == Qt::DiagCrossPattern && ratio != 1 ? DiagonalCross(hatch_.color(), ratio) : hatch_;
         screenHatchRatio_ = ratio;
     }
     return screenHatch_;

@@ -119,7 +119,7 @@ class ImageX : public QWidget, public SurfaceView {
     std::optional<QPointF> zoomFocus_;
 
     QBrush hatch_;
-    QBrush screenHatch_;           ///< hatch_ as drawn at screenHatchRatio_
+    QBrush screenHatch_;          ///< hatch_ as drawn at screenHatchRatio_
     qreal screenHatchRatio_ = 0;  ///< 0: screenHatch_ is out of date
     QPixmap cursorPicture_;
     QPoint cursorHotSpot_{-1, -1};

@@ -27,8 +27,10 @@ Pager::Pager(Qt::Orientation orientation, QWidget* parent)
     forward_ = new PagerArrow(tall ? Qt::DownArrow : Qt::RightArrow, this);
     back_->setAccessibleName(tall ? tr("Scroll up") : tr("Scroll left"));
     forward_->setAccessibleName(tall ? tr("Scroll down") : tr("Scroll right"));
-    connect(back_, &QAbstractButton::pressed, this, [this] { GlideTo(OffsetOfPage(Along(size()), Target(), step_, false)); });
-    connect(forward_, &QAbstractButton::pressed, this, [this] { GlideTo(OffsetOfPage(Along(size()), Target(), step_, true)); });
+    connect(back_, &QAbstractButton::pressed, this,
+            [this] { GlideTo(OffsetOfPage(Along(size()), Target(), step_, false)); });
+    connect(forward_, &QAbstractButton::pressed, this,
+            [this] { GlideTo(OffsetOfPage(Along(size()), Target(), step_, true)); });
     glide_->setDuration(kGlideMs);
     glide_->setEasingCurve(QEasingCurve::OutCubic);
     connect(glide_, &QVariantAnimation::valueChanged, this, [this](const QVariant& value) { MoveTo(value.toInt()); });

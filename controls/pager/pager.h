@@ -29,8 +29,8 @@ class Pager : public QWidget {
     int Offset() const { return offset_; }
     int MaxOffset() const;
     void SetOffset(int offset);
-    /// Length of the pieces that the child consists of: an arrow then leads to the beginning of one. 0, the start value:
-    /// none.
+    /// Length of the pieces that the child consists of: an arrow then leads to the beginning of one. 0, the start
+    /// value: none.
     void SetStep(int pixels) { step_ = pixels; }
     /// Scrolls smoothly to the nearest offset that shows all of `rect` (child coordinates).
     void EnsureVisible(const QRect& rect);

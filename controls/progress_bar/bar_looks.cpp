@@ -163,7 +163,8 @@ void PaintTheme(const Canvas& canvas) {
         const Box bar = ShownBar(HorizontalBar(client, canvas.Fraction(), chunks));
         FillChunksHorizontal(canvas, bar);
         if (canvas.state.look == kChunked) {
-            for (const Box& gap : HorizontalGaps(client, bar, chunks)) FillBox(canvas.painter, gap, canvas.state.ground);
+            for (const Box& gap : HorizontalGaps(client, bar, chunks))
+                FillBox(canvas.painter, gap, canvas.state.ground);
         }
     }
     PaintThemeChrome(canvas);

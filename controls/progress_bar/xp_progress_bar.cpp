@@ -138,8 +138,8 @@ void XP_ProgressBar::pDraw(QPainter& painter, int sourceX, int sourceY, int widt
 }
 
 void XP_ProgressBar::paintEvent(QPaintEvent*) {
-    const bar::State state{scrolling_, orientation_ == kVertical, percent_, color_, backColor_, brushStyle_, image_, showText_,
-                           font()};
+    const bar::State state{
+        scrolling_, orientation_ == kVertical, percent_, color_, backColor_, brushStyle_, image_, showText_, font()};
     QPainter surface(this);
     EnsureBuffer();
     if (buffer_.isNull()) {

@@ -22,7 +22,7 @@ inline constexpr QColor kTitleGround{0x2b, 0x2b, 0x2b};   ///< title row of dial
 inline constexpr QColor kOutlinePopup{0x5c, 0x5c, 0x5c};  ///< rim of menus and tips
 inline constexpr QColor kLine{0x4d, 0x4d, 0x4d};          ///< separators and panel frames, decorative only
 inline constexpr QColor kScrollHandle{0x7c, 0x7c, 0x7c};  ///< 3:1 on every ground that scrolls
-inline constexpr QColor kHatch{200, 200, 200, 28};           ///< behind pictures: laid thinly, or it would outshine them
+inline constexpr QColor kHatch{200, 200, 200, 28};        ///< behind pictures: laid thinly, or it would outshine them
 inline constexpr QColor kOutline{0x88, 0x88, 0x88};       ///< outline of what takes input, 3:1 on the ground
 
 // Texts and icons.

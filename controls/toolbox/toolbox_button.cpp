@@ -71,7 +71,7 @@ void ToolboxButton::PaintPictureLook(QPainter& painter) {
         painter.fillPath(outline, brush);
     }
     if (isDown() && down_.isNull()) painter.fillPath(outline, QColor(0, 0, 0, 90));
-    if (over && !isDown() && over_.isNull()) painter.fillPath(outline, QColor(255, 255, 255, 34));
+    if (over && !isDown() && over_.isNull()) painter.fillPath(outline, QColor(255, 255, 255, 26));
     if (!isEnabled()) painter.fillPath(outline, QColor(0x33, 0x33, 0x33, 150));
     painter.restore();
     if (current_) theme::DrawFocusRing(painter, rect(), theme::kAccent);

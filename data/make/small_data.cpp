@@ -59,7 +59,7 @@ double Coverage(double x, double y, double tail, double head) {
 
 // The placeholder.
 constexpr QSize kPlaceholderSize(1000, 700);  // of the drawing
-constexpr double kPlaceholderScale = 1.5;  // pixels to a unit of it: sharp in the smallest window at ratio 2
+constexpr double kPlaceholderScale = 1.5;     // pixels to a unit of it: sharp in the smallest window at ratio 2
 
 void DrawPhotoCard(QPainter& painter, double angle, const QPointF& at, bool front) {
     painter.save();

@@ -48,9 +48,8 @@ constexpr Page kPageTexts[frmOptions::kPages] = {
     {"keyCapture", "webcam", "Capture Devices", "FrameCamera", "Capture Devices"},
     {"keySFX", "views", "SFX Selector", "FrameSFX", "Special Effects Selector"},
 };
-constexpr const char* kEmailTexts[] = {"Use Kelu Internal E-Mail",
-                                       "Use Default E-mail Client (E.g. Outlook®, Outlook Express®)",
-                                       "Use Google Mail (tm)"};
+constexpr const char* kEmailTexts[] = {
+    "Use Kelu Internal E-Mail", "Use Default E-mail Client (E.g. Outlook®, Outlook Express®)", "Use Google Mail (tm)"};
 constexpr const char* kCursorTexts[] = {"Brush", "Smudge", "Cross"};
 constexpr const char* kCursorIcons[] = {"cursor_brush", "cursor_smudge", "cursor_cross"};
 
@@ -119,9 +118,10 @@ frmOptions::frmOptions(Settings& settings, SharedState& state, MsgDialog& dialog
     optCursor[0]->setChecked(true);
     txtPassword->setEchoMode(QLineEdit::Password);
     LayOut();
-    SetTabOrder({pnlMenu[0], pnlMenu[1], pnlMenu[2], pnlMenu[3], pnlMenu[4], pnlMenu[5], optEmail[0], optEmail[1],
-                 optEmail[2], txtUserName, txtPassword, chkMask, optCursor[0], optCursor[1], optCursor[2], chkReminder,
-                 chkResize, cboDevices, cboCaptureSize, chkSFXSelector, cmdHelp, cmdAbout, cmdOK, cmdCancel});
+    SetTabOrder({pnlMenu[0],     pnlMenu[1],     pnlMenu[2],   pnlMenu[3],  pnlMenu[4],  pnlMenu[5],
+                 optEmail[0],    optEmail[1],    optEmail[2],  txtUserName, txtPassword, chkMask,
+                 optCursor[0],   optCursor[1],   optCursor[2], chkReminder, chkResize,   cboDevices,
+                 cboCaptureSize, chkSFXSelector, cmdHelp,      cmdAbout,    cmdOK,       cmdCancel});
     account_->setEnabled(false);
     Connect();
     SetUpMe();

@@ -11,10 +11,10 @@
 #include <QPainter>
 #include <QScreen>
 #include <QScrollBar>
-#include <cmath>
 #include <QSignalSpy>
 #include <QTest>
 #include <QWheelEvent>
+#include <cmath>
 #include <random>
 
 #include "document/area_scaler.h"
@@ -94,8 +94,8 @@ TEST_F(ImageXTest, FittedViewShowsTheWholePictureAndNeverEnlarges) {
         if (!fitted.rect.isEmpty()) {
             // The picture begins on a whole device pixel.
             const auto snapped = [this](double length) { return std::floor(length * Ratio()) / Ratio(); };
-            EXPECT_EQ(view_.ImageRect(), QRectF(QPointF(snapped(fitted.rect.x()), snapped(fitted.rect.y())),
-                                                fitted.rect.size()));
+            EXPECT_EQ(view_.ImageRect(),
+                      QRectF(QPointF(snapped(fitted.rect.x()), snapped(fitted.rect.y())), fitted.rect.size()));
         }
     }
 }

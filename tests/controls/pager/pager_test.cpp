@@ -62,9 +62,9 @@ TEST(PagerGeometry, AnArrowLeadsToAWholePiece) {
         bool forward;
         int wanted;
     } rows[] = {
-        {319, 0, 101, true, 3 * 101 - 16},  {319, 287, 101, true, 5 * 101 - 16}, {319, 489, 101, false, 3 * 101 - 16},
-        {319, 287, 101, false, 101 - 16},   {319, 85, 101, false, -101 - 16},    {200, 55, 0, true, 55 + 152},
-        {200, 55, 0, false, 55 - 152},      {117, 30, 101, true, 30 + 69},
+        {319, 0, 101, true, 3 * 101 - 16}, {319, 287, 101, true, 5 * 101 - 16}, {319, 489, 101, false, 3 * 101 - 16},
+        {319, 287, 101, false, 101 - 16},  {319, 85, 101, false, -101 - 16},    {200, 55, 0, true, 55 + 152},
+        {200, 55, 0, false, 55 - 152},     {117, 30, 101, true, 30 + 69},
     };
     for (const auto& row : rows)
         EXPECT_EQ(OffsetOfPage(row.length, row.offset, row.step, row.forward), row.wanted)
