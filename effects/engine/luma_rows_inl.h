@@ -93,25 +93,27 @@ struct LumaRowKernel {
 /// For kernels that need the colour of the pixel itself at most.
 template <class Kernel>
 void RenderFromLuma(const Kernel& kernel, const ImageView& source, const MutableImageView& target, const Run& run) {
-    SplitRows(run, source.height, source.width, [&](int begin, int end) HWY_ATTR {
+    const auto work = [&](int begin, int end) HWY_ATTR {
         LumaRows luma(source);
         for (int y = begin; y < end; ++y) {
             luma.MoveTo(y);
             PointSpan(LumaRowKernel<Kernel>{kernel, luma.Rows()}, source.Row(y), target.Row(y), 0, source.width);
         }
-    });
+    };
+    SplitRows(run, source.height, source.width, work, kLeastNeighbourRows);
 }
 
 /// For kernels that need the colours of the neighbours too.
 template <class Kernel>
 void RenderBesideLuma(const Kernel& kernel, const ImageView& source, const MutableImageView& target, const Run& run) {
-    SplitRows(run, source.height, source.width, [&](int begin, int end) HWY_ATTR {
+    const auto work = [&](int begin, int end) HWY_ATTR {
         LumaRows luma(source);
         for (int y = begin; y < end; ++y) {
             luma.MoveTo(y);
             NeighbourhoodRow(LumaRowKernel<Kernel>{kernel, luma.Rows()}, source, target.Row(y), y);
         }
-    });
+    };
+    SplitRows(run, source.height, source.width, work, kLeastNeighbourRows);
 }
 
 }  // namespace kelu::engine::HWY_NAMESPACE

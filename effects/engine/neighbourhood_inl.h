@@ -16,6 +16,9 @@
 HWY_BEFORE_NAMESPACE();
 namespace kelu::engine::HWY_NAMESPACE {
 
+// Least rows of a band: it reads one more above and below, which would be as many again on very wide pictures.
+constexpr int kLeastNeighbourRows = 8;
+
 /// kLanes neighbouring pixels and what lies around them.
 class Neighbourhood {
  public:
@@ -64,9 +67,10 @@ HWY_NOINLINE HWY_FLATTEN void NeighbourhoodRow(const Kernel& given, const ImageV
 template <class Kernel>
 void RenderNeighbourhoods(const Kernel& kernel, const ImageView& source, const MutableImageView& target,
                           const Run& run) {
-    SplitRows(run, source.height, source.width, [&](int begin, int end) HWY_ATTR {
+    const auto work = [&](int begin, int end) HWY_ATTR {
         for (int y = begin; y < end; ++y) NeighbourhoodRow(kernel, source, target.Row(y), y);
-    });
+    };
+    SplitRows(run, source.height, source.width, work, kLeastNeighbourRows);
 }
 
 }  // namespace kelu::engine::HWY_NAMESPACE

@@ -173,8 +173,8 @@ void Spray(const ImageView& source, const MutableImageView& target, int radius, 
         for (int dx = -reach; dx <= reach; ++dx)
             if (dx * dx + dy * dy <= reach * reach)
                 disc.push_back(static_cast<std::uint32_t>(dy) << 16 | (static_cast<std::uint32_t>(dx) & 0xffff));
-    // In pieces whose surroundings stay in the cache, however wide the picture is.
-    constexpr int kColumns = 1024, kRows = 32;
+    // In pieces whose surroundings stay in the cache, however wide the picture is, and are not much larger than they.
+    constexpr int kColumns = 1024;
     SplitRows(
         run, source.height, source.width,
         [&](int begin, int end) {
@@ -182,7 +182,7 @@ void Spray(const ImageView& source, const MutableImageView& target, int radius, 
                 for (int y = begin; y < end; ++y) HWY_DYNAMIC_DISPATCH(SprayRow)
             (source, disc, RandomRow(y, kSpray, 0), y, x, std::min(x + kColumns, source.width), target.Row(y));
         },
-        kRows);
+        std::max(32, 2 * reach));
 }
 
 }  // namespace kelu::engine
