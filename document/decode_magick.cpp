@@ -123,6 +123,15 @@ QImage DecodeIndexedPsd(const QByteArray& bytes) {
     return image;
 }
 
+// The question has another name from version 7 of the library on.
+bool HasAlpha(const Magick::Image& image) {
+#if MagickLibVersion >= 0x700
+    return image.alpha();
+#else
+    return image.matte();
+#endif
+}
+
 QImage ReadByMagick(const QByteArray& bytes, PictureFormat format) {
     StartMagick();
     const Magick::Blob blob(bytes.constData(), static_cast<std::size_t>(bytes.size()));
@@ -135,7 +144,7 @@ QImage ReadByMagick(const QByteArray& bytes, PictureFormat format) {
     image.read(blob);
     image.autoOrient();
     if (image.colorSpace() == Magick::CMYKColorspace) image.colorSpace(Magick::sRGBColorspace);
-    const bool transparent = image.matte();
+    const bool transparent = HasAlpha(image);
     const auto width = static_cast<int>(image.columns());
     const auto height = static_cast<int>(image.rows());
     QImage result = MakePicture(width, height, transparent ? QImage::Format_ARGB32 : QImage::Format_RGB32);
