@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/about_message.h"
 
-#include "output/product.h"
+#include "output/pdf/product.h"
 
 #include <QStringList>
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "controls/message_dialog/msg_dialog.h"
+#include "platform/msg_dialog.h"
 
 namespace kelu {
 

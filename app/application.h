@@ -4,7 +4,7 @@
 
 #include <QApplication>
 
-#include "controls/message_dialog/msg_dialog.h"
+#include "platform/msg_dialog.h"
 
 namespace kelu {
 

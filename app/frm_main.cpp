@@ -40,7 +40,8 @@ QString BesideProgram(const char* name) {
 }
 
 BrushCursors Cursors(qreal ratio) {
-    return {theme::BrushCursor(ratio), theme::SmudgeCursor(ratio), theme::CrossCursor(ratio)};
+    const auto brush = [](theme::CursorPicture cursor) { return BrushCursor{cursor.pixmap, cursor.hotSpot}; };
+    return {brush(theme::BrushCursor(ratio)), brush(theme::SmudgeCursor(ratio)), brush(theme::CrossCursor(ratio))};
 }
 
 }  // namespace
@@ -56,18 +57,18 @@ frmMain::frmMain(SharedState& state, const MainServices& services)
       history_(surfaces.picCanvas, *controls.picCanvas, state),
       zoomView_(document_, *controls.picCanvas, state),
       pdfExport_(surfaces.picCanvas, services.dialog, services.openDocument),
-      openSave_(document_, state, services.dialog, services.saveDialog, [this] { ShowBrowse(); },
-                [this](const QString& path) { pdfExport_.CreatePDF(path); }),
+      openSave_(
+          document_, state, services.dialog, services.saveDialog, [this] { ShowBrowse(); },
+          [this](const QString& path) { pdfExport_.CreatePDF(path); }),
       reminder_(services.dialog, services.settings),
       renderWindow_(*this, *controls.pBar1),
       application_(surfaces.picCanvas, surfaces.picPen, PixTwix1_, state, *controls.pnlSettings, renderWindow_,
                    {[this] { painter_.SetUpBrush(); }, [this] { reminder_.PrepareReminder(); }}),
       capture_(document_, capturePreview, *controls.picCanvas, *controls.picCapPreview, state,
                {services.camera, services.dialog, services.playSound, BesideProgram("data")}),
-      mail_(surfaces.picCanvas, state, services.dialog,
-            [this](const QString& attachment) {
-                ShowEmailForm(attachment, services_.settings, services_.dialog, this);
-            }),
+      mail_(
+          surfaces.picCanvas, state, services.dialog,
+          [this](const QString& attachment) { ShowEmailForm(attachment, services_.settings, services_.dialog, this); }),
       help_(state, services.dialog, BesideProgram("help")),
       splash_(*controls.picCover, state, services.settings, services.dialog, BesideProgram("data")),
       chrome_(*this, state),
@@ -88,9 +89,13 @@ void frmMain::Connect() {
         connect(&controls.Button(row.command), &ToolButton::clicked, this, [this, row] { Run(row.command); });
 
     connect(controls.picCanvas, &ImageX::MousePressed, this,
-            [this](Qt::MouseButton, Qt::MouseButtons, Qt::KeyboardModifiers, int x, int y) { painter_.Press(x, y); });
+            [this](Qt::MouseButton, Qt::MouseButtons, Qt::KeyboardModifiers, int, int, const QPoint& imagePixel) {
+                painter_.Press(imagePixel);
+            });
     connect(controls.picCanvas, &ImageX::MouseMoved, this,
-            [this](Qt::MouseButtons buttons, Qt::KeyboardModifiers, int x, int y) { painter_.Move(buttons, x, y); });
+            [this](Qt::MouseButtons buttons, Qt::KeyboardModifiers, int, int, const QPoint& imagePixel) {
+                painter_.Move(buttons, imagePixel);
+            });
     // Later, so that the program the file came from need not wait for the answer to a question.
     connect(controls.picCanvas, &ImageX::FileDropped, this, &frmMain::OpenPicture, Qt::QueuedConnection);
     connect(controls.picCanvas, &ImageX::ZoomWheel, this, [this](int steps) {
@@ -122,8 +127,7 @@ void frmMain::Connect() {
     chrome_.AddHandle(*controls.picTitleBar, /*maximises=*/true);
     chrome_.AddHandle(*controls.picCover, /*maximises=*/false);
     connect(&chrome_, &WindowChrome::MaximisedChanged, this, [this](bool maximised) {
-        controls.Button(Command::Restore)
-            .SetIconName(maximised ? QStringLiteral("restore") : QStringLiteral("max"));
+        controls.Button(Command::Restore).SetIconName(maximised ? QStringLiteral("restore") : QStringLiteral("max"));
         LoadLanguage();
     });
 
@@ -170,38 +174,72 @@ void frmMain::EndSplash() {
 
 void frmMain::Run(Command command) {
     switch (command) {
-        case Command::Open: openSave_.OpenImageNow(); break;
-        case Command::Save: openSave_.PerformSave(); break;
-        case Command::Copy: openSave_.Copy(); break;
-        case Command::Undo: history_.PerformUndo(); break;
-        case Command::Redo: history_.PerformRedo(); break;
-        case Command::Original: history_.ToggleOriginal(); break;
-        case Command::ZoomIn: zoomView_.ZoomIn(); break;
-        case Command::ZoomOut: zoomView_.ZoomOut(); break;
-        case Command::ZoomReset: zoomView_.Reset(); break;
-        case Command::Minimise: chrome_.Minimise(); break;
-        case Command::Restore: chrome_.ToggleMaximised(); break;
-        case Command::Close: startUp_.ExitApp(); break;
-        case Command::Print: PrintImage(); break;
-        case Command::Settings: ShowOptions(); break;
-        case Command::WebCam: capture_.WebCamClick(); break;
-        case Command::Email: mail_.cmdEmail_Click(); break;
-        case Command::Help: help_.LoadCHMFile(); break;
+        case Command::Open:
+            openSave_.OpenImageNow();
+            break;
+        case Command::Save:
+            openSave_.PerformSave();
+            break;
+        case Command::Copy:
+            openSave_.Copy();
+            break;
+        case Command::Undo:
+            history_.PerformUndo();
+            break;
+        case Command::Redo:
+            history_.PerformRedo();
+            break;
+        case Command::Original:
+            history_.ToggleOriginal();
+            break;
+        case Command::ZoomIn:
+            zoomView_.ZoomIn();
+            break;
+        case Command::ZoomOut:
+            zoomView_.ZoomOut();
+            break;
+        case Command::ZoomReset:
+            zoomView_.Reset();
+            break;
+        case Command::Minimise:
+            chrome_.Minimise();
+            break;
+        case Command::Restore:
+            chrome_.ToggleMaximised();
+            break;
+        case Command::Close:
+            startUp_.ExitApp();
+            break;
+        case Command::Print:
+            PrintImage();
+            break;
+        case Command::Settings:
+            ShowOptions();
+            break;
+        case Command::WebCam:
+            capture_.WebCamClick();
+            break;
+        case Command::Email:
+            mail_.cmdEmail_Click();
+            break;
+        case Command::Help:
+            help_.LoadCHMFile();
+            break;
     }
 }
 
 void frmMain::ShowBrowse() {
-    frmBrowse(services_.settings, services_.dialog,
-              [this](const QString& path) { document_.Open(path, Document::Source::Browse); }, this)
+    frmBrowse(
+        services_.settings, services_.dialog,
+        [this](const QString& path) { document_.Open(path, Document::Source::Browse); }, this)
         .exec();
 }
 
 void frmMain::ShowOptions() {
     VideoCapX& camera = services_.optionsCamera;
-    const frmOptions::Surroundings surroundings{[&camera] { return DeviceNames(camera); },
-                                                [&camera](int device) { ConnectDevice(camera, device); },
-                                                [this] { help_.LoadCHMFile(); },
-                                                [this] { ShowAboutMsg(services_.dialog); }};
+    const frmOptions::Surroundings surroundings{
+        [&camera] { return DeviceNames(camera); }, [&camera](int device) { ConnectDevice(camera, device); },
+        [this] { help_.LoadCHMFile(); }, [this] { ShowAboutMsg(services_.dialog); }};
     frmOptions options(services_.settings, state_, services_.dialog, surroundings, this);
     if (options.exec() == QDialog::Accepted) tmrSettings_.start();
 }
@@ -229,7 +267,8 @@ void frmMain::resizeEvent(QResizeEvent*) {
 void frmMain::showEvent(QShowEvent* event) {
     // The toolbar's pictures are drawn behind the splash, once the window itself has been painted.
     if (!event->spontaneous())
-        QTimer::singleShot(0, this, [this] { buttonPictures_.Start(BesideProgram("Gallery/cat.jpg"), devicePixelRatioF()); });
+        QTimer::singleShot(0, this,
+                           [this] { buttonPictures_.Start(BesideProgram("Gallery/cat.jpg"), devicePixelRatioF()); });
 }
 
 void frmMain::keyReleaseEvent(QKeyEvent* event) {
@@ -248,9 +287,7 @@ void frmMain::closeEvent(QCloseEvent* event) {
     event->setAccepted(unloading_);
 }
 
-void frmMain::PlaceCompassInPager() {
-    controls.pnlSettings->PagerCompass->SetChild(controls.pnlSettings->TBCompass);
-}
+void frmMain::PlaceCompassInPager() { controls.pnlSettings->PagerCompass->SetChild(controls.pnlSettings->TBCompass); }
 
 void frmMain::SetUpSFXList() { controls.selectors->SetUpSFXList(); }
 

@@ -8,27 +8,27 @@
 #include <functional>
 #include <memory>
 
-#include "app/commands.h"
 #include "app/help_topics.h"
 #include "app/main_controls.h"
 #include "app/paint_reminder.h"
-#include "app/shared_state.h"
 #include "app/splash.h"
 #include "app/start_up.h"
 #include "app/window_chrome.h"
 #include "capture/camera_capture.h"
+#include "document/commands.h"
 #include "document/document.h"
 #include "document/history.h"
 #include "document/open_save.h"
 #include "document/painter.h"
 #include "document/settings.h"
+#include "document/shared_state.h"
 #include "document/zoom_view.h"
+#include "effects/catalogue/pix_twix.h"
 #include "effects/effect_application.h"
 #include "effects/effect_pictures.h"
 #include "effects/form_render_window.h"
-#include "effects/pix_twix.h"
 #include "output/mail/mail_image.h"
-#include "output/pdf_export.h"
+#include "output/pdf/pdf_export.h"
 #include "output/print_service.h"
 
 namespace kelu {

@@ -3,7 +3,7 @@
 #include "app/help_topics.h"
 
 #include "app/help_window.h"
-#include "effects/catalogue.h"
+#include "effects/catalogue/catalogue.h"
 
 namespace kelu {
 

@@ -5,8 +5,8 @@
 #include <QPointer>
 #include <QString>
 
-#include "app/shared_state.h"
-#include "controls/message_dialog/msg_dialog.h"
+#include "document/shared_state.h"
+#include "platform/msg_dialog.h"
 
 namespace kelu {
 

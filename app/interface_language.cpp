@@ -11,9 +11,7 @@
 
 namespace kelu {
 
-QString VersionText() {
-    return QStringLiteral(" v%1  by Tarvane Design").arg(QCoreApplication::applicationVersion());
-}
+QString VersionText() { return QStringLiteral(" v%1  by Tarvane Design").arg(QCoreApplication::applicationVersion()); }
 
 void LoadLanguage(MainControls& controls, const SharedState& state) {
     for (const CommandRow& row : kCommands) controls.Button(row.command).SetTip(QString::fromLatin1(row.tip));

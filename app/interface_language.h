@@ -3,7 +3,7 @@
 #pragma once
 
 #include "app/main_controls.h"
-#include "app/shared_state.h"
+#include "document/shared_state.h"
 
 namespace kelu {
 

@@ -4,6 +4,7 @@
 
 #include "app/application.h"
 #include "app/frm_main.h"
+#include "app/shell.h"
 #include "capture/detached_job.h"
 #include "capture/gst_device_list.h"
 #include "capture/gst_video_cap_x.h"
@@ -14,7 +15,6 @@
 #include "dialogs/save_file_dialog.h"
 #include "platform/registry_access.h"
 #include "platform/registry_file.h"
-#include "platform/shell.h"
 #include "platform/single_instance.h"
 
 namespace {

@@ -25,8 +25,8 @@ namespace kelu {
 
 namespace {
 
-constexpr int kLogoHeight = 32;                     // pixels
-constexpr int kPreviewWidth = 184;                  // pixels; fills the gap that the layout leaves it, 4:3
+constexpr int kLogoHeight = 32;     // pixels
+constexpr int kPreviewWidth = 184;  // pixels; fills the gap that the layout leaves it, 4:3
 constexpr int kPreviewEdge = 3;
 // The two buttons beside picSystem are as high as its own, and as far from the line between them on either side.
 constexpr TwipsRect kHelpButton{0, 0, 510, 285};
@@ -70,7 +70,8 @@ MainControls::MainControls(QWidget& window, Surfaces& surfaces, Surface& capture
     sBar1->SetPanelWidths(220, 400);
     sBar1->SetPanelClickable(1, true);
     MakeButtons(window);
-    SetTabOrder({pnlSettings->cmdApply, &Button(Command::ZoomIn), &Button(Command::ZoomOut), &Button(Command::ZoomReset)});
+    SetTabOrder(
+        {pnlSettings->cmdApply, &Button(Command::ZoomIn), &Button(Command::ZoomOut), &Button(Command::ZoomReset)});
     picOriginal->hide();
     picZoomContainer->hide();
     picCapContainer->hide();
@@ -160,8 +161,7 @@ void MainControls::ApplyLayout() {
 
 void MainControls::ShowTools(bool shown) {
     for (QWidget* tool : {picTB, picPipe1, static_cast<QWidget*>(picCanvas), static_cast<QWidget*>(pnlSettings),
-                          static_cast<QWidget*>(selectors->pagerTB1),
-                          static_cast<QWidget*>(&Button(Command::Settings)),
+                          static_cast<QWidget*>(selectors->pagerTB1), static_cast<QWidget*>(&Button(Command::Settings)),
                           static_cast<QWidget*>(&Button(Command::Help))})
         tool->setVisible(shown);
 }

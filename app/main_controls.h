@@ -5,10 +5,10 @@
 #include <QWidget>
 #include <map>
 
-#include "app/commands.h"
-#include "app/shared_state.h"
+#include "document/commands.h"
 #include "document/document.h"
-#include "document/image_x.h"
+#include "document/shared_state.h"
+#include "view/image_x.h"
 
 class QLabel;
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "controls/message_dialog/msg_dialog.h"
 #include "document/settings.h"
+#include "platform/msg_dialog.h"
 
 namespace kelu {
 

@@ -4,9 +4,9 @@
 
 #include <QString>
 
-#include "app/shared_state.h"
-#include "controls/message_dialog/msg_dialog.h"
 #include "document/settings.h"
+#include "document/shared_state.h"
+#include "platform/msg_dialog.h"
 
 class QLabel;
 

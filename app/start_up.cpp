@@ -55,16 +55,18 @@ void StartUp::PrepareImageResize() {
     state_.ResizeOnOpen = static_cast<std::int16_t>(settings_.ReadInteger(settings::kResize));
 }
 
-void StartUp::TidyTemp() {
-    QFile::remove(QDir(TemporaryFolder()).filePath(QStringLiteral("_kelutmpimg.tif")));
-}
+void StartUp::TidyTemp() { QFile::remove(QDir(TemporaryFolder()).filePath(QStringLiteral("_kelutmpimg.tif"))); }
 
 void StartUp::ExitApp() {
     if (state_.ImageDirty) {
         switch (openSave_.AskToSave(/*beep=*/true)) {
-            case MsgDialog::kYes: openSave_.SaveImageNow(); break;
-            case MsgDialog::kNo: break;
-            default: return;
+            case MsgDialog::kYes:
+                openSave_.SaveImageNow();
+                break;
+            case MsgDialog::kNo:
+                break;
+            default:
+                return;
         }
     }
     steps_.Unload();

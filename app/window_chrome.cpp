@@ -55,7 +55,8 @@ bool WindowChrome::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::MouseButtonRelease:
         case QEvent::MouseButtonDblClick:
             return OnHandle(*static_cast<QMouseEvent*>(event), watched->property(kMaximises).toBool());
-        default: return false;
+        default:
+            return false;
     }
 }
 
@@ -68,7 +69,8 @@ bool WindowChrome::OnHandle(const QMouseEvent& mouse, bool maximises) {
             return left;
         case QEvent::MouseMove:
             if (!pressedAt_) return false;
-            if (!byHand_ && (inWindow - *pressedAt_).manhattanLength() >= QApplication::startDragDistance()) StartDrag();
+            if (!byHand_ && (inWindow - *pressedAt_).manhattanLength() >= QApplication::startDragDistance())
+                StartDrag();
             if (byHand_ && !state_.WindowMaximised) window_.move(window_.pos() + inWindow - *pressedAt_);
             return true;
         case QEvent::MouseButtonDblClick:

@@ -7,7 +7,7 @@
 #include <QRect>
 #include <optional>
 
-#include "app/shared_state.h"
+#include "document/shared_state.h"
 
 class QMouseEvent;
 class QWidget;

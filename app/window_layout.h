@@ -41,9 +41,9 @@ struct FixedPlace {
     TwipsRect place;
 };
 inline constexpr FixedPlace kToolStripButtons[] = {
-    {"cmdOpen", {120, 60, 285, 285}},    {"cmdSave", {500, 80, 285, 285}},    {"cmdEmail", {840, 80, 405, 285}},
-    {"cmdPrint", {1270, 40, 405, 320}},  {"cmdCopy", {1680, 40, 405, 315}},   {"cmdUndo", {2235, 60, 405, 285}},
-    {"cmdRedo", {2640, 60, 405, 285}},   {"cmdWebCam", {3240, 45, 405, 345}}, {"cmdOriginal", {3720, 80, 405, 285}},
+    {"cmdOpen", {120, 60, 285, 285}},   {"cmdSave", {500, 80, 285, 285}},    {"cmdEmail", {840, 80, 405, 285}},
+    {"cmdPrint", {1270, 40, 405, 320}}, {"cmdCopy", {1680, 40, 405, 315}},   {"cmdUndo", {2235, 60, 405, 285}},
+    {"cmdRedo", {2640, 60, 405, 285}},  {"cmdWebCam", {3240, 45, 405, 345}}, {"cmdOriginal", {3720, 80, 405, 285}},
 };
 inline constexpr FixedPlace kSystemButtons[] = {
     {"cmdMin", {0, 0, 285, 285}}, {"cmdRestore", {300, 0, 285, 285}}, {"cmdX", {600, 0, 285, 285}}};

@@ -10,10 +10,10 @@
 #include <cstdio>
 #include <vector>
 
-#include "document/picture_file.h"
-#include "document/surface.h"
-#include "effects/catalogue.h"
-#include "effects/pix_twix.h"
+#include "canvas/surface.h"
+#include "effects/catalogue/catalogue.h"
+#include "effects/catalogue/pix_twix.h"
+#include "pictures/picture_file.h"
 #include "platform/error.h"
 
 namespace {

@@ -18,10 +18,10 @@
 
 #include "bench/engine_peers.h"
 #include "bench/engine_rows.h"
-#include "effects/engine/copy.h"
-#include "effects/engine/instruction_sets.h"
-#include "effects/engine/pixel_memory.h"
-#include "effects/engine/random.h"
+#include "engine/copy.h"
+#include "engine/instruction_sets.h"
+#include "engine/pixel_memory.h"
+#include "engine/random.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-#include "effects/engine/image_view.h"
+#include "engine/image_view.h"
 
 namespace kelu::bench {
 

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "effects/engine/image_view.h"
-#include "effects/engine/run.h"
+#include "engine/image_view.h"
+#include "engine/run.h"
 
 namespace kelu::bench {
 

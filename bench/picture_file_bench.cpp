@@ -11,9 +11,9 @@
 #include <QTemporaryDir>
 #include <random>
 
-#include "document/area_scaler.h"
-#include "document/picture.h"
-#include "document/picture_file.h"
+#include "pictures/area_scaler.h"
+#include "pictures/picture.h"
+#include "pictures/picture_file.h"
 
 namespace {
 

@@ -7,9 +7,9 @@
 #include <cstring>
 #include <random>
 
-#include "document/image_x.h"
-#include "document/picture.h"
-#include "document/surface.h"
+#include "canvas/surface.h"
+#include "pictures/picture.h"
+#include "view/image_x.h"
 
 namespace {
 

@@ -8,10 +8,10 @@
 #include <QTimer>
 #include <functional>
 
-#include "app/shared_state.h"
 #include "capture/video_cap_x.h"
-#include "controls/message_dialog/msg_dialog.h"
 #include "document/document.h"
+#include "document/shared_state.h"
+#include "platform/msg_dialog.h"
 
 namespace kelu {
 

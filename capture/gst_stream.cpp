@@ -9,7 +9,7 @@
 
 #include "capture/camera_mode.h"
 #include "capture/detached_job.h"
-#include "document/picture.h"
+#include "pictures/picture.h"
 #include "platform/error.h"
 
 namespace kelu {

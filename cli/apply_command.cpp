@@ -11,11 +11,11 @@
 #include "cli/commands.h"
 #include "cli/strokes.h"
 #include "document/document.h"
-#include "document/picture_file.h"
+#include "effects/catalogue/pix_twix.h"
 #include "effects/effect_application.h"
 #include "effects/effect_controls.h"
-#include "effects/pix_twix.h"
 #include "effects/render_window.h"
+#include "pictures/picture_file.h"
 #include "platform/error.h"
 
 namespace kelu::cli {

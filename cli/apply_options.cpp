@@ -25,10 +25,14 @@ ColorBytes ColorOf(const QString& option, const QString& text) {
 
 QString ChoiceOption(EffectChoice::Kind kind) {
     switch (kind) {
-        case EffectChoice::Kind::Options: return QStringLiteral("option");
-        case EffectChoice::Kind::List: return QStringLiteral("row");
-        case EffectChoice::Kind::Compass: return QStringLiteral("direction");
-        case EffectChoice::Kind::None: break;
+        case EffectChoice::Kind::Options:
+            return QStringLiteral("option");
+        case EffectChoice::Kind::List:
+            return QStringLiteral("row");
+        case EffectChoice::Kind::Compass:
+            return QStringLiteral("direction");
+        case EffectChoice::Kind::None:
+            break;
     }
     return {};
 }
@@ -42,9 +46,7 @@ const Effect& EffectByName(const QString& text) {
     throw UsageError(QStringLiteral("no such effect: %1; kelu-cli effects lists them").arg(text));
 }
 
-QStringList InputOptions() {
-    return {"s1", "s2", "s3", "x", "y", "color1", "color2", "direction", "row", "option"};
-}
+QStringList InputOptions() { return {"s1", "s2", "s3", "x", "y", "color1", "color2", "direction", "row", "option"}; }
 
 EffectInputs EffectInputsOf(const Effect& effect, const Arguments& arguments) {
     EffectInputs inputs = effect.Defaults();

@@ -5,7 +5,7 @@
 #include <QStringList>
 
 #include "cli/command_line.h"
-#include "effects/catalogue.h"
+#include "effects/catalogue/catalogue.h"
 
 namespace kelu::cli {
 

@@ -8,13 +8,13 @@
 #include <cstring>
 #include <vector>
 
+#include "canvas/surface.h"
 #include "cli/apply_options.h"
 #include "cli/command_line.h"
 #include "cli/commands.h"
-#include "document/picture.h"
-#include "document/surface.h"
-#include "effects/catalogue.h"
-#include "effects/pix_twix.h"
+#include "effects/catalogue/catalogue.h"
+#include "effects/catalogue/pix_twix.h"
+#include "pictures/picture.h"
 #include "platform/error.h"
 
 namespace kelu::cli {
@@ -44,7 +44,8 @@ Times Measure(const std::function<void()>& work) {
 
 Times MeasureCopy(const QImage& picture) {
     QImage target = MakePicture(picture.width(), picture.height(), picture.format());
-    return Measure([&] { std::memcpy(target.bits(), picture.constBits(), static_cast<std::size_t>(picture.sizeInBytes())); });
+    return Measure(
+        [&] { std::memcpy(target.bits(), picture.constBits(), static_cast<std::size_t>(picture.sizeInBytes())); });
 }
 
 Times MeasureEffect(const Effect& effect, const QImage& picture) {
@@ -59,7 +60,8 @@ Times MeasureEffect(const Effect& effect, const QImage& picture) {
     return Measure([&] {
         engine.SetPicture(picture);
         if (!RenderEffect(effect, effect.Defaults(), engine))
-            throw Error(kOutOfMemory, QStringLiteral("%1 could not be rendered").arg(QString::fromLatin1(effect.listText)));
+            throw Error(kOutOfMemory,
+                        QStringLiteral("%1 could not be rendered").arg(QString::fromLatin1(effect.listText)));
     });
 }
 
@@ -109,11 +111,10 @@ int BenchCommand(const QStringList& words) {
                               .arg(render.best / copy.best, 7, 'f', 2));
         }
         if (json)
-            PrintLine(QString::fromUtf8(QJsonDocument(QJsonObject{{"width", picture.width()},
-                                                                  {"height", picture.height()},
-                                                                  {"effects", rows}})
-                                            .toJson()
-                                            .trimmed()));
+            PrintLine(QString::fromUtf8(
+                QJsonDocument(QJsonObject{{"width", picture.width()}, {"height", picture.height()}, {"effects", rows}})
+                    .toJson()
+                    .trimmed()));
     });
     return done ? kDone : kFailed;
 }

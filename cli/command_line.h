@@ -23,8 +23,8 @@ class UsageError : public std::exception {
 };
 
 struct Arguments {
-    QStringList words;                ///< what is no option, in order
-    QMap<QString, QString> options;   ///< by name without dashes; a flag's value is empty
+    QStringList words;               ///< what is no option, in order
+    QMap<QString, QString> options;  ///< by name without dashes; a flag's value is empty
 
     bool Has(const QString& name) const { return options.contains(name); }
     /// Throws UsageError when the text is no whole number within the range.

@@ -1,9 +1,9 @@
 // kelu-cli convert: any readable picture to any writable format, PDF included.
 // SPDX-License-Identifier: MIT
+#include "canvas/surface.h"
 #include "cli/command_line.h"
 #include "cli/commands.h"
-#include "document/surface.h"
-#include "output/pdf_export.h"
+#include "output/pdf/pdf_export.h"
 
 namespace kelu::cli {
 

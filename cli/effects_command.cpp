@@ -7,7 +7,7 @@
 #include "cli/apply_options.h"
 #include "cli/command_line.h"
 #include "cli/commands.h"
-#include "effects/catalogue.h"
+#include "effects/catalogue/catalogue.h"
 
 namespace kelu::cli {
 

@@ -9,7 +9,7 @@
 #include <QJsonObject>
 #include <cstdio>
 
-#include "controls/animated_gif/frame_composer.h"
+#include "pictures/gif/frame_composer.h"
 #include "platform/error.h"
 
 namespace kelu {

@@ -6,15 +6,15 @@
 #include <QJsonObject>
 #include <cmath>
 
-#include "document/surface.h"
+#include "canvas/surface.h"
 #include "platform/error.h"
 
 namespace kelu::cli {
 
 namespace {
 
-constexpr int kLargestSize = 100;            // as the brush slider
-constexpr double kFarthest = 1'000'000;      // image pixels
+constexpr int kLargestSize = 100;        // as the brush slider
+constexpr double kFarthest = 1'000'000;  // image pixels
 constexpr int kFullStrength = 255;
 
 [[noreturn]] void Refuse(const QString& what) {

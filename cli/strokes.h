@@ -13,8 +13,8 @@ class Surface;
 namespace kelu::cli {
 
 struct Stroke {
-    int size = 0;                 ///< diameter in image pixels, 1 to 100
-    std::vector<QPoint> points;   ///< image pixels; may lie outside the picture
+    int size = 0;                ///< diameter in image pixels, 1 to 100
+    std::vector<QPoint> points;  ///< image pixels; may lie outside the picture
 };
 
 /// Throws Error with a description of the first fault.

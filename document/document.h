@@ -5,9 +5,9 @@
 
 #include <QObject>
 
-#include "app/shared_state.h"
-#include "document/surface.h"
-#include "document/surface_view.h"
+#include "canvas/surface.h"
+#include "canvas/surface_view.h"
+#include "document/shared_state.h"
 
 namespace kelu {
 

@@ -5,7 +5,11 @@ namespace kelu {
 
 OpenSave::OpenSave(Document& document, SharedState& state, MsgDialog& dialog, SaveDialog& saveDialog,
                    std::function<void()> showBrowse, std::function<void(const QString&)> createPdf)
-    : document_(document), state_(state), dialog_(dialog), saveDialog_(saveDialog), showBrowse_(std::move(showBrowse)),
+    : document_(document),
+      state_(state),
+      dialog_(dialog),
+      saveDialog_(saveDialog),
+      showBrowse_(std::move(showBrowse)),
       createPdf_(std::move(createPdf)) {}
 
 int OpenSave::AskToSave(bool beep) {
@@ -17,9 +21,13 @@ int OpenSave::AskToSave(bool beep) {
 
 bool OpenSave::SettleChanges() {
     switch (AskToSave()) {
-        case MsgDialog::kYes: SaveImageNow(); break;
-        case MsgDialog::kNo: break;
-        default: return false;
+        case MsgDialog::kYes:
+            SaveImageNow();
+            break;
+        case MsgDialog::kNo:
+            break;
+        default:
+            return false;
     }
     state_.ImageDirty = false;  // whatever came of the save
     return true;

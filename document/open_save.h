@@ -6,9 +6,9 @@
 #include <QString>
 #include <functional>
 
-#include "app/shared_state.h"
-#include "controls/message_dialog/msg_dialog.h"
 #include "document/document.h"
+#include "document/shared_state.h"
+#include "platform/msg_dialog.h"
 
 namespace kelu {
 

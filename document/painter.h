@@ -2,29 +2,34 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QPixmap>
 #include <QPoint>
 #include <functional>
 
-#include "app/shared_state.h"
-#include "controls/theme/icons.h"
+#include "canvas/surface_view.h"
 #include "document/document.h"
-#include "document/image_x.h"
 #include "document/settings.h"
+#include "document/shared_state.h"
 
 namespace kelu {
 
+struct BrushCursor {
+    QPixmap picture;
+    QPoint hotSpot;
+};
+
 /// The cursors of the styles "1", "2" and "3".
 struct BrushCursors {
-    theme::CursorPicture picBrush;
-    theme::CursorPicture picSmudge;
-    theme::CursorPicture picCross;
+    BrushCursor picBrush;
+    BrushCursor picSmudge;
+    BrushCursor picCross;
 };
 
 class Painter {
  public:
     /// `brushSize` reads the diameter of the brush in image pixels, 1 to 100, at the moment of use.
-    Painter(Document& document, ImageX& canvasView, SharedState& state, const Settings& settings, BrushCursors cursors,
-            std::function<int()> brushSize);
+    Painter(Document& document, SurfaceView& canvasView, SharedState& state, const Settings& settings,
+            BrushCursors cursors, std::function<int()> brushSize);
 
     /// Makes the brush from the pen's picture at the present size and shows the cursor of the chosen style. A style
     /// other than "1" to "3" leaves brush and cursor as they were. Called after each render and when the size changes.
@@ -32,16 +37,14 @@ class Painter {
     /// The ring of the brush's size shows round the pointer while painting is on.
     void ShowBrushRing();
 
-    /// Any mouse button was pressed on the canvas: one undo level, nothing painted. Twips of the canvas widget.
-    void Press(int xTwips, int yTwips);
+    /// Any mouse button was pressed on the canvas: one undo level, nothing painted.
+    void Press(const QPoint& imagePixel);
     /// The pointer moved over the canvas; with the left button alone one segment is painted.
-    void Move(Qt::MouseButtons buttons, int xTwips, int yTwips);
+    void Move(Qt::MouseButtons buttons, const QPoint& imagePixel);
 
  private:
-    QPoint ImagePoint(int xTwips, int yTwips) const;
-
     Document& document_;
-    ImageX& canvasView_;
+    SurfaceView& canvasView_;
     SharedState& state_;
     const Settings& settings_;
     BrushCursors cursors_;

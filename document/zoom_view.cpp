@@ -6,9 +6,9 @@
 namespace kelu {
 
 namespace {
-constexpr int kStep = 10;           // percent
-constexpr int kSmallest = 3;        // percent
-constexpr int kFreeViewFrom = 51;   // percent
+constexpr int kStep = 10;          // percent
+constexpr int kSmallest = 3;       // percent
+constexpr int kFreeViewFrom = 51;  // percent
 }  // namespace
 
 void ZoomView::ZoomIn() {

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "app/shared_state.h"
+#include "canvas/surface_view.h"
 #include "document/document.h"
-#include "document/surface_view.h"
+#include "document/shared_state.h"
 
 namespace kelu {
 

@@ -7,7 +7,7 @@
 #include <QValidator>
 
 #include "controls/theme/theme.h"
-#include "effects/catalogue.h"
+#include "effects/catalogue/catalogue.h"
 
 namespace kelu {
 namespace {

@@ -4,10 +4,10 @@
 
 #include <QScopedValueRollback>
 
-#include "document/surface.h"
-#include "effects/catalogue.h"
+#include "canvas/surface.h"
+#include "effects/catalogue/catalogue.h"
+#include "effects/catalogue/pix_twix.h"
 #include "effects/effect_controls.h"
-#include "effects/pix_twix.h"
 #include "effects/render_window.h"
 #include "platform/error.h"
 

@@ -5,7 +5,7 @@
 #include <QObject>
 #include <functional>
 
-#include "app/shared_state.h"
+#include "document/shared_state.h"
 
 namespace kelu {
 

@@ -12,7 +12,7 @@
 #include "controls/theme/theme.h"
 #include "controls/tool_button/tool_button.h"
 #include "controls/toolbox/toolbox.h"
-#include "effects/catalogue.h"
+#include "effects/catalogue/catalogue.h"
 #include "effects/coordinate_box.h"
 #include "effects/panel_label.h"
 #include "platform/units.h"

@@ -5,7 +5,7 @@
 #include <QWidget>
 #include <array>
 
-#include "app/shared_state.h"
+#include "document/shared_state.h"
 #include "effects/effect_controls.h"
 
 class QRadioButton;

@@ -6,11 +6,11 @@
 #include <QPainter>
 #include <QPainterPath>
 
+#include "canvas/surface.h"
 #include "controls/theme/theme.h"
-#include "document/picture_file.h"
-#include "document/surface.h"
-#include "effects/catalogue.h"
-#include "effects/pix_twix.h"
+#include "effects/catalogue/catalogue.h"
+#include "effects/catalogue/pix_twix.h"
+#include "pictures/picture_file.h"
 #include "platform/error.h"
 
 namespace kelu {

@@ -5,7 +5,7 @@
 #include "controls/list_ex/list_ex.h"
 #include "controls/pager/pager.h"
 #include "controls/toolbox/toolbox.h"
-#include "effects/catalogue.h"
+#include "effects/catalogue/catalogue.h"
 #include "effects/effect_pictures.h"
 
 namespace kelu {

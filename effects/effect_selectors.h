@@ -5,7 +5,7 @@
 #include <QImage>
 #include <QObject>
 
-#include "app/shared_state.h"
+#include "document/shared_state.h"
 
 class QWidget;
 

@@ -6,7 +6,7 @@
 #include <QMouseEvent>
 
 #include "controls/theme/theme.h"
-#include "effects/catalogue.h"
+#include "effects/catalogue/catalogue.h"
 
 namespace kelu {
 

@@ -4,8 +4,8 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "controls/animated_gif/frame_composer.h"
-#include "controls/animated_gif/frame_encoder.h"
+#include "pictures/gif/frame_composer.h"
+#include "pictures/gif/frame_encoder.h"
 
 namespace {
 

@@ -7,8 +7,8 @@
 #include <QTemporaryDir>
 #include <cstdlib>
 
-#include "document/picture_file.h"
-#include "document/picture_format.h"
+#include "pictures/picture_file.h"
+#include "pictures/picture_format.h"
 #include "platform/error.h"
 
 namespace {

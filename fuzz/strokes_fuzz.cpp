@@ -4,8 +4,8 @@
 #include <QGuiApplication>
 #include <cstdlib>
 
+#include "canvas/surface.h"
 #include "cli/strokes.h"
-#include "document/surface.h"
 #include "platform/error.h"
 
 namespace {

@@ -4,8 +4,8 @@
 
 #include <QRect>
 
-#include "document/surface.h"
-#include "effects/pix_twix.h"
+#include "canvas/surface.h"
+#include "effects/catalogue/pix_twix.h"
 #include "platform/error.h"
 
 namespace kelu {

@@ -6,7 +6,7 @@
 #include <QString>
 #include <QStringList>
 
-#include "effects/catalogue.h"
+#include "effects/catalogue/catalogue.h"
 
 namespace kelu {
 

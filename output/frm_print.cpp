@@ -35,13 +35,16 @@ struct Captions {
     const char* landscape;
     const char* noPrinter;  ///< in the empty list
 };
-constexpr Captions kUKEnglish{"0", "Print", "Print ", "Cancel ", "Available Printers", "Orietation", "Portrait", "Landscape",
-                                "No printer found"};
+constexpr Captions kUKEnglish{"0",          "Print",    "Print ",    "Cancel ",         "Available Printers",
+                              "Orietation", "Portrait", "Landscape", "No printer found"};
 constexpr Captions kLanguages[] = {
     kUKEnglish,
-    {"1", "Print", "Print ", "Cancel ", "Available Printers", "Orietation", "Portrait", "Landscape", "No printer found"},
-    {"2", "Imprimir", "Imprimir ", "Cancelar ", "Impresoras disponibles", "Orientación", "Vertical", "Horizontal", "No hay ninguna impresora"},
-    {"3", "Imprimer", "Imprimer ", "Annuler ", "Imprimantes", "Orientación", "Portrait", "Paysage", "Aucune imprimante"},
+    {"1", "Print", "Print ", "Cancel ", "Available Printers", "Orietation", "Portrait", "Landscape",
+     "No printer found"},
+    {"2", "Imprimir", "Imprimir ", "Cancelar ", "Impresoras disponibles", "Orientación", "Vertical", "Horizontal",
+     "No hay ninguna impresora"},
+    {"3", "Imprimer", "Imprimer ", "Annuler ", "Imprimantes", "Orientación", "Portrait", "Paysage",
+     "Aucune imprimante"},
 };
 
 template <typename Widget>
@@ -194,8 +197,10 @@ void frmPrint::RotateRight() {
 
 void frmPrint::PrintNow() {
     const bool printed = RunShowingErrors(dialog_, [this] {
-        if (lstPrinters->ListIndex() < 0) throw Error(PrintService::kNoPrinterInformation, QStringLiteral("No printer is chosen"));
-        const PictureSize size{surface.ImageWidth(), surface.ImageHeight(), surface.ResolutionX(), surface.ResolutionY()};
+        if (lstPrinters->ListIndex() < 0)
+            throw Error(PrintService::kNoPrinterInformation, QStringLiteral("No printer is chosen"));
+        const PictureSize size{surface.ImageWidth(), surface.ImageHeight(), surface.ResolutionX(),
+                               surface.ResolutionY()};
         QGuiApplication::setOverrideCursor(Qt::WaitCursor);
         const struct CursorBack {
             ~CursorBack() { QGuiApplication::restoreOverrideCursor(); }

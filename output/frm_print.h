@@ -4,12 +4,12 @@
 
 #include <QDialog>
 
-#include "controls/message_dialog/msg_dialog.h"
-#include "document/image_x.h"
+#include "canvas/surface.h"
 #include "document/settings.h"
-#include "document/surface.h"
-#include "output/page_layout.h"
+#include "output/pdf/page_layout.h"
 #include "output/print_service.h"
+#include "platform/msg_dialog.h"
+#include "view/image_x.h"
 
 class QLabel;
 class QPushButton;

@@ -6,7 +6,7 @@
 #include <QStringList>
 #include <functional>
 
-#include "output/page_layout.h"
+#include "output/pdf/page_layout.h"
 
 namespace kelu {
 

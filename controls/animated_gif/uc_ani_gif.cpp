@@ -7,8 +7,8 @@
 #include <QPainter>
 #include <array>
 
-#include "controls/animated_gif/frame_encoder.h"
 #include "controls/property_bag/property_bag.h"
+#include "pictures/gif/frame_encoder.h"
 #include "platform/units.h"
 
 namespace kelu {

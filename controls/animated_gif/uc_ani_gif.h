@@ -10,10 +10,10 @@
 #include <QWidget>
 
 #include "controls/animated_gif/frame_clock.h"
-#include "controls/animated_gif/frame_composer.h"
-#include "controls/animated_gif/frame_strip.h"
 #include "controls/animated_gif/gif_fit.h"
 #include "controls/animated_gif/remote_read.h"
+#include "pictures/gif/frame_composer.h"
+#include "pictures/gif/frame_strip.h"
 
 namespace kelu {
 

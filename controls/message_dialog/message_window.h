@@ -5,7 +5,7 @@
 #include <QDialog>
 #include <QString>
 
-#include "controls/message_dialog/msg_dialog.h"
+#include "platform/msg_dialog.h"
 
 class QBoxLayout;
 class QCheckBox;

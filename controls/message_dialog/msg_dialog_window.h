@@ -6,7 +6,7 @@
 #include <QString>
 #include <QWidget>
 
-#include "controls/message_dialog/msg_dialog.h"
+#include "platform/msg_dialog.h"
 
 namespace kelu {
 

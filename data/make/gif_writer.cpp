@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "data/make/gif_writer.h"
 
-#include "controls/animated_gif/frame_encoder.h"
+#include "pictures/gif/frame_encoder.h"
 
 namespace kelu {
 namespace {

@@ -6,7 +6,7 @@
 #include <QImage>
 #include <vector>
 
-#include "controls/animated_gif/gif_reader.h"
+#include "pictures/gif/gif_reader.h"
 
 namespace kelu {
 

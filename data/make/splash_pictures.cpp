@@ -14,12 +14,12 @@
 #include <functional>
 #include <random>
 
+#include "canvas/surface.h"
 #include "controls/theme/icons.h"
 #include "controls/theme/theme.h"
 #include "data/make/look.h"
-#include "document/surface.h"
-#include "effects/catalogue.h"
-#include "effects/pix_twix.h"
+#include "effects/catalogue/catalogue.h"
+#include "effects/catalogue/pix_twix.h"
 #include "platform/error.h"
 
 namespace kelu {

@@ -16,23 +16,22 @@ struct BrowseTexts {
     const char* back;
     const char* up;
     const char* viewsTip;
-    std::array<const char*, 5> views;  ///< large, small, list, details, thumbnails
+    std::array<const char*, 5> views;   ///< large, small, list, details, thumbnails
     std::array<const char*, 4> titles;  ///< of the columns: name, size, type, date
     const char* empty;                  ///< in a folder without folders and pictures
 };
 
-inline constexpr BrowseTexts kBrowseEnglish{
-    "Open",
-    {"My Pictures", "Gallery", "My Documents", "My Computer"},
-    "OK",
-    "Cancel",
-    "Look in:",
-    "Back one folder",
-    "Move up one folder",
-    "Views",
-    {"Large Icons", "Small Icons", "List", "Details", "Thumbnails"},
-    {"Name", "Size", "Type", "Date"},
-    "No pictures in this folder"};
+inline constexpr BrowseTexts kBrowseEnglish{"Open",
+                                            {"My Pictures", "Gallery", "My Documents", "My Computer"},
+                                            "OK",
+                                            "Cancel",
+                                            "Look in:",
+                                            "Back one folder",
+                                            "Move up one folder",
+                                            "Views",
+                                            {"Large Icons", "Small Icons", "List", "Details", "Thumbnails"},
+                                            {"Name", "Size", "Type", "Date"},
+                                            "No pictures in this folder"};
 
 inline constexpr BrowseTexts kBrowseSpanish{
     "Abrir",

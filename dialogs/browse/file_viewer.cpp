@@ -30,12 +30,16 @@ struct Look {
 
 Look LookOf(FileViewer::ViewKind view) {
     switch (view) {
-        case FileViewer::ViewKind::LargeIcons: return {QListView::IconMode, QListView::LeftToRight, true, {48, 48}, {104, 88}};
-        case FileViewer::ViewKind::SmallIcons: return {QListView::ListMode, QListView::LeftToRight, true, {18, 18}, {200, 26}};
+        case FileViewer::ViewKind::LargeIcons:
+            return {QListView::IconMode, QListView::LeftToRight, true, {48, 48}, {104, 88}};
+        case FileViewer::ViewKind::SmallIcons:
+            return {QListView::ListMode, QListView::LeftToRight, true, {18, 18}, {200, 26}};
         case FileViewer::ViewKind::Thumbnails:
-            return {QListView::IconMode, QListView::LeftToRight, true, ThumbnailDelegate::kPicture, ThumbnailDelegate::kCell};
+            return {QListView::IconMode, QListView::LeftToRight, true, ThumbnailDelegate::kPicture,
+                    ThumbnailDelegate::kCell};
         case FileViewer::ViewKind::List:
-        case FileViewer::ViewKind::Details: break;
+        case FileViewer::ViewKind::Details:
+            break;
     }
     return {QListView::ListMode, QListView::TopToBottom, true, {18, 18}, {220, 26}};
 }
@@ -43,9 +47,13 @@ Look LookOf(FileViewer::ViewKind view) {
 }  // namespace
 
 FileViewer::FileViewer(ThumbnailCache cache, QWidget* parent)
-    : QStackedWidget(parent), model_(std::move(cache)), list_(new QListView(this)), details_(new QTreeView(this)),
+    : QStackedWidget(parent),
+      model_(std::move(cache)),
+      list_(new QListView(this)),
+      details_(new QTreeView(this)),
       emptyText_(new QLabel(this)),
-      plainLook_(new QStyledItemDelegate(this)), thumbnailLook_(new ThumbnailDelegate(this)) {
+      plainLook_(new QStyledItemDelegate(this)),
+      thumbnailLook_(new ThumbnailDelegate(this)) {
     addWidget(list_);
     addWidget(details_);
     SetUp(*list_);
@@ -129,7 +137,8 @@ void FileViewer::GoUp() {
     const QString left = model_.Folder();
     if (left == QLatin1String(FolderModel::kComputer)) return;
     QDir folder(left);
-    SetFolder(folder.cdUp() && folder.absolutePath() != left ? folder.absolutePath() : QLatin1String(FolderModel::kComputer));
+    SetFolder(folder.cdUp() && folder.absolutePath() != left ? folder.absolutePath()
+                                                             : QLatin1String(FolderModel::kComputer));
     // The folder just left is marked, so that a wrong step is easily taken back.
     if (const QModelIndex row = model_.RowOf(left); row.isValid()) {
         Current()->setCurrentIndex(row);

@@ -89,7 +89,8 @@ std::vector<FolderModel::Entry> FolderModel::ReadComputer() const {
     for (const QStorageInfo& volume : QStorageInfo::mountedVolumes()) {
         const QString root = volume.rootPath();
         // Sticks, cards and disks of the user; the rest of the mounts are the system's own.
-        if (!volume.isReady() || !(root.startsWith(u"/media/") || root.startsWith(u"/run/media/") || root.startsWith(u"/mnt")))
+        if (!volume.isReady() ||
+            !(root.startsWith(u"/media/") || root.startsWith(u"/run/media/") || root.startsWith(u"/mnt")))
             continue;
         entries.push_back({volume.displayName(), root, false, 0, {}});
     }
@@ -122,7 +123,8 @@ void FolderModel::Sort(std::vector<Entry>& entries) const {
             case kChanged:
                 if (first.second.changed != second.second.changed) return first.second.changed < second.second.changed;
                 break;
-            default: break;
+            default:
+                break;
         }
         return first.first.compare(second.first) < 0;
     };
@@ -149,7 +151,8 @@ void FolderModel::WishThumbnails(const QModelIndexList& rows) {
 void FolderModel::OnThumbnail(const QString& path, const QImage& image) {
     const QModelIndex row = RowOf(path);
     if (!row.isValid()) return;  // of a folder left meanwhile
-    thumbnails_[path] = {QPixmap::fromImage(image), image.isNull(), entries_[static_cast<std::size_t>(row.row())].changed};
+    thumbnails_[path] = {QPixmap::fromImage(image), image.isNull(),
+                         entries_[static_cast<std::size_t>(row.row())].changed};
     Q_EMIT dataChanged(row, row, {kThumbnailRole, kBrokenRole, Qt::DecorationRole});
 }
 
@@ -166,11 +169,16 @@ int FolderModel::columnCount(const QModelIndex& parent) const { return parent.is
 
 QVariant FolderModel::Text(const Entry& entry, int column) const {
     switch (column) {
-        case kName: return entry.name;
-        case kSize: return entry.isFile ? QLocale().formattedDataSize(entry.size, 0) : QString();
-        case kType: return entry.isFile ? QFileInfo(entry.name).suffix().toUpper() : QString();
-        case kChanged: return QLocale().toString(entry.changed, QLocale::ShortFormat);
-        default: return {};
+        case kName:
+            return entry.name;
+        case kSize:
+            return entry.isFile ? QLocale().formattedDataSize(entry.size, 0) : QString();
+        case kType:
+            return entry.isFile ? QFileInfo(entry.name).suffix().toUpper() : QString();
+        case kChanged:
+            return QLocale().toString(entry.changed, QLocale::ShortFormat);
+        default:
+            return {};
     }
 }
 
@@ -180,19 +188,28 @@ QVariant FolderModel::data(const QModelIndex& index, int role) const {
     const auto thumbnail = thumbnails_.find(entry.path);
     const bool known = thumbnail != thumbnails_.end();
     switch (role) {
-        case Qt::DisplayRole: return Text(entry, index.column());
+        case Qt::DisplayRole:
+            return Text(entry, index.column());
         case Qt::ToolTipRole:
             return entry.isFile ? QStringLiteral("%1\n%2").arg(entry.name, Text(entry, kSize).toString()) : entry.name;
-        case Qt::TextAlignmentRole: return index.column() == kSize ? QVariant(Qt::AlignRight | Qt::AlignVCenter) : QVariant();
+        case Qt::TextAlignmentRole:
+            return index.column() == kSize ? QVariant(Qt::AlignRight | Qt::AlignVCenter) : QVariant();
         case Qt::DecorationRole:
             if (index.column() != kName) return {};
-            if (!entry.isFile) return theme::Icon(folder_.isEmpty() ? QStringLiteral("drive") : QStringLiteral("folder"));
-            return theme::Icon(known && thumbnail->second.broken ? QStringLiteral("broken_picture") : QStringLiteral("picture"));
-        case kPathRole: return entry.path;
-        case kIsFileRole: return entry.isFile;
-        case kThumbnailRole: return known ? QVariant(thumbnail->second.pixmap) : QVariant();
-        case kBrokenRole: return known && thumbnail->second.broken;
-        default: return {};
+            if (!entry.isFile)
+                return theme::Icon(folder_.isEmpty() ? QStringLiteral("drive") : QStringLiteral("folder"));
+            return theme::Icon(known && thumbnail->second.broken ? QStringLiteral("broken_picture")
+                                                                 : QStringLiteral("picture"));
+        case kPathRole:
+            return entry.path;
+        case kIsFileRole:
+            return entry.isFile;
+        case kThumbnailRole:
+            return known ? QVariant(thumbnail->second.pixmap) : QVariant();
+        case kBrokenRole:
+            return known && thumbnail->second.broken;
+        default:
+            return {};
     }
 }
 

@@ -43,9 +43,8 @@ ToolButton* Button(QWidget* parent, const char* icon, const char* name) {
 
 bool IsPictureName(const QString& path) {
     static constexpr const char* kEndings[] = {".bmp", ".jpg", ".png", ".gif", ".tif", ".tga", ".pcx", ".psd", ".jpeg"};
-    return std::any_of(std::begin(kEndings), std::end(kEndings), [&](const char* ending) {
-        return path.endsWith(QLatin1String(ending), Qt::CaseInsensitive);
-    });
+    return std::any_of(std::begin(kEndings), std::end(kEndings),
+                       [&](const char* ending) { return path.endsWith(QLatin1String(ending), Qt::CaseInsensitive); });
 }
 
 frmBrowse::Places frmBrowse::Places::OfUser() {

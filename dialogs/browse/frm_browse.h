@@ -6,9 +6,9 @@
 #include <array>
 #include <functional>
 
-#include "controls/message_dialog/msg_dialog.h"
 #include "dialogs/browse/file_viewer.h"
 #include "document/settings.h"
+#include "platform/msg_dialog.h"
 
 class QAction;
 class QLabel;

@@ -11,7 +11,7 @@
 #include <QUrl>
 #include <optional>
 
-#include "document/picture_file.h"
+#include "pictures/picture_file.h"
 #include "platform/atomic_file.h"
 #include "platform/error.h"
 

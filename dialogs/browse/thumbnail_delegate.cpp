@@ -11,7 +11,7 @@
 namespace kelu {
 
 namespace {
-constexpr int kTop = 10;        // device-independent pixels, as the next three
+constexpr int kTop = 10;  // device-independent pixels, as the next three
 constexpr int kNameHeight = 20;
 constexpr int kIcon = 48;
 constexpr int kInset = 3;

@@ -19,8 +19,8 @@
 #include "controls/theme/theme.h"
 #include "controls/title_row/dialog_frame.h"
 #include "controls/tool_button/tool_button.h"
-#include "output/password_scrambling.h"
 #include "platform/error.h"
+#include "platform/password_scrambling.h"
 
 namespace kelu {
 

@@ -6,9 +6,9 @@
 #include <array>
 #include <functional>
 
-#include "app/shared_state.h"
-#include "controls/message_dialog/msg_dialog.h"
 #include "document/settings.h"
+#include "document/shared_state.h"
+#include "platform/msg_dialog.h"
 
 class QCheckBox;
 class QComboBox;

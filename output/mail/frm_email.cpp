@@ -18,9 +18,9 @@
 #include "controls/title_row/dialog_frame.h"
 #include "output/mail/email_address.h"
 #include "output/mail/mail_error.h"
-#include "output/password_scrambling.h"
-#include "output/product.h"
+#include "output/pdf/product.h"
 #include "platform/error.h"
+#include "platform/password_scrambling.h"
 #include "platform/units.h"
 
 namespace kelu {

@@ -6,10 +6,10 @@
 #include <QString>
 #include <functional>
 
-#include "controls/message_dialog/msg_dialog.h"
 #include "document/settings.h"
 #include "output/mail/mail_client.h"
 #include "output/mail/smtp_sender.h"
+#include "platform/msg_dialog.h"
 
 class QGroupBox;
 class QLineEdit;

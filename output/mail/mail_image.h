@@ -5,10 +5,10 @@
 #include <QString>
 #include <functional>
 
-#include "app/shared_state.h"
-#include "controls/message_dialog/msg_dialog.h"
+#include "canvas/surface.h"
 #include "document/settings.h"
-#include "document/surface.h"
+#include "document/shared_state.h"
+#include "platform/msg_dialog.h"
 #include "platform/win_inet_connection.h"
 
 class QWidget;

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "controls/list_ex/list_ex.h"
-#include "document/picture_file.h"
+#include "pictures/picture_file.h"
 #include "tests/app/main_window_fixture.h"
 
 namespace kelu {

@@ -7,7 +7,7 @@
 #include <random>
 
 #include "controls/progress_bar/xp_progress_bar.h"
-#include "document/picture_file.h"
+#include "pictures/picture_file.h"
 #include "tests/app/main_window_fixture.h"
 
 namespace kelu {

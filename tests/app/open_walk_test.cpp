@@ -5,7 +5,7 @@
 
 #include <QFile>
 
-#include "document/picture_file.h"
+#include "pictures/picture_file.h"
 #include "tests/app/dialog_hands.h"
 #include "tests/app/main_window_fixture.h"
 

@@ -3,7 +3,7 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
-#include "document/picture_file.h"
+#include "pictures/picture_file.h"
 #include "tests/app/main_window_fixture.h"
 
 namespace kelu {

@@ -10,7 +10,7 @@
 #include <QFile>
 #include <csignal>
 
-#include "document/picture_file.h"
+#include "pictures/picture_file.h"
 #include "tests/app/dialog_hands.h"
 #include "tests/app/main_window_fixture.h"
 

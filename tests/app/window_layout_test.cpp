@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "app/commands.h"
+#include "document/commands.h"
 
 namespace kelu {
 

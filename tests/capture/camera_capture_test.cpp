@@ -8,7 +8,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-#include "document/picture_file.h"
+#include "pictures/picture_file.h"
 #include "platform/temporary_folder.h"
 #include "tests/support/scripted_camera.h"
 #include "tests/support/scripted_dialog.h"

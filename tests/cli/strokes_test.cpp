@@ -21,10 +21,18 @@ TEST(Strokes, ReadsSizesAndPoints) {
 
 TEST(Strokes, RefusesWhatIsNone) {
     for (const char* text : {
-             "", "{", "[]", "{}", R"({"strokes": 1})", R"({"strokes": [1]})",
-             R"({"strokes": [{"size": 0, "points": [[1, 1]]}]})", R"({"strokes": [{"size": 101, "points": [[1, 1]]}]})",
-             R"({"strokes": [{"size": "5", "points": [[1, 1]]}]})", R"({"strokes": [{"size": 5}]})",
-             R"({"strokes": [{"size": 5, "points": []}]})", R"({"strokes": [{"size": 5, "points": [[1]]}]})",
+             "",
+             "{",
+             "[]",
+             "{}",
+             R"({"strokes": 1})",
+             R"({"strokes": [1]})",
+             R"({"strokes": [{"size": 0, "points": [[1, 1]]}]})",
+             R"({"strokes": [{"size": 101, "points": [[1, 1]]}]})",
+             R"({"strokes": [{"size": "5", "points": [[1, 1]]}]})",
+             R"({"strokes": [{"size": 5}]})",
+             R"({"strokes": [{"size": 5, "points": []}]})",
+             R"({"strokes": [{"size": 5, "points": [[1]]}]})",
              R"({"strokes": [{"size": 5, "points": [[1, "2"]]}]})",
              R"({"strokes": [{"size": 5, "points": [[1, 1e300]]}]})",
          })

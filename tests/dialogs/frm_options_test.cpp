@@ -15,8 +15,8 @@
 #include <QtTest>
 
 #include "controls/tool_button/tool_button.h"
-#include "output/password_scrambling.h"
 #include "platform/error.h"
+#include "platform/password_scrambling.h"
 #include "platform/registry_access.h"
 #include "platform/registry_file.h"
 #include "tests/support/memory_settings.h"

@@ -32,8 +32,8 @@ struct DocumentTest : testing::Test {
     QStringList pdfs;
     int browses = 0;
     Document document{surfaces, view, originalView, state};
-    OpenSave openSave{document, state, dialog, saveDialog, [this] { ++browses; },
-                      [this](const QString& path) { pdfs << path; }};
+    OpenSave openSave{
+        document, state, dialog, saveDialog, [this] { ++browses; }, [this](const QString& path) { pdfs << path; }};
     History history{surfaces.picCanvas, view, state};
     ZoomView zoom{document, view, state};
 
@@ -60,15 +60,16 @@ TEST_F(DocumentTest, ShrinksWhatIsLargerThanTheLimits) {
         QSize opened;
     };
     const Row rows[] = {
-        {3000, 2000, 1, {800, 533}}, {2048, 1000, 1, {2048, 1000}}, {2049, 1000, 1, {800, 390}},
-        {1000, 2000, 1, {600, 1200}}, {1000, 1536, 1, {1000, 1536}}, {1000, 1537, 1, {600, 922}},
+        {3000, 2000, 1, {800, 533}},   {2048, 1000, 1, {2048, 1000}}, {2049, 1000, 1, {800, 390}},
+        {1000, 2000, 1, {600, 1200}},  {1000, 1536, 1, {1000, 1536}}, {1000, 1537, 1, {600, 922}},
         {2100, 2100, 1, {2100, 2100}}, {3000, 2000, 0, {3000, 2000}}, {3000, 2000, 2, {3000, 2000}},
     };
     for (const Row& row : rows) {
         state.ResizeOnOpen = static_cast<std::int16_t>(row.resize);
         document.Open(MakePicture(row.width, row.height), Document::Source::Browse);
         for (Surface* surface : {&surfaces.picCanvas, &surfaces.picPen, &surfaces.picOriginal})
-            EXPECT_EQ(QSize(surface->ImageWidth(), surface->ImageHeight()), row.opened) << row.width << "x" << row.height;
+            EXPECT_EQ(QSize(surface->ImageWidth(), surface->ImageHeight()), row.opened)
+                << row.width << "x" << row.height;
     }
     state.ResizeOnOpen = 1;
     document.Open(MakePicture(3000, 2000), Document::Source::Capture);
@@ -229,7 +230,8 @@ TEST_F(DocumentTest, CopyPutsThePictureOnTheClipboard) {
     document.Open(MakePicture(40, 30), Document::Source::Browse);
     Paint();
     openSave.Copy();
-    EXPECT_EQ(QGuiApplication::clipboard()->image().convertToFormat(QImage::Format_RGB32), surfaces.picCanvas.Picture());
+    EXPECT_EQ(QGuiApplication::clipboard()->image().convertToFormat(QImage::Format_RGB32),
+              surfaces.picCanvas.Picture());
     QGuiApplication::clipboard()->clear();
 }
 

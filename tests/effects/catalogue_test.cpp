@@ -1,12 +1,12 @@
 // Each row of the catalogue against the engine call that it has to make, written out by hand.
 // SPDX-License-Identifier: MIT
-#include "effects/catalogue.h"
+#include "effects/catalogue/catalogue.h"
 
 #include <gtest/gtest.h>
 
 #include <functional>
 
-#include "effects/pix_twix.h"
+#include "effects/catalogue/pix_twix.h"
 #include "tests/effects/sample_picture.h"
 
 namespace kelu {

@@ -13,7 +13,7 @@
 #include <functional>
 #include <vector>
 
-#include "effects/pix_twix.h"
+#include "effects/catalogue/pix_twix.h"
 #include "tests/effects/sample_picture.h"
 
 namespace kelu {

@@ -17,7 +17,7 @@
 #include "controls/slider/ls_slider.h"
 #include "controls/tool_button/tool_button.h"
 #include "controls/toolbox/toolbox.h"
-#include "effects/catalogue.h"
+#include "effects/catalogue/catalogue.h"
 #include "effects/coordinate_box.h"
 #include "effects/effect_selectors.h"
 #include "effects/panel_label.h"

@@ -8,7 +8,7 @@
 #include <QTemporaryDir>
 #include <set>
 
-#include "effects/catalogue.h"
+#include "effects/catalogue/catalogue.h"
 #include "tests/effects/sample_picture.h"
 
 namespace kelu {

@@ -1,6 +1,6 @@
 // The engine as the program sees it: shared sources, refusals, progress, and the window that it shuts meanwhile.
 // SPDX-License-Identifier: MIT
-#include "effects/pix_twix.h"
+#include "effects/catalogue/pix_twix.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // PDF files as independent tools see them: page, embedded pixels, properties; and the words that follow.
 // SPDX-License-Identifier: MIT
-#include "output/pdf_export.h"
+#include "output/pdf/pdf_export.h"
 
 #include <gmock/gmock.h>
 #include <sys/resource.h>

@@ -9,7 +9,7 @@
 #include "controls/list_ex/list_ex.h"
 #include "controls/tool_button/tool_button.h"
 #include "output/frm_print.h"
-#include "output/page_layout.h"
+#include "output/pdf/page_layout.h"
 #include "platform/error.h"
 #include "tests/support/memory_settings.h"
 #include "tests/support/scripted_dialog.h"
@@ -32,8 +32,20 @@ TEST(PageLayout, PlacesThePictureByHandComputedNumbers) {
         PlacedPicture at;
     };
     const Row rows[] = {
-        {"wider: by width, centred down", Placement::Fit, 100, Unit::Inches, 1, {400, 200, 96, 96}, {100, 200, 900, 450}},
-        {"taller: by height, centred across", Placement::Fit, 100, Unit::Inches, 1, {100, 200, 96, 96}, {387.5, 100, 325, 650}},
+        {"wider: by width, centred down",
+         Placement::Fit,
+         100,
+         Unit::Inches,
+         1,
+         {400, 200, 96, 96},
+         {100, 200, 900, 450}},
+        {"taller: by height, centred across",
+         Placement::Fit,
+         100,
+         Unit::Inches,
+         1,
+         {100, 200, 96, 96},
+         {387.5, 100, 325, 650}},
         {"same proportions", Placement::Fit, 100, Unit::Inches, 1, {18, 13, 96, 96}, {100, 100, 900, 650}},
         {"small pictures are enlarged", Placement::Fit, 100, Unit::Inches, 1, {2, 1, 96, 96}, {100, 200, 900, 450}},
         {"upper half", Placement::HalfPage, 100, Unit::Inches, 1, {400, 100, 96, 96}, {100, 150, 900, 225}},

@@ -6,14 +6,11 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <QDesktopServices>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
-#include <QUrl>
 
 #include "platform/private_folder.h"
-#include "platform/shell.h"
 #include "platform/single_instance.h"
 #include "platform/temporary_folder.h"
 
@@ -111,29 +108,5 @@ TEST(Locks, WaitsAndGivesUp) {
     EXPECT_EQ(FileLock(folder.filePath("no/lock")).Lock(std::chrono::milliseconds(0)), FileLock::Answer::Impossible);
 }
 
-class UrlCatcher : public QObject {
-    Q_OBJECT
- public:
-    QList<QUrl> urls;
- public Q_SLOTS:
-    void Open(const QUrl& url) { urls.append(url); }
-};
-
-TEST(Shell, OpensFilesThatAreThere) {
-    QTemporaryDir folder;
-    const QString path = folder.filePath(QString::fromUtf8("with blank # ü.pdf"));
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    UrlCatcher catcher;
-    QDesktopServices::setUrlHandler("file", &catcher, "Open");
-    EXPECT_TRUE(OpenDocument(path));
-    EXPECT_FALSE(OpenDocument(folder.filePath("missing.pdf")));
-    QDesktopServices::unsetUrlHandler("file");
-    ASSERT_EQ(catcher.urls.size(), 1);
-    EXPECT_EQ(catcher.urls[0].toLocalFile(), path);
-}
-
 }  // namespace
 }  // namespace kelu
-
-#include "folders_and_locks_test.moc"

@@ -7,7 +7,7 @@
 #include <cstdlib>
 #include <sstream>
 
-#include "effects/engine/random.h"
+#include "engine/random.h"
 
 namespace kelu::engine_test {
 namespace {

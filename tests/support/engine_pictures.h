@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "effects/engine/image_view.h"
+#include "engine/image_view.h"
 
 namespace kelu::engine_test {
 

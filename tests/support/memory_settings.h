@@ -3,8 +3,8 @@
 #pragma once
 
 #include "document/settings.h"
-#include "platform/registry_store.h"
 #include "platform/registry_access.h"
+#include "platform/registry_store.h"
 
 namespace kelu {
 

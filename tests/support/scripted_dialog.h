@@ -7,7 +7,7 @@
 #include <functional>
 #include <vector>
 
-#include "controls/message_dialog/msg_dialog.h"
+#include "platform/msg_dialog.h"
 
 namespace kelu {
 

@@ -5,10 +5,15 @@
 
 #include <gtest/gtest.h>
 
+#include <QDesktopServices>
+#include <QFile>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QUrl>
 #include <QWidget>
 
+#include "app/shell.h"
 #include "platform/error.h"
 #include "tests/support/scripted_dialog.h"
 
@@ -62,6 +67,28 @@ TEST(Application, GoesOnAfterAnEventThatFails) {
     application.ShowErrorsIn(nullptr);
 }
 
+class UrlCatcher : public QObject {
+    Q_OBJECT
+ public:
+    QList<QUrl> urls;
+ public Q_SLOTS:
+    void Open(const QUrl& url) { urls.append(url); }
+};
+
+TEST(Shell, OpensFilesThatAreThere) {
+    QTemporaryDir folder;
+    const QString path = folder.filePath(QString::fromUtf8("with blank # ü.pdf"));
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    UrlCatcher catcher;
+    QDesktopServices::setUrlHandler("file", &catcher, "Open");
+    EXPECT_TRUE(OpenDocument(path));
+    EXPECT_FALSE(OpenDocument(folder.filePath("missing.pdf")));
+    QDesktopServices::unsetUrlHandler("file");
+    ASSERT_EQ(catcher.urls.size(), 1);
+    EXPECT_EQ(catcher.urls[0].toLocalFile(), path);
+}
+
 }  // namespace
 }  // namespace kelu
 
@@ -70,3 +97,5 @@ int main(int argc, char** argv) {
     kelu::Application application(argc, argv);
     return RUN_ALL_TESTS();
 }
+
+#include "application_test.moc"

@@ -12,7 +12,7 @@
 #include "app/help_browser.h"
 #include "app/help_topics.h"
 #include "app/help_window.h"
-#include "effects/catalogue.h"
+#include "effects/catalogue/catalogue.h"
 #include "tests/support/scripted_dialog.h"
 
 namespace kelu {

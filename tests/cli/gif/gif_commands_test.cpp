@@ -10,7 +10,7 @@
 #include <QJsonDocument>
 #include <QTemporaryDir>
 
-#include "tests/controls/animated_gif/gif_bytes.h"
+#include "tests/pictures/gif/gif_bytes.h"
 
 namespace kelu {
 namespace {

@@ -13,7 +13,7 @@
 #include <QTest>
 
 #include "controls/property_bag/property_bag.h"
-#include "tests/controls/animated_gif/gif_bytes.h"
+#include "tests/pictures/gif/gif_bytes.h"
 
 namespace kelu {
 namespace {

@@ -10,8 +10,8 @@
 
 #include "controls/progress_bar/xp_progress_bar.h"
 #include "output/mail/mail_error.h"
-#include "output/password_scrambling.h"
 #include "platform/error.h"
+#include "platform/password_scrambling.h"
 #include "tests/output/mail/mail_servers.h"
 #include "tests/support/memory_settings.h"
 #include "tests/support/scripted_dialog.h"

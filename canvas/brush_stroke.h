@@ -1,0 +1,19 @@
+// Lays one segment of a stroke on a picture.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QImage>
+#include <QRect>
+
+#include "canvas/brush.h"
+#include "canvas/undo_levels.h"
+
+namespace kelu {
+
+/// Paints the segment inside the common area of `canvas` and `paint` and returns the rectangle that may have changed.
+/// The pixels before the stroke come from the open level of `undo`, so that segments of one stroke never build up
+/// where they meet: the pixel is always the one before the stroke blended once, by the largest coverage so far.
+/// `canvas` must be the only owner of its memory and a level must be open. `strength` is 0 to 255.
+QRect PaintSegment(QImage& canvas, const QImage& paint, const Capsule& segment, int strength, UndoLevels& undo);
+
+}  // namespace kelu

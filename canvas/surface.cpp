@@ -1,0 +1,167 @@
+// A picture without a window.
+// SPDX-License-Identifier: MIT
+#include "canvas/surface.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QPainter>
+#include <QScopeGuard>
+
+#include "canvas/brush_stroke.h"
+#include "canvas/undo_levels.h"
+#include "engine/neon.h"
+#include "pictures/picture.h"
+#include "pictures/picture_file.h"
+#include "platform/error.h"
+
+namespace kelu {
+namespace {
+
+constexpr double kInch = 0.0254;  // metres
+
+}  // namespace
+
+Surface::Surface(QObject* parent) : QObject(parent), undo_(std::make_unique<UndoLevels>()) {}
+
+Surface::~Surface() = default;
+
+void Surface::LoadFile(const QString& path) { Replace(ReadPicture(path)); }
+
+void Surface::SaveFile(const QString& path) const {
+    if (picture_.isNull()) throw Error(kInvalidPicture, QStringLiteral("There is no picture to save"));
+    WritePicture(picture_, path);
+}
+
+void Surface::SetPicture(const QImage& picture) { Replace(ToPictureFormat(picture)); }
+
+int Surface::ColorDepth() const {
+    if (picture_.isNull()) return 0;
+    return picture_.hasAlphaChannel() ? 32 : 24;
+}
+
+void Surface::ResizeImage(int width, int height) {
+    if (picture_.isNull()) return;
+    if (width < 0 || height < 0 || (width == 0 && height == 0))
+        throw Error(kInvalidProperty, QStringLiteral("Invalid picture size"));
+    const double proportion = static_cast<double>(picture_.width()) / picture_.height();
+    if (height == 0) height = std::max(1, qRound(width / proportion));
+    if (width == 0) width = std::max(1, qRound(height * proportion));
+    Replace(ScalePicture(picture_, QSize(width, height)));
+}
+
+void Surface::RotateLeft() {
+    if (!picture_.isNull()) Replace(Orient(picture_, 8));
+}
+
+void Surface::RotateRight() {
+    if (!picture_.isNull()) Replace(Orient(picture_, 6));
+}
+
+double Surface::ResolutionX() const { return picture_.dotsPerMeterX() > 0 ? picture_.dotsPerMeterX() * kInch : 96.0; }
+
+double Surface::ResolutionY() const { return picture_.dotsPerMeterY() > 0 ? picture_.dotsPerMeterY() * kInch : 96.0; }
+
+void Surface::CreateBlank(int width, int height, int bits, const QColor& color) {
+    QImage blank = MakePicture(width, height, bits == 32 ? QImage::Format_ARGB32 : QImage::Format_RGB32);
+    blank.fill(color);
+    Replace(std::move(blank));
+}
+
+void Surface::DrawBitmap(const QImage& bitmap, int x, int y, int opacity) {
+    const QRect area = QRect(QPoint(x, y), bitmap.size()) & picture_.rect();
+    if (area.isEmpty() || opacity <= 0) return;
+    MakeUnique(picture_);
+    if (undo_->IsOpen()) undo_->Touch(picture_, area);
+    QPainter painter(&picture_);
+    painter.setOpacity(std::min(opacity, 255) / 255.0);
+    painter.drawImage(QPoint(x, y), bitmap);
+    painter.end();
+    Announce(area);
+}
+
+void Surface::NeonFilter() {
+    if (picture_.isNull()) return;
+    QImage result = MakePicture(picture_.width(), picture_.height(), picture_.format());
+    result.setDotsPerMeterX(picture_.dotsPerMeterX());
+    result.setDotsPerMeterY(picture_.dotsPerMeterY());
+    bool reported = false;
+    engine::Run run;
+    run.progress = [this, &reported](int percent) {
+        if (percent >= 99) return;
+        reported = true;
+        Q_EMIT Progress(percent);
+    };
+    // Whoever disabled a window at the first report waits for the last one, also after a failure.
+    const auto atEnd = qScopeGuard([this, &reported] {
+        if (reported) Q_EMIT Progress(99);
+    });
+    try {
+        engine::Neon({picture_.constBits(), picture_.width(), picture_.height(), picture_.bytesPerLine()},
+                     {result.bits(), result.width(), result.height(), result.bytesPerLine()}, run);
+    } catch (const std::bad_alloc&) {
+        throw Error(kOutOfMemory, QStringLiteral("Not enough memory for this effect"));
+    }
+    Replace(std::move(result));
+}
+
+BrushHandle Surface::MakeBrush(int size) const { return {picture_, std::max(1, size)}; }
+
+void Surface::SelectBrush(const BrushHandle& brush) {
+    // What an open level knows of its stroke holds for one paint only.
+    if (brush.paint.constBits() != brush_.paint.constBits()) undo_->Close();
+    brush_ = brush;
+    if (brush_.paint.isNull() || picture_.isNull() || brush_.paint.constBits() == picture_.constBits()) return;
+    // The same four bytes in both: an opaque picture is one whose alpha happens to be 255 everywhere.
+    if (brush_.paint.hasAlphaChannel() && !picture_.hasAlphaChannel())
+        picture_.reinterpretAsFormat(QImage::Format_ARGB32);
+    MakeUnique(picture_);
+}
+
+void Surface::SetBrushSize(int size) { brush_.size = std::max(1, size); }
+
+void Surface::DrawBrushLine(int x1, int y1, int x2, int y2, int strength) {
+    if (picture_.isNull() || brush_.paint.isNull()) return;
+    // Painting a picture with itself changes nothing, and must not cost a copy of it.
+    if (brush_.paint.constBits() == picture_.constBits()) return;
+    MakeUnique(picture_);
+    if (!undo_->IsOpen()) undo_->Open();
+    Announce(PaintSegment(picture_, brush_.paint, Capsule(x1, y1, x2, y2, brush_.size), strength, *undo_));
+}
+
+void Surface::PushUndo() { undo_->Open(); }
+
+void Surface::Undo() {
+    if (!undo_->CanUndo()) throw Error(kNoUndoLevel, QStringLiteral("Nothing to undo"));
+    MakeUnique(picture_);
+    Announce(undo_->Undo(picture_));
+}
+
+void Surface::Redo() {
+    if (!undo_->CanRedo()) throw Error(kNoUndoLevel, QStringLiteral("Nothing to redo"));
+    MakeUnique(picture_);
+    Announce(undo_->Redo(picture_));
+}
+
+bool Surface::CanUndo() const { return undo_->CanUndo(); }
+
+bool Surface::CanRedo() const { return undo_->CanRedo(); }
+
+void Surface::SetUndoBudget(qint64 bytes) { undo_->SetBudget(bytes); }
+
+qint64 Surface::UndoBytes() const { return undo_->Bytes(); }
+
+void Surface::CopyToClipboard() const {
+    if (!picture_.isNull()) QGuiApplication::clipboard()->setImage(picture_);
+}
+
+void Surface::Replace(QImage picture) {
+    picture_ = std::move(picture);
+    undo_->Reset(picture_.size());
+    Q_EMIT PictureReplaced();
+}
+
+void Surface::Announce(const QRect& changed) {
+    if (!changed.isEmpty()) Q_EMIT PictureChanged(changed);
+}
+
+}  // namespace kelu

@@ -1,0 +1,61 @@
+// How a surface is shown: the view properties that the document sets without knowing a window.
+// ImageX is the real view; NullView serves where there is no screen.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QPixmap>
+#include <QPoint>
+
+namespace kelu {
+
+class SurfaceView {
+ public:
+    virtual ~SurfaceView() = default;
+
+    /// Percent of the picture's size at which it is shown; in the fitted view the fitted scale, rounded, at least 1.
+    virtual int ZoomPercent() const = 0;
+    virtual void SetZoomPercent(int percent) = 0;
+    /// 5, 2, false: the fitted view, which follows every load. 0, 0, true: the free view at ZoomPercent.
+    virtual int ViewAnchor() const = 0;
+    virtual void SetViewAnchor(int anchor) = 0;
+    virtual int ViewMode() const = 0;
+    virtual void SetViewMode(int mode) = 0;
+    virtual bool ViewScrollable() const = 0;
+    virtual void SetViewScrollable(bool scrollable) = 0;
+    virtual void Redraw() = 0;
+
+    /// The cursor shown while the style is 99; its hot spot is its middle unless one is given.
+    virtual void SetCursorPicture(const QPixmap& picture, const QPoint& hotSpot = QPoint(-1, -1)) = 0;
+    virtual void SetCursorStyle(int style) = 0;
+    /// Shows a thin circle of this diameter (image pixels) around the mouse; 0, the start value: none.
+    virtual void SetBrushRing(int imagePixels) = 0;
+
+    void SetFittedView() { SetViewAnchor(5), SetViewMode(2), SetViewScrollable(false); }
+    // Scrolling first: a view that can't scroll has to lay its picture out in the middle.
+    void SetFreeView() { SetViewAnchor(0), SetViewScrollable(true), SetViewMode(0); }
+};
+
+/// A view without a screen: keeps what it is told.
+class NullView : public SurfaceView {
+ public:
+    int ZoomPercent() const override { return zoomPercent_; }
+    void SetZoomPercent(int percent) override { zoomPercent_ = percent; }
+    int ViewAnchor() const override { return viewAnchor_; }
+    void SetViewAnchor(int anchor) override { viewAnchor_ = anchor; }
+    int ViewMode() const override { return viewMode_; }
+    void SetViewMode(int mode) override { viewMode_ = mode; }
+    bool ViewScrollable() const override { return viewScrollable_; }
+    void SetViewScrollable(bool scrollable) override { viewScrollable_ = scrollable; }
+    void Redraw() override {}
+    void SetCursorPicture(const QPixmap&, const QPoint&) override {}
+    void SetCursorStyle(int) override {}
+    void SetBrushRing(int) override {}
+
+ private:
+    int zoomPercent_ = 100;
+    int viewAnchor_ = 0;
+    int viewMode_ = 0;
+    bool viewScrollable_ = false;
+};
+
+}  // namespace kelu

@@ -1,0 +1,175 @@
+// What Blobs draws: the look of a drop, the grid of all drops, and those of one square of the result in their order.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <iterator>
+#include <memory>
+#include <numbers>
+#include <vector>
+
+#include "engine/bands.h"
+#include "engine/image_view.h"
+#include "engine/pixel_memory.h"
+#include "engine/random.h"
+
+namespace kelu::engine {
+
+constexpr int kBlobs = 7;        // the effect's number
+constexpr int kBlobSquare = 64;  // side of the squares that the result is drawn in
+
+/// A drop, the same for all: half a ball lit from the upper left. A pixel of it becomes colour · light / 256 + gloss,
+/// over `cover` 256ths of the pixel; its word is cover << 16 | gloss << 9 | light.
+class BlobStamp {
+ public:
+    explicit BlobStamp(int radius) : radius_(radius), stride_(2 * (radius + kRoom) + 1) {
+        for (int dy = -radius; dy <= radius; ++dy) {
+            int half = -1;
+            for (int dx = -radius - kRoom; dx <= radius + kRoom; ++dx) {
+                words_.push_back(std::abs(dx) <= radius ? At(dx, dy) : 0);
+                if (words_.back() >> 16 > 0) half = std::max(half, std::abs(dx));
+            }
+            halves_.push_back(half);
+        }
+    }
+
+    int Radius() const { return radius_; }
+    /// The middle of a row. To either side whole vectors may be read; beyond the drop it covers nothing.
+    const std::uint32_t* Row(int dy) const { return words_.data() + (dy + radius_) * stride_ + radius_ + kRoom; }
+    /// Pixels from the middle to the end of a row, -1 for none.
+    int Half(int dy) const { return halves_[static_cast<std::size_t>(dy + radius_)]; }
+
+ private:
+    static constexpr int kRoom = 16;
+
+    std::uint32_t At(int dx, int dy) const {
+        const double r = radius_ + 0.5, u = dx / r, v = dy / r, height = std::sqrt(std::max(0.0, 1 - u * u - v * v));
+        const double lambert = std::max(0.0, (-u - v) * 0.5 + height * std::numbers::sqrt2 / 2);
+        const double cover = std::clamp(r - std::hypot(dx, dy), 0.0, 1.0);
+        const auto rounded = [](double value) { return static_cast<std::uint32_t>(std::lround(value)); };
+        return rounded(256 * cover) << 16 | rounded(70 * std::pow(lambert, 24)) << 9 |
+               rounded(256 * (0.45 + 0.65 * lambert));
+    }
+
+    int radius_, stride_;
+    std::vector<std::uint32_t> words_;
+    std::vector<int> halves_;
+};
+
+// The jittered grid. It reaches so far beyond the picture that every drop is in it that touches the picture.
+class BlobGrid {
+ public:
+    BlobGrid(const ImageView& source, int radius, int spacing)
+        : source_(source),
+          radius_(radius),
+          spacing_(spacing),
+          margin_(radius / spacing + 1),
+          columns_((source.width - 1) / spacing + 1 + 2 * margin_),
+          rows_((source.height - 1) / spacing + 1 + 2 * margin_),
+          colors_(TakePixelMemory(static_cast<std::size_t>(columns_) * static_cast<std::size_t>(rows_) * 4)) {}
+
+    int Columns() const { return columns_; }
+    int Rows() const { return rows_; }
+    std::uint32_t* Colors(int row) const {
+        return reinterpret_cast<std::uint32_t*>(colors_.get()) + static_cast<std::ptrdiff_t>(row) * columns_;
+    }
+    /// The first and the last row or column whose drops can touch the pixels [begin, end).
+    int FirstAt(int begin) const { return std::max(0, (begin - radius_) / spacing_ - 1 + margin_); }
+    int LastAt(int end, int count) const { return std::min(count - 1, (end + radius_) / spacing_ + margin_); }
+
+    int CenterX(int column, const RandomRow& jitter) const { return Center(column, jitter(column)); }
+    int CenterY(int row, std::uint32_t jitter) const { return Center(row, jitter); }
+
+    void TakeColors(int row) const {
+        const RandomRow across(row, kBlobs, 0), down(row, kBlobs, 1);
+        for (int column = 0; column < columns_; ++column)
+            Colors(row)[column] = MeanAround(CenterX(column, across), CenterY(row, down(column)));
+    }
+
+ private:
+    int Center(int cell, std::uint32_t jitter) const {
+        return (cell - margin_) * spacing_ +
+               static_cast<int>(std::uint64_t{jitter} * static_cast<std::uint64_t>(spacing_) >> 32);
+    }
+
+    // The mean of the square of side `spacing`, an odd number of pixels, round (x, y).
+    std::uint32_t MeanAround(int x, int y) const {
+        const int reach = spacing_ / 2;
+        if (reach == 0) return source_.Row(RepeatEdge(y, source_.height))[RepeatEdge(x, source_.width)];
+        std::uint32_t sums[4] = {};
+        for (int v = y - reach; v <= y + reach; ++v) {
+            const std::uint32_t* const row = source_.Row(RepeatEdge(v, source_.height));
+            for (int u = x - reach; u <= x + reach; ++u) {
+                const std::uint32_t pixel = row[RepeatEdge(u, source_.width)];
+                for (int c = 0; c < 4; ++c) sums[c] += pixel >> (8 * c) & 0xff;
+            }
+        }
+        const auto count = static_cast<std::uint32_t>((2 * reach + 1) * (2 * reach + 1));
+        std::uint32_t mean = 0;
+        for (int c = 0; c < 4; ++c) mean |= (sums[c] + count / 2) / count << (8 * c);
+        return mean;
+    }
+
+    const ImageView& source_;
+    const int radius_, spacing_, margin_, columns_, rows_;
+    const std::shared_ptr<std::uint8_t> colors_;
+};
+
+// The drops that touch one square of the result, topmost first. They come in buckets of similar order, and a bucket is
+// sorted when it is reached: a square is mostly covered long before the last.
+class BlobDrops {
+ public:
+    struct Drop {
+        std::uint32_t order;  // the higher lies above; of equals, the later in the grid
+        int x, y;             // centre, image pixels
+        std::uint32_t color;
+    };
+
+    /// For the square from (left, top) to before (right, bottom).
+    void Take(const BlobGrid& grid, int left, int top, int right, int bottom) {
+        found_.clear();
+        std::fill(std::begin(begins_), std::end(begins_), 0u);
+        const int firstColumn = grid.FirstAt(left), lastColumn = grid.LastAt(right, grid.Columns());
+        const int lastRow = grid.LastAt(bottom, grid.Rows());
+        for (int row = grid.FirstAt(top); row <= lastRow; ++row) {
+            const RandomRow across(row, kBlobs, 0), down(row, kBlobs, 1), order(row, kBlobs, 2);
+            const std::uint32_t* const colors = grid.Colors(row);
+            for (int column = firstColumn; column <= lastColumn; ++column) {
+                found_.push_back(
+                    {order(column), grid.CenterX(column, across), grid.CenterY(row, down(column)), colors[column]});
+                ++begins_[Bucket(found_.back())];
+            }
+        }
+        std::uint32_t end = 0;
+        for (std::uint32_t& begin : begins_) begin = end += begin;
+        sorted_.resize(found_.size());
+        for (const Drop& drop : found_) sorted_[--begins_[Bucket(drop)]] = drop;
+    }
+
+    /// Calls `draw(drop)` for one drop after the other until it returns false.
+    template <class Draw>
+    void FromTheTop(Draw draw) {
+        std::size_t end = sorted_.size();
+        for (int bucket = kBuckets - 1; bucket >= 0; --bucket) {
+            const std::size_t begin = begins_[bucket];
+            // A few drops: each is moved up past those that lie below it.
+            for (std::size_t i = begin + 1; i < end; ++i)
+                for (std::size_t k = i; k > begin && sorted_[k - 1].order < sorted_[k].order; --k)
+                    std::swap(sorted_[k - 1], sorted_[k]);
+            for (std::size_t i = begin; i < end; ++i)
+                if (!draw(sorted_[i])) return;
+            end = begin;
+        }
+    }
+
+ private:
+    static constexpr int kBuckets = 1024;
+    static std::uint32_t Bucket(const Drop& drop) { return drop.order >> 22; }
+
+    std::vector<Drop> found_, sorted_;
+    std::uint32_t begins_[kBuckets];
+};
+
+}  // namespace kelu::engine

@@ -1,0 +1,168 @@
+// Effects that look at luma, class A.
+// SPDX-License-Identifier: MIT
+#undef HWY_TARGET_INCLUDE
+#define HWY_TARGET_INCLUDE "engine/luma_maps.cpp"
+#include <hwy/foreach_target.h>
+
+#include "engine/luma_maps.h"
+#include "engine/point_inl.h"
+
+HWY_BEFORE_NAMESPACE();
+namespace kelu::engine::HWY_NAMESPACE {
+
+// (R + G + B) / 3
+struct MeanKernel {
+    Pixels operator()(Pixels pixels) const {
+        const Channels c = Split(pixels);
+        return KeepAlpha(Gray(ToByte(hn::Mul(hn::Add(hn::Add(c.red, c.green), c.blue), All(1.0f / 3)))), pixels);
+    }
+};
+
+// Y
+struct LumaKernel {
+    Pixels operator()(Pixels pixels) const { return KeepAlpha(Gray(hn::BitCast(kPixels, LumaInts(pixels))), pixels); }
+};
+
+void GrayscaleOnTarget(const ImageView& source, const MutableImageView& target, int weighted, const Run& run) {
+    if (weighted == 0) {
+        RenderPoints(MeanKernel{}, source, target, run);
+    } else {
+        RenderPoints(LumaKernel{}, source, target, run);
+    }
+}
+
+// Y + k · S1/100 · 4 · Y (255 - Y) / 255, k for red, green and blue: a brown that is strongest in the mid-tones and
+// leaves black and white where they are.
+struct SepiaKernel {
+    float strength;  // 0 to 1
+
+    Pixels operator()(Pixels pixels) const {
+        const Floats y = Luma(Split(pixels));
+        const Floats tint = hn::Mul(hn::Mul(y, hn::Sub(All(255.0f), y)), All(strength * 4 / 255));
+        return Join({hn::Add(y, hn::Mul(tint, All(-0.50f))), hn::Add(y, hn::Mul(tint, All(0.12f))),
+                     hn::Add(y, hn::Mul(tint, All(0.55f)))},
+                    pixels);
+    }
+};
+
+void SepiaOnTarget(const ImageView& source, const MutableImageView& target, int strength, const Run& run) {
+    RenderPoints(SepiaKernel{static_cast<float>(std::clamp(strength, 0, 100)) / 100}, source, target, run);
+}
+
+// 255 where Y >= S1. Y is rounded, so a thousand times the exact luma is compared with 1000 · S1 - 500.
+struct BlackWhiteKernel {
+    float thousandThreshold;
+
+    Pixels operator()(Pixels pixels) const {
+        const auto white = hn::Ge(ThousandLuma(Split(pixels)), All(thousandThreshold));
+        const Pixels ones = hn::BitCast(kPixels, hn::VecFromMask(kFloats, white));
+        return hn::Or(hn::And(pixels, All(kAlphaMask)), hn::AndNot(All(kAlphaMask), ones));
+    }
+};
+
+void BlackWhiteOnTarget(const ImageView& source, const MutableImageView& target, int threshold, const Run& run) {
+    const int clamped = std::clamp(threshold, 0, 256);
+    RenderPoints(BlackWhiteKernel{static_cast<float>(1000 * clamped - 500)}, source, target, run);
+}
+
+// C · Y / Yc up to the colour's own luma Yc, from there C + (255 - C) (Y - Yc) / (255 - Yc). Black stays black even
+// where the colour's luma is 0, white stays white where it is 255.
+struct ColorizeKernel {
+    struct Channel {
+        Channel(int level, int colorLuma)
+            : up(colorLuma > 0 ? static_cast<float>(level) / static_cast<float>(colorLuma) : 0),
+              down(colorLuma < 255 ? static_cast<float>(255 - level) / static_cast<float>(255 - colorLuma) : 0) {}
+
+        float up, down;  // levels for each level of luma, below and above the colour's
+    };
+    float colorLuma;
+    Channel red, green, blue;
+
+    Pixels operator()(Pixels pixels) const {
+        const Floats y = Luma(Split(pixels)), fromWhite = hn::Sub(All(255.0f), y);
+        const auto dark = hn::Le(y, All(colorLuma));
+        const auto ramp = [&](const Channel& channel) HWY_ATTR {
+            return hn::IfThenElse(dark, hn::Mul(y, All(channel.up)),
+                                  hn::Sub(All(255.0f), hn::Mul(fromWhite, All(channel.down))));
+        };
+        return Join({ramp(blue), ramp(green), ramp(red)}, pixels);
+    }
+};
+
+void ColorizeOnTarget(const ImageView& source, const MutableImageView& target, Color color, const Run& run) {
+    const Color c = Sensible(color);
+    const int luma = (299 * c.red + 587 * c.green + 114 * c.blue + 500) / 1000;
+    const auto channel = [=](int level) { return ColorizeKernel::Channel(level, luma); };
+    const ColorizeKernel kernel{static_cast<float>(luma), channel(c.red), channel(c.green), channel(c.blue)};
+    RenderPoints(kernel, source, target, run);
+}
+
+// C1 + (C2 - C1) · Y / 255
+struct FalseColorKernel {
+    Color dark, bright;
+
+    Pixels operator()(Pixels pixels) const {
+        const Floats y = hn::Mul(Luma(Split(pixels)), All(1.0f / 255));
+        return Join(Mix(AllOf(dark), AllOf(bright), y), pixels);
+    }
+};
+
+void FalseColorOnTarget(const ImageView& source, const MutableImageView& target, Color dark, Color bright,
+                        const Run& run) {
+    RenderPoints(FalseColorKernel{Sensible(dark), Sensible(bright)}, source, target, run);
+}
+
+// Y + (c - Y) · (100 + S1) / 100
+struct Saturation1Kernel {
+    float factor;
+
+    Pixels operator()(Pixels pixels) const {
+        const Channels c = Split(pixels);
+        return Join(Mix(Gray(Luma(c)), c, All(factor)), pixels);
+    }
+};
+
+void Saturation1OnTarget(const ImageView& source, const MutableImageView& target, int amount, const Run& run) {
+    const float factor = static_cast<float>(100 + std::clamp(amount, -100, 100)) / 100;
+    RenderPoints(Saturation1Kernel{factor}, source, target, run);
+}
+
+}  // namespace kelu::engine::HWY_NAMESPACE
+HWY_AFTER_NAMESPACE();
+
+#if HWY_ONCE
+namespace kelu::engine {
+
+HWY_EXPORT(GrayscaleOnTarget);
+HWY_EXPORT(SepiaOnTarget);
+HWY_EXPORT(BlackWhiteOnTarget);
+HWY_EXPORT(ColorizeOnTarget);
+HWY_EXPORT(FalseColorOnTarget);
+HWY_EXPORT(Saturation1OnTarget);
+
+void Grayscale(const ImageView& source, const MutableImageView& target, int weighted, const Run& run) {
+    HWY_DYNAMIC_DISPATCH(GrayscaleOnTarget)(source, target, weighted, run);
+}
+
+void Sepia(const ImageView& source, const MutableImageView& target, int strength, const Run& run) {
+    HWY_DYNAMIC_DISPATCH(SepiaOnTarget)(source, target, strength, run);
+}
+
+void BlackWhite(const ImageView& source, const MutableImageView& target, int threshold, const Run& run) {
+    HWY_DYNAMIC_DISPATCH(BlackWhiteOnTarget)(source, target, threshold, run);
+}
+
+void Colorize(const ImageView& source, const MutableImageView& target, Color color, const Run& run) {
+    HWY_DYNAMIC_DISPATCH(ColorizeOnTarget)(source, target, color, run);
+}
+
+void FalseColor(const ImageView& source, const MutableImageView& target, Color dark, Color bright, const Run& run) {
+    HWY_DYNAMIC_DISPATCH(FalseColorOnTarget)(source, target, dark, bright, run);
+}
+
+void Saturation1(const ImageView& source, const MutableImageView& target, int amount, const Run& run) {
+    HWY_DYNAMIC_DISPATCH(Saturation1OnTarget)(source, target, amount, run);
+}
+
+}  // namespace kelu::engine
+#endif

@@ -1,0 +1,122 @@
+// The driver of the 3x3 effects that look at luma: it computes the luma of each row once and keeps the last three. A
+// kernel is a small struct with
+//     Pixels operator()(const LumaNeighbourhood& luma, Pixels pixels) const                   for RenderFromLuma
+//     Pixels operator()(const LumaNeighbourhood& luma, const Neighbourhood& around) const     for RenderBesideLuma
+// Outside the picture lies the nearest edge pixel.
+// SPDX-License-Identifier: MIT
+#if defined(KELU_ENGINE_LUMA_ROWS_INL) == defined(HWY_TARGET_TOGGLE)
+#ifdef KELU_ENGINE_LUMA_ROWS_INL
+#undef KELU_ENGINE_LUMA_ROWS_INL
+#else
+#define KELU_ENGINE_LUMA_ROWS_INL
+#endif
+
+#include <vector>
+
+#include "engine/neighbourhood_inl.h"
+#include "engine/point_inl.h"
+
+HWY_BEFORE_NAMESPACE();
+namespace kelu::engine::HWY_NAMESPACE {
+
+/// The luma of `count` pixels, and after them whatever the last vector gives: `out` has room for kLanes bytes more.
+inline HWY_NOINLINE void LumaOfRow(const std::uint32_t* pixels, std::uint8_t* out, int count) {
+    const hn::Rebind<std::uint8_t, PixelTag> bytes;
+    int x = 0;
+    for (; x + kLanes <= count; x += kLanes)
+        hn::StoreU(hn::DemoteTo(bytes, LumaInts(hn::LoadU(kPixels, pixels + x))), bytes, out + x);
+    if (x == count) return;
+    std::uint32_t few[kLanes] = {};
+    std::copy(pixels + x, pixels + count, few);
+    hn::StoreU(hn::DemoteTo(bytes, LumaInts(hn::LoadU(kPixels, few))), bytes, out + x);
+}
+
+/// The luma of kLanes neighbouring pixels and of what lies around them.
+class LumaNeighbourhood {
+ public:
+    LumaNeighbourhood(const std::uint8_t* const rows[3], int x) : rows_{rows[0] + x, rows[1] + x, rows[2] + x} {}
+
+    /// 0 to 255; `dx` columns to the right and `dy` rows below, each -1, 0 or 1.
+    HWY_INLINE Ints At(int dx, int dy) const {
+        const hn::Rebind<std::uint8_t, PixelTag> bytes;
+        return hn::PromoteTo(kInts, hn::LoadU(bytes, rows_[dy + 1] + dx));
+    }
+
+ private:
+    const std::uint8_t* rows_[3];
+};
+
+/// Luma of the rows y - 1, y and y + 1, with a column more on either side, for a `y` that counts up.
+class LumaRows {
+ public:
+    explicit LumaRows(const ImageView& source)
+        : source_(source), stride_(source.width + 2 + 2 * kLanes), memory_(static_cast<std::size_t>(3 * stride_)) {}
+
+    void MoveTo(int y) {
+        for (int row = std::max(y - 1, last_ + 1); row <= y + 1; ++row) Fill(row);
+        last_ = y + 1;
+        for (int i = 0; i < 3; ++i) rows_[i] = Slot(y + i - 1) + 1;
+    }
+
+    const std::uint8_t* const* Rows() const { return rows_; }
+
+ private:
+    std::uint8_t* Slot(int row) { return memory_.data() + (row + 3) % 3 * stride_; }
+
+    void Fill(int row) {
+        std::uint8_t* const slot = Slot(row);
+        const int width = source_.width;
+        LumaOfRow(source_.Row(RepeatEdge(row, source_.height)), slot + 1, width);
+        slot[0] = slot[1];
+        slot[width + 1] = slot[width];
+    }
+
+    const ImageView& source_;
+    const std::ptrdiff_t stride_;
+    std::vector<std::uint8_t> memory_;
+    const std::uint8_t* rows_[3] = {};
+    int last_ = -2;  // the lowest row filled
+};
+
+/// A kernel over luma as the kernel of one row of the other drivers.
+template <class Kernel>
+struct LumaRowKernel {
+    const Kernel& kernel;
+    const std::uint8_t* const* rows;
+
+    template <class Colors>
+    HWY_INLINE Pixels operator()(const Colors& colors, int x) const {
+        return kernel(LumaNeighbourhood(rows, x), colors);
+    }
+};
+
+/// For kernels that need the colour of the pixel itself at most.
+template <class Kernel>
+void RenderFromLuma(const Kernel& kernel, const ImageView& source, const MutableImageView& target, const Run& run) {
+    const auto work = [&](int begin, int end) HWY_ATTR {
+        LumaRows luma(source);
+        for (int y = begin; y < end; ++y) {
+            luma.MoveTo(y);
+            PointSpan(LumaRowKernel<Kernel>{kernel, luma.Rows()}, source.Row(y), target.Row(y), 0, source.width);
+        }
+    };
+    SplitRows(run, source.height, source.width, work, kLeastNeighbourRows);
+}
+
+/// For kernels that need the colours of the neighbours too.
+template <class Kernel>
+void RenderBesideLuma(const Kernel& kernel, const ImageView& source, const MutableImageView& target, const Run& run) {
+    const auto work = [&](int begin, int end) HWY_ATTR {
+        LumaRows luma(source);
+        for (int y = begin; y < end; ++y) {
+            luma.MoveTo(y);
+            NeighbourhoodRow(LumaRowKernel<Kernel>{kernel, luma.Rows()}, source, target.Row(y), y);
+        }
+    };
+    SplitRows(run, source.height, source.width, work, kLeastNeighbourRows);
+}
+
+}  // namespace kelu::engine::HWY_NAMESPACE
+HWY_AFTER_NAMESPACE();
+
+#endif

@@ -1,0 +1,140 @@
+// The pool of picture-sized blocks.
+// SPDX-License-Identifier: MIT
+#include "engine/pixel_memory.h"
+
+#include <algorithm>
+#include <limits>
+#include <mutex>
+#include <new>
+#include <vector>
+
+#if defined(__linux__)
+#include <sys/mman.h>
+#endif
+
+namespace kelu::engine {
+namespace {
+
+constexpr std::size_t kAlignment = 64;
+constexpr std::size_t kHugePage = 2u << 20;
+
+// Smaller blocks come from the ordinary heap and are not kept.
+constexpr std::size_t kLarge = 1u << 20;
+
+// A render needs its target and sometimes one buffer between; more than two blocks would only sit there.
+constexpr std::size_t kIdleBlocks = 2;
+
+struct Block {
+    std::uint8_t* data = nullptr;
+    std::size_t size = 0;  // bytes, a multiple of the alignment
+};
+
+std::size_t RoundUp(std::size_t bytes, std::size_t unit) { return (bytes + unit - 1) / unit * unit; }
+
+#if defined(__linux__)
+// Mapped so that it begins on a huge page; what is mapped too much is unmapped again.
+Block MapLarge(std::size_t size) {
+    void* const mapped = mmap(nullptr, size + kHugePage, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    if (mapped == MAP_FAILED) throw std::bad_alloc();
+    const auto address = reinterpret_cast<std::uintptr_t>(mapped);
+    const std::size_t before = RoundUp(address, kHugePage) - address;
+    auto* const data = static_cast<std::uint8_t*>(mapped) + before;
+    if (before > 0) munmap(mapped, before);
+    if (before < kHugePage) munmap(data + size, kHugePage - before);
+    madvise(data, size, MADV_HUGEPAGE);
+    return {data, size};
+}
+#endif
+
+Block Allocate(std::size_t size) {
+#if defined(__linux__)
+    if (size >= kLarge) return MapLarge(size);
+#endif
+    return {static_cast<std::uint8_t*>(::operator new (size, std::align_val_t{kAlignment})), size};
+}
+
+void Free(const Block& block) {
+#if defined(__linux__)
+    if (block.size >= kLarge) {
+        munmap(block.data, block.size);
+        return;
+    }
+#endif
+    ::operator delete (block.data, std::align_val_t{kAlignment});
+}
+
+class Pool {
+ public:
+    Block Take(std::size_t size) {
+        {
+            const std::lock_guard lock(mutex_);
+            // A block that is a quarter too large still serves; a larger one would waste memory.
+            const auto fit = std::find_if(idle_.rbegin(), idle_.rend(), [size](const Block& block) {
+                return block.size >= size && block.size - size <= size / 4;
+            });
+            if (fit != idle_.rend()) {
+                const Block block = *fit;
+                idle_.erase(std::next(fit).base());
+                return block;
+            }
+        }
+        try {
+            return Allocate(size);
+        } catch (const std::bad_alloc&) {
+            Release();
+            return Allocate(size);
+        }
+    }
+
+    void Return(const Block& block) noexcept {
+        Block dropped = block;
+        if (block.size >= kLarge) {
+            const std::lock_guard lock(mutex_);
+            dropped = {};
+            if (idle_.size() == kIdleBlocks) {
+                dropped = idle_.front();
+                idle_.erase(idle_.begin());
+            }
+            idle_.push_back(block);  // capacity was reserved
+        }
+        if (dropped.data) Free(dropped);
+    }
+
+    void Release() {
+        std::vector<Block> blocks;
+        blocks.reserve(kIdleBlocks);
+        {
+            const std::lock_guard lock(mutex_);
+            blocks.assign(idle_.begin(), idle_.end());
+            idle_.clear();
+        }
+        for (const Block& block : blocks) Free(block);
+    }
+
+    Pool() { idle_.reserve(kIdleBlocks); }
+
+ private:
+    std::mutex mutex_;
+    std::vector<Block> idle_;  // the block returned last stands last
+};
+
+// Never destroyed: pictures in static objects come back after the end of main.
+Pool& ThePool() {
+    static Pool& pool = *new Pool;
+    return pool;
+}
+
+}  // namespace
+
+std::shared_ptr<std::uint8_t> TakePixelMemory(std::size_t bytes) {
+    if (bytes > std::numeric_limits<std::size_t>::max() / 2) throw std::bad_alloc();
+    const std::size_t size =
+        bytes >= kLarge ? RoundUp(bytes, kHugePage) : RoundUp(std::max<std::size_t>(bytes, 1), kAlignment);
+    const Block block = ThePool().Take(size);
+    // Should the control block not be had, shared_ptr calls the deleter itself.
+    return {block.data, [block](std::uint8_t*) { ThePool().Return(block); }};
+}
+
+void ReleaseIdlePixelMemory() { ThePool().Release(); }
+
+}  // namespace kelu::engine

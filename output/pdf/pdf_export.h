@@ -1,0 +1,48 @@
+// Saving as PDF: the whole picture without loss on a page of its size, with the document's properties, and the
+// confirmation that offers to open the file.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QImage>
+#include <QString>
+#include <functional>
+
+#include "canvas/surface.h"
+#include "platform/msg_dialog.h"
+
+namespace kelu {
+
+struct PdfProperties {
+    QString creator;
+    QString author;
+    QString keywords;
+    QString title;
+    QString subject;
+};
+
+/// "Kelu v1.0.0 | address of the web page"
+QString PdfVersionText();
+PdfProperties KeluPdfProperties();
+
+/// Writes one page of the picture's size (pixels x 72 / dpi points) that embeds its pixels without loss, transparency
+/// over white. The file is replaced in one step whatever its extension. Throws Error; the old file then stands.
+void WritePdf(const QImage& picture, const QString& path, const PdfProperties& properties);
+
+class PdfExport {
+ public:
+    PdfExport(Surface& picCanvas, MsgDialog& dialog, std::function<bool(const QString&)> openDocument)
+        : picCanvas_(picCanvas), dialog_(dialog), openDocument_(std::move(openDocument)) {}
+
+    /// Writes the canvas to `path` and says so. A failure shows the standard error message.
+    void CreatePDF(const QString& path);
+
+ private:
+    /// Tells that the file is there and opens it if the user ticks the box.
+    void LaunchPDF(const QString& path);
+
+    Surface& picCanvas_;
+    MsgDialog& dialog_;
+    std::function<bool(const QString&)> openDocument_;
+};
+
+}  // namespace kelu

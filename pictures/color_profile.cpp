@@ -1,0 +1,100 @@
+// Embedded colour profiles, by Little CMS.
+// SPDX-License-Identifier: MIT
+#include "pictures/color_profile.h"
+
+#include <lcms2.h>
+#include <tbb/blocked_range.h>
+#include <tbb/parallel_for.h>
+
+#include <cstdlib>
+#include <memory>
+
+namespace kelu {
+namespace {
+
+struct CloseProfile {
+    void operator()(void* profile) const { cmsCloseProfile(profile); }
+};
+struct CloseTransform {
+    void operator()(void* transform) const { cmsDeleteTransform(transform); }
+};
+using Profile = std::unique_ptr<void, CloseProfile>;
+using Transform = std::unique_ptr<void, CloseTransform>;
+
+Profile OpenProfile(const QByteArray& bytes, cmsColorSpaceSignature space) {
+    if (bytes.isEmpty()) return {};
+    Profile profile(cmsOpenProfileFromMem(bytes.constData(), static_cast<cmsUInt32Number>(bytes.size())));
+    if (profile && cmsGetColorSpace(profile.get()) != space) profile.reset();
+    return profile;
+}
+
+Transform ToSrgb(const Profile& from, cmsUInt32Number pixelFormat) {
+    const Profile srgb(cmsCreate_sRGBProfile());
+    // Without a cache one transform serves all threads.
+    return Transform(cmsCreateTransform(from.get(), pixelFormat, srgb.get(), TYPE_BGRA_8, INTENT_RELATIVE_COLORIMETRIC,
+                                        cmsFLAGS_NOCACHE | cmsFLAGS_COPY_ALPHA | cmsFLAGS_BLACKPOINTCOMPENSATION));
+}
+
+void Run(const Transform& transform, QImage& picture) {
+    uchar* const bits = picture.bits();
+    const qsizetype stride = picture.bytesPerLine();
+    const auto width = static_cast<cmsUInt32Number>(picture.width());
+    tbb::parallel_for(tbb::blocked_range<int>(0, picture.height(), 16), [&](const tbb::blocked_range<int>& rows) {
+        for (int y = rows.begin(); y < rows.end(); ++y) {
+            uchar* row = bits + y * stride;
+            cmsDoTransform(transform.get(), row, row, width);
+        }
+    });
+}
+
+// Whether a transform moves no colour by more than a rounding. Cameras embed many versions of sRGB; converting those
+// would cost time and change nothing that can be seen.
+bool ChangesNothing(const Transform& transform) {
+    for (int b = 0; b <= 255; b += 51) {
+        for (int g = 0; g <= 255; g += 51) {
+            for (int r = 0; r <= 255; r += 51) {
+                const cmsUInt8Number from[4] = {static_cast<cmsUInt8Number>(b), static_cast<cmsUInt8Number>(g),
+                                                static_cast<cmsUInt8Number>(r), 255};
+                cmsUInt8Number to[4] = {0, 0, 0, 255};
+                cmsDoTransform(transform.get(), from, to, 1);
+                for (int c = 0; c < 3; ++c)
+                    if (std::abs(from[c] - to[c]) > 2) return false;
+            }
+        }
+    }
+    return true;
+}
+
+}  // namespace
+
+void ConvertToSrgb(QImage& picture, const QByteArray& profile) {
+    const Profile from = OpenProfile(profile, cmsSigRgbData);
+    if (!from) return;
+    const Transform transform = ToSrgb(from, TYPE_BGRA_8);
+    if (transform && !ChangesNothing(transform)) Run(transform, picture);
+}
+
+void ConvertCmykToSrgb(QImage& picture, const QByteArray& profile, bool inverted) {
+    if (const Profile from = OpenProfile(profile, cmsSigCmykData)) {
+        if (const Transform transform = ToSrgb(from, inverted ? TYPE_CMYK_8_REV : TYPE_CMYK_8)) {
+            Run(transform, picture);
+            for (int y = 0; y < picture.height(); ++y) {
+                auto* row = reinterpret_cast<QRgb*>(picture.scanLine(y));
+                for (int x = 0; x < picture.width(); ++x) row[x] |= 0xff000000u;
+            }
+            return;
+        }
+    }
+    const int flip = inverted ? 0 : 255;
+    for (int y = 0; y < picture.height(); ++y) {
+        uchar* pixel = picture.scanLine(y);
+        for (int x = 0; x < picture.width(); ++x, pixel += 4) {
+            const int light = pixel[3] ^ flip;
+            const auto mix = [&](int ink) { return ((ink ^ flip) * light + 127) / 255; };
+            const QRgb color = qRgb(mix(pixel[0]), mix(pixel[1]), mix(pixel[2]));
+            *reinterpret_cast<QRgb*>(pixel) = color;
+        }
+    }
+}
+
+}  // namespace kelu

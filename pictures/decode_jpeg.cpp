@@ -1,0 +1,174 @@
+// JPEG straight into pooled picture memory, by libjpeg-turbo.
+// SPDX-License-Identifier: MIT
+#include <cstdio>
+// jpeglib.h needs FILE
+#include <jerror.h>
+#include <jpeglib.h>
+
+#include <csetjmp>
+
+#include "pictures/color_profile.h"
+#include "pictures/exif.h"
+#include "pictures/picture.h"
+#include "pictures/picture_decoders.h"
+#include "platform/error.h"
+
+namespace kelu {
+namespace {
+
+constexpr int kExifMarker = JPEG_APP0 + 1;
+constexpr int kProfileMarker = JPEG_APP0 + 2;
+constexpr unsigned kLongestMarker = 0xffff;
+// More scans than any encoder writes; a file of thousands is made to burn time.
+constexpr int kMostScans = 200;
+
+// The decoder of one file. The library leaves by longjmp, so no function that calls it holds anything with a
+// destructor: those are the ones that return bool, false after a failure.
+class JpegDecoder {
+ public:
+    explicit JpegDecoder(const QByteArray& bytes) {
+        info_.err = jpeg_std_error(&errors_);
+        errors_.error_exit = [](j_common_ptr info) { Self(info)->Leave(); };
+        errors_.emit_message = &JpegDecoder::OnMessage;
+        errors_.output_message = [](j_common_ptr) {};
+        info_.client_data = this;
+        if (!Start(reinterpret_cast<const unsigned char*>(bytes.constData()), static_cast<unsigned long>(bytes.size())))
+            Fail();
+    }
+    ~JpegDecoder() { jpeg_destroy_decompress(&info_); }
+    JpegDecoder(const JpegDecoder&) = delete;
+    JpegDecoder& operator=(const JpegDecoder&) = delete;
+
+    DecodedPicture Read(const QSize& box) {
+        CheckPictureSize(info_.image_width, info_.image_height);
+        DecodedPicture result;
+        result.fileSize = QSize(static_cast<int>(info_.image_width), static_cast<int>(info_.image_height));
+        const Exif exif = FindExif();
+        result.orientation = exif.orientation;
+        ChooseScale(exif.orientation >= 5 ? box.transposed() : box);
+        const bool cmyk = info_.jpeg_color_space == JCS_CMYK || info_.jpeg_color_space == JCS_YCCK;
+        info_.out_color_space = cmyk ? JCS_CMYK : JCS_EXT_BGRA;
+        if (!Begin()) Fail();
+        result.profile = FindProfile();
+        result.image = MakePicture(static_cast<int>(info_.output_width), static_cast<int>(info_.output_height),
+                                   QImage::Format_RGB32);
+        if (!ReadRows(result.image.bits(), result.image.bytesPerLine())) Fail();
+        if (cmyk) {
+            ConvertCmykToSrgb(result.image, result.profile, info_.saw_Adobe_marker);
+            result.profile.clear();
+        }
+        SetResolution(result.image, exif);
+        return result;
+    }
+
+ private:
+    static JpegDecoder* Self(j_common_ptr info) { return static_cast<JpegDecoder*>(info->client_data); }
+
+    // The library goes on after damage, with grey or garbage for what is lost. Here such a file is an error.
+    static void OnMessage(j_common_ptr info, int level) {
+        if (level >= 0) return;
+        const int code = info->err->msg_code;
+        if (code == JWRN_JPEG_EOF || code == JWRN_HIT_MARKER) Self(info)->cutShort_ = true;
+        if (Self(info)->cutShort_ || code == JWRN_HUFF_BAD_CODE || code == JWRN_MUST_RESYNC) Self(info)->Leave();
+    }
+
+    [[noreturn]] void Leave() { std::longjmp(leave_, 1); }
+
+    [[noreturn]] void Fail() {
+        const bool eof = cutShort_ || errors_.msg_code == JERR_INPUT_EOF || errors_.msg_code == JERR_INPUT_EMPTY;
+        const bool memory = errors_.msg_code == JERR_OUT_OF_MEMORY;
+        // Thrown from the constructor the destructor does not run; destroying twice is allowed.
+        jpeg_destroy_decompress(&info_);
+        if (memory) throw Error(kOutOfMemory, QStringLiteral("Not enough memory for this picture"));
+        if (eof) ThrowCutShort();
+        ThrowDamaged();
+    }
+
+    bool Start(const unsigned char* bytes, unsigned long size) {
+        if (setjmp(leave_)) return false;
+        jpeg_create_decompress(&info_);
+        jpeg_mem_src(&info_, bytes, size);
+        jpeg_save_markers(&info_, kExifMarker, kLongestMarker);
+        jpeg_save_markers(&info_, kProfileMarker, kLongestMarker);
+        jpeg_read_header(&info_, TRUE);
+        monitor_.progress_monitor = [](j_common_ptr info) {
+            if (reinterpret_cast<j_decompress_ptr>(info)->input_scan_number > kMostScans) Self(info)->Leave();
+        };
+        info_.progress = &monitor_;
+        return true;
+    }
+
+    bool Begin() {
+        if (setjmp(leave_)) return false;
+        jpeg_start_decompress(&info_);
+        return true;
+    }
+
+    bool ReadRows(unsigned char* bits, std::ptrdiff_t stride) {
+        if (setjmp(leave_)) return false;
+        while (info_.output_scanline < info_.output_height) {
+            JSAMPROW rows[8];
+            for (int i = 0; i < 8; ++i) rows[i] = bits + (std::ptrdiff_t{info_.output_scanline} + i) * stride;
+            const JDIMENSION left = info_.output_height - info_.output_scanline;
+            jpeg_read_scanlines(&info_, rows, left < 8 ? left : 8);
+        }
+        jpeg_finish_decompress(&info_);
+        return true;
+    }
+
+    // Decoding at a half, a quarter or an eighth is much faster than scaling afterwards.
+    void ChooseScale(const QSize& box) {
+        if (box.isEmpty()) return;
+        const QSize size(static_cast<int>(info_.image_width), static_cast<int>(info_.image_height));
+        const QSize wanted = size.scaled(box, Qt::KeepAspectRatio);
+        for (const int divisor : {8, 4, 2}) {
+            if (size.width() / divisor < wanted.width() || size.height() / divisor < wanted.height()) continue;
+            info_.scale_num = 1;
+            info_.scale_denom = static_cast<unsigned>(divisor);
+            return;
+        }
+    }
+
+    Exif FindExif() const {
+        for (jpeg_saved_marker_ptr marker = info_.marker_list; marker; marker = marker->next) {
+            const QByteArray data(reinterpret_cast<const char*>(marker->data),
+                                  static_cast<qsizetype>(marker->data_length));
+            const QByteArray name("Exif\0\0", 6);
+            if (marker->marker == kExifMarker && data.startsWith(name)) return ReadExif(data.mid(name.size()));
+        }
+        return {};
+    }
+
+    QByteArray FindProfile() {
+        JOCTET* data = nullptr;
+        unsigned length = 0;
+        if (!jpeg_read_icc_profile(&info_, &data, &length)) return {};
+        const QByteArray profile(reinterpret_cast<const char*>(data), static_cast<qsizetype>(length));
+        std::free(data);
+        return profile;
+    }
+
+    void SetResolution(QImage& image, const Exif& exif) const {
+        double perMeter = 0;
+        if (info_.saw_JFIF_marker && info_.density_unit == 1) perMeter = 1 / 0.0254;
+        if (info_.saw_JFIF_marker && info_.density_unit == 2) perMeter = 100;
+        const double x = perMeter > 0 ? info_.X_density * perMeter : exif.dotsPerMeterX;
+        const double y = perMeter > 0 ? info_.Y_density * perMeter : exif.dotsPerMeterY;
+        if (x >= 1 && y >= 1 && x < 1e7 && y < 1e7) {
+            image.setDotsPerMeterX(qRound(x));
+            image.setDotsPerMeterY(qRound(y));
+        }
+    }
+
+    jpeg_decompress_struct info_{};
+    jpeg_error_mgr errors_{};
+    jpeg_progress_mgr monitor_{};
+    std::jmp_buf leave_{};
+    bool cutShort_ = false;
+};
+
+}  // namespace
+
+DecodedPicture DecodeJpeg(const QByteArray& bytes, const QSize& box) { return JpegDecoder(bytes).Read(box); }
+
+}  // namespace kelu

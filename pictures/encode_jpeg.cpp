@@ -1,0 +1,109 @@
+// JPEG of quality 92 with colour at full resolution, by libjpeg-turbo.
+// SPDX-License-Identifier: MIT
+#include <cstdio>
+// jpeglib.h needs FILE
+#include <jpeglib.h>
+
+#include <array>
+#include <csetjmp>
+
+#include "pictures/picture_encoders.h"
+#include "platform/error.h"
+
+namespace kelu {
+namespace {
+
+constexpr int kQuality = 92;
+
+// The library leaves by longjmp on errors; nothing between the setjmp and the calls has a destructor.
+class JpegEncoder {
+ public:
+    explicit JpegEncoder(QIODevice& device) : device_(device) {
+        info_.err = jpeg_std_error(&errors_);
+        errors_.error_exit = [](j_common_ptr info) { std::longjmp(Self(info)->leave_, 1); };
+        errors_.output_message = [](j_common_ptr) {};
+        info_.client_data = this;
+        target_.init_destination = [](j_compress_ptr info) { Self(info)->StartBuffer(); };
+        target_.empty_output_buffer = [](j_compress_ptr info) -> boolean {
+            Self(info)->Flush(Self(info)->buffer_.size());
+            return TRUE;
+        };
+        target_.term_destination = [](j_compress_ptr info) {
+            Self(info)->Flush(Self(info)->buffer_.size() - Self(info)->target_.free_in_buffer);
+        };
+    }
+    ~JpegEncoder() { jpeg_destroy_compress(&info_); }
+    JpegEncoder(const JpegEncoder&) = delete;
+    JpegEncoder& operator=(const JpegEncoder&) = delete;
+
+    void Write(const QImage& picture) {
+        const auto perInch = [](int perMeter) {
+            return static_cast<UINT16>(qBound(1, qRound(perMeter * 0.0254), 65535));
+        };
+        if (!Encode(picture.constBits(), picture.bytesPerLine(), static_cast<JDIMENSION>(picture.width()),
+                    static_cast<JDIMENSION>(picture.height()), perInch(picture.dotsPerMeterX()),
+                    perInch(picture.dotsPerMeterY())))
+            throw Error(kFileError,
+                        failed_ ? device_.errorString() : QStringLiteral("The picture is too large for a JPEG file"),
+                        QStringLiteral("WritePicture"));
+    }
+
+ private:
+    template <typename Info>
+    static JpegEncoder* Self(Info info) {
+        return static_cast<JpegEncoder*>(info->client_data);
+    }
+
+    bool Encode(const unsigned char* bits, std::ptrdiff_t stride, JDIMENSION width, JDIMENSION height, UINT16 xDensity,
+                UINT16 yDensity) {
+        if (setjmp(leave_)) return false;
+        jpeg_create_compress(&info_);
+        info_.dest = &target_;
+        info_.image_width = width;
+        info_.image_height = height;
+        info_.input_components = 4;
+        info_.in_color_space = JCS_EXT_BGRX;
+        jpeg_set_defaults(&info_);
+        jpeg_set_quality(&info_, kQuality, TRUE);
+        info_.comp_info[0].h_samp_factor = 1;
+        info_.comp_info[0].v_samp_factor = 1;
+        info_.density_unit = 1;  // dots per inch
+        info_.X_density = xDensity;
+        info_.Y_density = yDensity;
+        jpeg_start_compress(&info_, TRUE);
+        while (info_.next_scanline < height) {
+            auto* row = const_cast<JSAMPLE*>(bits + std::ptrdiff_t{info_.next_scanline} * stride);
+            jpeg_write_scanlines(&info_, &row, 1);
+        }
+        jpeg_finish_compress(&info_);
+        return true;
+    }
+
+    void StartBuffer() {
+        target_.next_output_byte = buffer_.data();
+        target_.free_in_buffer = buffer_.size();
+    }
+
+    void Flush(std::size_t count) {
+        const auto bytes = static_cast<qint64>(count);
+        if (device_.write(reinterpret_cast<const char*>(buffer_.data()), bytes) != bytes) {
+            failed_ = true;
+            std::longjmp(leave_, 1);
+        }
+        StartBuffer();
+    }
+
+    QIODevice& device_;
+    jpeg_compress_struct info_{};
+    jpeg_error_mgr errors_{};
+    jpeg_destination_mgr target_{};
+    std::jmp_buf leave_{};
+    bool failed_ = false;
+    std::array<JOCTET, 1 << 16> buffer_;
+};
+
+}  // namespace
+
+void EncodeJpeg(const QImage& picture, QIODevice& device) { JpegEncoder(device).Write(OverWhite(picture)); }
+
+}  // namespace kelu

@@ -1,0 +1,59 @@
+// Pixel memory: alignment, reuse, limits.
+// SPDX-License-Identifier: MIT
+#include "engine/pixel_memory.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <limits>
+#include <new>
+#include <thread>
+#include <vector>
+
+namespace kelu::engine {
+namespace {
+
+constexpr std::size_t kMegabyte = 1u << 20;
+
+TEST(PixelMemory, IsAlignedAndWritableAtAnySize) {
+    for (const std::size_t bytes : {std::size_t{0}, std::size_t{1}, std::size_t{65}, kMegabyte - 1, kMegabyte,
+                                    kMegabyte + 1, 5 * kMegabyte + 7}) {
+        const auto block = TakePixelMemory(bytes);
+        EXPECT_EQ(reinterpret_cast<std::uintptr_t>(block.get()) % 64, 0u);
+        std::memset(block.get(), 0x5a, bytes);
+    }
+}
+
+TEST(PixelMemory, AReturnedBlockServesThePictureOfTheSameSize) {
+    ReleaseIdlePixelMemory();
+    auto first = TakePixelMemory(8 * kMegabyte);
+    const auto* const address = first.get();
+    auto second = TakePixelMemory(8 * kMegabyte);
+    EXPECT_NE(second.get(), address) << "two owners must never share";
+    first.reset();
+    EXPECT_EQ(TakePixelMemory(8 * kMegabyte - 100).get(), address);
+    EXPECT_NE(TakePixelMemory(2 * kMegabyte).get(), address) << "a small picture must not hold a large block";
+}
+
+TEST(PixelMemory, AbsurdSizesFailCleanly) {
+    EXPECT_THROW(TakePixelMemory(std::numeric_limits<std::size_t>::max()), std::bad_alloc);
+    EXPECT_THROW(TakePixelMemory(std::numeric_limits<std::size_t>::max() / 4), std::bad_alloc);
+}
+
+TEST(PixelMemory, ThreadsTakeAndReturnAtOnce) {
+    std::vector<std::thread> threads;
+    for (unsigned char mark = 1; mark <= 4; ++mark)
+        threads.emplace_back([mark] {
+            for (int i = 0; i < 100; ++i) {
+                const auto block = TakePixelMemory(2 * kMegabyte);
+                block.get()[0] = block.get()[2 * kMegabyte - 1] = mark;
+                std::this_thread::yield();
+                ASSERT_EQ(block.get()[0], mark);
+                ASSERT_EQ(block.get()[2 * kMegabyte - 1], mark);
+            }
+        });
+    for (std::thread& thread : threads) thread.join();
+}
+
+}  // namespace
+}  // namespace kelu::engine

@@ -1,0 +1,171 @@
+// The block reader on hand-made byte streams.
+// SPDX-License-Identifier: MIT
+#include "pictures/gif/gif_reader.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/error.h"
+#include "tests/pictures/gif/gif_bytes.h"
+
+namespace kelu {
+namespace {
+
+using namespace test;
+
+GifStream Parse(const QByteArray& bytes) {
+    return ParseGifStream(
+        {reinterpret_cast<const std::uint8_t*>(bytes.constData()), static_cast<std::size_t>(bytes.size())});
+}
+
+// One pixel of colour 1, every field told.
+const QByteArray kOnePixel87a = Bytes({'G',  'I',  'F', '8', '7', 'a',  // signature
+                                       9,    0,    7,   0,              // screen 9 x 7
+                                       0x80,                            // global table of 2 colours
+                                       0,    0,                         // background colour, aspect ratio
+                                       10,   20,   30,  40,  50,  60,   // the two colours
+                                       0x2C,                            // image separator
+                                       2,    0,    1,   0,              // left 2, top 1
+                                       1,    0,    1,   0,              // width 1, height 1
+                                       0,                               // no local table, not interlaced
+                                       2,                               // smallest code size
+                                       2,                               // sub-block of 2 bytes:
+                                       0x4C, 0x01,                      //   clear (4), 1, end (5), three bits each
+                                       0,                               // end of the image
+                                       0x3B});                          // trailer
+
+TEST(GifReader, ReadsAFileOfTheOlderKind) {
+    const GifStream stream = Parse(kOnePixel87a);
+    ASSERT_EQ(stream.Frames.size(), 1U);
+    const GifFrame& frame = stream.Frames[0];
+    EXPECT_EQ(frame.Left, 2);
+    EXPECT_EQ(frame.Top, 1);
+    EXPECT_EQ(frame.Width, 1);
+    EXPECT_EQ(frame.Height, 1);
+    EXPECT_EQ(frame.DelayMs, 0);
+    EXPECT_FALSE(frame.HasTransparency);
+    EXPECT_EQ(stream.FrameSpans[0].SpanStart, 19U);
+    EXPECT_EQ(stream.FrameSpans[0].SpanLength, 15U);
+    EXPECT_EQ(stream.ColourTables[0], (ColourTable{0x0A141E, 0x28323C}));
+    EXPECT_EQ(stream.ScreenWidth, 3) << "the frames' reach, not the 9 x 7 of the header";
+    EXPECT_EQ(stream.ScreenHeight, 2);
+}
+
+const QByteArray kPixel = Image(0, 0, 1, 1, {1});
+
+struct CountCase {
+    const char* name;
+    QByteArray bytes;
+    std::size_t frames;
+};
+
+class FrameCounting : public testing::TestWithParam<CountCase> {};
+
+TEST_P(FrameCounting, GivesTheCompleteImages) { EXPECT_EQ(Parse(GetParam().bytes).Frames.size(), GetParam().frames); }
+
+const QByteArray kNoTable = Bytes({'G', 'I', 'F', '8', '9', 'a', 1, 0, 1, 0, 0x00, 0, 0});
+const QByteArray kFourColours = Bytes({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12});
+
+INSTANTIATE_TEST_SUITE_P(
+    Streams, FrameCounting,
+    testing::Values(
+        CountCase{"Empty", "", 0}, CountCase{"SignatureOnly", "GIF89a", 0},
+        CountCase{"OtherSignature", "GIF88a" + Header(1, 1).mid(6) + kPixel + kTrailer, 0},
+        CountCase{"SignatureInCapitals", "GIF89A" + Header(1, 1).mid(6) + kPixel + kTrailer, 1},
+        CountCase{"NoImage", Header(1, 1) + kTrailer, 0},
+        CountCase{"ThreeImages", Header(1, 1) + kPixel + kPixel + kPixel + kTrailer, 3},
+        CountCase{"NoTrailer", Header(1, 1) + kPixel + kPixel, 2},
+        CountCase{"CutInTheThirdImagesData", Header(1, 1) + kPixel + kPixel + kPixel.chopped(2), 2},
+        CountCase{"CutBeforeTheThirdImagesTerminator", Header(1, 1) + kPixel + kPixel + kPixel.chopped(1), 2},
+        CountCase{"CutInTheThirdImagesDescriptor", Header(1, 1) + kPixel + kPixel + kPixel.left(5), 2},
+        CountCase{"CutInALocalTable", Header(1, 1) + kPixel + Image(0, 0, 1, 1, {1}, kFourColours).left(15), 1},
+        CountCase{"CutInAnExtension", Header(1, 1) + kPixel + Control(0, 5).left(4), 1},
+        CountCase{"CutInTheGlobalTable", Header(1, 1).chopped(1), 0},
+        CountCase{"GarbageBehindTheImages", Header(1, 1) + kPixel + kPixel + "\x55garbage" + kPixel, 2},
+        CountCase{"ImagesBehindTheTrailer", Header(1, 1) + kPixel + kTrailer + kPixel, 1},
+        CountCase{"ZerosBetweenBlocks", Header(1, 1) + kPixel + Bytes({0, 0, 0}) + kPixel + kTrailer, 2},
+        CountCase{"CommentAndUnknownExtension",
+                  Header(1, 1) + Bytes({0x21, 0xFE, 3, 'a', 'b', 'c', 2, 'd', 'e', 0}) + kPixel +
+                      Bytes({0x21, 0x77, 1, 9, 0}) + kPixel + kTrailer,
+                  2},
+        // The shortest image there is: descriptor, code size, terminator. Without data it is a blank frame.
+        CountCase{"ImageWithoutData", Header(1, 1) + Bytes({0x2C, 0, 0, 0, 0, 1, 0, 1, 0, 0, 2, 0}) + kPixel + kTrailer,
+                  2},
+        CountCase{"NoTableAtAll", kNoTable + kPixel + kTrailer, 0},
+        CountCase{"OnlyLocalTables", kNoTable + Image(0, 0, 1, 1, {1}, kFourColours) + kTrailer, 1},
+        CountCase{"ALaterImageWithoutAnyTable", kNoTable + Image(0, 0, 1, 1, {1}, kFourColours) + kPixel + kTrailer,
+                  0}),
+    [](const auto& info) { return info.param.name; });
+
+struct LoopCase {
+    const char* name;
+    QByteArray extension;
+    int loops;
+};
+
+class LoopCount : public testing::TestWithParam<LoopCase> {};
+
+TEST_P(LoopCount, ComesFromTheNetscapeBlockAlone) {
+    const GifStream stream = Parse(Header(1, 1) + GetParam().extension + kPixel + kPixel + kTrailer);
+    EXPECT_EQ(stream.Loops, GetParam().loops);
+    EXPECT_EQ(stream.Frames.size(), 2U) << "reading goes on behind the block";
+}
+
+const QByteArray kNetscapeStart = Bytes({0x21, 0xFF, 11});
+
+INSTANTIATE_TEST_SUITE_P(
+    Blocks, LoopCount,
+    testing::Values(LoopCase{"None", "", 0}, LoopCase{"Seven", Netscape(7), 7},
+                    LoopCase{"TwoBytes", Netscape(0x1234), 0x1234},
+                    LoopCase{"SmallLetters", kNetscapeStart + "netscape2.0" + Bytes({3, 1, 5, 0, 0}), 5},
+                    LoopCase{"FirstSubBlockOfTwo", kNetscapeStart + "NETSCAPE2.0" + Bytes({2, 1, 5, 0}), 0},
+                    LoopCase{"NoSubBlock", kNetscapeStart + "NETSCAPE2.0" + Bytes({0}), 0},
+                    LoopCase{"OtherApplication", kNetscapeStart + "ANIMEXTS1.0" + Bytes({3, 1, 5, 0, 0}), 0},
+                    LoopCase{"MoreSubBlocksBehind",
+                             kNetscapeStart + "NETSCAPE2.0" + Bytes({3, 1, 4, 0, 5, 2, 0, 0, 1, 0, 0}), 4}),
+    [](const auto& info) { return info.param.name; });
+
+TEST(GifReader, GraphicControlBelongsToTheNextImage) {
+    const GifStream stream = Parse(Header(4, 4) + Control(3, 7, 2)         // 3 before any frame: as 0
+                                   + kPixel                                //
+                                   + kPixel                                // no control: nothing carried over
+                                   + Control(1, 3, 1) + Control(3, 300) +  // the second replaces the first
+                                   Image(2, 1, 2, 3, {0, 1, 2, 3, 0, 1}, kFourColours)  //
+                                   + Control(7, 1) + kPixel      // the disposal's third bit does not count
+                                   + Control(2, 9) + kTrailer);  // without an image: dropped
+    ASSERT_EQ(stream.Frames.size(), 4U);
+    const auto expect = [&](std::size_t at, int delayMs, int disposal, int transparent, int table) {
+        const GifFrame& frame = stream.Frames[at];
+        EXPECT_EQ(frame.DelayMs, delayMs) << at;
+        EXPECT_EQ(frame.Disposal, disposal) << at;
+        EXPECT_EQ(frame.HasTransparency ? frame.TransparentIndex : -1, transparent) << at;
+        EXPECT_EQ(frame.TableNumber, table) << at;
+    };
+    expect(0, 70, 0, 2, 0);
+    expect(1, 0, 0, -1, 0);
+    expect(2, 3000, 3, -1, 1);
+    expect(3, 10, 3, -1, 0);
+    EXPECT_EQ(stream.ColourTables[1], (ColourTable{0x010203, 0x040506, 0x070809, 0x0A0B0C}));
+    EXPECT_EQ(stream.ScreenWidth, 4);
+    EXPECT_EQ(stream.ScreenHeight, 4);
+}
+
+TEST(GifReader, TheEndOfTheBytesIsAnError) {
+    const std::uint8_t bytes[] = {1, 2};
+    GifReader reader(bytes);
+    EXPECT_TRUE(reader.ReadBytes(3).empty());
+    EXPECT_EQ(reader.ReadPos(), 0U) << "a read of too many bytes does not move";
+    EXPECT_EQ(reader.ReadWord(), 0x0201);
+    try {
+        reader.ReadByte();
+        FAIL() << "read past the end";
+    } catch (const Error& error) {
+        EXPECT_EQ(error.Number(), 53);
+        EXPECT_EQ(error.Description(), "End of File");
+        EXPECT_EQ(error.Source(), "ReadGifFile");
+    }
+    EXPECT_THROW(reader.ReadColourTable(0), Error);
+    EXPECT_FALSE(reader.SkipSubBlocks()) << "sub-blocks end without a throw";
+}
+
+}  // namespace
+}  // namespace kelu

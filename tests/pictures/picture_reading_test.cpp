@@ -1,0 +1,360 @@
+// Reading real files of all formats, whole, cut short, damaged and hostile.
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include <QColorSpace>
+#include <QElapsedTimer>
+#include <QImageWriter>
+#include <QTemporaryDir>
+#include <random>
+
+#include "picture_samples.h"
+#include "pictures/picture.h"
+#include "pictures/picture_file.h"
+#include "platform/error.h"
+
+namespace kelu {
+namespace {
+
+using namespace picture_test;
+
+struct Sample {
+    const char* tool;       ///< convert (ImageMagick) or gm (GraphicsMagick)
+    const char* target;     ///< with its coder where the extension is not enough
+    const char* options;    ///< between source and target
+    int tolerance;          ///< largest difference of a channel
+    const char* reference;  ///< options that make the picture to compare with; "" the source itself
+};
+
+constexpr Sample kSamples[] = {
+    {"convert", "BMP3:a.bmp", "", 0, ""},
+    {"convert", "BMP2:b.bmp", "", 0, ""},
+    {"convert", "BMP3:c.bmp", "-colors 200 -dither None -type Palette", 1, "-colors 200 -dither None"},
+    {"convert", "d.gif", "", 110, ""},
+    {"convert", "e.gif", "-colors 16 -dither None -interlace GIF", 1, "-colors 16 -dither None"},
+    {"convert", "f.jpg", "-quality 98 -sampling-factor 1x1", 5, ""},
+    {"convert", "g.jpg", "-quality 98 -sampling-factor 1x1 -interlace JPEG", 5, ""},
+    {"convert", "h.jpg", "-quality 98 -colorspace Gray", 4, "-colorspace Gray"},
+    {"convert", "i.jpg", "-quality 98 -sampling-factor 1x1 -colorspace CMYK", 6, ""},
+    {"convert", "j.png", "", 0, ""},
+    {"convert", "PNG48:k.png", "", 1, ""},
+    {"convert", "l.png", "-interlace PNG", 0, ""},
+    {"convert", "m.png", "-colorspace Gray -depth 8", 1, "-colorspace Gray"},
+    {"convert", "PNG8:n.png", "-colors 200 -dither None", 0, "-colors 200 -dither None"},
+    {"convert", "o.tif", "", 0, ""},
+    {"convert", "p.tif", "-compress LZW", 0, ""},
+    {"convert", "q.tif", "-compress Zip -depth 16", 1, ""},
+    {"convert", "r.tif", "-colorspace Gray", 1, "-colorspace Gray"},
+    {"convert", "s.tif", "-endian MSB -define tiff:tile-geometry=32x32", 0, ""},
+    {"convert", "t.pcx", "", 0, ""},
+    {"convert", "u.pcx", "-colors 200 -dither None -type Palette", 1, "-colors 200 -dither None"},
+    {"convert", "v.psd", "-compress None", 0, ""},
+    {"convert", "w.psd", "-compress RLE", 0, ""},
+    {"convert", "x.psd", "-depth 16", 1, ""},
+    {"convert", "y.psd", "-colorspace CMYK", 3, ""},
+    {"convert", "z.psd", "-colorspace Gray -depth 8", 2, "-colorspace Gray"},
+    {"gm", "a.tga", "-compress None", 0, ""},
+    {"gm", "b.tga", "-compress RLE", 0, ""},
+    {"gm", "c.tga", "-colorspace Gray", 2, "-colorspace Gray"},
+};
+
+// The samples are made once for all tests.
+class PictureReading : public testing::Test {
+ protected:
+    static void SetUpTestSuite() { folder_ = std::make_unique<QTemporaryDir>(); }
+    static void TearDownTestSuite() { folder_.reset(); }
+    void SetUp() override {
+        if (!HasTool("convert") || !HasTool("gm"))
+            GTEST_SKIP() << "ImageMagick or GraphicsMagick is missing (packages imagemagick, graphicsmagick)";
+        source_ = SoftPicture(97, 61);
+        ASSERT_TRUE(source_.save(Path("source.png")));
+    }
+    QString Path(const QString& name) const { return folder_->filePath(name); }
+
+    /// Makes the sample under a name whose extension says nothing; empty on failure.
+    QString Make(const Sample& sample) {
+        const QString target = QString::fromLatin1(sample.target);
+        const QString name = target.section(':', -1);
+        const QString path = Path(name);
+        const QString hidden = Path(name + ".rs");
+        if (QFile::exists(hidden)) return hidden;
+        QStringList arguments{Path("source.png")};
+        arguments += QString::fromLatin1(sample.options).split(' ', Qt::SkipEmptyParts);
+        arguments += target.contains(':') ? target.section(':', 0, 0) + ':' + path : path;
+        if (QLatin1String(sample.tool) == QLatin1String("gm")) arguments.prepend("convert");
+        if (!RunTool(sample.tool, arguments)) return {};
+        return QFile::rename(path, hidden) ? hidden : QString();
+    }
+
+    static inline std::unique_ptr<QTemporaryDir> folder_;
+    QImage source_;
+};
+
+TEST_F(PictureReading, AllFormatsByContent) {
+    for (const Sample& sample : kSamples) {
+        SCOPED_TRACE(testing::Message() << sample.tool << ' ' << sample.options << ' ' << sample.target);
+        const QString path = Make(sample);
+        ASSERT_FALSE(path.isEmpty());
+        QImage expected = source_;
+        if (*sample.reference) {
+            QStringList arguments{Path("source.png")};
+            arguments += QString::fromLatin1(sample.reference).split(' ');
+            if (QLatin1String(sample.tool) == QLatin1String("gm")) arguments.prepend("convert");
+            ASSERT_TRUE(RunTool(sample.tool, arguments << "PNG24:" + Path("reference.png")));
+            expected = QImage(Path("reference.png"));
+        }
+        try {
+            const QImage picture = ReadPicture(path);
+            EXPECT_EQ(picture.format(), QImage::Format_RGB32);
+            EXPECT_LE(Compare(picture, expected).largest, sample.tolerance);
+            EXPECT_EQ(picture.pixel(3, 3) >> 24, 255u);
+        } catch (const Error& error) {
+            ADD_FAILURE() << error.what();
+        }
+    }
+}
+
+TEST_F(PictureReading, FilesCutShortAreErrors) {
+    for (const Sample& sample : kSamples) {
+        const QString path = Make(sample);
+        ASSERT_FALSE(path.isEmpty());
+        const QByteArray bytes = ReadBytes(path);
+        for (const double share : {0.0, 0.02, 0.1, 0.5, 0.8, 0.97}) {
+            SCOPED_TRACE(testing::Message() << sample.target << ' ' << sample.options << " cut at " << share);
+            const QString cut = Path("cut");
+            WriteBytes(cut, bytes.left(qsizetype(double(bytes.size()) * share)));
+            EXPECT_GT(ReadingError(cut), 0);
+        }
+    }
+}
+
+TEST_F(PictureReading, DamagedFilesGiveAPictureOrOneError) {
+    std::mt19937 random(1);
+    for (const Sample& sample : kSamples) {
+        const QString path = Make(sample);
+        ASSERT_FALSE(path.isEmpty());
+        const QByteArray bytes = ReadBytes(path);
+        for (int round = 0; round < 25; ++round) {
+            QByteArray damaged = bytes;
+            const auto area = static_cast<unsigned>(round % 2 ? bytes.size() : std::min<qsizetype>(bytes.size(), 160));
+            for (int i = 0; i < 4; ++i) damaged[qsizetype(random() % area)] = static_cast<char>(random());
+            WriteBytes(Path("damaged"), damaged);
+            EXPECT_GE(ReadingError(Path("damaged")), 0) << sample.target << ' ' << round;
+        }
+    }
+}
+
+TEST_F(PictureReading, OrientationTagsAreObeyed) {
+    if (!HasTool("exiftool")) GTEST_SKIP() << "exiftool is missing (package libimage-exiftool-perl)";
+    const QStringList paths{Path("o.jpg"), Path("o.tif"), Path("o.png")};
+    for (const QString& path : paths)
+        ASSERT_TRUE(RunTool("convert", {Path("source.png"), "-quality", "98", "-sampling-factor", "1x1", path}));
+    for (int orientation = 1; orientation <= 8; ++orientation) {
+        const QString tag = "-IFD0:Orientation=" + QString::number(orientation);
+        ASSERT_TRUE(RunTool("exiftool", QStringList{"-overwrite_original", "-n", tag} + paths));
+        for (const QString& path : paths) {
+            SCOPED_TRACE(testing::Message() << path.toStdString() << ' ' << orientation);
+            EXPECT_LE(Compare(ReadPicture(path), Orient(source_, orientation)).largest, 5);
+            EXPECT_LE(Compare(ReadThumbnail(path, QSize(500, 500)), Orient(source_, orientation)).largest, 5);
+        }
+    }
+}
+
+TEST(PictureFile, EmbeddedProfilesBecomeSrgb) {
+    QTemporaryDir folder;
+    QImage image = SoftPicture(80, 60);
+    for (const auto named : {QColorSpace::AdobeRgb, QColorSpace::DisplayP3, QColorSpace::SRgb}) {
+        image.setColorSpace(QColorSpace(named));
+        const QImage expected = image.convertedToColorSpace(QColorSpace(QColorSpace::SRgb));
+        for (const char* name : {"a.png", "a.jpg", "a.tif"}) {
+            const QString path = folder.filePath(name);
+            QImageWriter writer(path);
+            writer.setQuality(100);
+            ASSERT_TRUE(writer.write(image));
+            const QImage picture = ReadPicture(path);
+            // Chroma of the JPEG is at half resolution.
+            EXPECT_LE(Compare(picture, expected).mean, QByteArray(name).endsWith("jpg") ? 4 : 1.5) << name << named;
+            if (named == QColorSpace::SRgb && !QByteArray(name).endsWith("jpg")) {
+                EXPECT_EQ(Compare(picture, expected).largest, 0);
+            }
+        }
+    }
+}
+
+TEST_F(PictureReading, ResolutionAndTransparencyAreKept) {
+    for (const char* name : {"r.png", "r.jpg", "r.tif", "r.bmp", "r.psd", "r.pcx"}) {
+        ASSERT_TRUE(RunTool("convert", {Path("source.png"), "-units", "PixelsPerInch", "-density", "300", Path(name)}));
+        EXPECT_NEAR(ReadPicture(Path(name)).dotsPerMeterX(), 11811, 2) << name;
+    }
+    QImage clear(20, 10, QImage::Format_ARGB32);
+    clear.fill(qRgba(200, 100, 50, 128));
+    clear.setPixel(3, 4, 0);
+    ASSERT_TRUE(clear.save(Path("clear.png")));
+    ASSERT_TRUE(RunTool("convert", {Path("clear.png"), Path("clear.tif")}));
+    ASSERT_TRUE(RunTool("gm", {"convert", Path("clear.png"), Path("clear.tga")}));
+    ASSERT_TRUE(RunTool("convert", {Path("clear.png"), Path("clear.gif")}));
+    for (const char* name : {"clear.png", "clear.tif", "clear.tga", "clear.gif"}) {
+        const QImage picture = ReadPicture(Path(name));
+        EXPECT_EQ(picture.format(), QImage::Format_ARGB32) << name;
+        EXPECT_EQ(qAlpha(picture.pixel(3, 4)), 0) << name;
+        if (QByteArray(name) != "clear.gif") {
+            EXPECT_LE(Compare(picture.copy(0, 0, 1, 1), clear.copy(0, 0, 1, 1)).largest, 1) << name;
+            EXPECT_EQ(qAlpha(picture.pixel(0, 0)), 128) << name;
+        }
+    }
+}
+
+void PutLittle(QByteArray& bytes, qsizetype at, int count, quint32 value) {
+    for (int i = 0; i < count; ++i) bytes[at + i] = static_cast<char>(value >> (8 * i));
+}
+void PutBig(QByteArray& bytes, qsizetype at, int count, quint32 value) {
+    for (int i = 0; i < count; ++i) bytes[at + i] = static_cast<char>(value >> (8 * (count - 1 - i)));
+}
+
+// A file of one bit a pixel: 10 x 2, the second row the opposite of the first.
+QByteArray BlackAndWhitePcx() {
+    QByteArray pcx(128, '\0');
+    pcx[0] = 10;
+    pcx[1] = 5;
+    pcx[2] = 1;
+    pcx[3] = 1;
+    PutLittle(pcx, 8, 2, 9);
+    PutLittle(pcx, 10, 2, 1);
+    for (int i = 19; i < 22; ++i) pcx[i] = '\xff';
+    pcx[65] = 1;
+    PutLittle(pcx, 66, 2, 2);
+    return pcx + QByteArray::fromHex(
+                     "c1c040"
+                     "3fc1ff");  // 11000000 01...; 00111111 11...
+}
+
+QByteArray IndexedPsd(bool packed) {
+    QByteArray psd(26 + 4 + 768 + 8 + 2, '\0');
+    psd.replace(0, 6, QByteArray("8BPS\0\1", 6));
+    PutBig(psd, 12, 2, 1);
+    PutBig(psd, 14, 4, 2);
+    PutBig(psd, 18, 4, 3);
+    PutBig(psd, 22, 2, 8);
+    PutBig(psd, 24, 2, 2);
+    PutBig(psd, 26, 4, 768);
+    const QRgb colors[] = {qRgb(1, 2, 3), qRgb(250, 128, 7)};
+    for (int i = 0; i < 2; ++i) {
+        psd[30 + i] = static_cast<char>(qRed(colors[i]));
+        psd[30 + 256 + i] = static_cast<char>(qGreen(colors[i]));
+        psd[30 + 512 + i] = static_cast<char>(qBlue(colors[i]));
+    }
+    PutBig(psd, psd.size() - 2, 2, packed ? 1 : 0);
+    // Rows 0 1 1 and 1 1 1.
+    return psd + (packed ? QByteArray::fromHex("00040002"
+                                               "0000ff01"
+                                               "fe01")
+                         : QByteArray::fromHex("000101"
+                                               "010101"));
+}
+
+TEST(PictureFile, TheTwoKindsThatTheLibraryGetsWrong) {
+    QTemporaryDir folder;
+    const QString path = folder.filePath("x.rs");
+    WriteBytes(path, BlackAndWhitePcx());
+    const QImage pcx = ReadPicture(path);
+    ASSERT_EQ(pcx.size(), QSize(10, 2));
+    for (int x = 0; x < 10; ++x) {
+        EXPECT_EQ(qRed(pcx.pixel(x, 0)), x < 2 || x == 9 ? 255 : 0) << x;
+        EXPECT_EQ(qRed(pcx.pixel(x, 1)), x < 2 ? 0 : 255) << x;
+    }
+    for (const bool packed : {false, true}) {
+        WriteBytes(path, IndexedPsd(packed));
+        const QImage psd = ReadPicture(path);
+        ASSERT_EQ(psd.size(), QSize(3, 2));
+        EXPECT_EQ(psd.pixel(0, 0), qRgb(1, 2, 3));
+        EXPECT_EQ(psd.pixel(1, 0), qRgb(250, 128, 7));
+        EXPECT_EQ(psd.pixel(0, 1), qRgb(250, 128, 7));
+    }
+    QByteArray zipped = IndexedPsd(false);
+    PutBig(zipped, zipped.size() - 8, 2, 2);  // the compression, before six pixels
+    WriteBytes(path, zipped.chopped(4));
+    EXPECT_EQ(ReadingError(path), kInvalidPicture);
+}
+
+TEST_F(PictureReading, AbsurdSizesAreRefusedBeforeMemoryIsTaken) {
+    // Where width and height stand in each format.
+    const struct {
+        const char* name;
+        int width, height, count;
+        bool big;
+        quint32 size;
+    } cases[] = {{"h.png", 16, 20, 4, true, 60000},  {"h.bmp", 18, 22, 4, false, 60000},
+                 {"h.gif", 6, 8, 2, false, 65000},   {"h.pcx", 8, 10, 2, false, 65000},
+                 {"h.tga", 12, 14, 2, false, 65000}, {"h.psd", 18, 14, 4, true, 60000}};
+    const auto expectRefused = [&](const QString& path) {
+        QElapsedTimer timer;
+        timer.start();
+        const int error = ReadingError(path);
+        EXPECT_TRUE(error == kOutOfMemory || error == kEndOfFile || error == kInvalidPicture)
+            << path.toStdString() << ' ' << error;
+        EXPECT_LT(timer.elapsed(), 3000) << path.toStdString();
+    };
+    for (const auto& hostile : cases) {
+        ASSERT_TRUE(RunTool("convert", {Path("source.png"), Path(hostile.name)}));
+        QByteArray bytes = ReadBytes(Path(hostile.name));
+        for (const int at : {hostile.width, hostile.height})
+            hostile.big ? PutBig(bytes, at, hostile.count, hostile.size)
+                        : PutLittle(bytes, at, hostile.count, hostile.size);
+        WriteBytes(Path(hostile.name), bytes);
+        expectRefused(Path(hostile.name));
+    }
+    ASSERT_TRUE(RunTool("convert", {Path("source.png"), Path("h.jpg")}));
+    QByteArray jpeg = ReadBytes(Path("h.jpg"));
+    const qsizetype frame = jpeg.indexOf(QByteArray::fromHex("ffc0"));
+    ASSERT_GT(frame, 0);
+    PutBig(jpeg, frame + 5, 4, 0xffdcffdc);
+    WriteBytes(Path("h.jpg"), jpeg);
+    expectRefused(Path("h.jpg"));
+}
+
+// A list of strips of no known type and two thousand million entries must not be made.
+TEST(PictureFile, AStripListOfNoTypeIsDamage) {
+    QTemporaryDir folder;
+    WriteBytes(folder.filePath("s.tif"), QByteArray::fromHex("49492a0008000000"
+                                                             "0100"
+                                                             "1101"
+                                                             "ff00"
+                                                             "ffffff7f"
+                                                             "08000000"
+                                                             "00000000"));
+    EXPECT_EQ(ReadingError(folder.filePath("s.tif")), kInvalidPicture);
+}
+
+TEST(PictureFile, OtherFilesAreRefusedWithTheirReason) {
+    QTemporaryDir folder;
+    const auto write = [&](const char* name, const QByteArray& bytes) {
+        WriteBytes(folder.filePath(name), bytes);
+        return folder.filePath(name);
+    };
+    EXPECT_EQ(ReadingError(folder.filePath("missing.png")), kFileError);
+    EXPECT_EQ(ReadingError(folder.path()), kFileError);
+    EXPECT_EQ(ReadingError(write("empty.png", "")), kInvalidPicture);
+    EXPECT_EQ(ReadingError(write("text.jpg", "Hello, this is a text and no picture")), kInvalidPicture);
+    EXPECT_EQ(ReadingError(write("zeros.tga", QByteArray(5000, '\0'))), kInvalidPicture);
+    EXPECT_EQ(ReadingError(write("script.bmp", "push graphic-context\nimage over 0,0 0,0 'label:@/etc/hostname'")),
+              kInvalidPicture);
+    EXPECT_EQ(ReadingError(write("vector.png", "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>")),
+              kInvalidPicture);
+    EXPECT_EQ(ReadingError(write("page.jpg", "%!PS-Adobe-3.0\n")), kInvalidPicture);
+}
+
+TEST(PictureFile, ThumbnailsFitTheBoxAndLookLikeThePicture) {
+    QTemporaryDir folder;
+    const QImage picture = SoftPicture(900, 600);
+    for (const char* name : {"t.jpg", "t.png"}) {
+        WritePicture(picture, folder.filePath(name));
+        const QImage thumbnail = ReadThumbnail(folder.filePath(name), QSize(90, 90));
+        EXPECT_EQ(thumbnail.size(), QSize(90, 60));
+        EXPECT_LE(Compare(thumbnail, ScalePicture(picture, QSize(90, 60))).largest, 4) << name;
+    }
+    WritePicture(SoftPicture(30, 20), folder.filePath("small.png"));
+    EXPECT_EQ(ReadThumbnail(folder.filePath("small.png"), QSize(90, 90)).size(), QSize(30, 20));
+}
+
+}  // namespace
+}  // namespace kelu

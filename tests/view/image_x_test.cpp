@@ -1,0 +1,332 @@
+// The view of a surface: its pixels against a fresh scaling, its coordinates, and its events. Runs at device pixel
+// ratios 1, 1.5 and 2.
+// SPDX-License-Identifier: MIT
+#include "view/image_x.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QPainter>
+#include <QScreen>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTest>
+#include <QWheelEvent>
+#include <cmath>
+#include <random>
+
+#include "pictures/area_scaler.h"
+#include "pictures/picture.h"
+
+namespace kelu {
+namespace {
+
+QImage Noise(int width, int height, unsigned seed, QImage::Format format = QImage::Format_RGB32) {
+    QImage image(width, height, format);
+    std::mt19937 random(seed);
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x)
+            reinterpret_cast<QRgb*>(image.scanLine(y))[x] =
+                static_cast<QRgb>(random()) | (format == QImage::Format_RGB32 ? 0xff000000u : 0u);
+    return image;
+}
+
+TEST(ScaledView, PartsRenewedAndScrolledEqualAFreshScaling) {
+    std::mt19937 random(3);
+    for (const auto format : {QImage::Format_RGB32, QImage::Format_ARGB32}) {
+        for (const QSize& scaled :
+             {QSize(97, 61), QSize(399, 250), QSize(400, 251), QSize(517, 333), QSize(1600, 1004)}) {
+            SCOPED_TRACE(testing::Message() << scaled.width() << " format " << format);
+            QImage picture = Noise(400, 251, 1, format);
+            ScaledView view;
+            QPoint corner(0, 0);
+            for (int step = 0; step < 40; ++step) {
+                const QRect window(corner, QSize(120, 90));
+                view.Show(picture, scaled, window);
+                const QRect changed =
+                    QRect(int(random() % 400), int(random() % 251), 1 + int(random() % 60), 1 + int(random() % 60)) &
+                    picture.rect();
+                for (int y = changed.top(); y <= changed.bottom(); ++y)
+                    for (int x = changed.left(); x <= changed.right(); ++x)
+                        reinterpret_cast<QRgb*>(picture.scanLine(y))[x] ^= static_cast<QRgb>(random()) & 0xffffffu;
+                view.Refresh(picture, changed);
+                ScaledView fresh;
+                fresh.Show(picture, scaled, window);
+                ASSERT_EQ(view.Pixels(), fresh.Pixels()) << step;
+                corner = QPoint(int(random() % static_cast<unsigned>(std::max(1, scaled.width() - 120))),
+                                int(random() % static_cast<unsigned>(std::max(1, scaled.height() - 90))));
+            }
+        }
+    }
+}
+
+class ImageXTest : public testing::Test {
+ protected:
+    ImageXTest() : view_(surface_) {
+        view_.resize(400, 300);
+        view_.show();
+        QApplication::processEvents();
+    }
+    double Ratio() const { return view_.devicePixelRatioF(); }
+    void Free(int percent) {
+        view_.SetZoomPercent(percent);
+        view_.SetFreeView();
+    }
+
+    Surface surface_;
+    ImageX view_;
+};
+
+TEST_F(ImageXTest, FittedViewShowsTheWholePictureAndNeverEnlarges) {
+    const struct {
+        QSize picture;
+        int percent;
+        QRectF rect;
+    } cases[] = {{{800, 600}, 50, {0, 0, 400, 300}},
+                 {{1600, 600}, 25, {0, 75, 400, 150}},
+                 {{100, 100}, 100, {150, 100, 100, 100}},
+                 {{40000, 10}, 1, {}}};
+    for (const auto& fitted : cases) {
+        surface_.CreateBlank(fitted.picture.width(), fitted.picture.height(), 24, Qt::red);
+        EXPECT_EQ(view_.ZoomPercent(), fitted.percent);
+        if (!fitted.rect.isEmpty()) {
+            // The picture begins on a whole device pixel.
+            const auto snapped = [this](double length) { return std::floor(length * Ratio()) / Ratio(); };
+            EXPECT_EQ(view_.ImageRect(),
+                      QRectF(QPointF(snapped(fitted.rect.x()), snapped(fitted.rect.y())), fitted.rect.size()));
+        }
+    }
+}
+
+TEST_F(ImageXTest, AZoomSetInTheFittedViewAddsUpUntilTheViewIsAskedForAgain) {
+    surface_.CreateBlank(2000, 1500, 24, Qt::red);
+    ASSERT_EQ(view_.ZoomPercent(), 20);
+    for (const int expected : {30, 40, 50}) {  // zoom in: percent, then the fitted view's values
+        view_.SetZoomPercent(view_.ZoomPercent() + 10);
+        view_.SetFittedView();
+        EXPECT_EQ(view_.ZoomPercent(), expected);
+        EXPECT_EQ(view_.ImageRect(), QRectF(0, 0, 400, 300));
+    }
+    view_.SetFittedView();  // reset
+    EXPECT_EQ(view_.ZoomPercent(), 20);
+    Free(60);
+    EXPECT_EQ(view_.ZoomPercent(), 60);
+    EXPECT_EQ(view_.ImageRect().size(), QSizeF(1200, 900));
+    view_.SetFittedView();
+    EXPECT_EQ(view_.ZoomPercent(), 20);
+    // An undo sets anchor and mode alone; that is the fitted view as well.
+    Free(60);
+    view_.SetViewAnchor(5);
+    view_.SetViewMode(2);
+    EXPECT_EQ(view_.ImageRect(), QRectF(0, 0, 400, 300));
+    // Another picture starts with its own scale.
+    view_.SetZoomPercent(45);
+    surface_.CreateBlank(800, 600, 24, Qt::red);
+    EXPECT_EQ(view_.ZoomPercent(), 50);
+}
+
+TEST_F(ImageXTest, CoordinatesNameThePixelUnderThePointer) {
+    // Each pixel tells its own place, so what is on the screen can be compared with what the view says.
+    QImage picture(1000, 800, QImage::Format_RGB32);
+    for (int y = 0; y < 800; ++y)
+        for (int x = 0; x < 1000; ++x) picture.setPixel(x, y, qRgb(x / 4, y / 4, (x % 4) * 16 + y % 4));
+    surface_.SetPicture(picture);
+    for (const int percent : {100, 200, 370, 800}) {
+        // The middle of a pixel of the widget lies between two device pixels, which may show different image pixels.
+        if (Ratio() != 1 && std::fmod(percent * Ratio() / 100, 1) != 0) continue;
+        Free(percent);
+        for (QScrollBar* bar : view_.findChildren<QScrollBar*>()) bar->setValue(bar->maximum() / 3);
+        const QImage shown = view_.grab().toImage();
+        for (const QPoint& at : {QPoint(0, 0), QPoint(17, 33), QPoint(200, 150), QPoint(370, 270)}) {
+            const QPoint device(int((at.x() + 0.5) * Ratio()), int((at.y() + 0.5) * Ratio()));
+            EXPECT_EQ(shown.pixel(device) | 0xff000000u,
+                      picture.pixel(view_.ScreenToImageX(at.x()), view_.ScreenToImageY(at.y())))
+                << percent << " at " << at.x();
+        }
+    }
+    view_.SetFittedView();  // 37.5 percent, left and right free: 12.5 pixels
+    EXPECT_NEAR(view_.ScreenToImageX(200), 501, 1);
+    EXPECT_EQ(view_.ScreenToImageY(0), 1);
+    EXPECT_LT(view_.ScreenToImageX(5), 0);
+    EXPECT_GE(view_.ScreenToImageX(395), 1000);
+}
+
+TEST_F(ImageXTest, AStrokeRepaintsExactlyWhatItChanged) {
+    Surface pen;
+    surface_.SetPicture(Noise(900, 700, 1));
+    pen.SetPicture(Noise(900, 700, 2));
+    surface_.SelectBrush(pen.MakeBrush(40));
+    for (const int percent : {0, 70, 250}) {
+        if (percent > 0) Free(percent);
+        view_.grab();
+        surface_.PushUndo();
+        surface_.DrawBrushLine(300, 250, 500, 400, 255);
+        const QImage after = view_.grab().toImage();
+        ImageX fresh(surface_);
+        fresh.resize(view_.size());
+        if (percent > 0) {
+            fresh.SetZoomPercent(percent);
+            fresh.SetFreeView();
+        }
+        fresh.show();
+        QApplication::processEvents();
+        const auto bars = view_.findChildren<QScrollBar*>();
+        const auto freshBars = fresh.findChildren<QScrollBar*>();
+        for (int i = 0; i < bars.size(); ++i) freshBars[i]->setValue(bars[i]->value());
+        EXPECT_EQ(after, fresh.grab().toImage()) << percent;
+    }
+}
+
+TEST_F(ImageXTest, TheHatchShowsWhereThePictureDoesNot) {
+    QImage picture(200, 300, QImage::Format_ARGB32);
+    picture.fill(qRgba(0, 0, 255, 255));
+    picture.setPixel(100, 150, 0);
+    surface_.SetPicture(picture);
+    view_.SetBackgroundHatch(QBrush(QColor(200, 200, 200), Qt::SolidPattern));
+    const auto at = [&](double x, double y) {
+        return view_.grab().toImage().pixel(int(x * Ratio()), int(y * Ratio())) & 0xffffffu;
+    };
+    EXPECT_EQ(at(50, 150), 0xc8c8c8u);
+    EXPECT_EQ(at(99, 150), 0xc8c8c8u);
+    EXPECT_EQ(at(101, 150), 0x0000ffu);
+    EXPECT_EQ(at(200.5, 150.5), 0xc8c8c8u);
+    EXPECT_EQ(at(350, 150), 0xc8c8c8u);
+}
+
+TEST_F(ImageXTest, MouseEventsComeInTwipsAndDragsOfTheViewDoNot) {
+    surface_.CreateBlank(2000, 1500, 24, Qt::red);
+    QSignalSpy pressed(&view_, &ImageX::MousePressed);
+    QSignalSpy moved(&view_, &ImageX::MouseMoved);
+    QTest::mousePress(&view_, Qt::RightButton, Qt::ShiftModifier, QPoint(12, 34));
+    QTest::mouseMove(&view_, QPoint(13, 35));
+    QTest::mouseRelease(&view_, Qt::RightButton, {}, QPoint(13, 35));
+    QTest::mousePress(&view_, Qt::MiddleButton, {}, QPoint(5, 5));  // nothing to scroll: a press like any other
+    QTest::mouseRelease(&view_, Qt::MiddleButton, {}, QPoint(5, 5));
+    ASSERT_EQ(pressed.count(), 2);
+    EXPECT_EQ(pressed[0][0].value<Qt::MouseButton>(), Qt::RightButton);
+    EXPECT_EQ(pressed[0][3].toInt(), 180);
+    EXPECT_EQ(pressed[0][4].toInt(), 510);
+    ASSERT_GE(moved.count(), 1);
+    EXPECT_EQ(moved[0][2].toInt(), 195);
+
+    Free(100);
+    pressed.clear();
+    moved.clear();
+    const int before = view_.ScreenToImageX(0);
+    QTest::mousePress(&view_, Qt::MiddleButton, {}, QPoint(200, 150));
+    QTest::mouseMove(&view_, QPoint(150, 150));
+    QTest::mouseRelease(&view_, Qt::MiddleButton, {}, QPoint(150, 150));
+    EXPECT_EQ(view_.ScreenToImageX(0), before + 50);
+    QTest::keyPress(&view_, Qt::Key_Space);
+    QTest::mousePress(&view_, Qt::LeftButton, {}, QPoint(200, 150));
+    QTest::mouseMove(&view_, QPoint(210, 150));
+    QTest::mouseRelease(&view_, Qt::LeftButton, {}, QPoint(210, 150));
+    QTest::keyRelease(&view_, Qt::Key_Space);
+    EXPECT_EQ(view_.ScreenToImageX(0), before + 40);
+    EXPECT_EQ(pressed.count() + moved.count(), 0);
+    QTest::keyClick(&view_, Qt::Key_Right);
+    EXPECT_EQ(view_.ScreenToImageX(0), before + 80);
+}
+
+TEST_F(ImageXTest, ZoomingByTheWheelKeepsThePointUnderTheMouse) {
+    surface_.CreateBlank(3000, 2000, 24, Qt::red);
+    Free(100);
+    int steps = 0;
+    QObject::connect(&view_, &ImageX::ZoomWheel, [&](int count) {
+        steps += count;
+        view_.SetZoomPercent(view_.ZoomPercent() + 10 * count);
+    });
+    const QPoint mouse(311, 77);
+    const QPoint before(view_.ScreenToImageX(mouse.x()), view_.ScreenToImageY(mouse.y()));
+    const auto turn = [&](int delta, Qt::KeyboardModifiers modifiers) {
+        QWheelEvent event(mouse, view_.mapToGlobal(mouse), QPoint(), QPoint(0, delta), Qt::NoButton, modifiers,
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&view_, &event);
+    };
+    for (int i = 0; i < 4; ++i) turn(120, Qt::ControlModifier);
+    EXPECT_EQ(steps, 4);
+    EXPECT_NEAR(view_.ScreenToImageX(mouse.x()), before.x(), 2);
+    EXPECT_NEAR(view_.ScreenToImageY(mouse.y()), before.y(), 2);
+    turn(-60, Qt::ControlModifier);  // fine wheels: two halves make a notch
+    EXPECT_EQ(steps, 4);
+    turn(-60, Qt::ControlModifier);
+    EXPECT_EQ(steps, 3);
+    const int top = view_.ScreenToImageY(0);
+    turn(-120, Qt::NoModifier);
+    EXPECT_GT(view_.ScreenToImageY(0), top);
+    EXPECT_EQ(steps, 3);
+}
+
+TEST_F(ImageXTest, TakesTheFirstLocalFileOfADrop) {
+    QSignalSpy dropped(&view_, &ImageX::FileDropped);
+    const auto drop = [&](const QList<QUrl>& urls) {
+        QMimeData data;
+        data.setUrls(urls);
+        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        enter.setAccepted(false);
+        QApplication::sendEvent(&view_, &enter);
+        if (!enter.isAccepted()) return false;
+        QDropEvent event(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&view_, &event);
+        return true;
+    };
+    EXPECT_TRUE(drop(
+        {QUrl("https://example.org/a.png"), QUrl::fromLocalFile("/tmp/a b.jpg"), QUrl::fromLocalFile("/tmp/c.jpg")}));
+    EXPECT_FALSE(drop({QUrl("https://example.org/a.png")}));
+    ASSERT_EQ(dropped.count(), 1);
+    EXPECT_EQ(dropped[0][0].toString(), "/tmp/a b.jpg");
+}
+
+TEST_F(ImageXTest, ShowsTheCursorPictureInStyle99Only) {
+    QPixmap picture(16, 16);
+    picture.fill(Qt::green);
+    view_.SetCursorPicture(picture);
+    EXPECT_EQ(view_.cursor().shape(), Qt::ArrowCursor);
+    view_.SetCursorStyle(99);
+    EXPECT_EQ(view_.cursor().shape(), Qt::BitmapCursor);
+    EXPECT_EQ(view_.cursor().hotSpot(), QPoint(8, 8));
+    view_.SetCursorStyle(0);
+    EXPECT_EQ(view_.cursor().shape(), Qt::ArrowCursor);
+}
+
+TEST_F(ImageXTest, TheBrushRingFollowsTheMouseAndLeavesNothingBehind) {
+    surface_.CreateBlank(400, 300, 24, QColor(128, 128, 128));
+    const QImage plain = view_.grab().toImage();
+    view_.SetBrushRing(60);
+    QTest::mouseMove(&view_, QPoint(100, 100));
+    QTest::mouseMove(&view_, QPoint(200, 150));
+    const QImage ringed = view_.grab().toImage();
+    EXPECT_NE(ringed.pixel(int(230 * Ratio()), int(150 * Ratio())), plain.pixel(0, 0));
+    EXPECT_EQ(ringed.pixel(int(130 * Ratio()), int(100 * Ratio())), plain.pixel(0, 0));
+    EXPECT_EQ(ringed.pixel(int(200 * Ratio()), int(150 * Ratio())), plain.pixel(0, 0));
+    view_.SetBrushRing(0);
+    EXPECT_EQ(view_.grab().toImage(), plain);
+}
+
+TEST_F(ImageXTest, WhatIsOnTheScreenIsWhatAFreshPaintingWouldShow) {
+    if (Ratio() != 1) GTEST_SKIP() << "the offscreen platform grabs a part of the window only";
+    surface_.SetPicture(Noise(300, 220, 3));
+    view_.SetBrushRing(30);
+    QTest::mouseMove(&view_, QPoint(200, 150));
+    // Each step, and the mouse away from what it left: the ring grows and shrinks with the view and moves with the
+    // mouse.
+    const std::function<void()> steps[] = {[&] { Free(400); },
+                                           [&] { QTest::mouseMove(&view_, QPoint(40, 60)); },
+                                           [&] { view_.SetZoomPercent(60); },
+                                           [&] { QTest::mouseMove(&view_, QPoint(300, 200)); },
+                                           [&] { view_.SetBrushRing(5); },
+                                           [&] { view_.SetFittedView(); },
+                                           [&] { QTest::mouseMove(&view_, QPoint(100, 100)); }};
+    for (std::size_t step = 0; step < std::size(steps); ++step) {
+        QApplication::processEvents();
+        steps[step]();
+        QApplication::processEvents();
+        const QImage shown = view_.screen()->grabWindow(view_.winId()).toImage().convertToFormat(QImage::Format_RGB32);
+        EXPECT_EQ(shown, view_.grab().toImage().convertToFormat(QImage::Format_RGB32)) << "step " << step;
+    }
+}
+
+}  // namespace
+}  // namespace kelu

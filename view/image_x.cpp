@@ -1,0 +1,478 @@
+// The widget that shows a surface.
+// SPDX-License-Identifier: MIT
+#include "view/image_x.h"
+
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QMetaMethod>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <algorithm>
+#include <cmath>
+
+#include "controls/theme/accessible_role.h"
+#include "platform/units.h"
+
+namespace kelu {
+namespace {
+
+constexpr int kCustomCursor = 99;
+constexpr int kFittedMode = 2;
+constexpr int kSmallestZoom = 1;
+constexpr int kLargestZoom = 6400;
+constexpr int kArrowStep = 40;  // widget pixels
+constexpr int kNotch = QWheelEvent::DefaultDeltasPerStep;
+
+int Twips(double widgetPixels) { return RoundToEven(widgetPixels * kTwipsPerPixel); }
+
+/// The toolkit's pattern of this name as it looks at ratio 1. The toolkit draws its patterns in device pixels: the
+/// finer the screen, the denser they would lie.
+QBrush DiagonalCross(QColor color, qreal ratio) {
+    constexpr int kPeriod = 8;  // device-independent pixels
+    const int side = qRound(kPeriod * ratio);
+    QPixmap tile(side, side);
+    tile.fill(Qt::transparent);
+    QPainter painter(&tile);
+    painter.setRenderHint(QPainter::Antialiasing);
+    // Opaque while they are drawn, so that crossings are no brighter; as thick as a staircase of single pixels.
+    const QColor veil(0, 0, 0, color.alpha());
+    color.setAlpha(255);
+    painter.setPen(QPen(color, ratio / std::sqrt(2.0)));
+    painter.drawLine(QPointF(-1, -1), QPointF(side + 1, side + 1));
+    painter.drawLine(QPointF(-1, side + 1), QPointF(side + 1, -1));
+    painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
+    painter.fillRect(tile.rect(), veil);
+    painter.end();
+    QBrush brush(tile);
+    brush.setTransform(QTransform::fromScale(1 / ratio, 1 / ratio));
+    return brush;
+}
+
+QString FirstLocalFile(const QMimeData* data) {
+    for (const QUrl& url : data->urls())
+        if (url.isLocalFile()) return url.toLocalFile();
+    return {};
+}
+
+}  // namespace
+
+ImageX::ImageX(Surface& surface, QWidget* parent)
+    : QWidget(parent),
+      surface_(surface),
+      horizontal_(new QScrollBar(Qt::Horizontal, this)),
+      vertical_(new QScrollBar(Qt::Vertical, this)),
+      hatch_(Qt::NoBrush) {
+    UseAccessibleRole<ImageX, QAccessible::Canvas>();
+    setAcceptDrops(true);
+    setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setAccessibleName(tr("Picture"));
+    for (QScrollBar* bar : {horizontal_, vertical_}) {
+        bar->hide();
+        bar->setCursor(Qt::ArrowCursor);
+        bar->setFocusPolicy(Qt::NoFocus);
+        connect(bar, &QScrollBar::valueChanged, this, &ImageX::OnScrolled);
+    }
+    connect(&surface_, &Surface::PictureReplaced, this, &ImageX::OnPictureReplaced);
+    connect(&surface_, &Surface::PictureChanged, this, &ImageX::OnPictureChanged);
+    OnPictureReplaced();
+}
+
+ImageX::~ImageX() = default;
+
+// ---- view properties
+
+double ImageX::FittedScale() const {
+    if (surface_.ImageWidth() == 0) return 1.0;
+    return std::min({1.0, static_cast<double>(width()) / surface_.ImageWidth(),
+                     static_cast<double>(height()) / surface_.ImageHeight()});
+}
+
+int ImageX::ZoomPercent() const {
+    if (!Fitted() || zoomKept_) return zoomPercent_;
+    return std::max(kSmallestZoom, RoundToEven(FittedScale() * 100));
+}
+
+void ImageX::SetZoomPercent(int percent) {
+    zoomPercent_ = std::clamp(percent, kSmallestZoom, kLargestZoom);
+    zoomKept_ = Fitted();
+    zoomAssigned_ = true;
+    if (!Fitted()) LayOut(Focus());
+}
+
+void ImageX::SetViewAnchor(int anchor) { viewAnchor_ = anchor; }
+
+void ImageX::SetViewMode(int mode) {
+    const bool wasFitted = Fitted();
+    // A zoom step inside the fitted view sets a percent and then the fitted view again; any later command for the
+    // fitted view is one to see the whole picture, and its scale counts again.
+    if (mode == kFittedMode && !(wasFitted && zoomAssigned_)) zoomKept_ = false;
+    zoomAssigned_ = false;
+    if (mode == viewMode_) return;
+    const QPointF focus = Focus();
+    viewMode_ = mode;
+    LayOut(focus);
+}
+
+void ImageX::SetViewScrollable(bool scrollable) {
+    if (scrollable == viewScrollable_) return;
+    viewScrollable_ = scrollable;
+    LayOut(Focus());
+}
+
+void ImageX::Redraw() { update(); }
+
+// ---- geometry: device pixels of the scaled picture, device-independent pixels of the widget
+
+QRectF ImageX::ImageRect() const {
+    const double ratio = devicePixelRatioF();
+    if (surface_.ImageWidth() == 0) return {};
+    return {QPointF(origin_) / ratio, QSizeF(scaled_) / ratio};
+}
+
+int ImageX::ScreenToImageX(int x) const {
+    const QRectF rect = ImageRect();
+    if (rect.isEmpty()) return x;
+    // The middle of the widget pixel: it stands for the middle of the image pixels that it shows.
+    return static_cast<int>(std::floor((x + 0.5 - rect.left()) * surface_.ImageWidth() / rect.width()));
+}
+
+int ImageX::ScreenToImageY(int y) const {
+    const QRectF rect = ImageRect();
+    if (rect.isEmpty()) return y;
+    return static_cast<int>(std::floor((y + 0.5 - rect.top()) * surface_.ImageHeight() / rect.height()));
+}
+
+QPoint ImageX::ImagePixel(const QPointF& widgetPixels) const {
+    return {ScreenToImageX(TwipsToPixels(Twips(widgetPixels.x()))),
+            ScreenToImageY(TwipsToPixels(Twips(widgetPixels.y())))};
+}
+
+QPointF ImageX::Focus() const { return zoomFocus_ ? *zoomFocus_ : QPointF(width(), height()) / 2; }
+
+bool ImageX::CanScroll() const { return !horizontal_->isHidden() || !vertical_->isHidden(); }
+
+void ImageX::LayOut(const QPointF& focus) {
+    const QRectF before = ImageRect();
+    const double ratio = devicePixelRatioF();
+    const QSize picture(surface_.ImageWidth(), surface_.ImageHeight());
+    update();
+    if (picture.isEmpty()) {
+        horizontal_->hide();
+        vertical_->hide();
+        view_.Invalidate();
+        return;
+    }
+    const double scale = (Fitted() ? FittedScale() : zoomPercent_ / 100.0) * ratio;
+    const QSize scaled(std::max(1, qRound(picture.width() * scale)), std::max(1, qRound(picture.height() * scale)));
+
+    // A bar takes room from the other direction, which may then need one as well.
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+    const bool scrolls = !Fitted() && viewScrollable_;
+    bool needsX = scrolls && scaled.width() > qRound(width() * ratio);
+    const bool needsY = scrolls && scaled.height() > qRound((height() - (needsX ? bar : 0)) * ratio);
+    needsX = scrolls && scaled.width() > qRound((width() - (needsY ? bar : 0)) * ratio);
+    const QSize room(std::max(1, width() - (needsY ? bar : 0)), std::max(1, height() - (needsX ? bar : 0)));
+    viewport_ = QSize(qRound(room.width() * ratio), qRound(room.height() * ratio));
+
+    // The image point under the focus stays there.
+    QPointF part(0.5, 0.5);
+    if (!before.isEmpty())
+        part = QPointF((focus.x() - before.left()) / before.width(), (focus.y() - before.top()) / before.height());
+    const QPointF wanted(part.x() * scaled.width() - focus.x() * ratio, part.y() * scaled.height() - focus.y() * ratio);
+    laysOut_ = true;
+    const auto setBar = [&](QScrollBar* bar, bool shown, int whole, int page, double value) {
+        bar->setRange(0, shown ? whole - page : 0);
+        bar->setPageStep(page);
+        bar->setSingleStep(qRound(kArrowStep * ratio));
+        bar->setValue(qRound(value));
+        bar->setVisible(shown);
+    };
+    setBar(horizontal_, needsX, scaled.width(), viewport_.width(), wanted.x());
+    setBar(vertical_, needsY, scaled.height(), viewport_.height(), wanted.y());
+    horizontal_->setGeometry(0, room.height(), room.width(), bar);
+    vertical_->setGeometry(room.width(), 0, bar, room.height());
+    laysOut_ = false;
+    scaled_ = scaled;
+    OnScrolled();
+}
+
+void ImageX::OnScrolled() {
+    if (laysOut_ || surface_.ImageWidth() == 0) return;
+    const auto place = [](int whole, int page, const QScrollBar* bar) {
+        return whole > page ? (bar->isHidden() ? (page - whole) / 2 : -bar->value()) : (page - whole) / 2;
+    };
+    origin_ = QPoint(place(scaled_.width(), viewport_.width(), horizontal_),
+                     place(scaled_.height(), viewport_.height(), vertical_));
+    view_.Show(surface_.Picture(), scaled_, QRect(-origin_, viewport_));
+    update();
+    ringShown_ = RingRect();  // as large as the picture's scale makes it
+}
+
+void ImageX::ScrollBy(const QPointF& pixels) {
+    const double ratio = devicePixelRatioF();
+    wheelRest_ += pixels * ratio;
+    const QPoint whole(static_cast<int>(wheelRest_.x()), static_cast<int>(wheelRest_.y()));
+    wheelRest_ -= whole;
+    horizontal_->setValue(horizontal_->value() + whole.x());
+    vertical_->setValue(vertical_->value() + whole.y());
+}
+
+void ImageX::OnPictureReplaced() {
+    zoomKept_ = false;
+    view_.Invalidate();
+    LayOut(QPointF(width(), height()) / 2);
+}
+
+void ImageX::OnPictureChanged(const QRect& imagePixels) {
+    const QRect device = view_.Refresh(surface_.Picture(), imagePixels).translated(origin_);
+    if (device.isEmpty()) return;
+    const double ratio = devicePixelRatioF();
+    update(QRectF(QPointF(device.topLeft()) / ratio, QSizeF(device.size()) / ratio).toAlignedRect());
+}
+
+QSize ImageX::sizeHint() const { return {640, 480}; }
+
+// ---- painting
+
+void ImageX::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    const QRectF picture = ImageRect();
+    const QImage& pixels = view_.Pixels();
+    const bool opaque = !pixels.isNull() && !pixels.hasAlphaChannel();
+    // The ground shows at the sides, and through a picture with transparency.
+    QRegion ground = event->region();
+    if (opaque) {
+        // Only pixels that the picture covers wholly; the corner between two scroll bars is none of them.
+        const QRectF shown = picture & QRectF(QPointF(), QSizeF(viewport_) / devicePixelRatioF());
+        const QPoint low(static_cast<int>(std::ceil(shown.left())), static_cast<int>(std::ceil(shown.top())));
+        const QPoint high(static_cast<int>(std::floor(shown.right())) - 1,
+                          static_cast<int>(std::floor(shown.bottom())) - 1);
+        ground -= QRect(low, high);
+    }
+    if (!ground.isEmpty()) {
+        painter.setClipRegion(ground);
+        for (const QRect& part : ground) {
+            painter.fillRect(part, palette().window());
+            if (hatch_.style() != Qt::NoBrush) painter.fillRect(part, HatchOfScreen());
+        }
+        painter.setClipRegion(event->region());
+    }
+    if (!pixels.isNull()) {
+        QImage shown = pixels;
+        shown.setDevicePixelRatio(devicePixelRatioF());
+        painter.drawImage(QPointF(origin_ + view_.Window().topLeft()) / devicePixelRatioF(), shown);
+    }
+    PaintRing(painter);
+}
+
+QRect ImageX::RingRect() const {
+    if (ringSize_ <= 0 || mouse_.x() < 0 || surface_.ImageWidth() == 0 || dragging_) return {};
+    const double scale = ImageRect().width() / surface_.ImageWidth();
+    const double radius = std::max(1.0, ringSize_ * scale / 2) + 2;
+    return QRectF(mouse_ - QPointF(radius, radius), QSizeF(2 * radius, 2 * radius)).toAlignedRect();
+}
+
+void ImageX::UpdateRing() {
+    const QRect ring = RingRect();
+    if (ring == ringShown_ && ring.isEmpty()) return;
+    update(ringShown_);
+    ringShown_ = ring;
+    update(ringShown_);
+}
+
+void ImageX::PaintRing(QPainter& painter) const {
+    const QRectF ring = RingRect();
+    if (ring.isEmpty()) return;
+    const double scale = ImageRect().width() / surface_.ImageWidth();
+    const double radius = std::max(1.0, ringSize_ * scale / 2);
+    painter.setRenderHint(QPainter::Antialiasing);
+    // Two tones, so that it shows on every ground.
+    painter.setPen(QPen(QColor(0, 0, 0, 150), 1));
+    painter.drawEllipse(mouse_, radius + 0.5, radius + 0.5);
+    painter.setPen(QPen(QColor(255, 255, 255, 200), 1));
+    painter.drawEllipse(mouse_, radius - 0.5, radius - 0.5);
+}
+
+void ImageX::SetBrushRing(int imagePixels) {
+    ringSize_ = std::max(0, imagePixels);
+    UpdateRing();
+}
+
+void ImageX::SetBackgroundHatch(const QBrush& brush) {
+    hatch_ = brush;
+    screenHatchRatio_ = 0;
+    update();
+}
+
+const QBrush& ImageX::HatchOfScreen() {
+    const qreal ratio = devicePixelRatioF();
+    if (ratio != screenHatchRatio_) {
+        screenHatch_ =
+            hatch_.style() == Qt::DiagCrossPattern && ratio != 1 ? DiagonalCross(hatch_.color(), ratio) : hatch_;
+        screenHatchRatio_ = ratio;
+    }
+    return screenHatch_;
+}
+
+// ---- cursor
+
+void ImageX::SetCursorPicture(const QPixmap& picture, const QPoint& hotSpot) {
+    cursorPicture_ = picture;
+    cursorHotSpot_ = hotSpot;
+    ApplyCursor();
+}
+
+void ImageX::SetCursorStyle(int style) {
+    cursorStyle_ = style;
+    ApplyCursor();
+}
+
+void ImageX::ApplyCursor() {
+    if (dragging_)
+        setCursor(Qt::ClosedHandCursor);
+    else if (spaceHeld_ && CanScroll())
+        setCursor(Qt::OpenHandCursor);
+    else if (cursorStyle_ == kCustomCursor && !cursorPicture_.isNull())
+        setCursor(QCursor(cursorPicture_, cursorHotSpot_.x(), cursorHotSpot_.y()));
+    else
+        unsetCursor();
+}
+
+// ---- events
+
+bool ImageX::event(QEvent* event) {
+    switch (event->type()) {
+        case QEvent::Leave:
+            mouse_ = QPointF(-1, -1);
+            UpdateRing();
+            break;
+        case QEvent::FocusOut:
+            spaceHeld_ = false;
+            ApplyCursor();
+            break;
+        case QEvent::Show:  // the window may have come to a screen with another device pixel ratio
+        case QEvent::ScreenChangeInternal:
+        case QEvent::StyleChange:
+            LayOut(QPointF(width(), height()) / 2);
+            break;
+        default:
+            break;
+    }
+    return QWidget::event(event);
+}
+
+void ImageX::resizeEvent(QResizeEvent* event) {
+    LayOut(QPointF(event->oldSize().width(), event->oldSize().height()) / 2);
+}
+
+void ImageX::mousePressEvent(QMouseEvent* event) {
+    mouse_ = event->position();
+    const bool drags = event->button() == Qt::MiddleButton || (event->button() == Qt::LeftButton && spaceHeld_);
+    if (drags && CanScroll()) {
+        dragging_ = true;
+        dragFrom_ = event->position();
+        ApplyCursor();
+        UpdateRing();
+        return;
+    }
+    Q_EMIT MousePressed(event->button(), event->buttons(), event->modifiers(), Twips(event->position().x()),
+                        Twips(event->position().y()), ImagePixel(event->position()));
+}
+
+void ImageX::mouseMoveEvent(QMouseEvent* event) {
+    mouse_ = event->position();
+    if (dragging_) {
+        ScrollBy(dragFrom_ - event->position());
+        dragFrom_ = event->position();
+        return;
+    }
+    Q_EMIT MouseMoved(event->buttons(), event->modifiers(), Twips(event->position().x()), Twips(event->position().y()),
+                      ImagePixel(event->position()));
+    UpdateRing();
+}
+
+void ImageX::mouseReleaseEvent(QMouseEvent* event) {
+    if (!dragging_ || (event->buttons() & (Qt::MiddleButton | Qt::LeftButton))) return;
+    dragging_ = false;
+    ApplyCursor();
+    UpdateRing();
+}
+
+void ImageX::wheelEvent(QWheelEvent* event) {
+    event->accept();
+    if (event->modifiers() & Qt::ControlModifier) {
+        wheelTurn_ += event->angleDelta().y();
+        const int steps = wheelTurn_ / kNotch;
+        wheelTurn_ -= steps * kNotch;
+        if (steps == 0) return;
+        zoomFocus_ = event->position();
+        Q_EMIT ZoomWheel(steps);
+        zoomFocus_.reset();
+        return;
+    }
+    QPointF by = event->pixelDelta().isNull() ? QPointF(event->angleDelta()) * (3.0 * kArrowStep / kNotch)
+                                              : QPointF(event->pixelDelta());
+    if (event->modifiers() & Qt::ShiftModifier) by = by.transposed();
+    ScrollBy(-by);
+}
+
+void ImageX::keyPressEvent(QKeyEvent* event) {
+    const double page = 0.9;
+    switch (event->key()) {
+        case Qt::Key_Space:
+            if (!CanScroll()) break;
+            spaceHeld_ = true;
+            ApplyCursor();
+            return;
+        case Qt::Key_Left:
+            return ScrollOrPass(event, QPointF(-kArrowStep, 0));
+        case Qt::Key_Right:
+            return ScrollOrPass(event, QPointF(kArrowStep, 0));
+        case Qt::Key_Up:
+            return ScrollOrPass(event, QPointF(0, -kArrowStep));
+        case Qt::Key_Down:
+            return ScrollOrPass(event, QPointF(0, kArrowStep));
+        case Qt::Key_PageUp:
+            return ScrollOrPass(event, QPointF(0, -page * height()));
+        case Qt::Key_PageDown:
+            return ScrollOrPass(event, QPointF(0, page * height()));
+        default:
+            break;
+    }
+    QWidget::keyPressEvent(event);
+}
+
+void ImageX::ScrollOrPass(QKeyEvent* event, const QPointF& pixels) {
+    if (CanScroll())
+        ScrollBy(pixels);
+    else
+        QWidget::keyPressEvent(event);
+}
+
+void ImageX::keyReleaseEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Space && spaceHeld_ && !event->isAutoRepeat()) {
+        spaceHeld_ = false;
+        ApplyCursor();
+        return;
+    }
+    QWidget::keyReleaseEvent(event);
+}
+
+void ImageX::dragEnterEvent(QDragEnterEvent* event) {
+    // A view from which nobody takes files shows so while they are dragged over it.
+    const bool wanted = isSignalConnected(QMetaMethod::fromSignal(&ImageX::FileDropped));
+    if (wanted && !FirstLocalFile(event->mimeData()).isEmpty()) event->acceptProposedAction();
+}
+
+void ImageX::dropEvent(QDropEvent* event) {
+    const QString path = FirstLocalFile(event->mimeData());
+    if (path.isEmpty()) return;
+    event->acceptProposedAction();
+    Q_EMIT FileDropped(path);
+}
+
+}  // namespace kelu

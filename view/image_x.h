@@ -1,0 +1,139 @@
+// The widget that shows a surface: fitted and free view, scrolling, cursor, drop, hatch behind the picture. Mouse
+// events come out in twips; nothing here knows what a press means.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QBrush>
+#include <QPixmap>
+#include <QWidget>
+#include <optional>
+
+#include "canvas/surface.h"
+#include "canvas/surface_view.h"
+#include "view/scaled_view.h"
+
+class QScrollBar;
+
+namespace kelu {
+
+class ImageX : public QWidget, public SurfaceView {
+    Q_OBJECT
+
+ public:
+    /// `surface` must outlive the widget.
+    explicit ImageX(Surface& surface, QWidget* parent = nullptr);
+    ~ImageX() override;
+
+    /// The fitted scale in the fitted view (never above 100, rounded, at least 1), until another percent is asked for:
+    /// a percent set while the view is fitted is kept and read back, so that zoom steps add up, though nothing changes
+    /// on the screen. A new picture and a SetViewMode(2) that does not directly follow such a setting end that.
+    int ZoomPercent() const override;
+    /// 1 to 6400; other values are brought into this range.
+    void SetZoomPercent(int percent) override;
+    int ViewAnchor() const override { return viewAnchor_; }
+    void SetViewAnchor(int anchor) override;
+    int ViewMode() const override { return viewMode_; }
+    /// 2 is the fitted view, all else the free view at ZoomPercent.
+    void SetViewMode(int mode) override;
+    bool ViewScrollable() const override { return viewScrollable_; }
+    void SetViewScrollable(bool scrollable) override;
+    void Redraw() override;
+
+    /// Image pixel under a pixel of the widget (device-independent); also outside the picture.
+    int ScreenToImageX(int x) const;
+    int ScreenToImageY(int y) const;
+    /// Where the picture lies in the widget, device-independent pixels; may reach beyond it.
+    QRectF ImageRect() const;
+
+    void SetCursorPicture(const QPixmap& picture, const QPoint& hotSpot = QPoint(-1, -1)) override;
+    void SetCursorStyle(int style) override;
+    void SetBrushRing(int imagePixels) override;
+    /// Shown where the picture does not cover the widget, and through its transparency. A diagonal cross has the same
+    /// density at every device pixel ratio.
+    void SetBackgroundHatch(const QBrush& brush);
+
+    QSize sizeHint() const override;
+
+ Q_SIGNALS:
+    /// Positions in twips of the widget, and the image pixel there, also outside the picture. A press that starts
+    /// dragging the view (middle button, or space held, in the free view with something to scroll) is not reported, nor
+    /// are the moves of the drag.
+    void MousePressed(Qt::MouseButton button, Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers, int xTwips,
+                      int yTwips, const QPoint& imagePixel);
+    /// Also without a button.
+    void MouseMoved(Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers, int xTwips, int yTwips,
+                    const QPoint& imagePixel);
+    /// Files are accepted only where this signal is connected.
+    void FileDropped(const QString& path);
+    /// Control and wheel: notches away from (above 0) or towards the user. Zoom changes made by the receiver keep the
+    /// picture's point under the mouse in its place.
+    void ZoomWheel(int steps);
+
+ protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+ private:
+    QPoint ImagePixel(const QPointF& widgetPixels) const;
+    bool Fitted() const { return viewMode_ == 2; }
+    bool CanScroll() const;
+    void OnPictureReplaced();
+    void OnPictureChanged(const QRect& imagePixels);
+    void OnScrolled();
+    /// Lays out scroll bars and the view for the present size, view and picture; `focus` (widget pixels) keeps the
+    /// image point under it.
+    void LayOut(const QPointF& focus);
+    QPointF Focus() const;
+    double FittedScale() const;
+    void ScrollBy(const QPointF& pixels);
+    void ScrollOrPass(QKeyEvent* event, const QPointF& pixels);
+    void ApplyCursor();
+    void UpdateRing();
+    void PaintRing(QPainter& painter) const;
+    QRect RingRect() const;
+    const QBrush& HatchOfScreen();
+
+    Surface& surface_;
+    ScaledView view_;
+    QScrollBar* horizontal_;
+    QScrollBar* vertical_;
+    QSize viewport_;  ///< the widget without scroll bars, device pixels
+    QSize scaled_;    ///< the whole picture at the view's scale, device pixels
+    QPoint origin_;   ///< its upper left corner in the widget, device pixels
+    bool laysOut_ = false;
+
+    int zoomPercent_ = 100;
+    int viewAnchor_ = 5;
+    int viewMode_ = 2;
+    bool viewScrollable_ = false;
+    bool zoomKept_ = false;      ///< fitted view: ZoomPercent reads what was set
+    bool zoomAssigned_ = false;  ///< set since the last SetViewMode
+    std::optional<QPointF> zoomFocus_;
+
+    QBrush hatch_;
+    QBrush screenHatch_;          ///< hatch_ as drawn at screenHatchRatio_
+    qreal screenHatchRatio_ = 0;  ///< 0: screenHatch_ is out of date
+    QPixmap cursorPicture_;
+    QPoint cursorHotSpot_{-1, -1};
+    int cursorStyle_ = 0;
+    int ringSize_ = 0;
+    QRect ringShown_;
+    QPointF mouse_{-1, -1};  ///< negative: not over the widget
+
+    bool spaceHeld_ = false;
+    bool dragging_ = false;
+    QPointF dragFrom_;
+    QPointF wheelRest_;  ///< less than a device pixel, left from scrolling
+    int wheelTurn_ = 0;  ///< less than a notch, left from zooming
+};
+
+}  // namespace kelu
