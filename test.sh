@@ -1,7 +1,8 @@
 #!/bin/sh
 # Installs what is missing, builds everything and runs every test: ./test.sh [--sanitize | --thread]
-# --sanitize does the same with the address and undefined-behaviour sanitizers, --thread the engine's tests with the
-# thread sanitizer, each in a build folder of its own.
+# --sanitize does the same with the address and undefined-behaviour sanitizers and without the precompiled header, so that
+# no file lives by another's includes; --thread runs the tests of what uses threads with the thread sanitizer. Each has a
+# build folder of its own. With CI=true a warning is an error, and a tool that a test needs must be there.
 # SPDX-License-Identifier: MIT
 set -eu
 cd "$(dirname "$0")"
@@ -9,20 +10,27 @@ cd "$(dirname "$0")"
 
 # shellcheck disable=SC2086
 install_packages $build_packages $test_packages
+# shellcheck disable=SC2046,SC2086
+install_packages $(known_packages $optional_test_packages)
 mkdir -p build
 export QT_QPA_PLATFORM=offscreen
 export TSAN_OPTIONS="suppressions=$PWD/tests/support/tsan.supp:print_suppressions=0"
 export LSAN_OPTIONS="suppressions=$PWD/tests/support/lsan.supp:print_suppressions=0"
+strict=""
+if [ "${CI:-}" = true ]; then
+    strict="-DKELU_WERROR=ON"
+    [ -n "$(known_packages $optional_test_packages)" ] && export KELU_REQUIRE_TOOLS=1
+fi
 case "${1:-}" in
     "")
-        configure_and_build build/test all --
+        configure_and_build build/test all -- $strict
         exec ctest --test-dir build/test --output-on-failure -j 2 ;;
     --sanitize)
-        configure_and_build build/sanitize all -- -DKELU_SANITIZE=address,undefined
+        configure_and_build build/sanitize all -- -DKELU_SANITIZE=address,undefined -DKELU_PCH=OFF
         exec ctest --test-dir build/sanitize --output-on-failure -j 2 ;;
     --thread)
-        configure_and_build build/thread test_engine -- -DKELU_SANITIZE=thread
-        exec build/thread/bin/test_engine ;;
+        configure_and_build build/thread test_engine test_canvas test_pictures test_effects -- -DKELU_SANITIZE=thread
+        exec ctest --test-dir build/thread --output-on-failure -R '^(engine|canvas|pictures|effects)\.' ;;
     *)
         echo "usage: ./test.sh [--sanitize | --thread]" >&2
         exit 2 ;;

@@ -26,6 +26,9 @@ add_library(kelu_flags INTERFACE)
 add_library(Kelu::Flags ALIAS kelu_flags)
 target_compile_options(kelu_flags INTERFACE -Wall -Wextra -Wconversion -ffp-contract=off
   $<$<CXX_COMPILER_ID:Clang>:-Wno-sign-conversion>)  # as g++ does within -Wconversion
+if(KELU_WERROR)
+  target_compile_options(kelu_flags INTERFACE -Werror)
+endif()
 target_include_directories(kelu_flags INTERFACE "${PROJECT_SOURCE_DIR}")
 target_compile_definitions(kelu_flags INTERFACE
   QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII QT_DISABLE_DEPRECATED_BEFORE=0x060400)

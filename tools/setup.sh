@@ -5,9 +5,12 @@ build_packages="g++ cmake ninja-build pkg-config qt6-base-dev qt6-image-formats-
  libjpeg62-turbo-dev zlib1g-dev libgif-dev libtiff-dev liblcms2-dev libmagick++-dev libcairo2-dev libcurl4-openssl-dev
  libc-ares-dev libhwy-dev libtbb-dev libgstreamer1.0-dev libgstreamer-plugins-base1.0-dev gstreamer1.0-plugins-base
  gstreamer1.0-plugins-good gstreamer1.0-pipewire xdg-utils ca-certificates fonts-dejavu-core fonts-liberation"
-test_packages="libgtest-dev libgmock-dev xvfb xauth openbox xdotool xclip x11-apps imagemagick graphicsmagick gifsicle
+test_packages="libgtest-dev libgmock-dev git xvfb xauth openbox xdotool xclip x11-apps imagemagick graphicsmagick gifsicle
  libimage-exiftool-perl poppler-utils qpdf cups python3 python3-aiosmtpd python3-dnslib openssl dbus-daemon pipewire
  wireplumber libpipewire-0.3-dev"
+
+# Wanted, but not on every release of the system; what needs them says so and is passed over there.
+optional_test_packages="clang-format-14"
 
 say() { printf '%s\n' "$*" >&2; }
 
@@ -25,9 +28,25 @@ install_packages() {
     as_root=""
     [ "$(id -u)" = 0 ] || as_root="sudo"
     say "Installing:$missing"
-    $as_root apt-get update -qq
+    # Another installation may hold the package system; its lists have a lock that apt-get itself does not wait for.
+    tries=0
+    until $as_root apt-get update -qq; do
+        tries=$((tries + 1))
+        [ "$tries" -lt 30 ] || return 1
+        say "The package system is busy; waiting"
+        sleep 10
+    done
     # shellcheck disable=SC2086
-    DEBIAN_FRONTEND=noninteractive $as_root apt-get install -y -qq --no-install-recommends $missing >/dev/null
+    $as_root env DEBIAN_FRONTEND=noninteractive apt-get -o DPkg::Lock::Timeout=600 \
+        install -y -qq --no-install-recommends $missing >/dev/null
+}
+
+# Those of the named packages that this release of the system has.
+known_packages() {
+    for package in "$@"; do
+        apt-cache show "$package" >/dev/null 2>&1 && printf '%s ' "$package"
+    done
+    return 0
 }
 
 # configure_and_build FOLDER TARGET... -- CMAKE-OPTION...
