@@ -13,6 +13,7 @@
 #include "controls/system_look/system_colors.h"
 #include "controls/theme/theme.h"
 #include "dialogs/save_file_dialog.h"
+#include "platform/language.h"
 #include "platform/registry_access.h"
 #include "platform/registry_file.h"
 #include "platform/single_instance.h"
@@ -25,6 +26,7 @@ int Run(kelu::Application& application) {
     kelu::RegistryFile store(kelu::RegistryFile::UserPath());
     kelu::clsRegistryAccess registry(store);
     kelu::Settings settings(registry);
+    kelu::UseLanguage(settings.Read(kelu::settings::kLanguage));
     kelu::SingleInstance instance(QStringLiteral("kelu"));
     kelu::SharedState state;
     kelu::MsgDialogWindow dialog;

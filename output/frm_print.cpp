@@ -13,6 +13,7 @@
 #include "controls/title_row/dialog_frame.h"
 #include "controls/tool_button/tool_button.h"
 #include "platform/error.h"
+#include "platform/language.h"
 
 namespace kelu {
 
@@ -23,29 +24,6 @@ constexpr int kListWidth = 220;
 constexpr int kLeastListHeight = 90;
 constexpr int kOrientationButton = 40;
 constexpr int kOrientationIcon = 26;
-
-struct Captions {
-    const char* id;
-    const char* window;
-    const char* ok;
-    const char* cancel;
-    const char* printers;
-    const char* orientation;
-    const char* portrait;
-    const char* landscape;
-    const char* noPrinter;  ///< in the empty list
-};
-constexpr Captions kUKEnglish{"0",          "Print",    "Print ",    "Cancel ",         "Available Printers",
-                              "Orietation", "Portrait", "Landscape", "No printer found"};
-constexpr Captions kLanguages[] = {
-    kUKEnglish,
-    {"1", "Print", "Print ", "Cancel ", "Available Printers", "Orietation", "Portrait", "Landscape",
-     "No printer found"},
-    {"2", "Imprimir", "Imprimir ", "Cancelar ", "Impresoras disponibles", "Orientación", "Vertical", "Horizontal",
-     "No hay ninguna impresora"},
-    {"3", "Imprimer", "Imprimer ", "Annuler ", "Imprimantes", "Orientación", "Portrait", "Paysage",
-     "Aucune imprimante"},
-};
 
 template <typename Widget>
 Widget* Named(Widget* widget, const char* name) {
@@ -73,11 +51,9 @@ frmPrint::frmPrint(const QImage& picture, PrintService& service, Settings& setti
     setObjectName(QStringLiteral("frmPrint"));
     surface.SetPicture(picture);
     picPrint->SetFittedView();
-    picPrint->setAccessibleName(QStringLiteral("Preview"));
     picPrint->setFocusPolicy(Qt::NoFocus);  // nothing to scroll
     LayOut();
     SetTabOrder({lstPrinters, Option1, Option2, cmdOK, cmdCancel});
-    ChangeLanguage(QString::fromLatin1(kUKEnglish.id));
 
     Option2->setChecked(true);
     connect(Option1, &QRadioButton::toggled, this, [this](bool portrait) { portrait ? RotateLeft() : RotateRight(); });
@@ -165,20 +141,19 @@ void frmPrint::SaveMySettings() {
 }
 
 void frmPrint::ChangeLanguage(const QString& id) {
-    for (const Captions& captions : kLanguages) {
-        if (id != QLatin1String(captions.id)) continue;
-        setWindowTitle(QString::fromUtf8(captions.window));
-        cmdOK->setText(QString::fromUtf8(captions.ok));
-        cmdCancel->setText(QString::fromUtf8(captions.cancel));
-        lblAvPrinters->setText(QString::fromUtf8(captions.printers));
-        lstPrinters->setAccessibleName(lblAvPrinters->text());
-        lblOrietation->setText(QString::fromUtf8(captions.orientation));
-        Option1->setText(QString::fromUtf8(captions.portrait));
-        Option2->setText(QString::fromUtf8(captions.landscape));
-        lstPrinters->SetEmptyText(QString::fromUtf8(captions.noPrinter));
-        picPort->SetTip(QString::fromUtf8(captions.portrait));
-        picLand->SetTip(QString::fromUtf8(captions.landscape));
-    }
+    UseLanguage(id);
+    setWindowTitle(tr("Print"));
+    cmdOK->setText(tr("Print "));
+    cmdCancel->setText(tr("Cancel "));
+    lblAvPrinters->setText(tr("Available Printers"));
+    lstPrinters->setAccessibleName(lblAvPrinters->text());
+    lblOrietation->setText(tr("Orietation"));
+    Option1->setText(tr("Portrait"));
+    Option2->setText(tr("Landscape"));
+    lstPrinters->SetEmptyText(tr("No printer found"));
+    picPrint->setAccessibleName(tr("Preview"));
+    picPort->SetTip(Option1->text());
+    picLand->SetTip(Option2->text());
 }
 
 void frmPrint::RotateLeft() {

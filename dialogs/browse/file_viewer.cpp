@@ -94,7 +94,6 @@ void FileViewer::SetUp(QAbstractItemView& view) {
     view.setEditTriggers(QAbstractItemView::NoEditTriggers);
     view.setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     view.setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-    view.setAccessibleName(QStringLiteral("Files"));
     connect(&view, &QAbstractItemView::clicked, this, &FileViewer::ItemSelected);
     connect(&view, &QAbstractItemView::activated, this, &FileViewer::Activate);
     for (const QScrollBar* bar : {view.verticalScrollBar(), view.horizontalScrollBar()})
@@ -182,7 +181,11 @@ void FileViewer::WishVisible() {
     model_.WishThumbnails(inView + near);
 }
 
-void FileViewer::SetEmptyText(const QString& text) { emptyText_->setText(text); }
+void FileViewer::LoadTexts() {
+    list_->setAccessibleName(tr("Files"));
+    details_->setAccessibleName(tr("Files"));
+    emptyText_->setText(tr("No pictures in this folder"));
+}
 
 void FileViewer::ShowEmptyText() {
     emptyText_->setGeometry(rect());

@@ -38,9 +38,8 @@ class FileViewer : public QStackedWidget {
     /// One level up; from a root to the list of drives.
     void GoUp();
     std::optional<Item> CurrentItem() const;
-    void SetTitles(const QStringList& titles) { model_.SetTitles(titles); }
-    /// Stands in the middle while there is nothing to list.
-    void SetEmptyText(const QString& text);
+    /// Assigns the texts in the language in use.
+    void LoadTexts();
     FolderModel& Model() { return model_; }
 
  Q_SIGNALS:

@@ -58,7 +58,7 @@ void FolderCombo::Add(const QString& text, const QString& path, const char* icon
 
 void FolderCombo::SyncDisplay() {
     clear();
-    Add(QStringLiteral("Computer"), QString::fromLatin1(FolderModel::kComputer), "computer", 0);
+    Add(FolderModel::ComputerName(), QString::fromLatin1(FolderModel::kComputer), "computer", 0);
     const QString present = Folder();
     if (!present.isEmpty()) {
         Add(QStringLiteral("/"), QStringLiteral("/"), "drive", 1);
@@ -77,7 +77,7 @@ void FolderCombo::SyncDisplay() {
     };
     insertSeparator(count());
     for (const auto& [icon, place] : places)
-        Add(QStandardPaths::displayName(place), QStandardPaths::writableLocation(place), icon, 0);
+        Add(FolderModel::PlaceName(place), QStandardPaths::writableLocation(place), icon, 0);
 }
 
 }  // namespace kelu

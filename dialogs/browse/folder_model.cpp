@@ -5,11 +5,11 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QLocale>
-#include <QStandardPaths>
 #include <QStorageInfo>
 #include <algorithm>
 
 #include "controls/theme/icons.h"
+#include "platform/language.h"
 
 namespace kelu {
 
@@ -83,7 +83,7 @@ std::vector<FolderModel::Entry> FolderModel::Read() const {
 
 std::vector<FolderModel::Entry> FolderModel::ReadComputer() const {
     std::vector<Entry> entries{
-        {QStandardPaths::displayName(QStandardPaths::HomeLocation), QDir::homePath(), false, 0, {}},
+        {PlaceName(QStandardPaths::HomeLocation), QDir::homePath(), false, 0, {}},
         {QStringLiteral("/"), QStringLiteral("/"), false, 0, {}},
     };
     for (const QStorageInfo& volume : QStorageInfo::mountedVolumes()) {
@@ -172,11 +172,11 @@ QVariant FolderModel::Text(const Entry& entry, int column) const {
         case kName:
             return entry.name;
         case kSize:
-            return entry.isFile ? QLocale().formattedDataSize(entry.size, 0) : QString();
+            return entry.isFile ? LanguageLocale().formattedDataSize(entry.size, 0) : QString();
         case kType:
             return entry.isFile ? QFileInfo(entry.name).suffix().toUpper() : QString();
         case kChanged:
-            return QLocale().toString(entry.changed, QLocale::ShortFormat);
+            return LanguageLocale().toString(entry.changed, QLocale::ShortFormat);
         default:
             return {};
     }
@@ -215,12 +215,23 @@ QVariant FolderModel::data(const QModelIndex& index, int role) const {
 
 QVariant FolderModel::headerData(int section, Qt::Orientation orientation, int role) const {
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
-    return titles_.value(section);
+    const QString titles[kColumns] = {tr("Name"), tr("Size"), tr("Type"), tr("Date")};
+    return titles[section];
 }
 
-void FolderModel::SetTitles(const QStringList& titles) {
-    titles_ = titles;
-    Q_EMIT headerDataChanged(Qt::Horizontal, 0, kColumns - 1);
+QString FolderModel::ComputerName() { return tr("Computer"); }
+
+QString FolderModel::PlaceName(QStandardPaths::StandardLocation place) {
+    switch (place) {
+        case QStandardPaths::HomeLocation:
+            return tr("Home");
+        case QStandardPaths::PicturesLocation:
+            return tr("Pictures");
+        case QStandardPaths::DocumentsLocation:
+            return tr("Documents");
+        default:
+            return QStandardPaths::displayName(place);
+    }
 }
 
 }  // namespace kelu

@@ -9,6 +9,7 @@
 #include <QHash>
 #include <QImage>
 #include <QPixmap>
+#include <QStandardPaths>
 #include <QTimer>
 #include <map>
 #include <vector>
@@ -29,6 +30,10 @@ class FolderModel : public QAbstractTableModel {
     explicit FolderModel(ThumbnailCache cache, QObject* parent = nullptr);
 
     QString Folder() const { return folder_; }
+    /// What the list of drives and places calls them.
+    static QString ComputerName();
+    static QString PlaceName(QStandardPaths::StandardLocation place);
+
     /// Shows a folder; a missing or unreadable one shows as empty.
     void SetFolder(const QString& path);
     /// Patterns such as "*.bmp;*.gif", without regard to case.
@@ -44,9 +49,6 @@ class FolderModel : public QAbstractTableModel {
     QVariant data(const QModelIndex& index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
     void sort(int column, Qt::SortOrder order) override;
-
-    /// Titles of the columns name, size, type, date.
-    void SetTitles(const QStringList& titles);
 
  private:
     struct Entry {
@@ -76,7 +78,6 @@ class FolderModel : public QAbstractTableModel {
     std::vector<Entry> entries_;
     QHash<QString, int> rows_;                 // by path
     std::map<QString, Thumbnail> thumbnails_;  // by path, for the present folder
-    QStringList titles_{"Name", "Size", "Type", "Date"};
     int sortColumn_ = kName;
     Qt::SortOrder sortOrder_ = Qt::AscendingOrder;
     QFileSystemWatcher watcher_;

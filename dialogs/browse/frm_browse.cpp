@@ -15,9 +15,9 @@
 #include "controls/theme/theme.h"
 #include "controls/title_row/dialog_frame.h"
 #include "controls/tool_button/tool_button.h"
-#include "dialogs/browse/browse_texts.h"
 #include "dialogs/browse/folder_combo.h"
 #include "platform/error.h"
+#include "platform/language.h"
 
 namespace kelu {
 
@@ -81,7 +81,6 @@ frmBrowse::frmBrowse(Settings& settings, MsgDialog& dialog, std::function<void(c
     cmdOK->setEnabled(false);
     LayOut();
     Connect();
-    ChangeLanguage(QStringLiteral("0"));
     SetView(FileViewer::ViewKind::Thumbnails);
     SetUpMe();
 }
@@ -172,25 +171,22 @@ void frmBrowse::LoadMySettings() {
 }
 
 void frmBrowse::ChangeLanguage(const QString& id) {
-    const BrowseTexts* texts = FindBrowseTexts(id);
-    if (!texts) return;
-    const auto text = [](const char* utf8) { return QString::fromUtf8(utf8); };
-    setWindowTitle(text(texts->caption));
+    UseLanguage(id);
+    setWindowTitle(tr("Open"));
+    const QString folders[] = {tr("My Pictures"), tr("Gallery"), tr("My Documents"), tr("My Computer")};
     for (std::size_t i = 0; i < cmdFolder.size(); ++i) {
-        cmdFolder[i]->SetCaption(text(texts->folders[i]));
-        cmdFolder[i]->setAccessibleName(text(texts->folders[i]));
+        cmdFolder[i]->SetCaption(folders[i]);
+        cmdFolder[i]->setAccessibleName(folders[i]);
     }
-    for (std::size_t i = 0; i < mnuViews.size(); ++i) mnuViews[i]->setText(text(texts->views[i]));
-    cmdOK->setText(text(texts->ok));
-    cmdCancel->setText(text(texts->cancel));
-    lblLookin->setText(text(texts->lookIn));
-    QStringList titles;
-    for (const char* title : texts->titles) titles += text(title);
-    FileViewer_->SetTitles(titles);
-    FileViewer_->SetEmptyText(text(texts->empty));
-    cmdBack->SetTip(text(texts->back));
-    CmdUp->SetTip(text(texts->up));
-    cmdIcons->SetTip(text(texts->viewsTip));
+    const QString views[] = {tr("Large Icons"), tr("Small Icons"), tr("List"), tr("Details"), tr("Thumbnails")};
+    for (std::size_t i = 0; i < mnuViews.size(); ++i) mnuViews[i]->setText(views[i]);
+    cmdOK->setText(tr("OK"));
+    cmdCancel->setText(tr("Cancel"));
+    lblLookin->setText(tr("Look in:"));
+    cmdBack->SetTip(tr("Back one folder"));
+    CmdUp->SetTip(tr("Move up one folder"));
+    cmdIcons->SetTip(tr("Views"));
+    FileViewer_->LoadTexts();
 }
 
 void frmBrowse::ChooseFolder(std::size_t button) {
