@@ -52,7 +52,7 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("Kelu"));
     QApplication::setOrganizationName(QStringLiteral("Tarvane"));
     QApplication::setApplicationVersion(QStringLiteral(KELU_VERSION));
-    QApplication::setDesktopFileName(QStringLiteral("kelu"));
+    QApplication::setDesktopFileName(QStringLiteral("com.tarvane.Kelu"));
     kelu::theme::Apply(application);
     kelu::SystemColors::SetCurrent(kelu::SystemColors::Dark());
     const int status = Run(application);

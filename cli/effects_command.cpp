@@ -72,8 +72,12 @@ QString InputText(const QJsonObject& input) {
 }  // namespace
 
 int EffectsCommand(const QStringList& words) {
-    const Arguments arguments = Parse(words, {}, {QStringLiteral("json")});
+    const Arguments arguments = Parse(words, {}, {QStringLiteral("json"), QStringLiteral("names")});
     if (!arguments.words.isEmpty()) throw UsageError(QStringLiteral("effects takes no names"));
+    if (arguments.Has(QStringLiteral("names"))) {
+        for (const Effect& effect : Catalogue()) PrintLine(QString::fromLatin1(effect.listText));
+        return kDone;
+    }
     QJsonArray all;
     for (const Effect& effect : Catalogue()) {
         const QJsonArray inputs = Inputs(effect);

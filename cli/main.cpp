@@ -12,7 +12,7 @@ namespace {
 
 constexpr const char* kUsage = R"(usage: kelu-cli COMMAND ...
 
-  effects [--json]                          the catalogue: numbers, names, inputs, ranges, defaults
+  effects [--json | --names]                the catalogue: numbers, names, inputs, ranges, defaults
   apply EFFECT IN... OUT                    render an effect, by number or name; several pictures with
   apply EFFECT IN... --out-dir DIR          --s1 N --s2 N --s3 N --color1 #rrggbb --color2 #rrggbb --x N --y N
                                             --direction 1..8 --row N --option 1|2

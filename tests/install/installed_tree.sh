@@ -14,7 +14,7 @@ home=$(dirname "$(realpath bin/kelu)")
 for needed in data/ploader.rs data/kelu.snd help/index.html Gallery/CREDITS.md; do
     [ -s "$home/$needed" ] || fail "$needed is not beside the program"
 done
-[ -s share/applications/kelu.desktop ] || fail "the desktop entry is missing"
+[ -s share/applications/com.tarvane.Kelu.desktop ] || fail "the desktop entry is missing"
 
 bin/kelu-cli apply Grayscale "$home/Gallery/cat.jpg" "$work/gray.png" || fail "kelu-cli does not work when installed"
 [ -s "$work/gray.png" ] || fail "kelu-cli wrote nothing"
