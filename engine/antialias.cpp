@@ -7,6 +7,7 @@
 #include <hwy/foreach_target.h>
 
 #include "engine/antialias.h"
+#include "engine/dispatch.h"
 #include "engine/luma_rows_inl.h"
 
 HWY_BEFORE_NAMESPACE();
@@ -70,11 +71,7 @@ HWY_AFTER_NAMESPACE();
 #if HWY_ONCE
 namespace kelu::engine {
 
-HWY_EXPORT(AntialiasOnTarget);
-
-void Antialias(const ImageView& source, const MutableImageView& target, const Run& run) {
-    HWY_DYNAMIC_DISPATCH(AntialiasOnTarget)(source, target, run);
-}
+KELU_DISPATCH(Antialias)
 
 }  // namespace kelu::engine
 #endif

@@ -5,6 +5,7 @@
 #include <hwy/foreach_target.h>
 
 #include "engine/around_point.h"
+#include "engine/dispatch.h"
 #include "engine/distance_weight_inl.h"
 #include "engine/point_inl.h"
 
@@ -137,21 +138,9 @@ HWY_AFTER_NAMESPACE();
 #if HWY_ONCE
 namespace kelu::engine {
 
-HWY_EXPORT(Brightness2OnTarget);
-HWY_EXPORT(ColorGradientOnTarget);
-HWY_EXPORT(Saturation2OnTarget);
-
-void Brightness2(const ImageView& source, const MutableImageView& target, Point at, int amount, const Run& run) {
-    HWY_DYNAMIC_DISPATCH(Brightness2OnTarget)(source, target, at, amount, run);
-}
-
-void ColorGradient(const ImageView& source, const MutableImageView& target, Point at, int strength, const Run& run) {
-    HWY_DYNAMIC_DISPATCH(ColorGradientOnTarget)(source, target, at, strength, run);
-}
-
-void Saturation2(const ImageView& source, const MutableImageView& target, Point at, int amount, const Run& run) {
-    HWY_DYNAMIC_DISPATCH(Saturation2OnTarget)(source, target, at, amount, run);
-}
+KELU_DISPATCH(Brightness2, at, amount)
+KELU_DISPATCH(ColorGradient, at, strength)
+KELU_DISPATCH(Saturation2, at, amount)
 
 }  // namespace kelu::engine
 #endif

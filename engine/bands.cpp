@@ -99,12 +99,12 @@ Passes::~Passes() {
     }
 }
 
-void Passes::Split(int rows, int rowPixels, const BandWork& work, int leastRows) {
+void Passes::Split(int rows, std::int64_t rowPixels, const BandWork& work, int leastRows) {
     if (rows > 0) {
-        const int bandRows =
-            std::clamp(kBandPixels / std::max(1, rowPixels), std::max(1, leastRows), std::max(rows, leastRows));
+        const int bandRows = std::clamp(static_cast<int>(kBandPixels / std::max<std::int64_t>(1, rowPixels)),
+                                        std::max(1, leastRows), std::max(rows, leastRows));
         const int bands = (rows - 1) / bandRows + 1;
-        const bool small = static_cast<std::int64_t>(rows) * rowPixels <= kInlinePixels;
+        const bool small = rows * rowPixels <= kInlinePixels;
         const int workers = small ? 1 : std::min(ThreadCount(run_), bands);
         Pass pass(work, rows, bandRows, workers);
         if (small) {

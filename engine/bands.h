@@ -4,6 +4,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstdint>
 #include <functional>
 
 #include "engine/run.h"
@@ -30,7 +31,7 @@ class Passes {
     /// it only chooses the height of a band, which is at least `leastRows` (for work with a costly start) but for the
     /// last. Throws what `work` or the progress callback threw; rows may then be missing, and 100 has been reported if
     /// anything was.
-    void Split(int rows, int rowPixels, const BandWork& work, int leastRows = 1);
+    void Split(int rows, std::int64_t rowPixels, const BandWork& work, int leastRows = 1);
 
  private:
     using Clock = std::chrono::steady_clock;
@@ -46,7 +47,7 @@ class Passes {
 };
 
 /// One pass over `rows` rows of `rowPixels` pixels.
-inline void SplitRows(const Run& run, int rows, int rowPixels, const BandWork& work, int leastRows = 1) {
+inline void SplitRows(const Run& run, int rows, std::int64_t rowPixels, const BandWork& work, int leastRows = 1) {
     Passes(run).Split(rows, rowPixels, work, leastRows);
 }
 

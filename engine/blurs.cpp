@@ -143,14 +143,15 @@ void MeanAlong(const ImageView& source, const MutableImageView& target, Point at
         const MutableImageView to = step % 2 == 0 ? target : between;
         // Halves go up in one step and down in the next, so that the picture grows neither brighter nor darker.
         const bool up = step % 2 == 0;
-        const auto mean = HWY_DYNAMIC_DISPATCH(MeanOfTurned);
         passes.Split(
             source.height, source.width,
             [&](int begin, int end) {
                 for (int x = 0; x < source.width; x += kTurnSpan)
-                    for (int y = begin; y < end; ++y)
-                        mean(from, TurnedSpan(back, center, x, y), TurnedSpan(forth, center, x, y), up,
-                             std::min(kTurnSpan, source.width - x), to.Row(y) + x);
+                    for (int y = begin; y < end; ++y) {
+                        const TurnedSpan one(back, center, x, y), other(forth, center, x, y);
+                        const int count = std::min(kTurnSpan, source.width - x);
+                        HWY_DYNAMIC_DISPATCH(MeanOfTurned)(from, one, other, up, count, to.Row(y) + x);
+                    }
             },
             kTurnRows);
         from = to;

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "engine/borders.h"
-#include "engine/copy.h"
+#include "engine/dispatch.h"
 #include "engine/point_inl.h"
 #include "engine/random_inl.h"
 
@@ -148,31 +148,12 @@ HWY_AFTER_NAMESPACE();
 #if HWY_ONCE
 namespace kelu::engine {
 
-HWY_EXPORT(FadeBordersOnTarget);
-HWY_EXPORT(IrregularBordersOnTarget);
-HWY_EXPORT(ErodeBorderOnTarget);
-
-namespace {
-
 // Deeper than any picture; the arithmetic of waves stays within whole numbers of floats.
 constexpr int kDeepest = 10000;
 
-}  // namespace
-
-void FadeBorders(const ImageView& source, const MutableImageView& target, int depth, Color color, const Run& run) {
-    if (depth <= 0) return Copy(source, target, run);
-    HWY_DYNAMIC_DISPATCH(FadeBordersOnTarget)(source, target, std::min(depth, kDeepest), color, run);
-}
-
-void IrregularBorders(const ImageView& source, const MutableImageView& target, int depth, Color color, const Run& run) {
-    if (depth <= 0) return Copy(source, target, run);
-    HWY_DYNAMIC_DISPATCH(IrregularBordersOnTarget)(source, target, std::min(depth, kDeepest), color, run);
-}
-
-void ErodeBorder(const ImageView& source, const MutableImageView& target, int depth, Color color, const Run& run) {
-    if (depth <= 0) return Copy(source, target, run);
-    HWY_DYNAMIC_DISPATCH(ErodeBorderOnTarget)(source, target, std::min(depth, kDeepest), color, run);
-}
+KELU_DISPATCH_UP_TO(kDeepest, depth, FadeBorders, depth, color)
+KELU_DISPATCH_UP_TO(kDeepest, depth, IrregularBorders, depth, color)
+KELU_DISPATCH_UP_TO(kDeepest, depth, ErodeBorder, depth, color)
 
 }  // namespace kelu::engine
 #endif

@@ -5,6 +5,7 @@
 #include <hwy/foreach_target.h>
 
 #include "engine/channel_maps.h"
+#include "engine/dispatch.h"
 #include "engine/point_inl.h"
 
 HWY_BEFORE_NAMESPACE();
@@ -167,50 +168,14 @@ HWY_AFTER_NAMESPACE();
 #if HWY_ONCE
 namespace kelu::engine {
 
-HWY_EXPORT(Brightness1OnTarget);
-HWY_EXPORT(ContrastOnTarget);
-HWY_EXPORT(ColorCorrectionOnTarget);
-HWY_EXPORT(TintOnTarget);
-HWY_EXPORT(NegativeOnTarget);
-HWY_EXPORT(PosterizeOnTarget);
-HWY_EXPORT(SolarizeOnTarget);
-HWY_EXPORT(SwapColorsOnTarget);
-
-void Brightness1(const ImageView& source, const MutableImageView& target, int amount, const Run& run) {
-    HWY_DYNAMIC_DISPATCH(Brightness1OnTarget)(source, target, amount, run);
-}
-
-void Contrast(const ImageView& source, const MutableImageView& target, int amount, const Run& run) {
-    HWY_DYNAMIC_DISPATCH(ContrastOnTarget)(source, target, amount, run);
-}
-
-void ColorCorrection(const ImageView& source, const MutableImageView& target, Color black, Color white,
-                     const Run& run) {
-    HWY_DYNAMIC_DISPATCH(ColorCorrectionOnTarget)(source, target, black, white, run);
-}
-
-void Tint(const ImageView& source, const MutableImageView& target, Color color, const Run& run) {
-    HWY_DYNAMIC_DISPATCH(TintOnTarget)(source, target, color, run);
-}
-
-void Negative(const ImageView& source, const MutableImageView& target, bool red, bool green, bool blue,
-              const Run& run) {
-    HWY_DYNAMIC_DISPATCH(NegativeOnTarget)(source, target, red, green, blue, run);
-}
-
-void Posterize(const ImageView& source, const MutableImageView& target, int redBits, int greenBits, int blueBits,
-               const Run& run) {
-    HWY_DYNAMIC_DISPATCH(PosterizeOnTarget)(source, target, redBits, greenBits, blueBits, run);
-}
-
-void Solarize(const ImageView& source, const MutableImageView& target, int red, int green, int blue, bool bright,
-              const Run& run) {
-    HWY_DYNAMIC_DISPATCH(SolarizeOnTarget)(source, target, red, green, blue, bright, run);
-}
-
-void SwapColors(const ImageView& source, const MutableImageView& target, int pair, const Run& run) {
-    HWY_DYNAMIC_DISPATCH(SwapColorsOnTarget)(source, target, pair, run);
-}
+KELU_DISPATCH(Brightness1, amount)
+KELU_DISPATCH(Contrast, amount)
+KELU_DISPATCH(ColorCorrection, black, white)
+KELU_DISPATCH(Tint, color)
+KELU_DISPATCH(Negative, red, green, blue)
+KELU_DISPATCH(Posterize, redBits, greenBits, blueBits)
+KELU_DISPATCH(Solarize, red, green, blue, bright)
+KELU_DISPATCH(SwapColors, pair)
 
 }  // namespace kelu::engine
 #endif

@@ -6,6 +6,7 @@
 #define HWY_TARGET_INCLUDE "engine/dither.cpp"
 #include <hwy/foreach_target.h>
 
+#include "engine/dispatch.h"
 #include "engine/dither.h"
 #include "engine/luma_rows_inl.h"
 
@@ -124,11 +125,7 @@ HWY_AFTER_NAMESPACE();
 #if HWY_ONCE
 namespace kelu::engine {
 
-HWY_EXPORT(BlackWhiteDitherOnTarget);
-
-void BlackWhiteDither(const ImageView& source, const MutableImageView& target, int hardness, const Run& run) {
-    HWY_DYNAMIC_DISPATCH(BlackWhiteDitherOnTarget)(source, target, hardness, run);
-}
+KELU_DISPATCH(BlackWhiteDither, hardness)
 
 }  // namespace kelu::engine
 #endif

@@ -5,6 +5,7 @@
 #include <hwy/foreach_target.h>
 
 #include "engine/direction.h"
+#include "engine/dispatch.h"
 #include "engine/emboss.h"
 #include "engine/luma_rows_inl.h"
 #include "engine/neighbourhood_inl.h"
@@ -56,17 +57,8 @@ HWY_AFTER_NAMESPACE();
 #if HWY_ONCE
 namespace kelu::engine {
 
-HWY_EXPORT(ColorEmbossOnTarget);
-HWY_EXPORT(EmbossOnTarget);
-
-void ColorEmboss(const ImageView& source, const MutableImageView& target, int direction, const Run& run) {
-    HWY_DYNAMIC_DISPATCH(ColorEmbossOnTarget)(source, target, direction, run);
-}
-
-void Emboss(const ImageView& source, const MutableImageView& target, int direction, int strength, int offset,
-            const Run& run) {
-    HWY_DYNAMIC_DISPATCH(EmbossOnTarget)(source, target, direction, strength, offset, run);
-}
+KELU_DISPATCH(ColorEmboss, direction)
+KELU_DISPATCH(Emboss, direction, strength, offset)
 
 }  // namespace kelu::engine
 #endif

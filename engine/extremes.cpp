@@ -7,13 +7,12 @@
 #include <cstring>
 #include <vector>
 
-#include "engine/copy.h"
-
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "engine/extremes.cpp"
 #include <hwy/foreach_target.h>
 
 #include "engine/bands.h"
+#include "engine/dispatch.h"
 #include "engine/lanes_inl.h"
 
 #ifndef KELU_ENGINE_EXTREMES_ONCE
@@ -200,7 +199,8 @@ class SquareStrip {
 template <class Extreme>
 void Square(const ImageView& source, const MutableImageView& target, int radius, const Run& run) {
     SplitRows(
-        run, (source.width - 1) / kSquareStrip + 1, kSquareStrip * source.height, [&](int begin, int end) HWY_ATTR {
+        run, (source.width - 1) / kSquareStrip + 1, std::int64_t{kSquareStrip} * source.height,
+        [&](int begin, int end) HWY_ATTR {
             for (int strip = begin; strip < end; ++strip) {
                 const int x = strip * kSquareStrip;
                 SquareStrip<Extreme>(source, target, x, std::min(kSquareStrip, source.width - x), radius).Render();
@@ -307,7 +307,7 @@ template <class Extreme>
 void Disc(const ImageView& source, const MutableImageView& target, int radius, const Run& run) {
     const DiscPlan plan(radius);
     const int width = source.width, side = radius <= kSmallDisc ? kSmallDiscStrip : kDiscStrip;
-    SplitRows(run, (width - 1) / side + 1, side * source.height, [&](int begin, int end) HWY_ATTR {
+    SplitRows(run, (width - 1) / side + 1, std::int64_t{side} * source.height, [&](int begin, int end) HWY_ATTR {
         for (int strip = begin; strip < end; ++strip)
             DiscStrip<Extreme>(plan, source, target, strip * side, std::min(side, width - strip * side)).Render();
     });
@@ -335,18 +335,8 @@ HWY_AFTER_NAMESPACE();
 #if HWY_ONCE
 namespace kelu::engine {
 
-HWY_EXPORT(MaximumOnTarget);
-HWY_EXPORT(MinimumOnTarget);
-
-void Maximum(const ImageView& source, const MutableImageView& target, int square, int radius, const Run& run) {
-    if (radius <= 0) return Copy(source, target, run);
-    HWY_DYNAMIC_DISPATCH(MaximumOnTarget)(source, target, square != 0, std::min(radius, kMostExtremeRadius), run);
-}
-
-void Minimum(const ImageView& source, const MutableImageView& target, int square, int radius, const Run& run) {
-    if (radius <= 0) return Copy(source, target, run);
-    HWY_DYNAMIC_DISPATCH(MinimumOnTarget)(source, target, square != 0, std::min(radius, kMostExtremeRadius), run);
-}
+KELU_DISPATCH_UP_TO(kMostExtremeRadius, radius, Maximum, square, radius)
+KELU_DISPATCH_UP_TO(kMostExtremeRadius, radius, Minimum, square, radius)
 
 }  // namespace kelu::engine
 #endif

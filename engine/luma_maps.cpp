@@ -4,6 +4,7 @@
 #define HWY_TARGET_INCLUDE "engine/luma_maps.cpp"
 #include <hwy/foreach_target.h>
 
+#include "engine/dispatch.h"
 #include "engine/luma_maps.h"
 #include "engine/point_inl.h"
 
@@ -133,36 +134,12 @@ HWY_AFTER_NAMESPACE();
 #if HWY_ONCE
 namespace kelu::engine {
 
-HWY_EXPORT(GrayscaleOnTarget);
-HWY_EXPORT(SepiaOnTarget);
-HWY_EXPORT(BlackWhiteOnTarget);
-HWY_EXPORT(ColorizeOnTarget);
-HWY_EXPORT(FalseColorOnTarget);
-HWY_EXPORT(Saturation1OnTarget);
-
-void Grayscale(const ImageView& source, const MutableImageView& target, int weighted, const Run& run) {
-    HWY_DYNAMIC_DISPATCH(GrayscaleOnTarget)(source, target, weighted, run);
-}
-
-void Sepia(const ImageView& source, const MutableImageView& target, int strength, const Run& run) {
-    HWY_DYNAMIC_DISPATCH(SepiaOnTarget)(source, target, strength, run);
-}
-
-void BlackWhite(const ImageView& source, const MutableImageView& target, int threshold, const Run& run) {
-    HWY_DYNAMIC_DISPATCH(BlackWhiteOnTarget)(source, target, threshold, run);
-}
-
-void Colorize(const ImageView& source, const MutableImageView& target, Color color, const Run& run) {
-    HWY_DYNAMIC_DISPATCH(ColorizeOnTarget)(source, target, color, run);
-}
-
-void FalseColor(const ImageView& source, const MutableImageView& target, Color dark, Color bright, const Run& run) {
-    HWY_DYNAMIC_DISPATCH(FalseColorOnTarget)(source, target, dark, bright, run);
-}
-
-void Saturation1(const ImageView& source, const MutableImageView& target, int amount, const Run& run) {
-    HWY_DYNAMIC_DISPATCH(Saturation1OnTarget)(source, target, amount, run);
-}
+KELU_DISPATCH(Grayscale, weighted)
+KELU_DISPATCH(Sepia, strength)
+KELU_DISPATCH(BlackWhite, threshold)
+KELU_DISPATCH(Colorize, color)
+KELU_DISPATCH(FalseColor, dark, bright)
+KELU_DISPATCH(Saturation1, amount)
 
 }  // namespace kelu::engine
 #endif

@@ -50,7 +50,8 @@ void FillBlockRow(const ImageView& source, const MutableImageView& target, int t
 void Mosaic(const ImageView& source, const MutableImageView& target, int blockWidth, int blockHeight, const Run& run) {
     const int width = std::clamp(blockWidth, 1, source.width), height = std::clamp(blockHeight, 1, source.height);
     if (width == 1 && height == 1) return Copy(source, target, run);
-    SplitRows(run, (source.height - 1) / height + 1, source.width * std::min(height, 1000), [&](int begin, int end) {
+    const std::int64_t rowPixels = std::int64_t{source.width} * height;
+    SplitRows(run, (source.height - 1) / height + 1, rowPixels, [&](int begin, int end) {
         for (int block = begin; block < end; ++block)
             FillBlockRow(source, target, block * height, std::min(source.height, (block + 1) * height), width);
     });

@@ -4,6 +4,7 @@
 #define HWY_TARGET_INCLUDE "engine/noise.cpp"
 #include <hwy/foreach_target.h>
 
+#include "engine/dispatch.h"
 #include "engine/noise.h"
 #include "engine/point_inl.h"
 #include "engine/random_inl.h"
@@ -88,11 +89,7 @@ HWY_AFTER_NAMESPACE();
 #if HWY_ONCE
 namespace kelu::engine {
 
-HWY_EXPORT(NoiseOnTarget);
-
-void Noise(const ImageView& source, const MutableImageView& target, int strength, bool colored, const Run& run) {
-    HWY_DYNAMIC_DISPATCH(NoiseOnTarget)(source, target, strength, colored, run);
-}
+KELU_DISPATCH(Noise, strength, colored)
 
 }  // namespace kelu::engine
 #endif

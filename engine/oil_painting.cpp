@@ -6,13 +6,12 @@
 #include <cstring>
 #include <vector>
 
-#include "engine/copy.h"
-
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "engine/oil_painting.cpp"
 #include <hwy/foreach_target.h>
 
 #include "engine/bands.h"
+#include "engine/dispatch.h"
 #include "engine/lanes_inl.h"
 
 #ifndef KELU_ENGINE_OIL_ONCE
@@ -239,12 +238,7 @@ HWY_AFTER_NAMESPACE();
 #if HWY_ONCE
 namespace kelu::engine {
 
-HWY_EXPORT(OilPaintingOnTarget);
-
-void OilPainting(const ImageView& source, const MutableImageView& target, int radius, const Run& run) {
-    if (radius <= 0) return Copy(source, target, run);
-    HWY_DYNAMIC_DISPATCH(OilPaintingOnTarget)(source, target, std::min(radius, kMostOilRadius), run);
-}
+KELU_DISPATCH_UP_TO(kMostOilRadius, radius, OilPainting, radius)
 
 }  // namespace kelu::engine
 #endif

@@ -109,7 +109,8 @@ void Scramble(const ImageView& source, const MutableImageView& target, int side,
     if (moved == 0) return Copy(source, target, run);
     const RandomOrder order(static_cast<std::uint32_t>(squares), kScramble);
 
-    SplitRows(run, (source.height - 1) / side + 1, source.width * std::min(side, 1000), [&](int begin, int end) {
+    const std::int64_t rowPixels = std::int64_t{source.width} * side;
+    SplitRows(run, (source.height - 1) / side + 1, rowPixels, [&](int begin, int end) {
         std::vector<std::uint32_t> partners(static_cast<std::size_t>(columns) + 16);  // and the rest of a vector
         std::vector<const std::uint32_t*> from(static_cast<std::size_t>(columns));
         for (int row = begin; row < end; ++row) {
