@@ -8,17 +8,10 @@
 #include <functional>
 
 #include "canvas/surface.h"
+#include "output/pdf/pdf_writer.h"
 #include "platform/msg_dialog.h"
 
 namespace kelu {
-
-struct PdfProperties {
-    QString creator;
-    QString author;
-    QString keywords;
-    QString title;
-    QString subject;
-};
 
 /// "Kelu v1.0.0 | address of the web page"
 QString PdfVersionText();

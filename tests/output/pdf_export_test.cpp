@@ -31,6 +31,15 @@ QImage Noise(int width, int height, QImage::Format format) {
     return image;
 }
 
+/// Tiles that repeat, over more rows than are deflated at a time.
+QImage Drawing() {
+    QImage image(1500, 1000, QImage::Format_RGB32);
+    const QImage tile = Noise(50, 50, QImage::Format_RGB32);
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x) image.setPixel(x, y, tile.pixel(x % 50, y % 50));
+    return image;
+}
+
 std::string Output(const QString& program, const QStringList& arguments) {
     QProcess process;
     process.start(program, arguments);
@@ -64,21 +73,33 @@ TEST_F(PdfTest, IndependentToolsFindPagePixelsAndProperties) {
     EXPECT_THAT(info, HasSubstr("Creator:         Kelu v1.2.3 | "));
     EXPECT_THAT(info, HasSubstr("Pages:           1"));
     EXPECT_THAT(info, HasSubstr("144.468 x 95.9921"));
-
-    Output("pdfimages", {"-png", path, folder.filePath("image")});
-    EXPECT_EQ(QImage(folder.filePath("image-000.png")).convertToFormat(QImage::Format_RGB32), picture);
 }
 
-TEST_F(PdfTest, TransparencyLiesOnWhitePaper) {
+TEST_F(PdfTest, EveryPixelLiesOnTheWhitePaper) {
     if (QStandardPaths::findExecutable("pdfimages").isEmpty()) GTEST_SKIP() << "poppler-utils is not installed";
-    QImage picture(2, 1, QImage::Format_ARGB32);
-    picture.setPixel(0, 0, 0x00123456);
-    picture.setPixel(1, 0, 0xff123456);
-    WritePdf(picture, path, {});
-    Output("pdfimages", {"-png", path, folder.filePath("image")});
-    const QImage paper(folder.filePath("image-000.png"));
-    EXPECT_EQ(paper.pixel(0, 0), 0xffffffff);
-    EXPECT_EQ(paper.pixel(1, 0), 0xff123456);
+    QImage clear(2, 1, QImage::Format_ARGB32);
+    clear.setPixel(0, 0, 0x00123456);
+    clear.setPixel(1, 0, 0xff123456);
+    QImage onPaper(2, 1, QImage::Format_RGB32);
+    onPaper.setPixel(0, 0, 0xffffffff);
+    onPaper.setPixel(1, 0, 0xff123456);
+    const QImage grey = Noise(9, 9, QImage::Format_RGB32).convertToFormat(QImage::Format_Grayscale8);
+    const QImage noise = Noise(301, 200, QImage::Format_RGB32);
+    const QImage wide = Noise(40000, 2, QImage::Format_RGB32);  // beyond what fits in 15 bits
+    const QImage drawing = Drawing();
+    for (const auto& [picture, expected] :
+         std::initializer_list<std::pair<QImage, QImage>>{{clear, onPaper},
+                                                          {grey.convertToFormat(QImage::Format_RGB32), grey},
+                                                          {noise, noise},
+                                                          {wide, wide},
+                                                          {drawing, drawing}}) {
+        SCOPED_TRACE(picture.width());
+        WritePdf(picture, path, {});
+        Output("pdfimages", {"-png", path, folder.filePath("image")});
+        const QImage found(folder.filePath("image-000.png"));
+        EXPECT_EQ(found.convertToFormat(QImage::Format_RGB32), expected.convertToFormat(QImage::Format_RGB32));
+        EXPECT_THAT(Output("qpdf", {"--check", path}), HasSubstr("No syntax or stream encoding errors"));
+    }
 }
 
 TEST_F(PdfTest, AFullDiskIsToldByNameAndLeavesTheOldFile) {
