@@ -21,5 +21,5 @@ if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
 fi
 say "There is no display here, so no window: painting with kelu-cli instead."
 result="$PWD/build/oil-painting.png"
-build/run/bin/kelu-cli apply "Oil Painting" "${picture:-Gallery/cat.jpg}" "$result" --s1 5
+build/run/bin/kelu-cli apply "Oil Painting" "${picture:-Gallery/cat.jpg}" "$result" --s1 5 --force
 say "The picture as an oil painting lies at $result"

@@ -1,12 +1,11 @@
 // kelu-cli apply: renders an effect on pictures, all over or along strokes, by the same road as the window: document,
 // pen, engine, brush.
 // SPDX-License-Identifier: MIT
-#include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <optional>
 
 #include "cli/apply_options.h"
+#include "cli/batch.h"
 #include "cli/command_line.h"
 #include "cli/commands.h"
 #include "cli/strokes.h"
@@ -15,25 +14,11 @@
 #include "effects/effect_application.h"
 #include "effects/effect_controls.h"
 #include "effects/render_window.h"
-#include "pictures/picture_file.h"
 #include "platform/error.h"
 
 namespace kelu::cli {
 
 namespace {
-
-std::vector<Stroke> ReadStrokesFile(const QString& path) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) throw Error(kFileError, file.errorString());
-    return ReadStrokes(file.readAll());
-}
-
-/// Where the result of `in` goes inside `folder`: the same name, as PNG where its format can't be written.
-QString NameInFolder(const QString& in, const QString& folder) {
-    const QFileInfo name(in);
-    const QString file = CanWritePicture(in) ? name.fileName() : name.completeBaseName() + QStringLiteral(".png");
-    return QDir(folder).filePath(file);
-}
 
 /// The inputs of one render in the place of the window's panel.
 class GivenControls : public EffectControls {
@@ -90,49 +75,42 @@ void PaintEffect(const QString& in, const Effect& effect, const EffectInputs& in
         document.Canvas().SetPicture(document.Pen().Picture());
 }
 
-bool Apply(const QString& in, const QString& out, const Effect& effect, const EffectInputs& inputs,
-           const std::optional<std::vector<Stroke>>& strokes) {
-    Surfaces surfaces;
-    return RunForFile(in, [&] { PaintEffect(in, effect, inputs, strokes, surfaces); }) &&
-           RunForFile(out, [&] { surfaces.picCanvas.SaveFile(out); });
+/// All that decides a result beside its input.
+QByteArray RecipeOf(const Effect& effect, const EffectInputs& inputs, const QByteArray& strokes) {
+    QStringList parts{QString::number(effect.number)};
+    for (const int value : inputs.slider) parts += QString::number(value);
+    for (const int value : {inputs.x, inputs.y, inputs.choice}) parts += QString::number(value);
+    for (const ColorBytes& color : {inputs.color1, inputs.color2})
+        parts += QString::number(PickerColor(color.red, color.green, color.blue));
+    return "apply " + parts.join(u' ').toLatin1() + ' ' + strokes;
+}
+
+QByteArray ReadStrokesFile(const QString& path) {
+    QFile file(path);
+    const bool opened = path == u"-" ? file.open(stdin, QIODevice::ReadOnly) : file.open(QIODevice::ReadOnly);
+    if (!opened) throw Error(kFileError, file.errorString());
+    return file.readAll();
 }
 
 }  // namespace
 
 int ApplyCommand(const QStringList& words) {
-    const Arguments arguments = Parse(words, InputOptions() + QStringList{"strokes", "out-dir"}, {});
-    QStringList files = arguments.words.mid(1);
-    const bool toFolder = arguments.Has("out-dir");
-    if (arguments.words.isEmpty() || files.size() < (toFolder ? 1 : 2))
+    const Arguments arguments =
+        Parse(words, InputOptions() + Batch::Options() + QStringList{"strokes"}, Batch::Flags());
+    if (arguments.words.isEmpty())
         throw UsageError(QStringLiteral("apply takes an effect, pictures, and a name for the result or --out-dir"));
-    if (!toFolder && files.size() > 2) throw UsageError(QStringLiteral("several pictures need --out-dir"));
     const Effect& effect = EffectByName(arguments.words[0]);
     const EffectInputs inputs = EffectInputsOf(effect, arguments);
+    Batch batch(arguments, arguments.words.mid(1));
 
+    QByteArray json;
     std::optional<std::vector<Stroke>> strokes;
     if (arguments.Has("strokes")) {
         const QString path = arguments.options["strokes"];
-        if (!RunForFile(path, [&] { strokes = ReadStrokesFile(path); })) return kFailed;
+        if (!RunForFile(path, [&] { strokes = ReadStrokes(json = ReadStrokesFile(path)); })) return kFailed;
     }
-
-    QString out;
-    if (toFolder) {
-        out = arguments.options["out-dir"];
-        if (!QDir().mkpath(out)) {
-            PrintFailure(out, QStringLiteral("the folder could not be made"));
-            return kFailed;
-        }
-    } else {
-        out = files.takeLast();
-        if (!CanWritePicture(out)) {
-            PrintFailure(out, QStringLiteral("no format that can be written"));
-            return kFailed;
-        }
-    }
-    bool allDone = true;
-    for (const QString& in : files)
-        allDone &= Apply(in, toFolder ? NameInFolder(in, out) : out, effect, inputs, strokes);
-    return allDone ? kDone : kFailed;
+    return batch.Run(RecipeOf(effect, inputs, json),
+                     [&](const QString& in, Surfaces& made) { PaintEffect(in, effect, inputs, strokes, made); });
 }
 
 }  // namespace kelu::cli

@@ -43,7 +43,10 @@ const Effect& EffectByName(const QString& text) {
     if (const Effect* effect = isNumber ? FindEffect(number) : nullptr) return *effect;
     for (const Effect& effect : Catalogue())
         if (PlainName(QString::fromLatin1(effect.listText)) == PlainName(text)) return effect;
-    throw UsageError(QStringLiteral("no such effect: %1; kelu-cli effects lists them").arg(text));
+    QStringList names;
+    for (const Effect& effect : Catalogue()) names += QString::fromLatin1(effect.listText);
+    throw UsageError(
+        QStringLiteral("no such effect: %1%2; kelu-cli effects lists them").arg(text, DidYouMean(text, names)));
 }
 
 QStringList InputOptions() { return {"s1", "s2", "s3", "x", "y", "color1", "color2", "direction", "row", "option"}; }

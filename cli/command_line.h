@@ -31,11 +31,23 @@ struct Arguments {
     int Integer(const QString& name, int from, int to) const;
 };
 
-/// Splits `words`; options named in `withValue` take the next word or the part behind "=". Throws UsageError for an
-/// option that is in neither list. Everything behind "--" is a word.
+/// Splits `words`; options named in `withValue` take the next word or the part behind "=". A flag of one letter has one
+/// dash. Throws UsageError for an option that is in neither list. Everything behind "--" is a word, and so is "-".
 Arguments Parse(const QStringList& words, const QStringList& withValue, const QStringList& flags);
 
-/// Prints "kelu-cli: FILE: reason" on standard error.
+/// " (did you mean NAME?)" where one of the names is nearly the word, else nothing.
+QString DidYouMean(const QString& word, const QStringList& names);
+
+/// How much is told on standard error: failures alone, progress on a terminal too, or each file.
+enum class Talk { Little, Normal, Much };
+void SetTalk(Talk talk);
+bool Talks(Talk atLeast);
+
+/// "FILE: reason" in one line, the file named once.
+QString FailureLine(const QString& file, const QString& reason);
+/// Prints "kelu-cli: TEXT" on standard error, whole even when several threads print.
+void PrintError(const QString& text);
+/// Prints the failure of a file.
 void PrintFailure(const QString& file, const QString& reason);
 void PrintLine(const QString& text);
 
@@ -44,5 +56,7 @@ void PrintLine(const QString& text);
 bool RunForFile(const QString& file, const std::function<void()>& work);
 /// Shows `percent` of the work on `file` on a terminal; elsewhere nothing.
 void ShowProgress(const QString& file, int percent);
+/// Shows how many of a list are finished and how long the rest may take, after `elapsed` ms; on a terminal alone.
+void ShowCount(std::size_t finished, std::size_t all, qint64 elapsed);
 
 }  // namespace kelu::cli

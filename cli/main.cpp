@@ -10,43 +10,84 @@
 
 namespace {
 
-constexpr const char* kUsage = R"(usage: kelu-cli COMMAND ...
+constexpr const char* kBatchUsage =
+    "  --out-dir DIR       results go there under the pictures' names\n"
+    "  --format png        format of the results; needed where the result is - (standard output)\n"
+    "  --force             replace what is there; without it nothing is ever overwritten\n"
+    "  --resume            pass over what an earlier run made from the same picture and inputs (with --out-dir)\n"
+    "  --list FILE|-       more pictures, one a line; -0: ended by NUL\n"
+    "  --jobs N            N pictures at a time\n"
+    "  --shard I/N         the I-th of N shares of the list, for several machines\n"
+    "  --json              a line of JSON a picture\n"
+    "IN may be - or a pipe.\n";
 
-  effects [--json | --names]                the catalogue: numbers, names, inputs, ranges, defaults
-  apply EFFECT IN... OUT                    render an effect, by number or name; several pictures with
-  apply EFFECT IN... --out-dir DIR          --s1 N --s2 N --s3 N --color1 #rrggbb --color2 #rrggbb --x N --y N
-                                            --direction 1..8 --row N --option 1|2
-                                            --strokes FILE paints only along the strokes, else everywhere
-  convert IN OUT                            any readable picture to bmp, png, gif, jpg, tif or pdf
-  gif-info FILE [--dump DIR]                the frames of an animated GIF as JSON; DIR gets each composed frame
-  registry export KEY FILE [--subkeys]      settings as REGEDIT4 text
-  registry import FILE
-  registry show [KEY] --json                --store FILE works on another store
-  bench EFFECT|all IN [--json]              time of the render alone, beside a plain copy of the picture
+struct CommandRow {
+    const char* name;
+    int (*run)(const QStringList& words);
+    const char* words;  ///< what stands behind the name
+    const char* purpose;
+    const char* options;  ///< for its own help
+    bool makesPictures;
+};
 
-Status: 0 done, 1 a file or render failed, 2 wrong usage.
-)";
+using namespace kelu::cli;
 
-int Run(const QStringList& arguments) {
-    using namespace kelu::cli;
-    const QString command = arguments.value(0);
-    const QStringList words = arguments.mid(1);
-    if (command == u"effects") return EffectsCommand(words);
-    if (command == u"apply") return ApplyCommand(words);
-    if (command == u"convert") return ConvertCommand(words);
-    if (command == u"bench") return BenchCommand(words);
-    if (command == u"gif-info") return kelu::GifInfoCommand(words);
-    if (command == u"registry") return kelu::RegistryCommand(words);
+constexpr CommandRow kCommands[] = {
+    {"effects", EffectsCommand, "[--json | --names]", "the catalogue: numbers, names, inputs, ranges, defaults", "",
+     false},
+    {"apply", ApplyCommand, "EFFECT IN... OUT|--out-dir DIR", "render an effect, by number or name",
+     "  --s1 N --s2 N --s3 N --color1 #rrggbb --color2 #rrggbb --x N --y N --direction 1..8 --row N --option 1|2\n"
+     "                      its inputs; kelu-cli effects tells which it has\n"
+     "  --strokes FILE|-    paint only along the strokes, else everywhere\n",
+     true},
+    {"convert", ConvertCommand, "IN... OUT|--out-dir DIR", "any readable picture to bmp, png, gif, jpg, tif or pdf", "",
+     true},
+    {"gif-info", kelu::GifInfoCommand, "FILE [--dump DIR]",
+     "the frames of an animated GIF as JSON; DIR gets each as PNG", "", false},
+    {"registry", kelu::RegistryCommand, "export KEY FILE [--subkeys] | import FILE | show [KEY] --json",
+     "settings as REGEDIT4 text", "  --store FILE        works on another store\n", false},
+    {"bench", BenchCommand, "EFFECT|all IN [--json]", "time of the render alone, beside a plain copy of the picture",
+     "", false},
+};
+
+void PrintUsage() {
+    std::puts("usage: kelu-cli [-q | -v] COMMAND ...\n");
+    for (const CommandRow& row : kCommands) std::printf("  %s %s\n      %s\n", row.name, row.words, row.purpose);
+    std::puts(
+        "\nkelu-cli COMMAND --help tells its options. -q tells failures alone, -v each file. --version.\n"
+        "Status: 0 done, 1 a file or render failed (one line each on standard error), 2 wrong usage.");
+}
+
+int PrintHelp(const CommandRow& row) {
+    std::printf("usage: kelu-cli %s %s\n%s\n\n%s%s", row.name, row.words, row.purpose, row.options,
+                row.makesPictures ? kBatchUsage : "");
+    return kDone;
+}
+
+int Run(QStringList words) {
+    while (words.value(0) == u"-q" || words.value(0) == u"-v")
+        SetTalk(words.takeFirst() == u"-q" ? Talk::Little : Talk::Much);
+    const QString command = words.value(0);
+    if (!words.isEmpty()) words.removeFirst();
     if (command == u"help" || command == u"--help" || command == u"-h") {
-        std::fputs(kUsage, stdout);
+        PrintUsage();
         return kDone;
     }
     if (command == u"--version") {
         PrintLine(QStringLiteral("kelu-cli ") + QCoreApplication::applicationVersion());
         return kDone;
     }
-    throw UsageError(command.isEmpty() ? QStringLiteral("no command; try kelu-cli help")
-                                       : QStringLiteral("no such command: %1; try kelu-cli help").arg(command));
+    QStringList names;
+    for (const CommandRow& row : kCommands) {
+        names += QLatin1String(row.name);
+        if (command != QLatin1String(row.name)) continue;
+        if (words.contains(QStringLiteral("--help")) || words.contains(QStringLiteral("-h"))) return PrintHelp(row);
+        return row.run(words);
+    }
+    throw UsageError(
+        command.isEmpty()
+            ? QStringLiteral("no command; try kelu-cli help")
+            : QStringLiteral("no such command: %1%2; try kelu-cli help").arg(command, DidYouMean(command, names)));
 }
 
 }  // namespace

@@ -97,7 +97,8 @@ Status Show(RegistryStore& store, const QString& key, bool asJson) {
 
 }  // namespace
 
-int RegistryCommand(QStringList arguments) {
+int RegistryCommand(const QStringList& words) {
+    QStringList arguments = words;
     QString storePath = RegistryFile::UserPath();
     const qsizetype storeAt = arguments.indexOf(QStringLiteral("--store"));
     if (storeAt >= 0) {

@@ -12,6 +12,6 @@ namespace kelu {
 ///   show [KEY] [--json]           prints the key and all below it, else the whole registry
 /// each with --store FILE for another store than the user's. Prints to standard output, errors in one line to
 /// standard error. Gives the exit status: 0 done, 1 failed, 2 wrong usage.
-int RegistryCommand(QStringList arguments);
+int RegistryCommand(const QStringList& words);
 
 }  // namespace kelu

@@ -7,7 +7,7 @@ _kelu_cli() {
     elif [ "$COMP_CWORD" -eq 2 ] && { [ "$command" = apply ] || [ "$command" = bench ]; }; then
         mapfile -t COMPREPLY < <(compgen -W "$(kelu-cli effects --names 2>/dev/null)" -- "$word" | sed 's/[ &]/\\&/g')
     elif [[ $word == -* ]]; then
-        mapfile -t COMPREPLY < <(compgen -W "$(kelu-cli help 2>/dev/null | grep -oE -- '--[a-z0-9-]+' | sort -u)" -- "$word")
+        mapfile -t COMPREPLY < <(compgen -W "$(kelu-cli "$command" --help 2>/dev/null | grep -oE -- '--[a-z0-9-]+' | sort -u)" -- "$word")
     else
         mapfile -t COMPREPLY < <(compgen -f -- "$word")
         compopt -o filenames

@@ -122,7 +122,7 @@ TEST_F(KeluCli, EachFaultGivesOneLineAndLeavesTheTarget) {
     };
     const QStringList files = Files();
     for (const Row& row : rows) {
-        const Result result = Run({"apply", "negative", row.in, row.out});
+        const Result result = Run({"apply", "negative", row.in, row.out, "--force"});
         EXPECT_EQ(result.status, 1) << row.what;
         EXPECT_EQ(result.err.count('\n'), 1) << row.what << ": " << result.err.constData();
         EXPECT_TRUE(result.err.startsWith("kelu-cli: ")) << row.what << ": " << result.err.constData();
@@ -135,7 +135,8 @@ TEST_F(KeluCli, AFullDiskLeavesTheOldFile) {
     Write(Path("target.png"), "the old picture");
     const QStringList files = Files();
     // The limit on a file's size stands for the disk; the shell's unit is 512 bytes.
-    const Result result = Run({"apply", "negative", Photo(), Path("target.png")}, "trap '' XFSZ; ulimit -f 20;");
+    const Result result =
+        Run({"apply", "negative", Photo(), Path("target.png"), "--force"}, "trap '' XFSZ; ulimit -f 20;");
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.err, QStringLiteral("kelu-cli: %1: File too large\n").arg(Path("target.png")).toLocal8Bit());
     EXPECT_EQ(Bytes(Path("target.png")), "the old picture");
@@ -149,6 +150,51 @@ TEST_F(KeluCli, SeveralPicturesGoOnPastABadOne) {
     EXPECT_EQ(result.status, 1);
     EXPECT_THAT(result.err.toStdString(), testing::HasSubstr("bad.jpg"));
     EXPECT_EQ(QDir(Path("out")).entryList(QDir::Files), (QStringList{"cat.jpg", "coffee.jpg"}));
+}
+
+TEST_F(KeluCli, ReplacesNothingUnasked) {
+    const QString copy = Path("photo.png"), other = Path("sub/photo.png");
+    QDir(folder.path()).mkdir("sub");
+    ASSERT_EQ(Run({"convert", Photo(), copy}).status, 0);
+    ASSERT_TRUE(QFile::copy(copy, other));
+    const QByteArray before = Bytes(copy);
+    // Into the pictures' own folder, onto a file that is there, two pictures of one name.
+    EXPECT_EQ(Run({"apply", "negative", copy, "--out-dir", folder.path()}).status, 1);
+    EXPECT_EQ(Run({"convert", Photo(), copy}).status, 1);
+    const Result same = Run({"convert", copy, other, "--out-dir", Path("out"), "--force"});
+    EXPECT_EQ(same.status, 1);
+    EXPECT_EQ(same.err.count('\n'), 1) << same.err.constData();
+    EXPECT_EQ(Bytes(copy), before);
+    EXPECT_EQ(Run({"apply", "negative", copy, "--out-dir", folder.path(), "--force"}).status, 0);
+    EXPECT_NE(Bytes(copy), before);
+}
+
+TEST_F(KeluCli, GoesOnWhereAStoppedBatchWas) {
+    QStringList names;
+    for (const char* name : {"a.png", "b.png", "c.png", "d.png"}) {
+        names += Path(name);
+        ASSERT_EQ(Run({"convert", Photo(), names.back()}).status, 0);
+    }
+    Write(Path("list"), names.join(QChar(u'\0')).toUtf8());
+    const QStringList batch{"apply",     "Negative",  "--list",   Path("list"), "-0",
+                            "--out-dir", Path("out"), "--resume", "--json"};
+    const auto statuses = [&](const QStringList& more, const QString& prefix = {}) {
+        QStringList found;
+        for (const QByteArray& line : Run(batch + more, prefix).out.split('\n'))
+            if (!line.isEmpty()) found += QJsonDocument::fromJson(line)["status"].toString();
+        found.sort();
+        return found;
+    };
+    EXPECT_EQ(statuses({"--shard", "1/2"}), (QStringList{"done", "done"}));
+    EXPECT_EQ(statuses({"--jobs", "2"}), (QStringList{"done", "done", "skipped", "skipped"}));
+    const QByteArray whole = Bytes(Path("out/c.png"));
+    // A result that is gone, one that is cut, a picture that changed: made again; the others are not.
+    ASSERT_TRUE(QFile::remove(Path("out/a.png")));
+    Write(Path("out/c.png"), whole.left(100));
+    ASSERT_EQ(Run({"apply", "Sepia", Path("b.png"), Path("b.png"), "--force"}).status, 0);
+    EXPECT_EQ(statuses({}), (QStringList{"done", "done", "done", "skipped"}));
+    EXPECT_EQ(Bytes(Path("out/c.png")), whole);
+    EXPECT_EQ(Run({"apply", "Negative", "-", "-", "--format", "png"}, "cat " + Path("c.png") + " |").out, whole);
 }
 
 TEST_F(KeluCli, RefusesWrongWords) {
@@ -166,6 +212,9 @@ TEST_F(KeluCli, RefusesWrongWords) {
                                      {"apply", "33", Photo(), out, "--loud"},
                                      {"apply", "45", Photo(), out, "--color1", "purplish"},
                                      {"apply", "1", Photo(), Photo(), out},
+                                     {"apply", "1", Photo(), out, "--shard", "3/2"},
+                                     {"apply", "1", Photo(), out, "--resume"},
+                                     {"apply", "1", Photo(), "-"},
                                      {"convert", Photo()},
                                      {"bench", "33"}}) {
         const Result result = Run(words);

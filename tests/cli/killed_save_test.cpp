@@ -25,7 +25,7 @@ struct KilledSave : testing::TestWithParam<const char*> {
         QElapsedTimer timer;
         timer.start();
         QProcess process;
-        process.start(QStringLiteral(KELU_CLI), {"convert", picture, target});
+        process.start(QStringLiteral(KELU_CLI), {"convert", picture, target, "--force"});
         EXPECT_TRUE(process.waitForStarted());
         if (killAfter >= 0) {
             QThread::msleep(static_cast<unsigned long>(killAfter));
