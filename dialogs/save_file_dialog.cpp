@@ -21,7 +21,7 @@ bool SaveFileDialog::Show(QString& fileName, int& filterIndex) {
     if (folder_.isEmpty()) folder_ = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
     // A folder that is not there would be taken for the name of a file.
     if (!QDir(folder_).exists()) folder_ = QDir::homePath();
-    const QStringList filters = NameFilters(QString::fromLatin1(kFilter));
+    const QStringList filters = NameFilters(Filter());
     QFileDialog dialog(QApplication::activeWindow(), QString::fromLatin1(kTitle), folder_);
     dialog.setAcceptMode(QFileDialog::AcceptSave);  // asks before a file is replaced
     dialog.setFileMode(QFileDialog::AnyFile);

@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "document/open_save.h"
 
+#include "pictures/picture_format.h"
+
 namespace kelu {
+
+QString SaveDialog::Filter() { return SaveFilters() + QStringLiteral("|PDF Files (*.pdf)|*.pdf"); }
 
 OpenSave::OpenSave(Document& document, SharedState& state, MsgDialog& dialog, SaveDialog& saveDialog,
                    std::function<void()> showBrowse, std::function<void(const QString&)> createPdf)

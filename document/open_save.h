@@ -17,9 +17,8 @@ class SaveDialog {
  public:
     static constexpr const char* kTitle = "Save";
     static constexpr const char* kDefaultExtension = "PNG";
-    static constexpr const char* kFilter =
-        "BMP Files (*.bmp)|*.bmp|PNG Files (*.png)|*.png|GIF Files (*.gif)|*.gif|JPEG Files (*.jpg)|*.jpg"
-        "|PDF Files (*.pdf)|*.pdf";
+    /// The picture formats that are offered, and PDF: a text and its pattern each, separated by "|".
+    static QString Filter();
     static constexpr int kPngFilter = 2;
     static constexpr int kPdfFilter = 5;
 

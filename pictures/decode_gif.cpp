@@ -54,8 +54,7 @@ class GifDecoder {
     }
 
     [[noreturn]] void Fail(int error) const {
-        if (error == D_GIF_ERR_NOT_ENOUGH_MEM)
-            throw Error(kOutOfMemory, QStringLiteral("Not enough memory for this picture"));
+        if (error == D_GIF_ERR_NOT_ENOUGH_MEM) ThrowNoMemory();
         if (input_.at >= input_.bytes.size()) ThrowCutShort();
         ThrowDamaged();
     }
@@ -134,6 +133,6 @@ class GifDecoder {
 
 }  // namespace
 
-DecodedPicture DecodeGif(const QByteArray& bytes) { return {GifDecoder(bytes).FirstFrame(), {}, 1}; }
+DecodedPicture DecodeGif(PictureInput& input) { return {GifDecoder(input.Bytes()).FirstFrame()}; }
 
 }  // namespace kelu

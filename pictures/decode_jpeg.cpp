@@ -21,6 +21,7 @@ constexpr int kProfileMarker = JPEG_APP0 + 2;
 constexpr unsigned kLongestMarker = 0xffff;
 // More scans than any encoder writes; a file of thousands is made to burn time.
 constexpr int kMostScans = 200;
+constexpr JDIMENSION kRowsAtOnce = 8;
 
 // The decoder of one file. The library leaves by longjmp, so no function that calls it holds anything with a
 // destructor: those are the ones that return bool, false after a failure.
@@ -44,18 +45,18 @@ class JpegDecoder {
         DecodedPicture result;
         result.fileSize = QSize(static_cast<int>(info_.image_width), static_cast<int>(info_.image_height));
         const Exif exif = FindExif();
-        result.orientation = exif.orientation;
+        result.metadata.orientation = exif.orientation;
         ChooseScale(exif.orientation >= 5 ? box.transposed() : box);
         const bool cmyk = info_.jpeg_color_space == JCS_CMYK || info_.jpeg_color_space == JCS_YCCK;
         info_.out_color_space = cmyk ? JCS_CMYK : JCS_EXT_BGRA;
         if (!Begin()) Fail();
-        result.profile = FindProfile();
+        result.metadata.profile = FindProfile();
         result.image = MakePicture(static_cast<int>(info_.output_width), static_cast<int>(info_.output_height),
                                    QImage::Format_RGB32);
         if (!ReadRows(result.image.bits(), result.image.bytesPerLine())) Fail();
         if (cmyk) {
-            ConvertCmykToSrgb(result.image, result.profile, info_.saw_Adobe_marker);
-            result.profile.clear();
+            ConvertCmykToSrgb(result.image, result.metadata.profile, info_.saw_Adobe_marker);
+            result.metadata.profile.clear();
         }
         SetResolution(result.image, exif);
         return result;
@@ -79,7 +80,7 @@ class JpegDecoder {
         const bool memory = errors_.msg_code == JERR_OUT_OF_MEMORY;
         // Thrown from the constructor the destructor does not run; destroying twice is allowed.
         jpeg_destroy_decompress(&info_);
-        if (memory) throw Error(kOutOfMemory, QStringLiteral("Not enough memory for this picture"));
+        if (memory) ThrowNoMemory();
         if (eof) ThrowCutShort();
         ThrowDamaged();
     }
@@ -107,10 +108,11 @@ class JpegDecoder {
     bool ReadRows(unsigned char* bits, std::ptrdiff_t stride) {
         if (setjmp(leave_)) return false;
         while (info_.output_scanline < info_.output_height) {
-            JSAMPROW rows[8];
-            for (int i = 0; i < 8; ++i) rows[i] = bits + (std::ptrdiff_t{info_.output_scanline} + i) * stride;
             const JDIMENSION left = info_.output_height - info_.output_scanline;
-            jpeg_read_scanlines(&info_, rows, left < 8 ? left : 8);
+            const JDIMENSION count = left < kRowsAtOnce ? left : kRowsAtOnce;
+            JSAMPROW rows[kRowsAtOnce];
+            for (JDIMENSION i = 0; i < count; ++i) rows[i] = bits + std::ptrdiff_t{info_.output_scanline + i} * stride;
+            jpeg_read_scanlines(&info_, rows, count);
         }
         jpeg_finish_decompress(&info_);
         return true;
@@ -169,6 +171,6 @@ class JpegDecoder {
 
 }  // namespace
 
-DecodedPicture DecodeJpeg(const QByteArray& bytes, const QSize& box) { return JpegDecoder(bytes).Read(box); }
+DecodedPicture DecodeJpeg(PictureInput& input) { return JpegDecoder(input.Bytes()).Read(input.Box()); }
 
 }  // namespace kelu

@@ -23,7 +23,7 @@ void WriteAll(QIODevice& device, const char* bytes, qint64 count) {
         throw Error(kFileError, device.errorString(), QStringLiteral("WritePicture"));
 }
 
-void EncodeBmp(const QImage& picture, QIODevice& device) {
+void EncodeBmp(const QImage& picture, const WriteOptions&, QIODevice& device) {
     QImageWriter writer(&device, "bmp");
     if (!writer.write(OverWhite(picture)))
         throw Error(kFileError, writer.errorString(), QStringLiteral("WritePicture"));

@@ -27,7 +27,7 @@ int Write(GifFileType* gif, const GifByteType* bytes, int count) {
 
 }  // namespace
 
-void EncodeGif(const QImage& picture, QIODevice& device) {
+void EncodeGif(const QImage& picture, const WriteOptions&, QIODevice& device) {
     const auto check = [&](bool well) {
         if (!well) throw Error(kFileError, device.errorString(), QStringLiteral("WritePicture"));
     };

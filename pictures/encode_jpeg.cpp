@@ -1,4 +1,4 @@
-// JPEG of quality 92 with colour at full resolution, by libjpeg-turbo.
+// JPEG with colour at full resolution, by libjpeg-turbo.
 // SPDX-License-Identifier: MIT
 #include <cstdio>
 // jpeglib.h needs FILE
@@ -13,12 +13,10 @@
 namespace kelu {
 namespace {
 
-constexpr int kQuality = 92;
-
 // The library leaves by longjmp on errors; nothing between the setjmp and the calls has a destructor.
 class JpegEncoder {
  public:
-    explicit JpegEncoder(QIODevice& device) : device_(device) {
+    JpegEncoder(QIODevice& device, int quality) : device_(device), quality_(quality) {
         info_.err = jpeg_std_error(&errors_);
         errors_.error_exit = [](j_common_ptr info) { std::longjmp(Self(info)->leave_, 1); };
         errors_.output_message = [](j_common_ptr) {};
@@ -64,7 +62,7 @@ class JpegEncoder {
         info_.input_components = 4;
         info_.in_color_space = JCS_EXT_BGRX;
         jpeg_set_defaults(&info_);
-        jpeg_set_quality(&info_, kQuality, TRUE);
+        jpeg_set_quality(&info_, quality_, TRUE);
         info_.comp_info[0].h_samp_factor = 1;
         info_.comp_info[0].v_samp_factor = 1;
         info_.density_unit = 1;  // dots per inch
@@ -94,6 +92,7 @@ class JpegEncoder {
     }
 
     QIODevice& device_;
+    int quality_;
     jpeg_compress_struct info_{};
     jpeg_error_mgr errors_{};
     jpeg_destination_mgr target_{};
@@ -104,6 +103,8 @@ class JpegEncoder {
 
 }  // namespace
 
-void EncodeJpeg(const QImage& picture, QIODevice& device) { JpegEncoder(device).Write(OverWhite(picture)); }
+void EncodeJpeg(const QImage& picture, const WriteOptions& options, QIODevice& device) {
+    JpegEncoder(device, options.quality).Write(OverWhite(picture));
+}
 
 }  // namespace kelu

@@ -52,7 +52,7 @@ void WriteHeader(const QImage& picture, RowSamples samples, QIODevice& device) {
 
 }  // namespace
 
-void EncodePng(const QImage& picture, QIODevice& device) {
+void EncodePng(const QImage& picture, const WriteOptions&, QIODevice& device) {
     const RowSamples samples = FewestSamples(picture);
     WriteHeader(picture, samples, device);
     DeflateRows(picture, samples, [&](std::span<const std::uint8_t> piece, int) {

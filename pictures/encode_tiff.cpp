@@ -68,7 +68,7 @@ class Directory {
 
 }  // namespace
 
-void EncodeTiff(const QImage& picture, QIODevice& device) {
+void EncodeTiff(const QImage& picture, const WriteOptions&, QIODevice& device) {
     constexpr quint32 kStripOffsets = 273;
     const bool transparent = picture.hasAlphaChannel();
     const quint32 samples = transparent ? 4 : 3;

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "pictures/exif.h"
 
-#include "pictures/picture_format.h"
+#include "pictures/bytes.h"
 
 namespace kelu {
 namespace {

@@ -16,6 +16,8 @@
 namespace kelu {
 namespace {
 
+std::int64_t maxPixels = std::int64_t{1} << 28;
+
 void CopyAttributes(const QImage& from, QImage& to) {
     to.setDotsPerMeterX(from.dotsPerMeterX());
     to.setDotsPerMeterY(from.dotsPerMeterY());
@@ -32,10 +34,14 @@ constexpr Turn kTurns[9] = {{false, false, false}, {false, false, false}, {false
 
 }  // namespace
 
+std::int64_t MaxPicturePixels() { return maxPixels; }
+
+void SetMaxPicturePixels(std::int64_t pixels) { maxPixels = pixels; }
+
 void CheckPictureSize(std::int64_t width, std::int64_t height) {
     if (width < 1 || height < 1) throw Error(kInvalidPicture, QStringLiteral("The picture has no pixels"));
     // Both factors are below 2^32 in every file format read here, so the product fits.
-    if (width > kMaxPicturePixels || height > kMaxPicturePixels || width * height > kMaxPicturePixels)
+    if (width > maxPixels || height > maxPixels || width * height > maxPixels)
         throw Error(kOutOfMemory, QStringLiteral("The picture is too large: %1 x %2 pixels").arg(width).arg(height));
 }
 

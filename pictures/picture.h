@@ -8,8 +8,10 @@
 
 namespace kelu {
 
-/// Most pixels of one picture (1 GiB); files that claim more are refused before memory is taken.
-inline constexpr std::int64_t kMaxPicturePixels = std::int64_t{1} << 28;
+/// Most pixels of one picture (1 GiB at the start); files that claim more are refused before memory is taken.
+std::int64_t MaxPicturePixels();
+/// For who reads many files of doubtful origin and wants each done soon. Not while pictures are read.
+void SetMaxPicturePixels(std::int64_t pixels);
 
 /// Throws Error(kOutOfMemory) with the size in its text when a picture of this size (pixels) is too large, and
 /// Error(kInvalidPicture) when a side is below 1.

@@ -1,31 +1,47 @@
-// The decoders behind ReadPicture, one per family of formats. All throw Error, and take memory only after the size was
-// checked.
+// What the rows of the picture formats point to for reading: see PictureFormat for what each kind of function promises.
+// Decoders take memory only after the size was checked.
 // SPDX-License-Identifier: MIT
 #pragma once
 
 #include <QByteArray>
-#include <QIODevice>
-#include <QImage>
-#include <QSize>
 
 #include "pictures/picture_format.h"
 
 namespace kelu {
 
-struct DecodedPicture {
-    QImage image;         ///< as decoded: not turned, colours as in the file
-    QByteArray profile;   ///< embedded ICC profile of the colours in `image`; empty: none
-    int orientation = 1;  ///< EXIF, 1 to 8
-    QSize fileSize = {};  ///< pixels of the picture in the file, when `image` is a smaller one
-};
+bool IsBmp(const QByteArray& head, qint64 fileSize);
+void CheckBmp(PictureInput& input);
+DecodedPicture DecodeBmp(PictureInput& input);
 
-/// With a non-empty `box` the picture may come smaller, but not below that size.
-DecodedPicture DecodeJpeg(const QByteArray& bytes, const QSize& box);
 /// First frame, placed on the whole screen of the file.
-DecodedPicture DecodeGif(const QByteArray& bytes);
-/// bmp, png and tif by the toolkit.
-DecodedPicture DecodeWithQt(QIODevice& device, PictureFormat format);
-/// pcx, psd and tga.
-DecodedPicture DecodeWithMagick(const QByteArray& bytes, PictureFormat format);
+DecodedPicture DecodeGif(PictureInput& input);
+
+DecodedPicture DecodeJpeg(PictureInput& input);
+
+DecodedPicture DecodePng(PictureInput& input);
+
+bool IsTiff(const QByteArray& head, qint64 fileSize);
+void CheckTiff(PictureInput& input);
+DecodedPicture DecodeTiff(PictureInput& input);
+
+bool IsPcx(const QByteArray& head, qint64 fileSize);
+void CheckPcx(PictureInput& input);
+/// One bit a pixel, which the second reader shows with its colours swapped.
+DecodedPicture DecodeBlackAndWhitePcx(PictureInput& input);
+
+void CheckPsd(PictureInput& input);
+/// 8-bit pictures with a palette, which the second reader refuses.
+DecodedPicture DecodeIndexedPsd(PictureInput& input);
+
+/// TGA has no signature and is told by the plausibility of its header.
+bool IsTga(const QByteArray& head, qint64 fileSize);
+void CheckTga(PictureInput& input);
+
+/// By the toolkit's reader of the row, straight into pooled memory where that lets the caller bring it. The colours
+/// are those of the file; a profile other than sRGB is in the metadata.
+DecodedPicture DecodeWithToolkit(PictureInput& input);
+
+/// The second reader: ImageMagick with the coder of the row named and limits set.
+DecodedPicture DecodeWithMagick(PictureInput& input);
 
 }  // namespace kelu

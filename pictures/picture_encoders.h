@@ -1,18 +1,19 @@
-// The encoders behind WritePicture, one per format. The picture is RGB32 or ARGB32; formats without transparency get
-// it over white. They throw Error(kFileError); when it was the device that failed, its error string tells more.
+// What the rows of the picture formats point to for writing: see PictureFormat::encode.
 // SPDX-License-Identifier: MIT
 #pragma once
 
 #include <QIODevice>
 #include <QImage>
 
+#include "pictures/picture_format.h"
+
 namespace kelu {
 
-void EncodeBmp(const QImage& picture, QIODevice& device);
-void EncodeGif(const QImage& picture, QIODevice& device);
-void EncodeJpeg(const QImage& picture, QIODevice& device);
-void EncodePng(const QImage& picture, QIODevice& device);
-void EncodeTiff(const QImage& picture, QIODevice& device);
+void EncodeBmp(const QImage& picture, const WriteOptions& options, QIODevice& device);
+void EncodeGif(const QImage& picture, const WriteOptions& options, QIODevice& device);
+void EncodeJpeg(const QImage& picture, const WriteOptions& options, QIODevice& device);
+void EncodePng(const QImage& picture, const WriteOptions& options, QIODevice& device);
+void EncodeTiff(const QImage& picture, const WriteOptions& options, QIODevice& device);
 
 /// The picture over white, RGB32; the same pixels when it has no transparency.
 QImage OverWhite(const QImage& picture);

@@ -8,15 +8,13 @@
 
 #include "pictures/color_profile.h"
 #include "pictures/picture.h"
-#include "pictures/picture_decoders.h"
-#include "pictures/picture_encoders.h"
+#include "pictures/picture_format.h"
 #include "platform/atomic_file.h"
 #include "platform/error.h"
 
 namespace kelu {
 namespace {
 
-constexpr qint64 kHeadBytes = 128;
 // More than the largest picture takes uncompressed.
 constexpr qint64 kLongestFile = qint64{3} << 30;
 
@@ -24,42 +22,39 @@ QString Named(const QString& path, const QString& reason) {
     return QStringLiteral("%1: %2").arg(QFileInfo(path).fileName(), reason);
 }
 
+// Opening a pipe or a device could wait for ever.
+void CheckIsFile(const QString& path) {
+    const QFileInfo info(path);
+    if (info.isDir()) throw Error(kFileError, QStringLiteral("This is a folder"));
+    if (info.exists() && !info.isFile()) throw Error(kFileError, QStringLiteral("This is not a regular file"));
+}
+
 DecodedPicture Decode(QFile& file, const QSize& box) {
-    const QByteArray head = file.peek(kHeadBytes);
-    const PictureFormat format = TellPictureFormat(head, file.size());
-    if (format == PictureFormat::Unknown)
-        throw Error(kInvalidPicture, QStringLiteral("This is not a picture of a known format"));
+    const PictureFormat* format = TellPictureFormat(file.peek(kHeadBytes), file.size());
+    if (!format) throw Error(kInvalidPicture, QStringLiteral("This is not a picture of a known format"));
     if (file.size() > kLongestFile) throw Error(kOutOfMemory, QStringLiteral("The picture file is too large"));
-    switch (format) {
-        case PictureFormat::Bmp:
-            CheckBmpLength(head, file.size());
-            [[fallthrough]];
-        case PictureFormat::Png:
-        case PictureFormat::Tiff:
-            return DecodeWithQt(file, format);
-        default:
-            break;
+    PictureInput input(file, *format, box);
+    if (format->check) format->check(input);
+    for (const auto decode : format->decoders) {
+        if (!decode) break;
+        DecodedPicture decoded = decode(input);
+        if (!decoded.image.isNull()) return decoded;
     }
-    const QByteArray bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError) throw Error(kFileError, file.errorString());
-    if (format == PictureFormat::Jpeg) return DecodeJpeg(bytes, box);
-    if (format == PictureFormat::Gif) return DecodeGif(bytes);
-    if (bytes.size() < kHeadBytes && format == PictureFormat::Pcx) ThrowCutShort();
-    return DecodeWithMagick(bytes, format);
+    throw Error(kInvalidPicture, QStringLiteral("This kind of %1 file is not known").arg(QLatin1String(format->name)));
 }
 
 QImage Read(const QString& path, const QSize& box) {
     try {
         QFile file(path);
-        if (QFileInfo(path).isDir()) throw Error(kFileError, QStringLiteral("This is a folder"));
+        CheckIsFile(path);
         if (!file.open(QIODevice::ReadOnly)) throw Error(kFileError, file.errorString());
         DecodedPicture decoded = Decode(file, box);
-        ConvertToSrgb(decoded.image, decoded.profile);
-        QImage picture = Orient(decoded.image, decoded.orientation);
+        ConvertToSrgb(decoded.image, decoded.metadata.profile);
+        QImage picture = Orient(decoded.image, decoded.metadata.orientation);
         decoded.image = QImage();
         if (!box.isEmpty()) {
             QSize whole = decoded.fileSize.isEmpty() ? picture.size() : decoded.fileSize;
-            if (!decoded.fileSize.isEmpty() && decoded.orientation >= 5) whole.transpose();
+            if (!decoded.fileSize.isEmpty() && decoded.metadata.orientation >= 5) whole.transpose();
             const QSize shrunk = whole.scaled(box, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
             if (shrunk.width() < whole.width()) picture = ScalePicture(picture, shrunk);
         }
@@ -72,39 +67,27 @@ QImage Read(const QString& path, const QSize& box) {
     }
 }
 
-using Encoder = void (*)(const QImage&, QIODevice&);
-
-Encoder EncoderFor(const QString& path) {
-    const QString extension = QFileInfo(path).suffix().toLower();
-    if (extension == QLatin1String("bmp")) return &EncodeBmp;
-    if (extension == QLatin1String("gif")) return &EncodeGif;
-    if (extension == QLatin1String("jpg") || extension == QLatin1String("jpeg")) return &EncodeJpeg;
-    if (extension == QLatin1String("png")) return &EncodePng;
-    if (extension == QLatin1String("tif") || extension == QLatin1String("tiff")) return &EncodeTiff;
-    return nullptr;
-}
-
 }  // namespace
 
 QImage ReadPicture(const QString& path) { return Read(path, QSize()); }
 
 QImage ReadThumbnail(const QString& path, const QSize& box) { return Read(path, box); }
 
-void WritePicture(const QImage& picture, const QString& path) {
+void WritePicture(const QImage& picture, const QString& path, const WriteOptions& options) {
     const QString source = QStringLiteral("WritePicture");
-    const Encoder encode = EncoderFor(path);
-    if (!encode)
+    const PictureFormat* format = FormatToWrite(path);
+    if (!format)
         throw Error(kFileError,
                     Named(path, QStringLiteral("The extension tells no picture format that can be written")), source);
     if (picture.isNull()) throw Error(kInvalidPicture, Named(path, QStringLiteral("There is no picture")), source);
     if (QFileInfo(path).isDir()) throw Error(kFileError, Named(path, QStringLiteral("This is a folder")), source);
     try {
-        AtomicFile(path).FillAndCommit([&](QFile& file) { encode(ToPictureFormat(picture), file); });
+        AtomicFile(path).FillAndCommit([&](QFile& file) { format->encode(ToPictureFormat(picture), options, file); });
     } catch (const std::bad_alloc&) {
         throw Error(kOutOfMemory, Named(path, QStringLiteral("Not enough memory to write this picture")), source);
     }
 }
 
-bool CanWritePicture(const QString& path) { return EncoderFor(path) != nullptr; }
+bool CanWritePicture(const QString& path) { return FormatToWrite(path) != nullptr; }
 
 }  // namespace kelu

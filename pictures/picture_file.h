@@ -5,10 +5,12 @@
 #include <QImage>
 #include <QString>
 
+#include "pictures/picture_format.h"
+
 namespace kelu {
 
-/// Reads bmp, gif (first frame), jpg, png, tif, pcx, psd and tga, told by content whatever the name. Orientation tags
-/// are obeyed, colours are sRGB, the resolution is kept. RGB32 without transparency, else ARGB32.
+/// Reads a picture of any row of PictureFormats, told by content whatever the name; of a GIF the first frame.
+/// Orientation tags are obeyed, colours are sRGB, the resolution is kept. RGB32 without transparency, else ARGB32.
 /// Throws Error: kFileError (cannot be opened), kInvalidPicture (no picture, damaged), kEndOfFile (cut short),
 /// kOutOfMemory (too large).
 QImage ReadPicture(const QString& path);
@@ -17,9 +19,9 @@ QImage ReadPicture(const QString& path);
 /// Throws as ReadPicture.
 QImage ReadThumbnail(const QString& path, const QSize& box);
 
-/// Writes by the extension: bmp, gif (256 colours), jpg, jpeg (quality 92), png, tif, tiff. The file appears whole or
-/// the old one stays. Throws Error(kFileError).
-void WritePicture(const QImage& picture, const QString& path);
+/// Writes in the format that the extension tells; see FormatToWrite. The file appears whole or the old one stays.
+/// Throws Error(kFileError).
+void WritePicture(const QImage& picture, const QString& path, const WriteOptions& options = {});
 
 /// Whether WritePicture knows the extension of `path`.
 bool CanWritePicture(const QString& path);

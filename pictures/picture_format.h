@@ -1,32 +1,70 @@
-// Which picture format a file has, by its content, and whether the file is as long as its own headers say.
+// The picture formats: one row each, and all that the program knows of a format stands in its row.
 // SPDX-License-Identifier: MIT
 #pragma once
 
 #include <QByteArray>
 #include <QIODevice>
+#include <QImage>
+#include <QSize>
+#include <QStringList>
+#include <array>
+#include <span>
+
+#include "pictures/metadata.h"
+#include "pictures/picture_input.h"
 
 namespace kelu {
 
-enum class PictureFormat { Unknown, Bmp, Gif, Jpeg, Png, Tiff, Pcx, Psd, Tga };
+/// Enough of a file for the fixed header of every format.
+inline constexpr qint64 kHeadBytes = 128;
 
-/// `head` is the first 32 bytes or more (all of a shorter file), `fileSize` in bytes. TGA has no signature and is
-/// told last, by the plausibility of its header.
-PictureFormat TellPictureFormat(const QByteArray& head, qint64 fileSize);
+struct DecodedPicture {
+    QImage image;  ///< as decoded: not turned, colours as in the file; null: this decoder can't do this kind of file
+    Metadata metadata = {};
+    QSize fileSize = {};  ///< pixels of the picture in the file, when `image` is a smaller one
+};
 
-/// Throw Error(kEndOfFile) when the file ends before its data does. Decoders notice a missing end in their own
-/// formats; these are the ones that would return a picture all the same.
-void CheckBmpLength(const QByteArray& head, qint64 fileSize);
-/// Leaves the device at its begin.
-void CheckTiffLength(QIODevice& device);
-void CheckPcxLength(const QByteArray& bytes);
-void CheckTgaLength(const QByteArray& bytes);
-void CheckPsdLength(const QByteArray& bytes);
+struct WriteOptions {
+    int quality = 92;  ///< 0 to 100, of the formats that lose something
+};
 
-[[noreturn]] void ThrowCutShort();
-[[noreturn]] void ThrowDamaged();
+struct PictureFormat {
+    const char* name;        ///< as people write it
+    const char* extensions;  ///< lower case, separated by blanks, the usual one first; the open dialog lists these
+    const char* alsoWrittenAs = "";  ///< further extensions that tell a writer, not listed by the open dialog
+    const char* mimeTypes;           ///< separated by blanks, as the desktop entry names them
 
-/// Integers at a place of a byte array; 0 beyond its end.
-quint32 LittleEndian(const QByteArray& bytes, qint64 at, int count);
-quint32 BigEndian(const QByteArray& bytes, qint64 at, int count);
+    /// Whether the content is of this format. `head` is the first kHeadBytes, all of a shorter file. Formats without a
+    /// signature stand last among the rows.
+    bool (*recognise)(const QByteArray& head, qint64 fileSize);
+    /// Throws Error before memory is taken: sizes out of range, a file that ends before its data does. Null where the
+    /// decoders see to it themselves.
+    void (*check)(PictureInput& input) = nullptr;
+    /// Tried in turn, until one gives a picture. They throw Error for a file that is cut short or damaged, and give a
+    /// null image for a kind of file that is the next one's. Unused places are null.
+    std::array<DecodedPicture (*)(PictureInput& input), 2> decoders = {};
+    const char* toolkitName = nullptr;  ///< what DecodeWithToolkit asks for
+    const char* magickName = nullptr;   ///< the coder that DecodeWithMagick asks for
+
+    /// `picture` is RGB32 or ARGB32; formats without transparency get it over white. Throws Error(kFileError); when it
+    /// was the device that failed, its error string tells more. Null: the format is only read.
+    void (*encode)(const QImage& picture, const WriteOptions& options, QIODevice& device) = nullptr;
+    int saveFilter = 0;  ///< which of the save dialog's filters it is, from 1; 0: not offered there
+};
+
+/// All of them, in the order in which content is told.
+std::span<const PictureFormat> PictureFormats();
+
+/// The format of a file by its content; null: none. See PictureFormat::recognise for the arguments.
+const PictureFormat* TellPictureFormat(const QByteArray& head, qint64 fileSize);
+
+/// The format that files of this name are written in; null: none.
+const PictureFormat* FormatToWrite(const QString& path);
+
+/// The extensions that the open dialog lists, in lower case.
+QStringList PictureExtensions();
+
+/// The picture formats of the save dialog, "NAME Files (*.ext)|*.ext" each, separated by "|".
+QString SaveFilters();
 
 }  // namespace kelu

@@ -16,6 +16,7 @@
 #include "controls/title_row/dialog_frame.h"
 #include "controls/tool_button/tool_button.h"
 #include "dialogs/browse/folder_combo.h"
+#include "pictures/picture_format.h"
 #include "platform/error.h"
 #include "platform/language.h"
 
@@ -23,7 +24,6 @@ namespace kelu {
 
 namespace {
 
-constexpr const char* kFilter = "*.bmp;*.gif;*.jpg;*.jpeg;*.png;*.tif;*.pcx;*.psd;*.tga";
 constexpr QSize kStartSize(872, 568);  // device-independent pixels, as the next two
 constexpr QSize kFolderButton(104, 74);
 constexpr int kSmallButton = 28;
@@ -42,9 +42,9 @@ ToolButton* Button(QWidget* parent, const char* icon, const char* name) {
 }  // namespace
 
 bool IsPictureName(const QString& path) {
-    static constexpr const char* kEndings[] = {".bmp", ".jpg", ".png", ".gif", ".tif", ".tga", ".pcx", ".psd", ".jpeg"};
-    return std::any_of(std::begin(kEndings), std::end(kEndings),
-                       [&](const char* ending) { return path.endsWith(QLatin1String(ending), Qt::CaseInsensitive); });
+    const QStringList extensions = PictureExtensions();
+    return std::any_of(extensions.begin(), extensions.end(),
+                       [&](const QString& extension) { return path.endsWith(u'.' + extension, Qt::CaseInsensitive); });
 }
 
 frmBrowse::Places frmBrowse::Places::OfUser() {
@@ -160,7 +160,7 @@ void frmBrowse::Connect() {
 void frmBrowse::SetUpMe() {
     LoadMySettings();
     const QString folder = settings_.Read(settings::kLastFolder, places_.gallery);
-    FileViewer_->SetFilter(QString::fromLatin1(kFilter));
+    FileViewer_->SetFilter(QStringLiteral("*.") + PictureExtensions().join(QStringLiteral(";*.")));
     FileViewer_->SetFolder(QDir(folder).exists() ? folder : places_.gallery);
     ComboDrive->SetFolder(FileViewer_->Folder());
     ComboDrive->SyncDisplay();

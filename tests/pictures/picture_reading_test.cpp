@@ -312,6 +312,24 @@ TEST_F(PictureReading, AbsurdSizesAreRefusedBeforeMemoryIsTaken) {
     expectRefused(Path("h.jpg"));
 }
 
+// What stands outside the code and names the formats: the desktop entry and the README.
+TEST(PictureFormats, AreNamedWhereverPeopleLook) {
+    QStringList names, types;
+    for (const PictureFormat& format : PictureFormats()) {
+        names += format.name;
+        types += QString::fromLatin1(format.mimeTypes).split(' ');
+    }
+    const QString last = names.takeLast();
+    EXPECT_TRUE(QString(ReadBytes(KELU_SOURCE_DIR "/README.md"))
+                    .simplified()
+                    .contains("Reads " + names.join(", ") + " and " + last + "."));
+    EXPECT_TRUE(
+        QString(ReadBytes(KELU_SOURCE_DIR "/app/kelu.desktop")).contains("\nMimeType=" + types.join(';') + ";\n"))
+        << types.join(';').toStdString();
+    EXPECT_EQ(SaveFilters().toStdString(),
+              "BMP Files (*.bmp)|*.bmp|PNG Files (*.png)|*.png|GIF Files (*.gif)|*.gif|JPEG Files (*.jpg)|*.jpg");
+}
+
 // A list of strips of no known type and two thousand million entries must not be made.
 TEST(PictureFile, AStripListOfNoTypeIsDamage) {
     QTemporaryDir folder;

@@ -1,0 +1,31 @@
+// The file that a picture is read from.
+// SPDX-License-Identifier: MIT
+#include "pictures/picture_input.h"
+
+#include "pictures/picture_format.h"
+#include "platform/error.h"
+
+namespace kelu {
+
+QIODevice& PictureInput::Device() {
+    if (!device_.seek(0)) throw Error(kFileError, device_.errorString());
+    return device_;
+}
+
+QByteArray PictureInput::Head() { return Device().peek(kHeadBytes); }
+
+const QByteArray& PictureInput::Bytes() {
+    if (bytes_.isNull()) {
+        bytes_ = Device().readAll();
+        if (bytes_.size() != device_.size()) throw Error(kFileError, device_.errorString());
+    }
+    return bytes_;
+}
+
+void ThrowCutShort() { throw Error(kEndOfFile, QStringLiteral("The picture file is cut short")); }
+
+void ThrowDamaged() { throw Error(kInvalidPicture, QStringLiteral("The picture file is damaged")); }
+
+void ThrowNoMemory() { throw Error(kOutOfMemory, QStringLiteral("Not enough memory for this picture")); }
+
+}  // namespace kelu
