@@ -52,10 +52,7 @@ void CameraCapture::DevicesFound() {
     found_ = true;
     RunShowingErrors(services_.dialog, [this] {
         try {
-            services_.VCX1.SetConnected(true);
-            services_.VCX1.SetComponentPreview(false);
-            services_.VCX1.SetVideoDevice(listIndex_);
-            services_.VCX1.SetFrameMode(VideoCapX::kNewestFrame);
+            Connect();
         } catch (const Error& error) {
             if (error.Number() != kNoCamera) throw;
             state_.CameraMissing = true;
@@ -76,6 +73,24 @@ void CameraCapture::DevicesFound() {
         }
     }
     if (std::exchange(entersLater_, false)) WebCamClick();
+}
+
+void CameraCapture::Connect() {
+    services_.VCX1.SetConnected(true);
+    services_.VCX1.SetComponentPreview(false);
+    services_.VCX1.SetVideoDevice(listIndex_);
+    services_.VCX1.SetFrameMode(VideoCapX::kNewestFrame);
+}
+
+// A camera may have been plugged in since the last look.
+void CameraCapture::LookAnew() {
+    if (!state_.CameraMissing && services_.VCX1.Connected()) return;
+    state_.CameraMissing = true;
+    Attempt([this] {
+        Connect();
+        cboDevices_ = DeviceNames(services_.VCX1);
+        state_.CameraMissing = false;
+    });
 }
 
 void CameraCapture::LoadDevices() {
@@ -104,6 +119,7 @@ void CameraCapture::WebCamClick() {
         entersLater_ = true;
         return;
     }
+    LookAnew();
     if (state_.CameraMissing) {
         ShowPlainMessage(services_.dialog, QStringLiteral("Error"), QLatin1String(kNoDevice), MsgDialog::kOk,
                          MsgIcon::Error);

@@ -63,6 +63,8 @@ class CameraCapture : public QObject {
 
  private:
     void DevicesFound();
+    void Connect();
+    void LookAnew();
     void Shoot();
     void ShowFrame(const QImage& frame);
     void ShowFailure(const QString& why);

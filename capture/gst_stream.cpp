@@ -3,7 +3,10 @@
 
 #include <gst/app/gstappsink.h>
 #include <gst/video/video.h>
+#include <sys/uio.h>
+#include <unistd.h>
 
+#include <cerrno>
 #include <cstdint>
 #include <cstring>
 
@@ -73,6 +76,51 @@ QImage ImageOf(GstSample* sample) {
     return image;
 }
 
+/// Copies memory that may be unmapped meanwhile; false when it was.
+bool CopySafely(void* to, const void* from, std::size_t size) {
+    const iovec local{to, size};
+    const iovec remote{const_cast<void*>(from), size};
+    // The kernel looks the pages up itself and reports those that are gone, where a plain copy would end the program.
+    const ssize_t copied = process_vm_readv(getpid(), &local, 1, &remote, 1, 0);
+    if (copied < 0 && (errno == ENOSYS || errno == EPERM)) {
+        std::memcpy(to, from, size);
+        return true;
+    }
+    return copied == static_cast<ssize_t>(size);
+}
+
+/// The buffer in memory of our own; null when its memory has gone.
+GstBuffer* OwnCopy(GstBuffer* theirs) {
+    GstBuffer* const ours = gst_buffer_new_allocate(nullptr, gst_buffer_get_size(theirs), nullptr);
+    gst_buffer_copy_into(ours, theirs, GST_BUFFER_COPY_METADATA, 0, static_cast<gsize>(-1));
+    GstMapInfo to;
+    gst_buffer_map(ours, &to, GST_MAP_WRITE);
+    std::size_t at = 0;
+    bool whole = true;
+    for (guint i = 0; whole && i < gst_buffer_n_memory(theirs); ++i) {
+        GstMapInfo from;
+        whole = gst_memory_map(gst_buffer_peek_memory(theirs, i), &from, GST_MAP_READ);
+        if (!whole) break;
+        whole = CopySafely(to.data + at, from.data, from.size);
+        at += from.size;
+        gst_memory_unmap(from.memory, &from);
+    }
+    gst_buffer_unmap(ours, &to);
+    if (!whole) gst_buffer_unref(ours);
+    return whole ? ours : nullptr;
+}
+
+// PipeWire takes the memory of a camera's frames away when the camera goes, also of those that are still held or read.
+// So each is copied where it comes in, and nobody behind this reads anything but the copy.
+GstPadProbeReturn TakeOver(GstPad*, GstPadProbeInfo* info, gpointer) {
+    GstBuffer* const theirs = GST_PAD_PROBE_INFO_BUFFER(info);
+    GstBuffer* const ours = OwnCopy(theirs);
+    if (!ours) return GST_PAD_PROBE_DROP;
+    gst_buffer_unref(theirs);
+    info->data = ours;
+    return GST_PAD_PROBE_OK;
+}
+
 GstElement* Make(const char* factory) {
     GstElement* const element = gst_element_factory_make(factory, nullptr);
     if (!element)
@@ -97,6 +145,8 @@ GstStream::Pipeline GstStream::Open(const GstCamera& camera) {
 
     const auto pipeline = OwnObject(GST_ELEMENT(gst_object_ref_sink(gst_pipeline_new(nullptr))));
     gst_bin_add(GST_BIN(pipeline.get()), last);
+    if (const auto pad = OwnObject(gst_element_get_static_pad(last, "src")))
+        gst_pad_add_probe(pad.get(), GST_PAD_PROBE_TYPE_BUFFER, TakeOver, nullptr, nullptr);
     const auto append = [&](const char* factory) {
         GstElement* const next = Make(factory);
         gst_bin_add(GST_BIN(pipeline.get()), next);

@@ -307,6 +307,7 @@ void frmOptions::LoadMySettings() {
         if (Choice(style)) ChooseCursor(Choice(style));
         txtCursor_ = style;
         LoadDevices();
+        if (cboDevices->count() > 0) state_.CameraMissing = false;  // it may have been plugged in since the last look
         choose(*cboDevices, settings::kDevice);
         LoadVideoSizes();
         choose(*cboCaptureSize, settings::kCaptureSize);

@@ -71,7 +71,7 @@ struct ScriptedList : GstCameraList {
 
 struct GstVideoCapXTest : testing::Test {
     ScriptedList list;
-    GstVideoCapX camera{list, {/*opening=*/3000, /*silence=*/400, /*retry=*/200, /*idle=*/200}};
+    GstVideoCapX camera{list, {/*opening=*/1500, /*silence=*/400, /*retry=*/100, /*idle=*/200}};
     QString failure;
 
     GstVideoCapXTest() { gst_init(nullptr, nullptr); }
@@ -110,17 +110,6 @@ constexpr const char* kRed =
 constexpr const char* kGreen =
     "videotestsrc is-live=true pattern=solid-color foreground-color=0xff00c80a ! video/x-raw,format=BGRx,width=640,"
     "height=480,framerate=30/1";
-
-TEST_F(GstVideoCapXTest, WithoutDeviceConnectingFails) {
-    try {
-        camera.SetConnected(true);
-        FAIL();
-    } catch (const Error& error) {
-        EXPECT_EQ(error.Number(), kNoCamera);
-    }
-    EXPECT_FALSE(camera.Connected());
-    EXPECT_TRUE(Pull().isNull());
-}
 
 TEST_F(GstVideoCapXTest, GivesTheFramesOfTheChosenDevice) {
     Connect({kRed, kGreen});
@@ -166,47 +155,18 @@ TEST_F(GstVideoCapXTest, TellsWhyThereIsNoPictureAndTriesAgain) {
                "The camera does not send any picture"},
           Case{"v4l2src device=/dev/null ! video/x-raw,width=640,height=480", ""}}) {
         SCOPED_TRACE(row.line);
+        camera.SetConnected(false);
         failure.clear();
-        GstVideoCapX other(list, {600, 400, 100, 200});
-        list.lines = {row.line};
-        other.SetConnected(true);
-        other.SetFrameMode(VideoCapX::kNewestFrame);
-        ASSERT_TRUE(QTest::qWaitFor(
-            [&] {
-                try {
-                    other.CurrentFrame();
-                } catch (const Error& error) {
-                    failure = error.Description();
-                }
-                return !failure.isEmpty();
-            },
-            8000));
+        Connect({row.line});
+        ASSERT_TRUE(WaitForFailure());
         if (*row.told) {
             EXPECT_EQ(failure, row.told);
         } else {
             EXPECT_FALSE(failure.endsWith('.')) << "GStreamer's own words, made to fit the message";
         }
         list.lines = {kRed};
-        QImage frame;
-        EXPECT_TRUE(QTest::qWaitFor(
-            [&] {
-                try {
-                    frame = other.CurrentFrame();
-                } catch (const Error&) {
-                }
-                return !frame.isNull() && frame.pixel(9, 9) == qRgb(0xc8, 0x0a, 0x14);
-            },
-            8000));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !Pull().isNull(); }, 8000)) << "plugged in again, it goes on";
     }
-}
-
-TEST_F(GstVideoCapXTest, LetsTheDeviceGoWhenNobodyLooks) {
-    Connect({kRed});
-    const QImage first = NextFrame();
-    ASSERT_FALSE(first.isNull());
-    QTest::qWait(500);
-    EXPECT_TRUE(Pull().isNull()) << "an old frame is not handed out as the newest";
-    EXPECT_FALSE(NextFrame().isNull()) << failure.toStdString();
 }
 
 TEST_F(GstVideoCapXTest, NoCallHoldsUpTheInterfaceThread) {

@@ -1,9 +1,9 @@
-// Search, frames and unplugging with a camera that the system's own device list offers. Runs inside
-// with_virtual_camera.sh, which starts it as process VIRTUAL_CAMERA_PID.
+// Search, frames and unplugging with a camera that the system's own device list offers: the program VIRTUAL_CAMERA, as
+// with_virtual_camera.sh names it.
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
-#include <signal.h>
 
+#include <QProcess>
 #include <QtTest>
 
 #include "capture/gst_device_list.h"
@@ -19,7 +19,16 @@ int SquareAt(const QImage& frame) {
     return -1;
 }
 
+struct PluggedCamera : QProcess {
+    PluggedCamera() { start(qEnvironmentVariable("VIRTUAL_CAMERA"), {QStringLiteral("Virtual Camera")}); }
+    void Unplug() {
+        kill();
+        waitForFinished();
+    }
+};
+
 TEST(VirtualCamera, IsFoundShownAndMissed) {
+    PluggedCamera plugged;
     GstDeviceList list(0);
     GstVideoCapX camera(list);
     bool found = false;
@@ -55,9 +64,7 @@ TEST(VirtualCamera, IsFoundShownAndMissed) {
         EXPECT_TRUE(QTest::qWaitFor([&] { return !camera.CurrentFrame().isNull(); }, 6000)) << again;
     }
 
-    const int process = qEnvironmentVariableIntValue("VIRTUAL_CAMERA_PID");
-    ASSERT_GT(process, 0);
-    kill(process, SIGKILL);
+    plugged.Unplug();
     QString told;
     EXPECT_TRUE(QTest::qWaitFor(
         [&] {
@@ -72,6 +79,44 @@ TEST(VirtualCamera, IsFoundShownAndMissed) {
     EXPECT_EQ(told, "The camera was disconnected");
     EXPECT_TRUE(QTest::qWaitFor([&] { return camera.VideoDeviceCount() == 0; }, 3000));
     EXPECT_THROW(camera.SetConnected(true), Error);
+}
+
+/// A camera that is pulled out while frames are read takes its memory with it: no call may notice but by an error.
+TEST(VirtualCamera, IsUnpluggedAndPluggedInAgain) {
+    const int rounds = qEnvironmentVariableIsSet("KELU_REPLUGS") ? qEnvironmentVariableIntValue("KELU_REPLUGS") : 3;
+    GstDeviceList list(0);
+    GstVideoCapX camera(list, {/*opening=*/5000, /*silence=*/2000, /*retry=*/20, /*idle=*/1000});
+    bool found = false;
+    camera.Search([&] { found = true; });
+    ASSERT_TRUE(QTest::qWaitFor([&] { return found; }, GstDeviceList::kLongestSearch + 1000));
+    const auto pull = [&]() -> QImage {
+        try {
+            return camera.CurrentFrame();
+        } catch (const Error&) {
+            return {};
+        }
+    };
+    for (int round = 0; round < rounds; ++round) {
+        PluggedCamera plugged;
+        ASSERT_TRUE(QTest::qWaitFor([&] { return camera.VideoDeviceCount() > 0; }, 5000)) << round;
+        if (round == 0) {
+            camera.SetConnected(true);
+            camera.SetVideoDevice(0);
+            camera.SetFrameMode(VideoCapX::kNewestFrame);
+        }
+        ASSERT_TRUE(QTest::qWaitFor([&] { return SquareAt(pull()) >= 0; }, 8000)) << round;
+        QTest::qWait(40 + round % 40);  // a frame waits to be read when the camera goes
+        plugged.Unplug();
+        QTest::qSleep(round % 30 + 1);
+        for (int pulls = 0; pulls < 4; ++pulls, QTest::qSleep(round % 3 + 1)) pull();
+        EXPECT_TRUE(QTest::qWaitFor(
+            [&] {
+                pull();
+                return camera.VideoDeviceCount() == 0;
+            },
+            3000))
+            << round;
+    }
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #!/bin/sh
-# Runs a command with a session bus, PipeWire and a virtual camera of its own: with_virtual_camera.sh CAMERA COMMAND...
+# Runs a command with a session bus and PipeWire of its own, in which the program VIRTUAL_CAMERA publishes a camera:
+# with_virtual_camera.sh CAMERA COMMAND...
 # Where these do not come up the command is not run and the status is 77.
 # SPDX-License-Identifier: MIT
 set -u
@@ -28,9 +29,5 @@ done
 wireplumber >"$home/wireplumber.log" 2>&1 &
 started="$started $!"
 sleep 1
-"$camera" &
-export VIRTUAL_CAMERA_PID=$!
-started="$started $!"
-sleep 1
-kill -0 "$VIRTUAL_CAMERA_PID" 2>/dev/null || skip "the virtual camera does not start"
+export VIRTUAL_CAMERA="$camera"
 "$@"
