@@ -25,6 +25,7 @@ inline constexpr Setting kSplashNumber{"Splash", "Number", "1"};     ///< next s
 inline constexpr Setting kReminder{"Paint", "Reminder", "1"};        ///< 1: remind to paint after Apply
 inline constexpr Setting kLanguage{"Language", "ID", "0"};           ///< 0 UK, 1 US English, 2 Spanish, 3 French
 inline constexpr Setting kPrinter{"Printer", "Device", "0"};         ///< row of the chosen printer in the list
+inline constexpr Setting kPrinterName{"Printer", "Name", ""};        ///< its device name, which rows can't shift
 inline constexpr Setting kMailMethod{"Email", "Method", "1"};        ///< 1 own delivery, 2 mail client, 3 mail account
 inline constexpr Setting kMailSender{"Email", "Sender", "Not Set"};  ///< last sender of the client way
 inline constexpr Setting kAccountUser{"Gmail", "User Name", "Not Set"};

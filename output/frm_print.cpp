@@ -1,19 +1,22 @@
 // SPDX-License-Identifier: MIT
 #include "output/frm_print.h"
 
-#include <QGuiApplication>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScopeGuard>
 #include <QVBoxLayout>
 
 #include "controls/list_ex/list_ex.h"
+#include "controls/theme/icons.h"
 #include "controls/theme/tab_order.h"
 #include "controls/theme/theme.h"
 #include "controls/title_row/dialog_frame.h"
 #include "controls/tool_button/tool_button.h"
+#include "pictures/picture.h"
 #include "platform/error.h"
 #include "platform/language.h"
+#include "platform/run_beside.h"
 
 namespace kelu {
 
@@ -73,6 +76,7 @@ void frmPrint::LayOut() {
     lstPrinters->setFixedWidth(kListWidth);
     lstPrinters->setMinimumHeight(kLeastListHeight);
     lstPrinters->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Ignored);
+    lstPrinters->SetRowPicture(theme::Icon(QStringLiteral("print")));
     lblAvPrinters->setBuddy(lstPrinters);
     for (ToolButton* button : {picPort, picLand}) {
         button->setFixedSize(kOrientationButton, kOrientationButton);
@@ -130,14 +134,27 @@ void frmPrint::LoadMySettings() {
         // Before the row is set, which fails where there is no printer at all.
         const QString language = settings_.Read(settings::kLanguage);
         ChangeLanguage(language);
-        if (lstPrinters->Count() == 0) return;
-        lstPrinters->SetListIndex(settings_.ReadInteger(settings::kPrinter));
+        if (lstPrinters->Count() > 0) ChooseStoredPrinter();
     });
 }
 
+/// By its name where one is stored: a queue that came or went since has shifted the rows.
+void frmPrint::ChooseStoredPrinter() {
+    const QString name = settings_.Read(settings::kPrinterName);
+    int row = settings_.ReadInteger(settings::kPrinter);
+    if (!name.isEmpty())
+        for (row = 0; row < lstPrinters->Count() && lstPrinters->Text(row) != name;) ++row;
+    if (row >= 0 && row < lstPrinters->Count()) return lstPrinters->SetListIndex(row);
+    throw Error(kInvalidProperty, name.isEmpty() ? tr("The printer that was chosen last is not there any more")
+                                                 : tr("The printer \"%1\" is not there any more").arg(name));
+}
+
 void frmPrint::SaveMySettings() {
-    RunShowingErrors(dialog_,
-                     [this] { settings_.Write(settings::kPrinter, QString::number(lstPrinters->ListIndex())); });
+    RunShowingErrors(dialog_, [this] {
+        const int row = lstPrinters->ListIndex();
+        settings_.Write(settings::kPrinter, QString::number(row));
+        settings_.Write(settings::kPrinterName, lstPrinters->Text(row));
+    });
 }
 
 void frmPrint::ChangeLanguage(const QString& id) {
@@ -158,34 +175,63 @@ void frmPrint::ChangeLanguage(const QString& id) {
 
 void frmPrint::RotateLeft() {
     if (rotated_) return;
-    surface.RotateLeft();
-    picPrint->SetFittedView();
+    constexpr int kQuarterTurnLeft = 8;  // of the EXIF orientations
+    Turn(kQuarterTurnLeft);
     rotated_ = true;
 }
 
 void frmPrint::RotateRight() {
     if (!rotated_) return;
-    surface.RotateRight();
-    picPrint->SetFittedView();
+    constexpr int kQuarterTurnRight = 6;
+    Turn(kQuarterTurnRight);
     rotated_ = false;
 }
 
+void frmPrint::Turn(int orientation) {
+    const QImage picture = surface.Picture();
+    QImage turned;
+    RunBeside([&] { turned = Orient(picture, orientation); });
+    surface.SetPicture(turned);
+    picPrint->SetFittedView();
+}
+
+/// Meanwhile only cmdCancel can be used.
+void frmPrint::SetPrinting(bool printing) {
+    printing_ = printing;
+    for (QWidget* widget : std::initializer_list<QWidget*>{lstPrinters, Option1, Option2, picPort, picLand, cmdOK})
+        widget->setEnabled(!printing);
+    if (printing)
+        setCursor(Qt::BusyCursor);
+    else
+        unsetCursor();
+}
+
 void frmPrint::PrintNow() {
-    const bool printed = RunShowingErrors(dialog_, [this] {
-        if (lstPrinters->ListIndex() < 0)
-            throw Error(PrintService::kNoPrinterInformation, QStringLiteral("No printer is chosen"));
-        const PictureSize size{surface.ImageWidth(), surface.ImageHeight(), surface.ResolutionX(),
-                               surface.ResolutionY()};
-        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-        const struct CursorBack {
-            ~CursorBack() { QGuiApplication::restoreOverrideCursor(); }
-        } cursorBack;
-        service_.Print(lstPrinters->Text(lstPrinters->ListIndex()), Option1->isChecked(), surface.Picture(),
-                       [&](const PrinterPage& page) { return PlacePicture(setup, page, size); });
+    if (printing_) return;
+    bool cancelled = false;
+    const bool printed = RunShowingErrors(dialog_, [&] {
+        if (lstPrinters->ListIndex() < 0) throw Error(PrintService::kNoPrinterInformation, tr("No printer is chosen"));
+        SetPrinting(true);
+        const auto end = qScopeGuard([this] { SetPrinting(false); });
+        try {
+            service_.Print(
+                {lstPrinters->Text(lstPrinters->ListIndex()), Option1->isChecked(), surface.Picture(), setup});
+        } catch (const Error& error) {
+            if (error.Number() != PrintService::kPrintCancelled) throw;
+            cancelled = true;
+        }
     });
+    if (cancelled) return QDialog::reject();
     if (!printed) return;
     SaveMySettings();
     accept();
+}
+
+void frmPrint::reject() {
+    if (printing_)
+        service_.Cancel();
+    else
+        QDialog::reject();
 }
 
 }  // namespace kelu

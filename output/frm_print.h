@@ -42,20 +42,27 @@ class frmPrint : public QDialog {
     /// Fixed at its start values as long as no control shows it.
     PageSetup setup;
 
+    /// Escape and the close button; while a page is on its way it ends that first.
+    void reject() override;
+
  private:
     void LayOut();
     void GetPrinters();
     void LoadMySettings();
     void SaveMySettings();
     void ChangeLanguage(const QString& id);
+    void ChooseStoredPrinter();
     void RotateLeft();
     void RotateRight();
+    void Turn(int orientation);
+    void SetPrinting(bool printing);
     void PrintNow();
 
     PrintService& service_;
     Settings& settings_;
     MsgDialog& dialog_;
     bool rotated_ = false;
+    bool printing_ = false;
 };
 
 }  // namespace kelu

@@ -4,19 +4,25 @@
 
 #include <QImage>
 #include <QStringList>
-#include <functional>
+#include <atomic>
 
 #include "output/pdf/page_layout.h"
 
 namespace kelu {
 
+struct PrintTicket {
+    QString printer;  ///< device name
+    bool portrait = false;
+    QImage picture;  ///< as it is to lie on the sheet
+    PageSetup setup;
+};
+
 class PrintService {
  public:
     /// Raised by Printers when the system can't tell of its printers.
     static constexpr int kNoPrinterInformation = 484;
-
-    /// Places the picture on the page that the printer really has.
-    using Place = std::function<PlacedPicture(const PrinterPage&)>;
+    /// Raised by Print when Cancel ended it.
+    static constexpr int kPrintCancelled = 482;
 
     virtual ~PrintService() = default;
 
@@ -24,20 +30,31 @@ class PrintService {
     virtual QStringList Printers() = 0;
     /// Device name of the default printer; empty when there is none.
     virtual QString DefaultPrinter() = 0;
-    /// Prints one page. Throws Error when the printer is not there or fails.
-    virtual void Print(const QString& printer, bool portrait, const QImage& picture, const Place& place) = 0;
+    /// Prints one page on the paper that the printer has by default, and returns when the print system has taken it;
+    /// events run meanwhile. Throws Error with the system's own reason when it refuses.
+    virtual void Print(const PrintTicket& ticket) = 0;
+    /// Ends a running Print.
+    virtual void Cancel() = 0;
 };
 
-/// The toolkit's printing, which reaches the system's print service.
+/// The system's print server, which gets the page as a PDF document. It is waited for beside the interface thread.
 class SystemPrintService : public PrintService {
  public:
-    /// Waits for a print service that doesn't answer no longer than 4 seconds, with events running.
+    /// Milliseconds: how long a silent server is waited for, when it is asked for its printers and for each of its
+    /// answers to a job.
+    explicit SystemPrintService(int listPatience = 4000, int jobPatience = 60'000)
+        : listPatience_(listPatience), jobPatience_(jobPatience) {}
+
     QStringList Printers() override;
     QString DefaultPrinter() override { return default_; }
-    void Print(const QString& printer, bool portrait, const QImage& picture, const Place& place) override;
+    void Print(const PrintTicket& ticket) override;
+    void Cancel() override { cancelled_ = true; }
 
  private:
+    const int listPatience_;
+    const int jobPatience_;
     QString default_;
+    std::atomic<bool> cancelled_ = false;
 };
 
 }  // namespace kelu

@@ -3,6 +3,7 @@
 #include "controls/list_ex/list_ex.h"
 
 #include <QHelpEvent>
+#include <QIcon>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -14,7 +15,19 @@
 
 namespace kelu {
 
-ListEx::ListEx(QWidget* parent) : QListView(parent), texts_(new QStringListModel(this)) {
+/// The texts, each with the picture of all rows.
+class ListRows : public QStringListModel {
+ public:
+    using QStringListModel::QStringListModel;
+
+    QIcon picture;
+
+    QVariant data(const QModelIndex& index, int role) const override {
+        return role == Qt::DecorationRole && !picture.isNull() ? picture : QStringListModel::data(index, role);
+    }
+};
+
+ListEx::ListEx(QWidget* parent) : QListView(parent), texts_(new ListRows(this)) {
     setModel(texts_);
     setEditTriggers(NoEditTriggers);
     setUniformItemSizes(true);
@@ -58,7 +71,7 @@ void ListEx::SetListIndex(int row) {
 
 int ListEx::Count() const { return texts_->rowCount(); }
 
-QString ListEx::Text(int row) const { return texts_->data(texts_->index(row)).toString(); }
+QString ListEx::Text(int row) const { return texts_->data(texts_->index(row), Qt::DisplayRole).toString(); }
 
 void ListEx::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     QListView::currentChanged(current, previous);
@@ -82,6 +95,11 @@ void ListEx::keyPressEvent(QKeyEvent* event) {
         return;
     }
     QListView::keyPressEvent(event);
+}
+
+void ListEx::SetRowPicture(const QIcon& picture) {
+    texts_->picture = picture;
+    viewport()->update();
 }
 
 void ListEx::SetEmptyText(const QString& text) {

@@ -5,9 +5,11 @@
 #include <QListView>
 #include <QString>
 
-class QStringListModel;
+class QIcon;
 
 namespace kelu {
+
+class ListRows;
 
 class ListEx : public QListView {
     Q_OBJECT
@@ -27,6 +29,8 @@ class ListEx : public QListView {
     int Count() const;
     /// Text of a row; empty when there is no such row.
     QString Text(int row) const;
+    /// Stands before the text of every row.
+    void SetRowPicture(const QIcon& picture);
     /// Stands in the middle of the list while it has no rows.
     void SetEmptyText(const QString& text);
 
@@ -42,7 +46,7 @@ class ListEx : public QListView {
     bool viewportEvent(QEvent* event) override;
 
  private:
-    QStringListModel* texts_;
+    ListRows* texts_;
     QString emptyText_;
     bool silent_ = false;  ///< rows are changing: no signal
     bool raised_ = false;  ///< the present event has raised the signal

@@ -40,6 +40,9 @@ struct PlacedPicture {
     double height = 0;
 };
 
+/// The resolution that a picture tells, per metre; that of a screen where it tells none.
+inline double DotsPerInch(int dotsPerMetre) { return dotsPerMetre > 0 ? dotsPerMetre * 0.0254 : 96; }
+
 /// The picture as large as the printable area allows, centred in it; on half a page in its upper half; scaled at its
 /// true size times the percentage, centred where the fitted picture would lie, whatever it exceeds.
 PlacedPicture PlacePicture(const PageSetup& setup, const PrinterPage& page, const PictureSize& picture);

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "document/document.h"
+#include "output/pdf/page_layout.h"
 #include "output/pdf/product.h"
 #include "platform/atomic_file.h"
 #include "platform/error.h"
@@ -15,19 +16,12 @@ namespace kelu {
 namespace {
 
 constexpr double kPointsPerInch = 72;
-constexpr double kInchesPerMetre = 0.0254;
-constexpr double kScreenResolution = 96;  // dpi, where the picture tells none
-constexpr double kLargestPage = 14400;    // points; readers refuse more
-
-double PointsPerPixel(int dotsPerMetre) {
-    const double dpi = dotsPerMetre > 0 ? dotsPerMetre * kInchesPerMetre : kScreenResolution;
-    return kPointsPerInch / dpi;
-}
+constexpr double kLargestPage = 14400;  // points; readers refuse more
 
 /// A page of the picture's size. One beyond the limit of PDF readers shrinks; its pixels stay.
 PdfPage PageFor(const QImage& picture) {
-    QSizeF size(picture.width() * PointsPerPixel(picture.dotsPerMeterX()),
-                picture.height() * PointsPerPixel(picture.dotsPerMeterY()));
+    QSizeF size(picture.width() * kPointsPerInch / DotsPerInch(picture.dotsPerMeterX()),
+                picture.height() * kPointsPerInch / DotsPerInch(picture.dotsPerMeterY()));
     size *= std::min(1.0, kLargestPage / std::max({size.width(), size.height(), 1.0}));
     return {size, QRectF(QPointF(), size)};
 }

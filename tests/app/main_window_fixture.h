@@ -27,7 +27,8 @@ class PaperOnlyPrinting : public PrintService {
  public:
     QStringList Printers() override { return {QStringLiteral("Paper")}; }
     QString DefaultPrinter() override { return QStringLiteral("Paper"); }
-    void Print(const QString&, bool, const QImage&, const Place&) override {}
+    void Print(const PrintTicket&) override {}
+    void Cancel() override {}
 };
 
 /// Messages and the save dialog are scripted, or the real ones, which a DialogScript then answers.

@@ -2,14 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include <gmock/gmock.h>
 
-#include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTest>
 
 #include "controls/list_ex/list_ex.h"
 #include "controls/tool_button/tool_button.h"
 #include "output/frm_print.h"
-#include "output/pdf/page_layout.h"
 #include "platform/error.h"
 #include "tests/support/memory_settings.h"
 #include "tests/support/scripted_dialog.h"
@@ -17,89 +16,61 @@
 namespace kelu {
 namespace {
 
-using Placement = PageSetup::Placement;
-using Unit = PageSetup::Unit;
+using testing::HasSubstr;
 
 TEST(PageLayout, PlacesThePictureByHandComputedNumbers) {
+    using enum PageSetup::Placement;
+    using enum PageSetup::Unit;
     // A sheet of 1100 x 850 pixels at 100 dpi each way; margins of 1 inch leave 900 x 650 at 100, 100.
-    struct Row {
+    const struct {
         const char* what;
-        Placement placement;
-        double scale;
-        Unit unit;
-        double margin;
+        PageSetup setup;
         PictureSize picture;
         PlacedPicture at;
+    } rows[] = {
+        {"by width, centred down", {Fit, 100, {1, 1, 1, 1}, Inches}, {400, 200, 96, 96}, {100, 200, 900, 450}},
+        {"by height, centred across", {Fit, 100, {1, 1, 1, 1}, Inches}, {100, 200, 96, 96}, {387.5, 100, 325, 650}},
+        {"small ones grow", {Fit, 100, {1, 1, 1, 1}, Inches}, {2, 1, 96, 96}, {100, 200, 900, 450}},
+        {"upper half", {HalfPage, 100, {1, 1, 1, 1}, Inches}, {400, 100, 96, 96}, {100, 150, 900, 225}},
+        {"upper half, tall", {HalfPage, 100, {1, 1, 1, 1}, Inches}, {100, 100, 96, 96}, {387.5, 100, 325, 325}},
+        {"true size", {Scale, 100, {1, 1, 1, 1}, Inches}, {400, 200, 200, 100}, {450, 325, 200, 200}},
+        {"half size", {Scale, 50, {1, 1, 1, 1}, Inches}, {400, 200, 100, 100}, {450, 375, 200, 100}},
+        {"beyond the page", {Scale, 400, {1, 1, 1, 1}, Inches}, {400, 200, 100, 100}, {-250, 25, 1600, 800}},
+        {"centimetres", {Fit, 100, {2.54, 2.54, 2.54, 2.54}, Centimetres}, {4, 2, 96, 96}, {100, 200, 900, 450}},
+        {"millimetres", {Fit, 100, {25.4, 25.4, 25.4, 25.4}, Millimetres}, {4, 2, 96, 96}, {100, 200, 900, 450}},
+        {"each side by itself", {Fit, 100, {1, 2, 3, 1}, Inches}, {16, 9, 96, 96}, {100, 300, 800, 450}},
     };
-    const Row rows[] = {
-        {"wider: by width, centred down",
-         Placement::Fit,
-         100,
-         Unit::Inches,
-         1,
-         {400, 200, 96, 96},
-         {100, 200, 900, 450}},
-        {"taller: by height, centred across",
-         Placement::Fit,
-         100,
-         Unit::Inches,
-         1,
-         {100, 200, 96, 96},
-         {387.5, 100, 325, 650}},
-        {"same proportions", Placement::Fit, 100, Unit::Inches, 1, {18, 13, 96, 96}, {100, 100, 900, 650}},
-        {"small pictures are enlarged", Placement::Fit, 100, Unit::Inches, 1, {2, 1, 96, 96}, {100, 200, 900, 450}},
-        {"upper half", Placement::HalfPage, 100, Unit::Inches, 1, {400, 100, 96, 96}, {100, 150, 900, 225}},
-        {"upper half, taller", Placement::HalfPage, 100, Unit::Inches, 1, {100, 100, 96, 96}, {387.5, 100, 325, 325}},
-        {"true size", Placement::Scale, 100, Unit::Inches, 1, {400, 200, 200, 100}, {450, 325, 200, 200}},
-        {"half size", Placement::Scale, 50, Unit::Inches, 1, {400, 200, 100, 100}, {450, 375, 200, 100}},
-        {"beyond the page", Placement::Scale, 400, Unit::Inches, 1, {400, 200, 100, 100}, {-250, 25, 1600, 800}},
-        {"centimetres", Placement::Fit, 100, Unit::Centimetres, 2.54, {400, 200, 96, 96}, {100, 200, 900, 450}},
-        {"millimetres", Placement::Fit, 100, Unit::Millimetres, 25.4, {400, 200, 96, 96}, {100, 200, 900, 450}},
-    };
-    for (const Row& row : rows) {
-        PageSetup setup;
-        setup.placement = row.placement;
-        setup.scalePercent = row.scale;
-        setup.unit = row.unit;
-        setup.margins.fill(row.margin);
-        const PlacedPicture at = PlacePicture(setup, {1100, 850, 100, 100}, row.picture);
-        EXPECT_NEAR(at.x, row.at.x, 1e-4) << row.what;
-        EXPECT_NEAR(at.y, row.at.y, 1e-4) << row.what;
-        EXPECT_NEAR(at.width, row.at.width, 1e-9) << row.what;
-        EXPECT_NEAR(at.height, row.at.height, 1e-9) << row.what;
+    for (const auto& [what, setup, picture, expected] : rows) {
+        const PlacedPicture at = PlacePicture(setup, {1100, 850, 100, 100}, picture);
+        EXPECT_NEAR(at.x, expected.x, 1e-4) << what;
+        EXPECT_NEAR(at.y, expected.y, 1e-4) << what;
+        EXPECT_NEAR(at.width, expected.width, 1e-9) << what;
+        EXPECT_NEAR(at.height, expected.height, 1e-9) << what;
     }
-    // Margins of their own on each side, and axes of different resolution.
-    PageSetup uneven;
-    uneven.unit = Unit::Inches;
-    uneven.margins = {1, 2, 3, 1};
-    const PlacedPicture at = PlacePicture(uneven, {1000, 2000, 100, 200}, {7, 12, 96, 96});
-    EXPECT_DOUBLE_EQ(at.x, 100);
-    EXPECT_DOUBLE_EQ(at.width, 700);
-    EXPECT_DOUBLE_EQ(at.height, 1200);
-    EXPECT_DOUBLE_EQ(at.y, 600);
+    // Axes of different resolution.
+    const PlacedPicture at = PlacePicture({Fit, 100, {1, 2, 3, 1}, Inches}, {1000, 2000, 100, 200}, {7, 12, 96, 96});
+    EXPECT_EQ(QRectF(at.x, at.y, at.width, at.height), QRectF(100, 600, 700, 1200));
 }
 
 class ScriptedPrintService : public PrintService {
  public:
     QStringList printers{"Office", "Photo"};
-    QString standard = "Photo";
     int listError = 0;
-    bool fails = false;
-    QStringList jobs;
-    QSize printed;
-    PlacedPicture at;
+    std::function<void()> whilePrinting;
+    QList<PrintTicket> jobs;
+    bool cancelled = false;
 
     QStringList Printers() override {
         if (listError) throw Error(listError, "no list");
         return printers;
     }
-    QString DefaultPrinter() override { return standard; }
-    void Print(const QString& printer, bool portrait, const QImage& picture, const Place& place) override {
-        if (fails) throw Error(kFileError, "out of paper");
-        jobs << printer + (portrait ? " portrait" : " landscape");
-        printed = picture.size();
-        at = place({1000, 800, 100, 100});
+    QString DefaultPrinter() override { return "Photo"; }
+    void Print(const PrintTicket& ticket) override {
+        if (whilePrinting) whilePrinting();
+        if (cancelled) throw Error(kPrintCancelled, "cancelled");
+        jobs << ticket;
     }
+    void Cancel() override { cancelled = true; }
 };
 
 struct PrintDialogTest : testing::Test {
@@ -113,69 +84,75 @@ struct PrintDialogTest : testing::Test {
     }
 };
 
-TEST_F(PrintDialogTest, PrintsAsChosenAndKeepsThePrinter) {
-    frmPrint form(picture, service, settings, dialog, nullptr);
-    EXPECT_EQ(form.lstPrinters->Count(), 2);
-    EXPECT_EQ(form.lstPrinters->ListIndex(), 0) << "the setting's default stands above the system's";
-    EXPECT_TRUE(form.Option2->isChecked());
-    form.lstPrinters->SetListIndex(1);
-    form.cmdOK->click();
-    EXPECT_EQ(service.jobs, QStringList{"Photo landscape"});
-    EXPECT_EQ(service.printed, QSize(40, 20));
-    EXPECT_NEAR(service.at.x, 39.3700787, 1e-4) << "1 cm";
-    EXPECT_EQ(settings.Read(settings::kPrinter), "1");
-    EXPECT_EQ(form.result(), QDialog::Accepted);
-}
-
-TEST_F(PrintDialogTest, PortraitTurnsOnceAndBack) {
-    frmPrint form(picture, service, settings, dialog, nullptr);
-    form.picPort->click();
-    form.picPort->click();
-    EXPECT_TRUE(form.Option1->isChecked());
-    EXPECT_EQ(form.surface.Picture().size(), QSize(20, 40));
-    EXPECT_EQ(form.surface.Picture().pixel(0, 39), 0xff00ff00) << "a quarter turn to the left";
-    form.Option2->click();
-    EXPECT_EQ(form.surface.Picture(), picture);
-    form.Option1->click();
-    form.cmdOK->click();
-    EXPECT_EQ(service.jobs, QStringList{"Photo portrait"}.replaceInStrings("Photo", "Office"));
-    EXPECT_EQ(service.printed, QSize(20, 40));
+TEST_F(PrintDialogTest, PrintsAsChosenAndKeepsThePrinterByItsName) {
+    {
+        frmPrint form(picture, service, settings, dialog, nullptr);
+        EXPECT_EQ(form.lstPrinters->ListIndex(), 0) << "the setting's default stands above the system's";
+        form.lstPrinters->SetListIndex(1);
+        form.picPort->click();
+        form.picPort->click();
+        EXPECT_EQ(form.surface.Picture().pixel(0, 39), 0xff00ff00) << "a quarter turn to the left, once";
+        form.Option2->click();
+        EXPECT_EQ(form.surface.Picture(), picture);
+        form.Option1->click();
+        form.cmdOK->click();
+        ASSERT_EQ(service.jobs.size(), 1);
+        EXPECT_EQ(service.jobs[0].printer, "Photo");
+        EXPECT_TRUE(service.jobs[0].portrait);
+        EXPECT_EQ(service.jobs[0].picture.size(), QSize(20, 40));
+        EXPECT_EQ(form.result(), QDialog::Accepted);
+        EXPECT_EQ(settings.Read(settings::kPrinter), "1");
+    }
+    service.printers.prepend("Another");  // a queue that came since
+    EXPECT_EQ(frmPrint(picture, service, settings, dialog, nullptr).lstPrinters->ListIndex(), 2);
+    EXPECT_TRUE(dialog.shown.empty());
+    service.printers = {"Another", "Office"};
+    EXPECT_EQ(frmPrint(picture, service, settings, dialog, nullptr).lstPrinters->ListIndex(), -1);
+    settings.Write(settings::kPrinterName, "");
+    settings.Write(settings::kPrinter, "7");
+    const frmPrint form(picture, service, settings, dialog, nullptr);
+    ASSERT_EQ(dialog.shown.size(), 2u);
+    EXPECT_TRUE(dialog.shown[0].text.contains("The printer \"Photo\" is not there any more"));
+    EXPECT_TRUE(dialog.shown[1].text.contains("The printer that was chosen last is not there any more"));
 }
 
 TEST_F(PrintDialogTest, FailuresKeepTheDialogAndTheSetting) {
     frmPrint form(picture, service, settings, dialog, nullptr);
     form.show();
-    service.fails = true;
+    service.whilePrinting = [&] {
+        EXPECT_FALSE(form.cmdOK->isEnabled() || form.lstPrinters->isEnabled());
+        throw Error(kFileError, "out of paper");
+    };
     form.lstPrinters->SetListIndex(1);
     form.cmdOK->click();
     ASSERT_EQ(dialog.shown.size(), 1u);
     EXPECT_TRUE(dialog.shown[0].text.contains("out of paper"));
-    EXPECT_TRUE(form.isVisible());
-    EXPECT_EQ(settings.Read(settings::kPrinter), "0");
+    EXPECT_TRUE(form.isVisible() && form.cmdOK->isEnabled());
 
-    dialog.shown.clear();
+    service.whilePrinting = [&] { QTest::keyClick(&form, Qt::Key_Escape); };
+    form.cmdOK->click();
+    EXPECT_TRUE(service.cancelled);
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(settings.Read(settings::kPrinter), "0");
+    EXPECT_EQ(dialog.shown.size(), 1u) << "a cancel is told as an error";
+
     service.listError = PrintService::kNoPrinterInformation;
     frmPrint without(picture, service, settings, dialog, nullptr);
     EXPECT_FALSE(without.lstPrinters->isEnabled());
     without.cmdOK->click();
-    EXPECT_EQ(dialog.shown.size(), 1u) << "told when one tries to print";
+    EXPECT_EQ(dialog.shown.size(), 2u) << "told when one tries to print";
 }
 
-TEST_F(PrintDialogTest, SpeaksFourLanguages) {
-    struct Row {
-        const char* id;
-        const char* window;
-        const char* cancel;
-        const char* landscape;
-    };
-    for (const Row& row : {Row{"0", "Print", "Cancel ", "Landscape"}, Row{"1", "Print", "Cancel ", "Landscape"},
-                           Row{"2", "Imprimir", "Cancelar ", "Horizontal"}, Row{"3", "Imprimer", "Annuler ", "Paysage"},
-                           Row{"7", "Print", "Cancel ", "Landscape"}}) {
-        settings.Write(settings::kLanguage, row.id);
-        frmPrint form(picture, service, settings, dialog, nullptr);
-        EXPECT_EQ(form.windowTitle(), row.window);
-        EXPECT_EQ(form.cmdCancel->text(), row.cancel);
-        EXPECT_EQ(form.Option2->text(), row.landscape);
+TEST_F(PrintDialogTest, SpeaksTheLanguageOfTheSetting) {
+    const char* const rows[][3] = {{"2", "Imprimir", "Horizontal"},
+                                   {"3", "Imprimer", "Paysage"},
+                                   {"0", "Print", "Landscape"},
+                                   {"7", "Print", "Landscape"}};
+    for (const auto& [id, window, landscape] : rows) {
+        settings.Write(settings::kLanguage, id);
+        const frmPrint form(picture, service, settings, dialog, nullptr);
+        EXPECT_EQ(form.windowTitle(), window);
+        EXPECT_EQ(form.Option2->text(), landscape);
     }
 }
 
