@@ -89,12 +89,11 @@ void frmMain::Connect() {
         connect(&controls.Button(row.command), &ToolButton::clicked, this, [this, row] { Run(row.command); });
 
     connect(controls.picCanvas, &ImageX::MousePressed, this,
-            [this](Qt::MouseButton, Qt::MouseButtons, Qt::KeyboardModifiers, int, int, const QPoint& imagePixel) {
-                painter_.Press(imagePixel);
-            });
+            [this](Qt::MouseButton, Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers, int, int,
+                   const QPoint& imagePixel) { painter_.Press(buttons, modifiers, imagePixel); });
     connect(controls.picCanvas, &ImageX::MouseMoved, this,
-            [this](Qt::MouseButtons buttons, Qt::KeyboardModifiers, int, int, const QPoint& imagePixel) {
-                painter_.Move(buttons, imagePixel);
+            [this](Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers, int, int, const QPoint& imagePixel) {
+                painter_.Move(buttons, modifiers, imagePixel);
             });
     // Later, so that the program the file came from need not wait for the answer to a question.
     connect(controls.picCanvas, &ImageX::FileDropped, this, &frmMain::OpenPicture, Qt::QueuedConnection);
@@ -110,7 +109,7 @@ void frmMain::Connect() {
     });
     connect(&document_, &Document::Opened, this, [this] {
         controls.picZoomContainer->show();
-        painter_.ShowBrushRing();
+        painter_.ShowBrushTip();
     });
     connect(&history_, &History::OriginalShown, this, [this](bool shown) {
         controls.picCanvas->setVisible(!shown);

@@ -18,13 +18,14 @@ int Bounded(int coordinate) { return std::clamp(coordinate, -kFarthest, kFarthes
 
 }  // namespace
 
-Capsule::Capsule(int x1, int y1, int x2, int y2, int size)
+Capsule::Capsule(int x1, int y1, int x2, int y2, int size, int softness)
     : x1_(Bounded(x1)),
       y1_(Bounded(y1)),
       dx_(Bounded(x2) - x1_),
       dy_(Bounded(y2) - y1_),
       lengthSquared_(dx_ * dx_ + dy_ * dy_),
-      radius_(std::clamp(size, 1, kFarthest) / 2.0) {
+      radius_(std::clamp(size, 1, kFarthest) / 2.0),
+      core_((radius_ - 0.5) * (100 - std::clamp(softness, 0, 100)) / 100 - (softness > 0 ? 0.5 : 0.0)) {
     const auto reach = static_cast<int>(std::ceil(radius_ + 0.5));
     const QPoint low(std::min(Bounded(x1), Bounded(x2)), std::min(Bounded(y1), Bounded(y2)));
     const QPoint high(std::max(Bounded(x1), Bounded(x2)), std::max(Bounded(y1), Bounded(y2)));
@@ -37,7 +38,10 @@ float Capsule::Coverage(int x, int y) const {
     const double t = lengthSquared_ > 0 ? std::clamp((px * dx_ + py * dy_) / lengthSquared_, 0.0, 1.0) : 0.0;
     const double ex = px - t * dx_;
     const double ey = py - t * dy_;
-    return static_cast<float>(std::clamp(radius_ + 0.5 - std::sqrt(ex * ex + ey * ey), 0.0, 1.0));
+    const double edge = radius_ + 0.5;
+    const double share = std::clamp((edge - std::sqrt(ex * ex + ey * ey)) / (edge - core_), 0.0, 1.0);
+    if (edge - core_ <= 1) return static_cast<float>(share);  // the antialiased edge of a hard tip
+    return static_cast<float>(share * share * (3 - 2 * share));
 }
 
 // The shape is convex, so a row cuts one interval out of it: the hull of what it cuts out of the two round ends and
@@ -82,7 +86,7 @@ Capsule::Row Capsule::RowSpan(int y) const {
     Row row;
     row.outerBegin = static_cast<int>(std::floor(outer.begin));
     row.outerEnd = static_cast<int>(std::ceil(outer.end)) + 1;
-    const Interval inner = Cut(y, radius_ - 0.5);
+    const Interval inner = core_ < 0 ? Interval{0, -1} : Cut(y, core_);
     const double begin = std::ceil(inner.begin + kRoom);
     const double end = std::floor(inner.end - kRoom) + 1;
     if (!(begin < end)) {

@@ -10,18 +10,20 @@ namespace kelu {
 /// A brush made by Surface::MakeBrush: keeps its paint alive, costs no copy. Later changes of the surface that it was
 /// made from don't reach it.
 struct BrushHandle {
-    QImage paint;  ///< source of the strokes, at the same coordinates as the canvas; null: no brush
-    int size = 0;  ///< diameter in image pixels, at least 1
+    QImage paint;      ///< source of the strokes, at the same coordinates as the canvas; null: no brush
+    int size = 0;      ///< diameter in image pixels, at least 1
+    int softness = 0;  ///< 0: a hard edge, to 100: fading from the middle on
 };
 
 /// A segment of a stroke: all points within `radius` of the line from (x1, y1) to (x2, y2), in image pixels, where
 /// whole numbers are the middles of pixels.
 class Capsule {
  public:
-    /// `size` is the diameter, at least 1.
-    Capsule(int x1, int y1, int x2, int y2, int size);
+    /// `size` is the diameter, at least 1; `softness` 0 to 100.
+    Capsule(int x1, int y1, int x2, int y2, int size, int softness = 0);
 
-    /// Share of a pixel that is covered, 0 to 1: 1 up to half a pixel inside the edge, 0 from half a pixel outside.
+    /// Share of a pixel that is covered, 0 to 1: 0 from half a pixel outside the edge; 1 up to half a pixel inside it,
+    /// or, the softer the tip, up to a smaller core, with a smooth fall between.
     float Coverage(int x, int y) const;
 
     /// All pixels with a coverage above 0 lie in here.
@@ -43,6 +45,7 @@ class Capsule {
     double x1_, y1_, dx_, dy_;
     double lengthSquared_;
     double radius_;
+    double core_;  ///< wholly covered up to this distance; below 0: nowhere
     QRect bounds_;
 };
 

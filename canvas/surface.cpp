@@ -119,13 +119,26 @@ void Surface::SelectBrush(const BrushHandle& brush) {
 
 void Surface::SetBrushSize(int size) { brush_.size = std::max(1, size); }
 
+void Surface::SetBrushSoftness(int percent) { brush_.softness = std::clamp(percent, 0, 100); }
+
 void Surface::DrawBrushLine(int x1, int y1, int x2, int y2, int strength) {
     if (picture_.isNull() || brush_.paint.isNull()) return;
     // Painting a picture with itself changes nothing, and must not cost a copy of it.
     if (brush_.paint.constBits() == picture_.constBits()) return;
     MakeUnique(picture_);
     if (!undo_->IsOpen()) undo_->Open();
-    Announce(PaintSegment(picture_, brush_.paint, Capsule(x1, y1, x2, y2, brush_.size), strength, *undo_));
+    Announce(
+        PaintSegment(picture_, brush_.paint, Capsule(x1, y1, x2, y2, brush_.size, brush_.softness), strength, *undo_));
+}
+
+void Surface::PaintAll() {
+    if (brush_.paint.isNull() || brush_.paint.size() != picture_.size() ||
+        brush_.paint.hasAlphaChannel() != picture_.hasAlphaChannel())
+        return;
+    if (brush_.paint.constBits() == picture_.constBits()) return;
+    undo_->KeepWhole(picture_);
+    picture_ = brush_.paint;
+    Announce(picture_.rect());
 }
 
 void Surface::PushUndo() { undo_->Open(); }

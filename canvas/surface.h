@@ -63,12 +63,18 @@ class Surface : public QObject {
     /// segment costs no more than the others.
     void SelectBrush(const BrushHandle& brush);
     void SetBrushSize(int size);
+    /// 0: a hard edge, to 100: fading from the middle on. A newly selected brush brings its own.
+    void SetBrushSoftness(int percent);
 
     /// Lays the brush along the segment (image pixels, may lie outside): each covered pixel takes the pixel of the
     /// paint at the same place, at `strength` 0 to 255 (full). Segments of one undo level count together: a pixel is
     /// covered as much as by the one that covers it most. Nothing happens without a brush or outside the common area
     /// of picture and paint. Opens an undo level when none is open, as after an Undo in the middle of a stroke.
     void DrawBrushLine(int x1, int y1, int x2, int y2, int strength);
+
+    /// Lays the brush's paint on the whole picture as one level of its own. Nothing happens without a brush, or where
+    /// paint and picture differ in size or one alone has transparency.
+    void PaintAll();
 
     /// Opens an undo level: the state that the next Undo returns to. Copies nothing. Redo levels go.
     void PushUndo();

@@ -3,10 +3,19 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QImage>
 #include <QPixmap>
 #include <QPoint>
 
 namespace kelu {
+
+/// The brush as it is shown round the pointer, in image pixels.
+struct BrushTip {
+    int size = 0;           ///< diameter; 0: no ring
+    int softness = 0;       ///< 0 to 100; above 0 an inner circle shows the wholly covered core
+    bool restores = false;  ///< paints the original back: a dashed ring
+    QImage paint;  ///< shown inside the ring while no button is held: what a stroke here would bring; may be null
+};
 
 class SurfaceView {
  public:
@@ -27,8 +36,9 @@ class SurfaceView {
     /// The cursor shown while the style is 99; its hot spot is its middle unless one is given.
     virtual void SetCursorPicture(const QPixmap& picture, const QPoint& hotSpot = QPoint(-1, -1)) = 0;
     virtual void SetCursorStyle(int style) = 0;
-    /// Shows a thin circle of this diameter (image pixels) around the mouse; 0, the start value: none.
-    virtual void SetBrushRing(int imagePixels) = 0;
+    /// Shows the brush around the mouse; at first there is none. A size or softness that differs from the one before is
+    /// told beside the ring for a second.
+    virtual void SetBrushTip(const BrushTip& tip) = 0;
 
     void SetFittedView() { SetViewAnchor(5), SetViewMode(2), SetViewScrollable(false); }
     // Scrolling first: a view that can't scroll has to lay its picture out in the middle.
@@ -49,7 +59,7 @@ class NullView : public SurfaceView {
     void Redraw() override {}
     void SetCursorPicture(const QPixmap&, const QPoint&) override {}
     void SetCursorStyle(int) override {}
-    void SetBrushRing(int) override {}
+    void SetBrushTip(const BrushTip&) override {}
 
  private:
     int zoomPercent_ = 100;

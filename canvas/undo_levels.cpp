@@ -40,10 +40,18 @@ void UndoLevels::Open() {
     KeepBudget();
 }
 
+void UndoLevels::KeepWhole(const QImage& picture) {
+    Open();
+    open_ = false;
+    undo_.back().whole = picture;
+    bytes_ += picture.sizeInBytes();
+    KeepBudget();
+}
+
 UndoLevels::OpenTile UndoLevels::Touch(const QImage& picture, int tileX, int tileY) {
     const int index = tileY * tilesAcross_ + tileX;
     int& slot = slots_[static_cast<std::size_t>(index)];
-    Level& level = undo_.back();
+    std::vector<SavedTile>& level = undo_.back().tiles;
     if (slot < 0) {
         const std::size_t place = level.size();
         if (coverage_.size() <= place) coverage_.push_back(std::make_unique<std::array<std::uint8_t, kTile * kTile>>());
@@ -67,7 +75,7 @@ UndoLevels::OpenTile UndoLevels::Touch(const QImage& picture, int tileX, int til
         KeepBudget();
     }
     const auto place = static_cast<std::size_t>(slot);
-    return {undo_.back()[place].pixels, coverage_[place]->data()};
+    return {undo_.back().tiles[place].pixels, coverage_[place]->data()};
 }
 
 void UndoLevels::Touch(const QImage& picture, const QRect& pixels) {
@@ -97,8 +105,8 @@ void UndoLevels::SetBudget(std::int64_t bytes) {
 }
 
 void UndoLevels::Drop(Level& level) {
-    for (const SavedTile& tile : level) store_.Give(tile.pixels);
-    bytes_ -= kLevelBytes + kTileBytes * static_cast<std::int64_t>(level.size());
+    for (const SavedTile& tile : level.tiles) store_.Give(tile.pixels);
+    bytes_ -= kLevelBytes + kTileBytes * static_cast<std::int64_t>(level.tiles.size()) + level.whole.sizeInBytes();
 }
 
 void UndoLevels::KeepBudget() {
@@ -109,10 +117,14 @@ void UndoLevels::KeepBudget() {
 }
 
 QRect UndoLevels::Exchange(Level& level, QImage& picture) {
+    if (!level.whole.isNull()) {
+        std::swap(level.whole, picture);
+        return picture.rect();
+    }
     uchar* const bits = picture.bits();
     const qsizetype stride = picture.bytesPerLine();
     QRect changed;
-    for (const SavedTile& tile : level) {
+    for (const SavedTile& tile : level.tiles) {
         const QRect rect = TileRect(tile.index);
         const std::ptrdiff_t bytes = std::ptrdiff_t{rect.width()} * 4;
         for (int y = 0; y < rect.height(); ++y) {

@@ -28,6 +28,8 @@ class UndoLevels {
     void Reset(const QSize& pictureSize);
 
     void Open();
+    /// A closed level of its own for the whole picture, which is shared, not copied; it must have the levels' size.
+    void KeepWhole(const QImage& picture);
     bool IsOpen() const { return open_; }
     /// The next change needs a new level.
     void Close() { open_ = false; }
@@ -54,7 +56,10 @@ class UndoLevels {
         int index;
         std::uint8_t* pixels;
     };
-    using Level = std::vector<SavedTile>;
+    struct Level {
+        std::vector<SavedTile> tiles;
+        QImage whole;  ///< in place of tiles; null: tiles
+    };
 
     void Drop(Level& level);
     void KeepBudget();

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "document/painter.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace kelu {
 
 namespace {
@@ -24,30 +27,76 @@ void Painter::SetUpBrush() {
                                 : style == u"3" ? &cursors_.picCross
                                                 : nullptr;
     if (!cursor) return;
-    const int size = brushSize_();
-    document_.Canvas().SelectBrush(document_.Pen().MakeBrush(size));
-    document_.Canvas().SetBrushSize(size);
+    render_ = document_.Pen().MakeBrush(brushSize_());
+    TakeBrush(Paint::Render);
     canvasView_.SetCursorPicture(cursor->picture, cursor->hotSpot);
     canvasView_.SetCursorStyle(kCustomCursor);
-    ShowBrushRing();
+    ShowBrushTip();
 }
 
-void Painter::ShowBrushRing() { canvasView_.SetBrushRing(state_.EffectReady ? brushSize_() : 0); }
+void Painter::ShowBrushTip() {
+    BrushTip tip;
+    if (CanPaint(hovering_)) {
+        tip.size = brushSize_();
+        tip.softness = softness_;
+        tip.restores = hovering_ == Paint::Original;
+        tip.paint = tip.restores ? document_.Original().Picture() : render_.paint;
+    }
+    canvasView_.SetBrushTip(tip);
+}
 
-void Painter::Press(const QPoint& imagePixel) {
-    if (!state_.EffectReady) return;
+bool Painter::CanPaint(Paint paint) const {
+    if (paint == Paint::Render) return state_.EffectReady;
+    // The canvas as it was opened has nothing to bring back.
+    return !document_.Canvas().Picture().isNull() &&
+           document_.Canvas().Picture().constBits() != document_.Original().Picture().constBits();
+}
+
+void Painter::TakeBrush(Paint paint) {
+    const int size = brushSize_();
+    taken_ = paint;
+    document_.Canvas().SelectBrush(paint == Paint::Render ? render_ : document_.Original().MakeBrush(size));
+    document_.Canvas().SetBrushSize(size);
+    document_.Canvas().SetBrushSoftness(softness_);
+}
+
+void Painter::Segment(const QPoint& from, const QPoint& to) {
+    document_.Canvas().DrawBrushLine(from.x(), from.y(), to.x(), to.y(), kFullStrength);
+    state_.ImageDirty = true;
+    strokeEnd_ = to;
+}
+
+void Painter::Press(Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers, const QPoint& imagePixel) {
+    const Paint paint = modifiers & Qt::ControlModifier ? Paint::Original : Paint::Render;
+    if (!CanPaint(paint)) return;
+    if (paint != taken_) TakeBrush(paint);
     document_.Canvas().PushUndo();
     state_.ImageDirty = true;
     lastBrush_ = imagePixel;
+    if (buttons == Qt::LeftButton && (modifiers & Qt::ShiftModifier) && strokeEnd_) Segment(*strokeEnd_, imagePixel);
 }
 
-void Painter::Move(Qt::MouseButtons buttons, const QPoint& imagePixel) {
-    if (!state_.EffectReady) return;
-    if (buttons == Qt::LeftButton) {
-        document_.Canvas().DrawBrushLine(lastBrush_.x(), lastBrush_.y(), imagePixel.x(), imagePixel.y(), kFullStrength);
-        state_.ImageDirty = true;
+void Painter::Move(Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers, const QPoint& imagePixel) {
+    if (buttons == Qt::NoButton) {
+        const Paint paint = modifiers & Qt::ControlModifier ? Paint::Original : Paint::Render;
+        if (paint != std::exchange(hovering_, paint)) ShowBrushTip();
     }
+    if (!CanPaint(taken_)) return;
+    if (buttons == Qt::LeftButton) Segment(lastBrush_, imagePixel);
     lastBrush_ = imagePixel;
+}
+
+void Painter::SetSoftness(int percent) {
+    softness_ = std::clamp(percent, 0, 100);
+    document_.Canvas().SetBrushSoftness(softness_);
+    ShowBrushTip();
+}
+
+void Painter::PaintEverywhere(Paint paint) {
+    if (!CanPaint(paint)) return;
+    TakeBrush(paint);
+    document_.Canvas().PaintAll();
+    state_.ImageDirty = true;
 }
 
 }  // namespace kelu

@@ -1,10 +1,12 @@
-// The brush: arms it after a render and turns mouse events on the canvas into strokes.
+// The brush: arms it after a render and turns mouse events on the canvas into strokes of the render, or of the
+// original.
 // SPDX-License-Identifier: MIT
 #pragma once
 
 #include <QPixmap>
 #include <QPoint>
 #include <functional>
+#include <optional>
 
 #include "canvas/surface_view.h"
 #include "document/document.h"
@@ -34,22 +36,41 @@ class Painter {
     /// Makes the brush from the pen's picture at the present size and shows the cursor of the chosen style. A style
     /// other than "1" to "3" leaves brush and cursor as they were. Called after each render and when the size changes.
     void SetUpBrush();
-    /// The ring of the brush's size shows round the pointer while painting is on.
-    void ShowBrushRing();
+    /// The brush shows round the pointer while painting is on, with the render under it.
+    void ShowBrushTip();
 
-    /// Any mouse button was pressed on the canvas: one undo level, nothing painted.
-    void Press(const QPoint& imagePixel);
+    /// Any mouse button was pressed on the canvas: one undo level, nothing painted. With Ctrl the strokes that follow
+    /// bring the original back, which needs no render; with Shift a straight line is drawn from the end of the last
+    /// stroke.
+    void Press(Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers, const QPoint& imagePixel);
     /// The pointer moved over the canvas; with the left button alone one segment is painted.
-    void Move(Qt::MouseButtons buttons, const QPoint& imagePixel);
+    void Move(Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers, const QPoint& imagePixel);
+
+    /// 0: a hard edge, to 100.
+    int Softness() const { return softness_; }
+    void SetSoftness(int percent);
+
+    enum class Paint { Render, Original };
+    /// Lays the paint on the whole picture as one undo level.
+    void PaintEverywhere(Paint paint);
 
  private:
+    bool CanPaint(Paint paint) const;
+    void TakeBrush(Paint paint);
+    void Segment(const QPoint& from, const QPoint& to);
+
     Document& document_;
     SurfaceView& canvasView_;
     SharedState& state_;
     const Settings& settings_;
     BrushCursors cursors_;
     std::function<int()> brushSize_;
-    QPoint lastBrush_;  // image pixels, the end of the last segment
+    BrushHandle render_;              ///< the brush made of the last render
+    Paint taken_ = Paint::Render;     ///< what the canvas's brush paints now
+    Paint hovering_ = Paint::Render;  ///< what a press would paint
+    int softness_ = 0;
+    QPoint lastBrush_;                 ///< image pixels, where the pointer was last
+    std::optional<QPoint> strokeEnd_;  ///< image pixels, the end of the last segment painted
 };
 
 }  // namespace kelu

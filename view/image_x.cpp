@@ -76,6 +76,9 @@ ImageX::ImageX(Surface& surface, QWidget* parent)
         bar->setFocusPolicy(Qt::NoFocus);
         connect(bar, &QScrollBar::valueChanged, this, &ImageX::OnScrolled);
     }
+    tipTold_.setSingleShot(true);
+    tipTold_.setInterval(1000);
+    connect(&tipTold_, &QTimer::timeout, this, &ImageX::UpdateRing);
     connect(&surface_, &Surface::PictureReplaced, this, &ImageX::OnPictureReplaced);
     connect(&surface_, &Surface::PictureChanged, this, &ImageX::OnPictureChanged);
     OnPictureReplaced();
@@ -266,14 +269,26 @@ void ImageX::paintEvent(QPaintEvent* event) {
         shown.setDevicePixelRatio(devicePixelRatioF());
         painter.drawImage(QPointF(origin_ + view_.Window().topLeft()) / devicePixelRatioF(), shown);
     }
+    PaintLens(painter);
     PaintRing(painter);
+    PaintTipText(painter);
+}
+
+double ImageX::RingRadius() const {
+    const double scale = ImageRect().width() / surface_.ImageWidth();
+    return std::max(1.0, tip_.size * scale / 2);
 }
 
 QRect ImageX::RingRect() const {
-    if (ringSize_ <= 0 || mouse_.x() < 0 || surface_.ImageWidth() == 0 || dragging_) return {};
-    const double scale = ImageRect().width() / surface_.ImageWidth();
-    const double radius = std::max(1.0, ringSize_ * scale / 2) + 2;
-    return QRectF(mouse_ - QPointF(radius, radius), QSizeF(2 * radius, 2 * radius)).toAlignedRect();
+    if (tip_.size <= 0 || mouse_.x() < 0 || surface_.ImageWidth() == 0 || dragging_) return {};
+    const double radius = RingRadius() + 2;
+    QRect ring = QRectF(mouse_ - QPointF(radius, radius), QSizeF(2 * radius, 2 * radius)).toAlignedRect();
+    if (tipTold_.isActive()) {
+        const QFontMetrics metrics(font());
+        ring |= QRect(ring.right(), ring.center().y() - metrics.height(), metrics.horizontalAdvance(TipText()) + 16,
+                      2 * metrics.height());
+    }
+    return ring;
 }
 
 void ImageX::UpdateRing() {
@@ -287,18 +302,74 @@ void ImageX::UpdateRing() {
 void ImageX::PaintRing(QPainter& painter) const {
     const QRectF ring = RingRect();
     if (ring.isEmpty()) return;
-    const double scale = ImageRect().width() / surface_.ImageWidth();
-    const double radius = std::max(1.0, ringSize_ * scale / 2);
+    const double radius = RingRadius();
     painter.setRenderHint(QPainter::Antialiasing);
+    painter.setBrush(Qt::NoBrush);
     // Two tones, so that it shows on every ground.
-    painter.setPen(QPen(QColor(0, 0, 0, 150), 1));
+    QPen dark(QColor(0, 0, 0, 150), 1), light(QColor(255, 255, 255, 200), 1);
+    if (tip_.restores) light.setDashPattern({4, 4});
+    painter.setPen(dark);
     painter.drawEllipse(mouse_, radius + 0.5, radius + 0.5);
-    painter.setPen(QPen(QColor(255, 255, 255, 200), 1));
+    painter.setPen(light);
     painter.drawEllipse(mouse_, radius - 0.5, radius - 0.5);
+    if (tip_.softness > 0 && tip_.softness < 100) {
+        painter.setPen(QPen(QColor(255, 255, 255, 110), 1));
+        const double core = radius * (100 - tip_.softness) / 100;
+        painter.drawEllipse(mouse_, core, core);
+    }
 }
 
-void ImageX::SetBrushRing(int imagePixels) {
-    ringSize_ = std::max(0, imagePixels);
+// What a stroke would bring, before anything is pressed: the same pixels that the view would show after it.
+void ImageX::PaintLens(QPainter& painter) {
+    const QRectF ring = RingRect();
+    if (ring.isEmpty() || pressed_ || tip_.paint.size() != surface_.Picture().size()) return;
+    const double ratio = devicePixelRatioF();
+    const double radius = RingRadius();
+    const QRect device =
+        QRectF((mouse_ - QPointF(radius, radius)) * ratio, QSizeF(2 * radius, 2 * radius) * ratio).toAlignedRect() &
+        QRect(QPoint(0, 0), viewport_) & QRect(origin_, scaled_);
+    if (device.isEmpty()) return;
+    lens_.Show(tip_.paint, scaled_, device.translated(-origin_));
+    QBrush paint(lens_.Pixels());
+    paint.setTransform(QTransform::fromScale(1 / ratio, 1 / ratio));
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setClipRect(QRectF(QPointF(device.topLeft()) / ratio, QSizeF(device.size()) / ratio), Qt::IntersectClip);
+    painter.setPen(Qt::NoPen);
+    if (lens_.Pixels().hasAlphaChannel()) {
+        painter.setBrush(palette().window());
+        painter.drawEllipse(mouse_, radius, radius);
+    }
+    painter.setBrushOrigin(QPointF(device.topLeft()) / ratio);
+    painter.setBrush(paint);
+    painter.drawEllipse(mouse_, radius, radius);
+    painter.restore();
+}
+
+QString ImageX::TipText() const {
+    const QString size = tr("%1 px").arg(tip_.size);
+    return tip_.softness == 0 ? size : tr("%1, soft %2 %").arg(size).arg(tip_.softness);
+}
+
+void ImageX::PaintTipText(QPainter& painter) const {
+    if (!tipTold_.isActive() || tip_.size <= 0 || mouse_.x() < 0) return;
+    const QFontMetrics metrics(font());
+    const QRectF box(mouse_.x() + RingRadius() + 6, mouse_.y() - metrics.height() * 0.7,
+                     metrics.horizontalAdvance(TipText()) + 8, metrics.height() * 1.4);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(0, 0, 0, 170));
+    painter.drawRoundedRect(box, 3, 3);
+    painter.setPen(Qt::white);
+    painter.drawText(box, Qt::AlignCenter, TipText());
+}
+
+void ImageX::SetBrushTip(const BrushTip& tip) {
+    const bool told = tip.size > 0 && tip_.size > 0 && (tip.size != tip_.size || tip.softness != tip_.softness);
+    if (tip.paint.constBits() != tip_.paint.constBits()) lens_.Invalidate();
+    tip_ = tip;
+    if (told) tipTold_.start();
+    update(ringShown_);
     UpdateRing();
 }
 
@@ -379,6 +450,8 @@ void ImageX::mousePressEvent(QMouseEvent* event) {
         UpdateRing();
         return;
     }
+    pressed_ = true;
+    update(ringShown_);
     Q_EMIT MousePressed(event->button(), event->buttons(), event->modifiers(), Twips(event->position().x()),
                         Twips(event->position().y()), ImagePixel(event->position()));
 }
@@ -396,6 +469,10 @@ void ImageX::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void ImageX::mouseReleaseEvent(QMouseEvent* event) {
+    if (pressed_ && event->buttons() == Qt::NoButton) {
+        pressed_ = false;
+        update(ringShown_);
+    }
     if (!dragging_ || (event->buttons() & (Qt::MiddleButton | Qt::LeftButton))) return;
     dragging_ = false;
     ApplyCursor();

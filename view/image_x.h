@@ -5,6 +5,7 @@
 
 #include <QBrush>
 #include <QPixmap>
+#include <QTimer>
 #include <QWidget>
 #include <optional>
 
@@ -47,7 +48,7 @@ class ImageX : public QWidget, public SurfaceView {
 
     void SetCursorPicture(const QPixmap& picture, const QPoint& hotSpot = QPoint(-1, -1)) override;
     void SetCursorStyle(int style) override;
-    void SetBrushRing(int imagePixels) override;
+    void SetBrushTip(const BrushTip& tip) override;
     /// Shown where the picture does not cover the widget, and through its transparency. A diagonal cross has the same
     /// density at every device pixel ratio.
     void SetBackgroundHatch(const QBrush& brush);
@@ -98,7 +99,11 @@ class ImageX : public QWidget, public SurfaceView {
     void ScrollOrPass(QKeyEvent* event, const QPointF& pixels);
     void ApplyCursor();
     void UpdateRing();
+    void PaintLens(QPainter& painter);
     void PaintRing(QPainter& painter) const;
+    void PaintTipText(QPainter& painter) const;
+    double RingRadius() const;
+    QString TipText() const;
     QRect RingRect() const;
     const QBrush& HatchOfScreen();
 
@@ -125,7 +130,10 @@ class ImageX : public QWidget, public SurfaceView {
     QPixmap cursorPicture_;
     QPoint cursorHotSpot_{-1, -1};
     int cursorStyle_ = 0;
-    int ringSize_ = 0;
+    BrushTip tip_;
+    ScaledView lens_;  ///< the tip's paint under the ring
+    QTimer tipTold_;   ///< runs while size and softness stand beside the ring
+    bool pressed_ = false;
     QRect ringShown_;
     QPointF mouse_{-1, -1};  ///< negative: not over the widget
 

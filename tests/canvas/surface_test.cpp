@@ -40,14 +40,18 @@ double DistanceToSegment(double x, double y, const QPoint& a, const QPoint& b) {
 }
 
 // What a stroke of opaque pictures has to look like: each pixel blended once, by its distance to the whole line.
-QImage PlainStroke(const QImage& canvas, const QImage& paint, const QPolygon& points, int size, int strength) {
+QImage PlainStroke(const QImage& canvas, const QImage& paint, const QPolygon& points, int size, int strength,
+                   int softness) {
     QImage result = canvas.copy();
     for (int y = 0; y < std::min(canvas.height(), paint.height()); ++y) {
         for (int x = 0; x < std::min(canvas.width(), paint.width()); ++x) {
             double distance = 1e9;
             for (int i = 0; i + 1 < points.size(); ++i)
                 distance = std::min(distance, DistanceToSegment(x, y, points[i], points[i + 1]));
-            const double share = std::clamp(size / 2.0 + 0.5 - distance, 0.0, 1.0) * strength / 255.0;
+            const double core = softness ? (size / 2.0 - 0.5) * (100 - softness) / 100 - 0.5 : size / 2.0 - 0.5;
+            double covered = std::clamp((size / 2.0 + 0.5 - distance) / (size / 2.0 + 0.5 - core), 0.0, 1.0);
+            if (softness) covered = covered * covered * (3 - 2 * covered);
+            const double share = covered * strength / 255.0;
             const auto mix = [&](int a, int b) { return qRound(a + (b - a) * share); };
             const QRgb from = canvas.pixel(x, y);
             const QRgb to = paint.pixel(x, y);
@@ -77,11 +81,36 @@ void Draw(Surface& surface, const QPolygon& points, int strength = 255) {
         surface.DrawBrushLine(points[i].x(), points[i].y(), points[i + 1].x(), points[i + 1].y(), strength);
 }
 
+TEST(Stroke, EverywhereIsOneLevelAmongOthers) {
+    Surface canvas, pen;
+    const QImage before = Noise(300, 220, 1);
+    canvas.SetPicture(before);
+    pen.SetPicture(Noise(300, 220, 2));
+    canvas.SelectBrush(pen.MakeBrush(20));
+    canvas.PushUndo();
+    Draw(canvas, {QPoint(20, 20), QPoint(100, 100)});
+    const QImage stroked = canvas.Picture().copy();
+    canvas.PaintAll();
+    EXPECT_EQ(canvas.Picture(), pen.Picture());
+    canvas.SelectBrush(BrushHandle{before, 30});
+    canvas.PushUndo();
+    Draw(canvas, {QPoint(50, 50), QPoint(60, 150)});
+    const QImage last = canvas.Picture().copy();
+    EXPECT_EQ(pen.Picture(), Noise(300, 220, 2)) << "the paint is not painted on";
+    for (const QImage& state : {pen.Picture(), stroked, before}) {
+        canvas.Undo();
+        EXPECT_EQ(canvas.Picture(), state);
+    }
+    for (int i = 0; i < 3; ++i) canvas.Redo();
+    EXPECT_EQ(canvas.Picture(), last);
+}
+
 TEST(Stroke, CoversEachPixelOnceByItsDistanceToTheLine) {
     const struct {
         int size, strength;
         QPolygon points;
         QSize paint;
+        int softness = 0;
     } cases[] = {
         {1, 255, {QPoint(5, 5), QPoint(5, 5)}, {300, 220}},
         {1, 255, {QPoint(10, 100), QPoint(200, 130)}, {300, 220}},
@@ -92,6 +121,9 @@ TEST(Stroke, CoversEachPixelOnceByItsDistanceToTheLine) {
         {100, 255, {QPoint(290, 0), QPoint(290, 219)}, {200, 150}},                   // paint smaller than the canvas
         {31, 128, {QPoint(60, 150), QPoint(140, 150), QPoint(60, 150)}, {400, 300}},  // half strength, back and forth
         {100, 255, {QPoint(1000, 1000), QPoint(1200, 1000)}, {300, 220}},             // nowhere near
+        {1, 255, {QPoint(5, 5), QPoint(9, 5)}, {300, 220}, 50},
+        {60, 255, {QPoint(100, 100), QPoint(180, 100), QPoint(100, 101)}, {300, 220}, 40},
+        {80, 200, {QPoint(100, 100), QPoint(140, 130)}, {300, 220}, 100},
     };
     const QImage before = Noise(300, 220, 1);
     for (const auto& stroke : cases) {
@@ -100,11 +132,13 @@ TEST(Stroke, CoversEachPixelOnceByItsDistanceToTheLine) {
         canvas.SetPicture(before);
         pen.SetPicture(Noise(stroke.paint.width(), stroke.paint.height(), 2));
         canvas.SelectBrush(pen.MakeBrush(stroke.size));
+        canvas.SetBrushSoftness(stroke.softness);
         canvas.PushUndo();
         QRect reported;
         QObject::connect(&canvas, &Surface::PictureChanged, [&](const QRect& rect) { reported |= rect; });
         Draw(canvas, stroke.points, stroke.strength);
-        const QImage expected = PlainStroke(before, pen.Picture(), stroke.points, stroke.size, stroke.strength);
+        const QImage expected =
+            PlainStroke(before, pen.Picture(), stroke.points, stroke.size, stroke.strength, stroke.softness);
         // One step of the coverage and one rounding.
         EXPECT_LE(LargestDifference(canvas.Picture(), expected), 2);
         for (int y = 0; y < before.height(); ++y)

@@ -294,21 +294,40 @@ TEST_F(ImageXTest, ShowsTheCursorPictureInStyle99Only) {
 TEST_F(ImageXTest, TheBrushRingFollowsTheMouseAndLeavesNothingBehind) {
     surface_.CreateBlank(400, 300, 24, QColor(128, 128, 128));
     const QImage plain = view_.grab().toImage();
-    view_.SetBrushRing(60);
+    view_.SetBrushTip({.size = 60});
     QTest::mouseMove(&view_, QPoint(100, 100));
     QTest::mouseMove(&view_, QPoint(200, 150));
     const QImage ringed = view_.grab().toImage();
     EXPECT_NE(ringed.pixel(int(230 * Ratio()), int(150 * Ratio())), plain.pixel(0, 0));
     EXPECT_EQ(ringed.pixel(int(130 * Ratio()), int(100 * Ratio())), plain.pixel(0, 0));
     EXPECT_EQ(ringed.pixel(int(200 * Ratio()), int(150 * Ratio())), plain.pixel(0, 0));
-    view_.SetBrushRing(0);
+    view_.SetBrushTip({.size = 0});
     EXPECT_EQ(view_.grab().toImage(), plain);
+}
+
+TEST_F(ImageXTest, TheLensShowsWhatAStrokeWouldBringUntilAButtonIsPressed) {
+    surface_.CreateBlank(400, 300, 24, QColor(128, 128, 128));
+    QImage paint(400, 300, QImage::Format_RGB32);
+    paint.fill(Qt::red);
+    const auto at = [&](int x, int y) { return view_.grab().toImage().pixelColor(int(x * Ratio()), int(y * Ratio())); };
+    view_.SetBrushTip({.size = 60, .paint = paint});
+    QTest::mouseMove(&view_, QPoint(100, 100));
+    QTest::mouseMove(&view_, QPoint(200, 150));
+    EXPECT_EQ(at(200, 150), QColor(Qt::red));
+    EXPECT_EQ(at(220, 150), QColor(Qt::red));
+    EXPECT_EQ(at(240, 150), QColor(128, 128, 128));
+    QTest::mousePress(&view_, Qt::LeftButton, {}, QPoint(200, 150));
+    EXPECT_EQ(at(200, 150), QColor(128, 128, 128));
+    QTest::mouseRelease(&view_, Qt::LeftButton, {}, QPoint(200, 150));
+    EXPECT_EQ(at(200, 150), QColor(Qt::red));
+    view_.SetBrushTip({.size = 60, .paint = paint.scaled(20, 20)});
+    EXPECT_EQ(at(200, 150), QColor(128, 128, 128)) << "paint of another picture";
 }
 
 TEST_F(ImageXTest, WhatIsOnTheScreenIsWhatAFreshPaintingWouldShow) {
     if (Ratio() != 1) GTEST_SKIP() << "the offscreen platform grabs a part of the window only";
     surface_.SetPicture(Noise(300, 220, 3));
-    view_.SetBrushRing(30);
+    view_.SetBrushTip({.size = 30});
     QTest::mouseMove(&view_, QPoint(200, 150));
     // Each step, and the mouse away from what it left: the ring grows and shrinks with the view and moves with the
     // mouse.
@@ -316,7 +335,7 @@ TEST_F(ImageXTest, WhatIsOnTheScreenIsWhatAFreshPaintingWouldShow) {
                                            [&] { QTest::mouseMove(&view_, QPoint(40, 60)); },
                                            [&] { view_.SetZoomPercent(60); },
                                            [&] { QTest::mouseMove(&view_, QPoint(300, 200)); },
-                                           [&] { view_.SetBrushRing(5); },
+                                           [&] { view_.SetBrushTip({.size = 5}); },
                                            [&] { view_.SetFittedView(); },
                                            [&] { QTest::mouseMove(&view_, QPoint(100, 100)); }};
     for (std::size_t step = 0; step < std::size(steps); ++step) {
