@@ -8,8 +8,27 @@
         <translation>Archivos</translation>
     </message>
     <message>
+        <source>Reading the folder...</source>
+        <translation>Leyendo la carpeta...</translation>
+    </message>
+    <message>
         <source>No pictures in this folder</source>
         <translation>No hay imágenes en esta carpeta</translation>
+    </message>
+    <message>
+        <source>You have no right to look into this folder</source>
+        <translation>No tiene permiso para ver esta carpeta</translation>
+    </message>
+    <message>
+        <source>This folder can&apos;t be read</source>
+        <translation>No se puede leer esta carpeta</translation>
+    </message>
+</context>
+<context>
+    <name>kelu::FolderCombo</name>
+    <message>
+        <source>Path</source>
+        <translation>Ruta</translation>
     </message>
 </context>
 <context>
@@ -30,10 +49,18 @@
         <source>Date</source>
         <translation>Fecha</translation>
     </message>
+</context>
+<context>
+    <name>kelu::Language</name>
     <message>
-        <source>Computer</source>
-        <translation>PC</translation>
+        <source>ID</source>
+        <comment>number of the language</comment>
+        <extracomment>The number under which the setting &quot;ID&quot; chooses this language. A number that no other language has.</extracomment>
+        <translation>2</translation>
     </message>
+</context>
+<context>
+    <name>kelu::Places</name>
     <message>
         <source>Home</source>
         <translation>Carpeta personal</translation>
@@ -46,14 +73,9 @@
         <source>Documents</source>
         <translation>Documentos</translation>
     </message>
-</context>
-<context>
-    <name>kelu::Language</name>
     <message>
-        <source>ID</source>
-        <comment>number of the language</comment>
-        <extracomment>The number under which the setting &quot;ID&quot; chooses this language. A number that no other language has.</extracomment>
-        <translation>2</translation>
+        <source>Computer</source>
+        <translation>PC</translation>
     </message>
 </context>
 <context>
@@ -128,6 +150,10 @@
     <message>
         <source>Views</source>
         <translation>Vistas</translation>
+    </message>
+    <message>
+        <source>There is no folder and no picture &quot;%1&quot;</source>
+        <translation>No hay ninguna carpeta ni imagen &quot;%1&quot;</translation>
     </message>
 </context>
 <context>

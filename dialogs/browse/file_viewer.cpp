@@ -1,17 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "dialogs/browse/file_viewer.h"
 
-#include <QDir>
-#include <QFileInfo>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QListView>
 #include <QScrollBar>
 #include <QTreeView>
 #include <algorithm>
 #include <ranges>
+#include <vector>
 
 #include "controls/theme/theme.h"
+#include "dialogs/browse/folder_paths.h"
 #include "dialogs/browse/thumbnail_delegate.h"
 
 namespace kelu {
@@ -20,29 +21,12 @@ namespace {
 
 constexpr int kWishTime = 30;  // ms
 
-struct Look {
-    QListView::ViewMode mode;
-    QListView::Flow flow;
-    bool wraps;
-    QSize icon;  // device-independent pixels
-    QSize cell;
-};
-
-Look LookOf(FileViewer::ViewKind view) {
-    switch (view) {
-        case FileViewer::ViewKind::LargeIcons:
-            return {QListView::IconMode, QListView::LeftToRight, true, {48, 48}, {104, 88}};
-        case FileViewer::ViewKind::SmallIcons:
-            return {QListView::ListMode, QListView::LeftToRight, true, {18, 18}, {200, 26}};
-        case FileViewer::ViewKind::Thumbnails:
-            return {QListView::IconMode, QListView::LeftToRight, true, ThumbnailDelegate::kPicture,
-                    ThumbnailDelegate::kCell};
-        case FileViewer::ViewKind::List:
-        case FileViewer::ViewKind::Details:
-            break;
-    }
-    return {QListView::ListMode, QListView::TopToBottom, true, {18, 18}, {220, 26}};
-}
+constexpr int kRowHeight = 26;  // device-independent pixels, as the next four
+constexpr QSize kSmallIcon(18, 18);
+constexpr int kLeastNameWidth = 120;
+constexpr int kDateWidth = 150;
+constexpr int kSizeWidth = 90;
+constexpr std::size_t kMeasuredNames = 50;  // of the longest
 
 }  // namespace
 
@@ -53,7 +37,8 @@ FileViewer::FileViewer(ThumbnailCache cache, QWidget* parent)
       details_(new QTreeView(this)),
       emptyText_(new QLabel(this)),
       plainLook_(new QStyledItemDelegate(this)),
-      thumbnailLook_(new ThumbnailDelegate(this)) {
+      iconLook_(new ThumbnailDelegate(ThumbnailDelegate::Shows::Icons, this)),
+      thumbnailLook_(new ThumbnailDelegate(ThumbnailDelegate::Shows::Thumbnails, this)) {
     addWidget(list_);
     addWidget(details_);
     SetUp(*list_);
@@ -67,23 +52,29 @@ FileViewer::FileViewer(ThumbnailCache cache, QWidget* parent)
     details_->setUniformRowHeights(true);
     details_->setItemsExpandable(false);
     details_->setAllColumnsShowFocus(true);
-    details_->header()->setSortIndicator(FolderModel::kName, Qt::AscendingOrder);
+    details_->setSelectionBehavior(QAbstractItemView::SelectRows);
+    details_->setItemDelegate(plainLook_);
+    QHeaderView* header = details_->header();
+    header->setSortIndicator(FolderRequest::kName, Qt::AscendingOrder);
     details_->setSortingEnabled(true);
-    details_->setColumnWidth(FolderModel::kName, 260);
+    // The name has all the room that is left.
+    header->setStretchLastSection(false);
+    header->setSectionResizeMode(FolderRequest::kName, QHeaderView::Stretch);
+    header->resizeSection(FolderRequest::kSize, kSizeWidth);
+    header->resizeSection(FolderRequest::kType, kSizeWidth);
+    header->resizeSection(FolderRequest::kChanged, kDateWidth);
 
     emptyText_->setAttribute(Qt::WA_TransparentForMouseEvents);
     emptyText_->setAlignment(Qt::AlignCenter);
     QPalette quiet = emptyText_->palette();
     quiet.setColor(QPalette::WindowText, theme::kMutedText);
     emptyText_->setPalette(quiet);
-    connect(&model_, &QAbstractItemModel::modelReset, this, &FileViewer::ShowEmptyText);
-    connect(&model_, &QAbstractItemModel::layoutChanged, this, &FileViewer::ShowEmptyText);
+    connect(&model_, &QAbstractItemModel::modelReset, this, &FileViewer::FollowListing);
+    connect(&model_, &FolderModel::ListingChanged, this, &FileViewer::FollowListing);
 
     wish_.setSingleShot(true);
     wish_.setInterval(kWishTime);
     connect(&wish_, &QTimer::timeout, this, &FileViewer::WishVisible);
-    connect(&model_, &QAbstractItemModel::modelReset, &wish_, qOverload<>(&QTimer::start));
-    connect(&model_, &QAbstractItemModel::layoutChanged, this, [this] { wish_.start(); });
     connect(list_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &FileViewer::ItemSelected);
     SetView(ViewKind::Thumbnails);
 }
@@ -94,6 +85,7 @@ void FileViewer::SetUp(QAbstractItemView& view) {
     view.setEditTriggers(QAbstractItemView::NoEditTriggers);
     view.setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     view.setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    view.installEventFilter(this);
     connect(&view, &QAbstractItemView::clicked, this, &FileViewer::ItemSelected);
     connect(&view, &QAbstractItemView::activated, this, &FileViewer::Activate);
     for (const QScrollBar* bar : {view.verticalScrollBar(), view.horizontalScrollBar()})
@@ -108,21 +100,23 @@ QAbstractItemView* FileViewer::Current() const {
 
 void FileViewer::SetView(ViewKind view) {
     view_ = view;
-    if (view != ViewKind::Details) {
-        const Look look = LookOf(view);
-        list_->setViewMode(look.mode);
-        list_->setFlow(look.flow);
-        list_->setWrapping(look.wraps);
-        list_->setIconSize(look.icon);
-        list_->setGridSize(look.cell);
-        list_->setMovement(QListView::Static);  // the icon mode would let rows be dragged about
-        list_->setWordWrap(false);
-        list_->setItemDelegate(view == ViewKind::Thumbnails ? thumbnailLook_ : plainLook_);
-    }
+    const bool pictures = view == ViewKind::Thumbnails || view == ViewKind::LargeIcons;
+    list_->setViewMode(pictures ? QListView::IconMode : QListView::ListMode);
+    list_->setFlow(view == ViewKind::List ? QListView::TopToBottom : QListView::LeftToRight);
+    list_->setWrapping(true);
+    list_->setIconSize(kSmallIcon);
+    list_->setMovement(QListView::Static);  // the icon mode would let rows be dragged about
+    list_->setItemDelegate(view == ViewKind::Thumbnails   ? thumbnailLook_
+                           : view == ViewKind::LargeIcons ? iconLook_
+                                                          : plainLook_);
+    FitCells();
     setCurrentWidget(Current());
     setFocusProxy(Current());
     ShowEmptyText();
-    if (const QModelIndex current = list_->currentIndex(); current.isValid()) Current()->scrollTo(current);
+    if (const QModelIndex current = list_->currentIndex(); current.isValid()) {
+        Current()->setCurrentIndex(current);  // each view marks in its own way, a cell or a whole row
+        Current()->scrollTo(current);
+    }
     wish_.start();
 }
 
@@ -135,20 +129,61 @@ void FileViewer::SetFolder(const QString& path) {
 void FileViewer::GoUp() {
     const QString left = model_.Folder();
     if (left == QLatin1String(FolderModel::kComputer)) return;
-    QDir folder(left);
-    SetFolder(folder.cdUp() && folder.absolutePath() != left ? folder.absolutePath()
-                                                             : QLatin1String(FolderModel::kComputer));
-    // The folder just left is marked, so that a wrong step is easily taken back.
-    if (const QModelIndex row = model_.RowOf(left); row.isValid()) {
+    SetFolder(ParentFolder(left));
+    Mark(left);  // so that a wrong step is easily taken back
+}
+
+void FileViewer::Mark(const QString& path) {
+    toMark_ = path;
+    if (const QModelIndex row = model_.RowOf(path); row.isValid()) {
+        toMark_.clear();
         Current()->setCurrentIndex(row);
         Current()->scrollTo(row);
     }
 }
 
+void FileViewer::FollowListing() {
+    FitCells();
+    ShowEmptyText();
+    if (!toMark_.isEmpty()) Mark(toMark_);
+    wish_.start();
+}
+
+/// In rows of names each cell is as wide as the longest name, as far as the view has room for it.
+void FileViewer::FitCells() {
+    if (view_ == ViewKind::Thumbnails || view_ == ViewKind::LargeIcons) {
+        list_->setGridSize(view_ == ViewKind::Thumbnails ? thumbnailLook_->Cell() : iconLook_->Cell());
+        return;
+    }
+    std::vector<QString> names;
+    for (int row = 0; row < model_.rowCount(); ++row) names.push_back(model_.index(row, 0).data().toString());
+    const std::size_t measured = std::min(names.size(), kMeasuredNames);
+    std::partial_sort(names.begin(), names.begin() + static_cast<std::ptrdiff_t>(measured), names.end(),
+                      [](const QString& a, const QString& b) { return a.size() > b.size(); });
+    int width = kLeastNameWidth;
+    for (std::size_t i = 0; i < measured; ++i)
+        width = std::max(width, list_->fontMetrics().horizontalAdvance(names[i]) + 2 * kRowHeight);
+    list_->setGridSize({std::min(width, std::max(list_->viewport()->width(), kLeastNameWidth)), kRowHeight});
+}
+
+bool FileViewer::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        const QModelIndex row = Current()->currentIndex();
+        // A folder is entered and no more: the key must not reach the dialog, whose default button opens a picture.
+        if ((key == Qt::Key_Return || key == Qt::Key_Enter) && row.isValid() &&
+            !row.data(FolderModel::kIsFileRole).toBool()) {
+            Activate(row);
+            return true;
+        }
+    }
+    return QStackedWidget::eventFilter(watched, event);
+}
+
 std::optional<FileViewer::Item> FileViewer::CurrentItem() const {
     const QModelIndexList chosen = list_->selectionModel()->selectedIndexes();
     if (chosen.isEmpty()) return std::nullopt;
-    const QModelIndex row = chosen.first();
+    const QModelIndex row = chosen.first().siblingAtColumn(FolderRequest::kName);
     return Item{row.data(FolderModel::kPathRole).toString(), row.data(FolderModel::kIsFileRole).toBool()};
 }
 
@@ -159,6 +194,7 @@ void FileViewer::Activate(const QModelIndex& index) {
 
 void FileViewer::WishVisible() {
     if (view_ != ViewKind::Thumbnails) return;
+    model_.SetThumbnailSize(ThumbnailDelegate::kThumbnail * devicePixelRatioF());
     const QRect view = list_->viewport()->rect();
     // One screen beyond what is seen, so that a calm scroll finds its pictures ready; what is seen comes first.
     QModelIndexList inView;
@@ -184,10 +220,24 @@ void FileViewer::WishVisible() {
 void FileViewer::LoadTexts() {
     list_->setAccessibleName(tr("Files"));
     details_->setAccessibleName(tr("Files"));
-    emptyText_->setText(tr("No pictures in this folder"));
+    ShowEmptyText();
 }
 
 void FileViewer::ShowEmptyText() {
+    switch (model_.State()) {
+        case FolderListing::State::Reading:
+            emptyText_->setText(tr("Reading the folder..."));
+            break;
+        case FolderListing::State::Listed:
+            emptyText_->setText(tr("No pictures in this folder"));
+            break;
+        case FolderListing::State::NoRights:
+            emptyText_->setText(tr("You have no right to look into this folder"));
+            break;
+        case FolderListing::State::Gone:
+            emptyText_->setText(tr("This folder can't be read"));
+            break;
+    }
     emptyText_->setGeometry(rect());
     emptyText_->setVisible(model_.rowCount() == 0);
     emptyText_->raise();
@@ -195,6 +245,7 @@ void FileViewer::ShowEmptyText() {
 
 void FileViewer::resizeEvent(QResizeEvent* event) {
     QStackedWidget::resizeEvent(event);
+    FitCells();
     ShowEmptyText();
     wish_.start();
 }

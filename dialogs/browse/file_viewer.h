@@ -16,6 +16,8 @@ class QTreeView;
 
 namespace kelu {
 
+class ThumbnailDelegate;
+
 class FileViewer : public QStackedWidget {
     Q_OBJECT
 
@@ -35,8 +37,11 @@ class FileViewer : public QStackedWidget {
     ViewKind View() const { return view_; }
     void SetView(ViewKind view);
     void Refresh() { model_.Refresh(); }
+    void RefreshAll() { model_.RefreshAll(); }
     /// One level up; from a root to the list of drives.
     void GoUp();
+    /// Makes the row of this path the current one as soon as it is there.
+    void Mark(const QString& path);
     std::optional<Item> CurrentItem() const;
     /// Assigns the texts in the language in use.
     void LoadTexts();
@@ -51,12 +56,15 @@ class FileViewer : public QStackedWidget {
 
  protected:
     void resizeEvent(QResizeEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
     QAbstractItemView* Current() const;
     void SetUp(QAbstractItemView& view);
     void Activate(const QModelIndex& index);
     void WishVisible();
+    void FollowListing();
+    void FitCells();
     void ShowEmptyText();
 
     FolderModel model_;
@@ -64,8 +72,10 @@ class FileViewer : public QStackedWidget {
     QTreeView* details_;
     QLabel* emptyText_;
     QAbstractItemDelegate* plainLook_;
-    QAbstractItemDelegate* thumbnailLook_;
+    ThumbnailDelegate* iconLook_;
+    ThumbnailDelegate* thumbnailLook_;
     ViewKind view_ = ViewKind::Thumbnails;
+    QString toMark_;
     QTimer wish_;  // scrolling asks for thumbnails when it rests for a moment
 };
 

@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "dialogs/browse/folder_combo.h"
 
-#include <QDir>
-#include <QStandardPaths>
+#include <QFileInfo>
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <QStyledItemDelegate>
+#include <QWheelEvent>
 
 #include "controls/theme/icons.h"
 #include "dialogs/browse/folder_model.h"
+#include "dialogs/browse/folder_paths.h"
 
 namespace kelu {
 
@@ -28,7 +31,9 @@ class IndentedRows : public QStyledItemDelegate {
 };
 }  // namespace
 
-FolderCombo::FolderCombo(QWidget* parent) : QComboBox(parent) {
+FolderCombo::FolderCombo(QWidget* parent) : QComboBox(parent), path_(new QLineEdit(this)) {
+    path_->hide();
+    path_->installEventFilter(this);
     setItemDelegate(new IndentedRows(this));
     setMaxVisibleItems(20);
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
@@ -56,18 +61,39 @@ void FolderCombo::Add(const QString& text, const QString& path, const char* icon
     setItemData(count() - 1, depth, kDepthRole);
 }
 
+void FolderCombo::EditPath() {
+    path_->setAccessibleName(tr("Path"));
+    path_->setText(Folder());
+    path_->setGeometry(rect());
+    path_->show();
+    path_->selectAll();
+    path_->setFocus();
+}
+
+bool FolderCombo::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FocusOut && static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason)
+        path_->hide();
+    if (event->type() != QEvent::KeyPress) return QComboBox::eventFilter(watched, event);
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
+    if (!enter && key != Qt::Key_Escape) return false;
+    // Neither goes on to the dialog, whose buttons listen to the same keys.
+    path_->hide();
+    Q_EMIT EditEnded();
+    if (enter) Q_EMIT PathTyped(path_->text());
+    return true;
+}
+
+void FolderCombo::wheelEvent(QWheelEvent* event) { event->ignore(); }
+
 void FolderCombo::SyncDisplay() {
     clear();
-    Add(FolderModel::ComputerName(), QString::fromLatin1(FolderModel::kComputer), "computer", 0);
-    const QString present = Folder();
-    if (!present.isEmpty()) {
-        Add(QStringLiteral("/"), QStringLiteral("/"), "drive", 1);
-        QString path;
-        int depth = 2;
-        for (const QString& part : QDir(present).absolutePath().split(u'/', Qt::SkipEmptyParts)) {
-            path += u'/' + part;
-            Add(part, path, "folder", depth++);
-        }
+    Add(ComputerName(), QString::fromLatin1(FolderModel::kComputer), "computer", 0);
+    QStringList way;
+    for (QString at = Folder(); !at.isEmpty(); at = ParentFolder(at)) way.prepend(at);
+    for (qsizetype i = 0; i < way.size(); ++i) {
+        const QString name = OneLine(QFileInfo(way[i]).fileName());
+        Add(name.isEmpty() ? way[i] : name, way[i], i == 0 ? "drive" : "folder", static_cast<int>(i) + 1);
     }
     setCurrentIndex(count() - 1);
     const std::pair<const char*, QStandardPaths::StandardLocation> places[] = {
@@ -76,8 +102,7 @@ void FolderCombo::SyncDisplay() {
         {"folder_documents", QStandardPaths::DocumentsLocation},
     };
     insertSeparator(count());
-    for (const auto& [icon, place] : places)
-        Add(FolderModel::PlaceName(place), QStandardPaths::writableLocation(place), icon, 0);
+    for (const auto& [icon, place] : places) Add(PlaceName(place), QStandardPaths::writableLocation(place), icon, 0);
 }
 
 }  // namespace kelu

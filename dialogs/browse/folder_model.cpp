@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "dialogs/browse/folder_model.h"
 
-#include <QCollator>
-#include <QDir>
+#include <QCoreApplication>
 #include <QFileInfo>
-#include <QLocale>
-#include <QStorageInfo>
+#include <QPointer>
+#include <QThreadPool>
 #include <algorithm>
+#include <chrono>
+#include <future>
 
 #include "controls/theme/icons.h"
 #include "platform/language.h"
@@ -14,145 +15,122 @@
 namespace kelu {
 
 namespace {
-constexpr int kSettleTime = 150;  // ms
-}
+constexpr int kSettleTime = 150;                    // ms from a change to reading the folder anew
+constexpr int kLongestUnrest = 1000;                // ms; where changes never end it is read at least so often
+constexpr std::chrono::milliseconds kPatience(30);  // that reading may hold the caller
+constexpr qsizetype kThumbnailBudget = qsizetype{64} * 1024;  // KB
+}  // namespace
 
 FolderModel::FolderModel(ThumbnailCache cache, QObject* parent)
-    : QAbstractTableModel(parent), folder_(QString::fromLatin1(kComputer)), loader_(std::move(cache)) {
+    : QAbstractTableModel(parent), thumbnails_(kThumbnailBudget), loader_(std::move(cache)) {
     settle_.setSingleShot(true);
     settle_.setInterval(kSettleTime);
     connect(&settle_, &QTimer::timeout, this, &FolderModel::Refresh);
-    connect(&watcher_, &QFileSystemWatcher::directoryChanged, &settle_, qOverload<>(&QTimer::start));
+    connect(&watcher_, &QFileSystemWatcher::directoryChanged, this, &FolderModel::SettleSoon);
+    connect(&watcher_, &QFileSystemWatcher::fileChanged, this, &FolderModel::SettleSoon);
     connect(&loader_, &ThumbnailLoader::Ready, this, &FolderModel::OnThumbnail);
 }
 
 void FolderModel::SetFolder(const QString& path) {
     beginResetModel();
-    folder_ = path;
+    request_.folder = path;
+    listing_ = {};
+    rows_.clear();
     thumbnails_.clear();
     loader_.Wish({});
-    Take(Read());
     endResetModel();
-    Watch();
-}
-
-void FolderModel::SetFilter(const QString& patterns) {
-    patterns_ = patterns.split(u';', Qt::SkipEmptyParts);
+    WatchFolder();
     Refresh();
 }
 
+void FolderModel::SetFilter(const QString& patterns) {
+    request_.patterns = patterns.split(u';', Qt::SkipEmptyParts);
+    Refresh();
+}
+
+void FolderModel::RefreshAll() {
+    thumbnails_.clear();
+    Refresh();
+    Q_EMIT ListingChanged();
+}
+
 void FolderModel::Refresh() {
-    std::vector<Entry> now = Read();
-    if (now == entries_) return;
+    settle_.stop();
+    unsettled_.invalidate();
+    const auto token = std::make_shared<int>();
+    reading_ = token;
+    auto promise = std::make_shared<std::promise<FolderListing>>();
+    const std::shared_future<FolderListing> listing = promise->get_future().share();
+    QThreadPool::globalInstance()->start([promise, listing, token, request = request_, self = QPointer(this)] {
+        promise->set_value(ReadFolder(request));
+        QMetaObject::invokeMethod(qApp, [=] {
+            if (self && self->reading_ == token) self->Take(listing.get());
+        });
+    });
+    if (listing.wait_for(kPatience) == std::future_status::ready) Take(listing.get());
+}
+
+void FolderModel::Take(FolderListing listing) {
+    reading_.reset();
+    if (listing == listing_) return;
     // Selections are kept by path: whoever holds a persistent index finds its file again, or nothing.
     Q_EMIT layoutAboutToBeChanged();
     const QModelIndexList before = persistentIndexList();
     QStringList paths;
-    for (const QModelIndex& index : before) paths += entries_[static_cast<std::size_t>(index.row())].path;
-    Take(std::move(now));
+    for (const QModelIndex& index : before) paths += index.data(kPathRole).toString();
+    listing_ = std::move(listing);
+    rows_.clear();
+    rows_.reserve(static_cast<qsizetype>(listing_.entries.size()));
+    for (int row = 0; row < rowCount(); ++row) rows_.insert(At(row).path, row);
     for (qsizetype i = 0; i < before.size(); ++i) {
         const QModelIndex row = RowOf(paths[i]);
         changePersistentIndex(before[i], row.isValid() ? row.siblingAtColumn(before[i].column()) : QModelIndex());
     }
     Q_EMIT layoutChanged();
+    Q_EMIT ListingChanged();
 }
 
-void FolderModel::Watch() {
-    if (const QStringList watched = watcher_.directories(); !watched.isEmpty()) watcher_.removePaths(watched);
-    if (!folder_.isEmpty() && QFileInfo(folder_).isDir()) watcher_.addPath(folder_);
+void FolderModel::SettleSoon() {
+    if (!unsettled_.isValid()) unsettled_.start();
+    if (!settle_.isActive() || unsettled_.elapsed() < kLongestUnrest) settle_.start();
 }
 
-void FolderModel::Take(std::vector<Entry> entries) {
-    entries_ = std::move(entries);
-    rows_.clear();
-    rows_.reserve(static_cast<qsizetype>(entries_.size()));
-    for (std::size_t row = 0; row < entries_.size(); ++row) rows_.insert(entries_[row].path, static_cast<int>(row));
-}
-
-std::vector<FolderModel::Entry> FolderModel::Read() const {
-    if (folder_ == QLatin1String(kComputer)) return ReadComputer();
-    std::vector<Entry> entries;
-    const QDir folder(folder_);
-    for (const QFileInfo& info : folder.entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot))
-        entries.push_back({info.fileName(), info.absoluteFilePath(), false, 0, info.lastModified()});
-    for (const QFileInfo& info : folder.entryInfoList(patterns_, QDir::Files))
-        entries.push_back({info.fileName(), info.absoluteFilePath(), true, info.size(), info.lastModified()});
-    Sort(entries);
-    return entries;
-}
-
-std::vector<FolderModel::Entry> FolderModel::ReadComputer() const {
-    std::vector<Entry> entries{
-        {PlaceName(QStandardPaths::HomeLocation), QDir::homePath(), false, 0, {}},
-        {QStringLiteral("/"), QStringLiteral("/"), false, 0, {}},
-    };
-    for (const QStorageInfo& volume : QStorageInfo::mountedVolumes()) {
-        const QString root = volume.rootPath();
-        // Sticks, cards and disks of the user; the rest of the mounts are the system's own.
-        if (!volume.isReady() ||
-            !(root.startsWith(u"/media/") || root.startsWith(u"/run/media/") || root.startsWith(u"/mnt")))
-            continue;
-        entries.push_back({volume.displayName(), root, false, 0, {}});
-    }
-    return entries;
-}
-
-void FolderModel::Sort(std::vector<Entry>& entries) const {
-    // Without a language of its own the system sorts by bytes: not what anybody looks for a file by.
-    const QLocale locale = QLocale::system().language() == QLocale::C ? QLocale(QLocale::English) : QLocale::system();
-    QCollator order(locale);
-    order.setCaseSensitivity(Qt::CaseInsensitive);
-    order.setNumericMode(true);
-    std::vector<std::pair<QCollatorSortKey, Entry>> keyed;
-    keyed.reserve(entries.size());
-    for (Entry& entry : entries) keyed.emplace_back(order.sortKey(entry.name), std::move(entry));
-    const auto before = [this](const auto& a, const auto& b) {
-        if (a.second.isFile != b.second.isFile) return b.second.isFile;
-        const auto& first = sortOrder_ == Qt::AscendingOrder ? a : b;
-        const auto& second = sortOrder_ == Qt::AscendingOrder ? b : a;
-        switch (sortColumn_) {
-            case kSize:
-                if (first.second.size != second.second.size) return first.second.size < second.second.size;
-                break;
-            case kType: {
-                const QString x = QFileInfo(first.second.name).suffix().toLower();
-                const QString y = QFileInfo(second.second.name).suffix().toLower();
-                if (x != y) return x < y;
-                break;
-            }
-            case kChanged:
-                if (first.second.changed != second.second.changed) return first.second.changed < second.second.changed;
-                break;
-            default:
-                break;
-        }
-        return first.first.compare(second.first) < 0;
-    };
-    std::stable_sort(keyed.begin(), keyed.end(), before);
-    for (std::size_t i = 0; i < keyed.size(); ++i) entries[i] = std::move(keyed[i].second);
+void FolderModel::WatchFolder() {
+    const QStringList watched = watcher_.directories() + watcher_.files();
+    if (!watched.isEmpty()) watcher_.removePaths(watched);
+    if (!request_.folder.isEmpty() && QFileInfo(request_.folder).isDir()) watcher_.addPath(request_.folder);
 }
 
 void FolderModel::sort(int column, Qt::SortOrder order) {
-    sortColumn_ = column;
-    sortOrder_ = order;
+    request_.sortColumn = column;
+    request_.sortOrder = order;
     Refresh();
 }
 
 void FolderModel::WishThumbnails(const QModelIndexList& rows) {
-    QStringList paths;
+    QStringList wishes;
+    QStringList inView;
     for (const QModelIndex& row : rows) {
-        const Entry& entry = entries_[static_cast<std::size_t>(row.row())];
-        const auto known = thumbnails_.find(entry.path);
-        if (entry.isFile && (known == thumbnails_.end() || known->second.changed != entry.changed)) paths += entry.path;
+        const FolderEntry& entry = At(row.row());
+        if (!entry.isFile) continue;
+        inView += entry.path;
+        const Thumbnail* known = thumbnails_.object(entry.path);
+        if (!known || known->stamp != entry.stamp) wishes += entry.path;
     }
-    loader_.Wish(paths);
+    loader_.Wish(wishes);
+    // The watch on the folder tells of files that come and go, not of those that are written.
+    const QStringList watched = watcher_.files();
+    if (watched == inView) return;
+    if (!watched.isEmpty()) watcher_.removePaths(watched);
+    if (!inView.isEmpty()) watcher_.addPaths(inView);
 }
 
-void FolderModel::OnThumbnail(const QString& path, const QImage& image) {
+void FolderModel::OnThumbnail(const QString& path, const FileStamp& stamp, const QImage& image) {
     const QModelIndex row = RowOf(path);
     if (!row.isValid()) return;  // of a folder left meanwhile
-    thumbnails_[path] = {QPixmap::fromImage(image), image.isNull(),
-                         entries_[static_cast<std::size_t>(row.row())].changed};
+    thumbnails_.insert(path, new Thumbnail{QPixmap::fromImage(image), image.isNull(), stamp},
+                       image.sizeInBytes() / 1024 + 1);
+    if (stamp != At(row.row()).stamp) SettleSoon();  // written since the folder was read
     Q_EMIT dataChanged(row, row, {kThumbnailRole, kBrokenRole, Qt::DecorationRole});
 }
 
@@ -162,52 +140,57 @@ QModelIndex FolderModel::RowOf(const QString& path) const {
 }
 
 int FolderModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(entries_.size());
+    return parent.isValid() ? 0 : static_cast<int>(listing_.entries.size());
 }
 
-int FolderModel::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : kColumns; }
+int FolderModel::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : FolderRequest::kColumns; }
 
-QVariant FolderModel::Text(const Entry& entry, int column) const {
+QString FolderModel::Text(const FolderEntry& entry, int column) const {
     switch (column) {
-        case kName:
+        case FolderRequest::kName:
             return entry.name;
-        case kSize:
-            return entry.isFile ? LanguageLocale().formattedDataSize(entry.size, 0) : QString();
-        case kType:
+        case FolderRequest::kSize:
+            return entry.isFile ? LanguageLocale().formattedDataSize(entry.stamp.size, 0) : QString();
+        case FolderRequest::kType:
             return entry.isFile ? QFileInfo(entry.name).suffix().toUpper() : QString();
-        case kChanged:
-            return LanguageLocale().toString(entry.changed, QLocale::ShortFormat);
+        case FolderRequest::kChanged:
+            return LanguageLocale().toString(entry.stamp.changed, QLocale::ShortFormat);
         default:
             return {};
     }
 }
 
+/// Names are taken as they are, whatever marks they hold.
+QString FolderModel::Tip(const FolderEntry& entry) const {
+    const QString size = entry.isFile ? QStringLiteral("<br>") + Text(entry, FolderRequest::kSize) : QString();
+    return QStringLiteral("<span>%1%2</span>").arg(entry.name.toHtmlEscaped(), size);
+}
+
 QVariant FolderModel::data(const QModelIndex& index, int role) const {
-    if (!index.isValid()) return {};
-    const Entry& entry = entries_[static_cast<std::size_t>(index.row())];
-    const auto thumbnail = thumbnails_.find(entry.path);
-    const bool known = thumbnail != thumbnails_.end();
+    if (!index.isValid() || index.row() >= rowCount()) return {};
+    const FolderEntry& entry = At(index.row());
+    const Thumbnail* thumbnail = thumbnails_.object(entry.path);
+    const bool broken = thumbnail && thumbnail->broken;
     switch (role) {
         case Qt::DisplayRole:
             return Text(entry, index.column());
         case Qt::ToolTipRole:
-            return entry.isFile ? QStringLiteral("%1\n%2").arg(entry.name, Text(entry, kSize).toString()) : entry.name;
+            return Tip(entry);
         case Qt::TextAlignmentRole:
-            return index.column() == kSize ? QVariant(Qt::AlignRight | Qt::AlignVCenter) : QVariant();
+            return index.column() == FolderRequest::kSize ? QVariant(Qt::AlignRight | Qt::AlignVCenter) : QVariant();
         case Qt::DecorationRole:
-            if (index.column() != kName) return {};
+            if (index.column() != FolderRequest::kName) return {};
             if (!entry.isFile)
-                return theme::Icon(folder_.isEmpty() ? QStringLiteral("drive") : QStringLiteral("folder"));
-            return theme::Icon(known && thumbnail->second.broken ? QStringLiteral("broken_picture")
-                                                                 : QStringLiteral("picture"));
+                return theme::Icon(request_.folder.isEmpty() ? QStringLiteral("drive") : QStringLiteral("folder"));
+            return theme::Icon(broken ? QStringLiteral("broken_picture") : QStringLiteral("picture"));
         case kPathRole:
             return entry.path;
         case kIsFileRole:
             return entry.isFile;
         case kThumbnailRole:
-            return known ? QVariant(thumbnail->second.pixmap) : QVariant();
+            return thumbnail ? QVariant(thumbnail->pixmap) : QVariant();
         case kBrokenRole:
-            return known && thumbnail->second.broken;
+            return broken;
         default:
             return {};
     }
@@ -215,23 +198,8 @@ QVariant FolderModel::data(const QModelIndex& index, int role) const {
 
 QVariant FolderModel::headerData(int section, Qt::Orientation orientation, int role) const {
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
-    const QString titles[kColumns] = {tr("Name"), tr("Size"), tr("Type"), tr("Date")};
+    const QString titles[FolderRequest::kColumns] = {tr("Name"), tr("Size"), tr("Type"), tr("Date")};
     return titles[section];
-}
-
-QString FolderModel::ComputerName() { return tr("Computer"); }
-
-QString FolderModel::PlaceName(QStandardPaths::StandardLocation place) {
-    switch (place) {
-        case QStandardPaths::HomeLocation:
-            return tr("Home");
-        case QStandardPaths::PicturesLocation:
-            return tr("Pictures");
-        case QStandardPaths::DocumentsLocation:
-            return tr("Documents");
-        default:
-            return QStandardPaths::displayName(place);
-    }
 }
 
 }  // namespace kelu

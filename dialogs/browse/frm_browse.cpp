@@ -8,7 +8,9 @@
 #include <QLabel>
 #include <QMenu>
 #include <QPushButton>
+#include <QShortcut>
 #include <QStandardPaths>
+#include <QUrl>
 #include <QVBoxLayout>
 
 #include "controls/theme/tab_order.h"
@@ -16,6 +18,7 @@
 #include "controls/title_row/dialog_frame.h"
 #include "controls/tool_button/tool_button.h"
 #include "dialogs/browse/folder_combo.h"
+#include "dialogs/browse/folder_paths.h"
 #include "pictures/picture_format.h"
 #include "platform/error.h"
 #include "platform/language.h"
@@ -144,15 +147,24 @@ void frmBrowse::Connect() {
     });
     connect(FileViewer_, &FileViewer::ItemSelected, this, &frmBrowse::ItemChosen);
     connect(FileViewer_, &FileViewer::ItemActivated, this, &frmBrowse::ItemChosen);
-    connect(cmdBack, &ToolButton::clicked, this, [this] {
-        ComboDrive->StepBack();
-        FileViewer_->SetFolder(ComboDrive->Folder());
-    });
+    connect(cmdBack, &ToolButton::clicked, this, &frmBrowse::GoBack);
     connect(CmdUp, &ToolButton::clicked, FileViewer_, &FileViewer::GoUp);
     connect(cmdIcons, &ToolButton::clicked, this,
             [this] { mnuFFile->popup(cmdIcons->mapToGlobal(QPoint(0, cmdIcons->height()))); });
     for (std::size_t i = 0; i < mnuViews.size(); ++i)
         connect(mnuViews[i], &QAction::triggered, this, [this, i] { SetView(static_cast<FileViewer::ViewKind>(i)); });
+    connect(ComboDrive, &FolderCombo::EditEnded, FileViewer_, qOverload<>(&QWidget::setFocus));
+    connect(ComboDrive, &FolderCombo::PathTyped, this, &frmBrowse::GoTo);
+    const auto onKey = [this](const QKeySequence& keys, auto&& work) {
+        connect(new QShortcut(keys, this), &QShortcut::activated, this, work);
+    };
+    onKey(Qt::ALT | Qt::Key_Left, [this] { GoBack(); });
+    onKey(Qt::ALT | Qt::Key_Up, [this] { FileViewer_->GoUp(); });
+    onKey(Qt::Key_F5, [this] { FileViewer_->RefreshAll(); });
+    onKey(Qt::CTRL | Qt::Key_L, [this] { ComboDrive->EditPath(); });
+    // Not where text is typed.
+    auto* up = new QShortcut(Qt::Key_Backspace, FileViewer_, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+    connect(up, &QShortcut::activated, FileViewer_, &FileViewer::GoUp);
     connect(cmdOK, &QPushButton::clicked, this, &frmBrowse::Ok);
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
 }
@@ -197,6 +209,24 @@ void frmBrowse::ChooseFolder(std::size_t button) {
     FileViewer_->SetFolder(folders[button]);
 }
 
+void frmBrowse::GoBack() {
+    ComboDrive->StepBack();
+    FileViewer_->SetFolder(ComboDrive->Folder());
+}
+
+void frmBrowse::GoTo(const QString& typed) {
+    RunShowingErrors(dialog_, [&] {
+        QString path = typed.trimmed();
+        if (path.startsWith(u"file:")) path = QUrl(path).toLocalFile();
+        if (path == u"~" || path.startsWith(u"~/")) path.replace(0, 1, QDir::homePath());
+        const QFileInfo found(QDir::cleanPath(QDir(FileViewer_->Folder()).absoluteFilePath(path)));
+        if (path.isEmpty() || !found.exists() || !(found.isDir() || IsPictureName(path)))
+            throw Error(kFileError, tr("There is no folder and no picture \"%1\"").arg(path));
+        FileViewer_->SetFolder(found.isDir() ? found.filePath() : found.path());
+        if (found.isFile()) FileViewer_->Mark(found.filePath());
+    });
+}
+
 void frmBrowse::SetView(FileViewer::ViewKind view) {
     FileViewer_->SetView(view);
     mnuViews[static_cast<std::size_t>(view)]->setChecked(true);
@@ -220,7 +250,9 @@ void frmBrowse::Ok() {
 
 void frmBrowse::SavePath() {
     // The list of drives is no folder to come back to.
-    if (!FileViewer_->Folder().isEmpty()) settings_.Write(settings::kLastFolder, FileViewer_->Folder());
+    QString folder = FileViewer_->Folder();
+    while (IsPassingPath(folder)) folder = ParentFolder(folder);
+    if (!folder.isEmpty()) settings_.Write(settings::kLastFolder, folder);
 }
 
 }  // namespace kelu

@@ -51,8 +51,6 @@ class frmBrowse : public QDialog {
     QPushButton* const cmdOK;
     QPushButton* const cmdCancel;
 
-    QString txtTVPath() const { return path_; }
-
  private:
     void LayOut();
     void Connect();
@@ -63,6 +61,8 @@ class frmBrowse : public QDialog {
 
     void ChooseFolder(std::size_t button);
     void SetView(FileViewer::ViewKind view);
+    void GoBack();
+    void GoTo(const QString& typed);
     void ItemChosen();
     void Ok();
 

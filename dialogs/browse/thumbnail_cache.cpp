@@ -9,8 +9,10 @@
 #include <QImageReader>
 #include <QStandardPaths>
 #include <QUrl>
+#include <cstdlib>
 #include <optional>
 
+#include "dialogs/browse/folder_paths.h"
 #include "pictures/picture_file.h"
 #include "platform/atomic_file.h"
 #include "platform/error.h"
@@ -22,14 +24,17 @@ namespace {
 constexpr const char* kSizeClass = "large";
 constexpr const char* kFailClass = "fail/kelu";
 constexpr qint64 kSmallFile = 16 * 1024;  // bytes; such pictures are drawn faster than they are looked up
+constexpr qint64 kRestTime = 3;           // s; what was written later than so long ago may still be written to
 
-/// The cached picture when it belongs to this state of the file.
-std::optional<QImage> ReadCached(const QString& file, const QByteArray& uri, qint64 changed) {
+/// The cached picture when it belongs to this state of the file. Not all programs tell the size.
+std::optional<QImage> ReadCached(const QString& file, const QByteArray& uri, qint64 changed, qint64 size) {
     QImageReader reader(file, "png");
     if (!reader.canRead()) return std::nullopt;
     if (reader.text(QStringLiteral("Thumb::URI")).toUtf8() != uri ||
         reader.text(QStringLiteral("Thumb::MTime")).toLongLong() != changed)
         return std::nullopt;
+    const QString told = reader.text(QStringLiteral("Thumb::Size"));
+    if (!told.isEmpty() && told.toLongLong() != size) return std::nullopt;
     QImage image = reader.read();
     if (image.isNull()) return std::nullopt;
     return image;
@@ -53,32 +58,38 @@ QImage ThumbnailCache::Thumbnail(const QString& path) const {
     const QByteArray uri = QUrl::fromLocalFile(info.absoluteFilePath()).toEncoded();
     const qint64 changed = info.lastModified().toSecsSinceEpoch();
     // Pictures of the cache itself are not put into it again.
-    const bool cacheable = info.size() > kSmallFile && !info.absoluteFilePath().startsWith(folder_ + u'/');
+    const bool cacheable =
+        info.size() > kSmallFile && !IsPassingPath(path) && !info.absoluteFilePath().startsWith(folder_ + u'/');
     if (cacheable) {
-        if (const auto cached = ReadCached(FileFor(kSizeClass, uri), uri, changed)) return *cached;
-        if (ReadCached(FileFor(kFailClass, uri), uri, changed)) return {};
+        if (const auto cached = ReadCached(FileFor(kSizeClass, uri), uri, changed, info.size())) return *cached;
+        if (ReadCached(FileFor(kFailClass, uri), uri, changed, info.size())) return {};
     }
+    // The time is kept in whole seconds, so a picture that is still arriving would look the same when it is whole.
+    const bool rests = std::abs(QDateTime::currentSecsSinceEpoch() - changed) > kRestTime;
+    const auto keep = [&](const QImage& thumbnail, const char* sizeClass) {
+        if (cacheable && rests) Keep(thumbnail, FileFor(sizeClass, uri), uri, changed, info.size());
+    };
     try {
         const QImage thumbnail = ReadThumbnail(path, QSize(kSide, kSide));
-        if (cacheable) Keep(thumbnail, FileFor(kSizeClass, uri), uri, changed);
+        keep(thumbnail, kSizeClass);
         return thumbnail;
     } catch (const std::exception&) {
-        if (cacheable) {
-            QImage mark(1, 1, QImage::Format_ARGB32);
-            mark.fill(Qt::transparent);
-            Keep(mark, FileFor(kFailClass, uri), uri, changed);
-        }
+        QImage mark(1, 1, QImage::Format_ARGB32);
+        mark.fill(Qt::transparent);
+        keep(mark, kFailClass);
         return {};
     }
 }
 
-void ThumbnailCache::Keep(const QImage& thumbnail, const QString& file, const QByteArray& uri, qint64 changed) const {
+void ThumbnailCache::Keep(const QImage& thumbnail, const QString& file, const QByteArray& uri, qint64 changed,
+                          qint64 size) const {
     // A thumbnail that can't be kept is made anew the next time, no more.
     Attempt([&] {
         QDir().mkpath(QFileInfo(file).path());
         QImage marked = thumbnail;
         marked.setText(QStringLiteral("Thumb::URI"), QString::fromUtf8(uri));
         marked.setText(QStringLiteral("Thumb::MTime"), QString::number(changed));
+        marked.setText(QStringLiteral("Thumb::Size"), QString::number(size));
         marked.setText(QStringLiteral("Software"), QStringLiteral("Kelu"));
         QByteArray png;
         QBuffer buffer(&png);

@@ -23,7 +23,7 @@ class ThumbnailCache {
 
  private:
     QString FileFor(const char* size, const QByteArray& uri) const;
-    void Keep(const QImage& thumbnail, const QString& file, const QByteArray& uri, qint64 changed) const;
+    void Keep(const QImage& thumbnail, const QString& file, const QByteArray& uri, qint64 changed, qint64 size) const;
 
     QString folder_;
 };

@@ -4,6 +4,8 @@
 #include <QIcon>
 #include <QPainter>
 #include <QPainterPath>
+#include <QTextLayout>
+#include <algorithm>
 
 #include "controls/theme/theme.h"
 #include "dialogs/browse/folder_model.h"
@@ -11,13 +13,38 @@
 namespace kelu {
 
 namespace {
-constexpr int kTop = 10;  // device-independent pixels, as the next three
-constexpr int kNameHeight = 20;
-constexpr int kIcon = 48;
+
+constexpr int kTop = 10;  // device-independent pixels, as the next four
+constexpr int kSide = 10;
+constexpr int kLeastWidth = 104;
+constexpr int kNameHeight = 36;
 constexpr int kInset = 3;
+
+/// At most two lines that fit the width; of what is too long the middle of the second goes.
+QStringList Lines(const QString& name, const QFont& font, int width) {
+    QTextOption breaks;
+    breaks.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    QTextLayout layout(name, font);
+    layout.setTextOption(breaks);
+    layout.beginLayout();
+    QTextLine line = layout.createLine();
+    if (line.isValid()) line.setLineWidth(width);
+    layout.endLayout();
+    const qsizetype first = line.isValid() ? line.textLength() : 0;
+    if (first >= name.size()) return {name};
+    return {name.left(first), QFontMetrics(font).elidedText(name.mid(first), Qt::ElideMiddle, width)};
+}
+
 }  // namespace
 
-QSize ThumbnailDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const { return kCell; }
+ThumbnailDelegate::ThumbnailDelegate(Shows shows, QObject* parent)
+    : QStyledItemDelegate(parent), shows_(shows), picture_(shows == Shows::Thumbnails ? kThumbnail : kIcon) {}
+
+QSize ThumbnailDelegate::Cell() const {
+    return {std::max(picture_.width() + 2 * kSide, kLeastWidth), kTop + picture_.height() + kNameHeight + 2 * kInset};
+}
+
+QSize ThumbnailDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const { return Cell(); }
 
 void ThumbnailDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
     painter->save();
@@ -36,12 +63,13 @@ void ThumbnailDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opt
         painter->drawRoundedRect(QRectF(plate).adjusted(0.5, 0.5, -0.5, -0.5), theme::kCorner, theme::kCorner);
     }
 
-    const QRect frame(option.rect.left() + (option.rect.width() - kPicture.width()) / 2, option.rect.top() + kTop,
-                      kPicture.width(), kPicture.height());
-    const QPixmap thumbnail = index.data(FolderModel::kThumbnailRole).value<QPixmap>();
+    const QRect frame(option.rect.left() + (option.rect.width() - picture_.width()) / 2, option.rect.top() + kTop,
+                      picture_.width(), picture_.height());
+    const QPixmap thumbnail =
+        shows_ == Shows::Thumbnails ? index.data(FolderModel::kThumbnailRole).value<QPixmap>() : QPixmap();
     if (thumbnail.isNull()) {
         const QIcon icon = index.data(Qt::DecorationRole).value<QIcon>();
-        icon.paint(painter, QRect(frame.center() - QPoint(kIcon, kIcon) / 2, QSize(kIcon, kIcon)));
+        icon.paint(painter, QRect(frame.center() - QPoint(kIcon.width(), kIcon.height()) / 2, kIcon));
     } else {
         QSize size = thumbnail.size();
         if (size.width() > frame.width() || size.height() > frame.height())
@@ -54,8 +82,10 @@ void ThumbnailDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opt
     const QRect nameBox(plate.left() + kInset, frame.bottom() + 4, plate.width() - 2 * kInset, kNameHeight);
     painter->setPen(chosen ? theme::kBrightText : theme::kText);
     painter->setFont(option.font);
-    const QString name = option.fontMetrics.elidedText(index.data().toString(), Qt::ElideMiddle, nameBox.width());
-    painter->drawText(nameBox, Qt::AlignHCenter | Qt::AlignVCenter, name);
+    const QStringList lines = Lines(index.data().toString(), option.font, nameBox.width());
+    for (int i = 0; i < lines.size(); ++i)
+        painter->drawText(nameBox.translated(0, i * option.fontMetrics.height()), Qt::AlignHCenter | Qt::AlignTop,
+                          lines[i]);
     painter->restore();
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "dialogs/browse/thumbnail_loader.h"
 
+#include <QFileInfo>
 #include <QThread>
 #include <algorithm>
 
@@ -18,7 +19,15 @@ ThumbnailLoader::~ThumbnailLoader() {
 
 void ThumbnailLoader::Wish(const QStringList& paths) {
     pool_.clear();
-    for (const QString& path : paths) pool_.start([this, path] { Q_EMIT Ready(path, cache_.Thumbnail(path)); });
+    for (const QString& path : paths)
+        pool_.start([this, path, size = size_] {
+            const QFileInfo info(path);
+            const FileStamp stamp{info.size(), info.lastModified()};
+            QImage thumbnail = cache_.Thumbnail(path);
+            if (thumbnail.width() > size.width() || thumbnail.height() > size.height())
+                thumbnail = thumbnail.scaled(size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+            Q_EMIT Ready(path, stamp, thumbnail);
+        });
 }
 
 }  // namespace kelu

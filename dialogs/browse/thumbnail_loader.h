@@ -7,6 +7,7 @@
 #include <QStringList>
 #include <QThreadPool>
 
+#include "dialogs/browse/folder_listing.h"
 #include "dialogs/browse/thumbnail_cache.h"
 
 namespace kelu {
@@ -19,15 +20,18 @@ class ThumbnailLoader : public QObject {
     /// Waits for the pictures in hand, not for those wished for.
     ~ThumbnailLoader() override;
 
+    /// Pictures larger than this, in pixels, are scaled down to it.
+    void SetSize(QSize size) { size_ = size; }
     /// What is wanted now, the most urgent first; replaces all earlier wishes but those in hand.
     void Wish(const QStringList& paths);
 
  Q_SIGNALS:
-    /// On the thread of this object. A null picture: the file can't be read.
-    void Ready(const QString& path, const QImage& thumbnail);
+    /// On the thread of this object. A null picture: the file can't be read. `stamp`: of the file before it was read.
+    void Ready(const QString& path, const kelu::FileStamp& stamp, const QImage& thumbnail);
 
  private:
     const ThumbnailCache cache_;
+    QSize size_{ThumbnailCache::kSide, ThumbnailCache::kSide};
     QThreadPool pool_;
 };
 

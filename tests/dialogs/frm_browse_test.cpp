@@ -4,16 +4,21 @@
 #include "dialogs/browse/frm_browse.h"
 
 #include <gmock/gmock.h>
+#include <sys/stat.h>
 
 #include <QAbstractItemView>
 #include <QAction>
+#include <QBuffer>
 #include <QDir>
 #include <QFile>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QtTest>
+#include <algorithm>
+#include <filesystem>
 
 #include "controls/tool_button/tool_button.h"
 #include "dialogs/browse/folder_combo.h"
@@ -70,17 +75,29 @@ struct BrowseTest : testing::Test {
             rows << form.FileViewer_->Model().index(row, 0).data().toString();
         return rows;
     }
+    static QAbstractItemView* View(frmBrowse& form) {
+        return qobject_cast<QAbstractItemView*>(form.FileViewer_->currentWidget());
+    }
     static void Choose(frmBrowse& form, const QString& path) {
-        auto* view = qobject_cast<QAbstractItemView*>(form.FileViewer_->currentWidget());
-        view->setCurrentIndex(form.FileViewer_->Model().RowOf(path));
+        View(form)->setCurrentIndex(form.FileViewer_->Model().RowOf(path));
+    }
+    void GoTo(frmBrowse& form, const QString& path) {
+        QTest::keyClick(&form, Qt::Key_L, Qt::ControlModifier);
+        QTest::keyClicks(form.ComboDrive->findChild<QLineEdit*>(), path);
+        QTest::keyClick(form.ComboDrive->findChild<QLineEdit*>(), Qt::Key_Return);
+    }
+    /// Of a picture or of the mark of a broken one; null: none of both yet.
+    static QSize Shown(frmBrowse& form, const QString& path) {
+        const QModelIndex row = form.FileViewer_->Model().RowOf(path);
+        return row.data(FolderModel::kBrokenRole).toBool()
+                   ? QSize(-1, -1)
+                   : row.data(FolderModel::kThumbnailRole).value<QPixmap>().size();
+    }
+    static QString EmptyText(frmBrowse& form) {
+        const auto* text = form.FileViewer_->findChild<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
+        return text->isVisible() ? text->text() : QString();
     }
 };
-
-TEST(PictureNames, EndAsTheListSays) {
-    for (const char* name : {"a.bmp", "a.JPG", "a.b.Jpeg", "/x/y.tif", "p.pcx", "p.psd", "p.tga", "g.gif", "q.png"})
-        EXPECT_TRUE(IsPictureName(name)) << name;
-    for (const char* name : {"a.tiff", "apng", "a.png.txt", "", "a.rs"}) EXPECT_FALSE(IsPictureName(name)) << name;
-}
 
 TEST_F(BrowseTest, StartsInTheGalleryAndListsOnlyPictures) {
     const auto form = Dialog();
@@ -126,95 +143,191 @@ TEST_F(BrowseTest, AFailureKeepsTheDialogOpen) {
     EXPECT_EQ(opened.size(), 1);
 }
 
-TEST_F(BrowseTest, ListAndComboKeepInStep) {
+TEST_F(BrowseTest, MouseAndKeysWalkTheFolders) {
     const auto form = Dialog();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
+    Choose(*form, home.filePath("Gallery/b.png"));
     form->cmdFolder[0]->click();
     EXPECT_TRUE(form->cmdFolder[0]->isChecked());
     EXPECT_EQ(form->ComboDrive->Folder(), places.pictures);
-    // A folder is entered by activating it; that chooses no picture.
-    auto* view = qobject_cast<QAbstractItemView*>(form->FileViewer_->currentWidget());
-    Q_EMIT view->activated(form->FileViewer_->Model().RowOf(home.filePath("Pictures/Sea")));
-    EXPECT_EQ(form->FileViewer_->Folder(), home.filePath("Pictures/Sea"));
+    const QString sea = home.filePath("Pictures/Sea");
+    for (const auto view : {FileViewer::ViewKind::Thumbnails, FileViewer::ViewKind::Details}) {
+        form->FileViewer_->SetView(view);
+        Choose(*form, sea);
+        QTest::keyClick(View(*form), Qt::Key_Return);
+        EXPECT_EQ(form->FileViewer_->Folder(), sea);
+        EXPECT_TRUE(form->isVisible() && opened.isEmpty()) << "a folder is entered and no more";
+        QTest::keyClick(View(*form), Qt::Key_Backspace);
+        EXPECT_EQ(form->FileViewer_->Folder(), places.pictures);
+        EXPECT_EQ(form->FileViewer_->CurrentItem()->path, sea) << "where one came from is marked";
+    }
+    EXPECT_EQ(View(*form)->selectionModel()->selectedIndexes().size(), 4) << "the whole row";
+    QTest::keyClick(View(*form), Qt::Key_Left, Qt::AltModifier);
     EXPECT_EQ(form->ComboDrive->currentText(), "Sea");
-    EXPECT_FALSE(form->cmdOK->isEnabled());
-    form->CmdUp->click();
-    EXPECT_EQ(form->FileViewer_->Folder(), places.pictures);
-    form->cmdBack->click();
-    EXPECT_EQ(form->FileViewer_->Folder(), home.filePath("Pictures/Sea"));
-    form->cmdBack->click();
-    form->cmdBack->click();
-    EXPECT_EQ(form->FileViewer_->Folder(), places.gallery);
-    form->cmdBack->click();
+    QTest::keyClick(View(*form), Qt::Key_Up, Qt::AltModifier);
+    QWheelEvent wheel({5, 5}, form->ComboDrive->mapToGlobal(QPointF(5, 5)), {}, {0, 120}, Qt::NoButton, {},
+                      Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(form->ComboDrive, &wheel);
+    EXPECT_EQ(form->FileViewer_->Folder(), places.pictures) << "the wheel leads nowhere";
+    for (int step = 0; step < 9; ++step) form->cmdBack->click();
     EXPECT_EQ(form->FileViewer_->Folder(), places.gallery) << "there is nothing before the first folder";
     form->cmdFolder[3]->click();
     EXPECT_THAT(Rows(*form), testing::Contains(QStringLiteral("/")));
-    form->cmdFolder[1]->click();
-    EXPECT_FALSE(form->cmdFolder[3]->isChecked());
-    EXPECT_TRUE(form->cmdFolder[1]->isChecked());
+
+    GoTo(*form, places.documents);
+    EXPECT_EQ(form->FileViewer_->Folder(), places.documents);
+    EXPECT_EQ(EmptyText(*form), "No pictures in this folder");
+    GoTo(*form, "../nowhere");
+    EXPECT_EQ(dialog.shown.size(), 1u);
+    GoTo(*form, "file://" + home.filePath("Gallery/a2.bmp") + " ");
+    EXPECT_EQ(form->FileViewer_->CurrentItem()->path, home.filePath("Gallery/a2.bmp"));
+    QTest::keyClick(form->ComboDrive, Qt::Key_L, Qt::ControlModifier);
+    QTest::keyClick(form->ComboDrive->findChild<QLineEdit*>(), Qt::Key_Escape);
+    EXPECT_TRUE(form->isVisible()) << "Escape ends the typing, not the dialog";
+    QTest::keyClick(View(*form), Qt::Key_Return);
+    EXPECT_EQ(opened, QStringList{home.filePath("Gallery/a2.bmp")});
 }
 
-TEST_F(BrowseTest, SpeaksItsLanguages) {
-    struct Row {
-        const char* id;
-        const char* caption;
-        const char* cancel;
-        const char* details;
-        const char* up;
-    };
-    for (const Row& row : {Row{"0", "Open", "Cancel", "Details", "Move up one folder"},
-                           Row{"1", "Open", "Cancel", "Details", "Move up one folder"},
-                           Row{"2", "Abrir", "Cancelar", "Detalles", "Avanzar una carpeta"},
-                           Row{"3", "Open", "Cancel", "Details", "Move up one folder"}}) {
-        settings.Write(settings::kLanguage, row.id);
-        const auto form = Dialog();
-        EXPECT_EQ(form->windowTitle(), row.caption) << row.id;
-        EXPECT_EQ(form->cmdCancel->text(), row.cancel);
-        EXPECT_EQ(form->mnuViews[3]->text(), row.details);
-        EXPECT_EQ(form->CmdUp->Tip(), row.up);
+/// Every text that the dialog shows or tells in the language of this ID.
+QStringList TextsOf(frmBrowse& form) {
+    QStringList texts{form.windowTitle(), form.FileViewer_->accessibleName()};
+    for (const QWidget* widget : form.findChildren<QWidget*>()) {
+        texts << widget->accessibleName();
+        if (const auto* label = qobject_cast<const QLabel*>(widget)) texts << label->text();
+        if (const auto* button = qobject_cast<const QAbstractButton*>(widget)) texts << button->text();
+        if (const auto* button = qobject_cast<const ToolButton*>(widget)) texts << button->Tip();
     }
+    for (const QAction* action : form.mnuViews) texts << action->text();
+    for (int row = 0; row < form.ComboDrive->count(); ++row) texts << form.ComboDrive->itemText(row);
+    for (int column = 0; column < 4; ++column)
+        texts << form.FileViewer_->Model().headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
+    return texts;
 }
 
-TEST_F(BrowseTest, ShowsChangesOfTheFolderAndKeepsTheChoice) {
+TEST_F(BrowseTest, SpeaksOneLanguageAtATime) {
+    const auto textsIn = [&](const char* id) {
+        settings.Write(settings::kLanguage, id);
+        settings.Write(settings::kLastFolder, "/");
+        return TextsOf(*Dialog());
+    };
+    const QStringList english = textsIn("0");
+    EXPECT_TRUE(english.contains("Move up one folder"));
+    for (const char* id : {"1", "7", "pigeon"}) EXPECT_EQ(textsIn(id), english) << id;
+    const QStringList french = textsIn("3");
+    const QStringList spanish = textsIn("2");
+    EXPECT_TRUE(spanish.contains("Avanzar una carpeta") && spanish.contains("Miniaturas de Imágenes"));
+    ASSERT_EQ(spanish.size(), english.size());
+    for (qsizetype i = 0; i < english.size(); ++i) {
+        EXPECT_TRUE(english[i] != spanish[i] || english[i].size() < 3) << english[i].toStdString();
+        EXPECT_TRUE(french[i] == english[i] || english[i] == "Close") << "no French was asked for here";
+    }
+    textsIn("0");
+}
+
+TEST_F(BrowseTest, ShowsWhatHappensInTheFolder) {
     const auto form = Dialog();
+    const QString slow = home.filePath("Gallery/slow.bmp");
     Choose(*form, home.filePath("Gallery/b.png"));
-    MakePicture("Gallery/a1.png");
-    EXPECT_TRUE(QTest::qWaitFor([&] { return Rows(*form).contains("a1.png"); }, 3000));
+    // A picture that arrives in two pieces, with its second piece no event of the folder's own.
+    QImage picture(200, 200, QImage::Format_RGB32);
+    picture.fill(Qt::green);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    ASSERT_TRUE(picture.save(&buffer, "bmp"));
+    Write("Gallery/slow.bmp", bytes.left(30000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Shown(*form, slow) == QSize(-1, -1); })) << "half a picture is none";
+    QFile file(slow);
+    ASSERT_TRUE(file.open(QIODevice::Append));
+    file.write(bytes.mid(30000));
+    file.close();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Shown(*form, slow) == QSize(96, 96); })) << "whole, it is shown";
+    ASSERT_TRUE(picture.scaled(50, 80).save(slow));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Shown(*form, slow) == QSize(50, 80); })) << "overwritten";
     EXPECT_EQ(form->FileViewer_->CurrentItem()->path, home.filePath("Gallery/b.png"));
-    QFile::remove(home.filePath("Gallery/b.png"));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !Rows(*form).contains("b.png"); }, 3000));
+
+    // Files that never cease to come don't hide those that are there.
+    bool listed = false;
+    for (int i = 0; i < 40 && !listed; ++i, QTest::qWait(60)) {
+        Write(QStringLiteral("Gallery/more %1.png").arg(i), "x");
+        listed = Rows(*form).contains("more 0.png");
+    }
+    EXPECT_TRUE(listed);
+    GoTo(*form, home.filePath("Pictures/Sea"));
+    QDir(home.filePath("Pictures/Sea")).removeRecursively();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return EmptyText(*form) == "This folder can't be read"; }));
 }
 
-TEST_F(BrowseTest, MakesThumbnailsOnceAndMarksBrokenFiles) {
-    const auto thumbnail = [](frmBrowse& form, const QString& path) {
-        return form.FileViewer_->Model().RowOf(path).data(FolderModel::kThumbnailRole).value<QPixmap>();
+TEST_F(BrowseTest, TakesNamesAsTheyAre) {
+    const std::string folder = places.documents.toStdString();
+    const std::filesystem::path picture = home.filePath("Gallery/a2.bmp").toStdString();
+    std::filesystem::create_directory(folder + "/\xc0lbum");
+    std::filesystem::copy(picture, folder + "/\xc0lbum/caf\xe9.bmp");
+    std::filesystem::copy(picture, folder + "/two\nlines.bmp");
+    std::filesystem::copy(picture, folder + "/<b>bold.bmp");
+    mkfifo((folder + "/pipe.bmp").c_str(), 0600);
+    const auto form = Dialog();
+    GoTo(*form, places.documents);
+    EXPECT_EQ(Rows(*form), (QStringList{QString(QChar(0xfffd)) + "lbum", "<b>bold.bmp", "two lines.bmp"}));
+    FolderModel& model = form->FileViewer_->Model();
+    EXPECT_TRUE(model.index(1, 0).data(Qt::ToolTipRole).toString().contains("&lt;b&gt;bold.bmp"));
+    View(*form)->setCurrentIndex(model.index(0, 0));
+    QTest::keyClick(View(*form), Qt::Key_Return);
+    View(*form)->setCurrentIndex(model.index(0, 0));
+    QTest::keyClick(View(*form), Qt::Key_Return);
+    ASSERT_EQ(opened.size(), 1);
+    EXPECT_EQ(QImage(opened[0]).size(), QSize(300, 200)) << opened[0].toStdString();
+    EXPECT_EQ(settings.Read(settings::kLastFolder), places.documents) << "the link is gone with the program";
+    form->FileViewer_->GoUp();
+    EXPECT_EQ(form->FileViewer_->Folder(), places.documents);
+    std::filesystem::remove_all(folder);
+}
+
+TEST_F(BrowseTest, KeepsThumbnailsOnDiskAsLongAsTheFileIsTheSame) {
+    const auto age = [](const QString& path) {
+        QFile file(path);
+        return file.open(QIODevice::ReadWrite) &&
+               file.setFileTime(QDateTime::fromSecsSinceEpoch(1700000000), QFileDevice::FileModificationTime);
     };
     const QString good = home.filePath("Gallery/a2.bmp");
     const QString broken = home.filePath("Gallery/broken.png");
-    {
-        const auto form = Dialog();
-        ASSERT_TRUE(QTest::qWaitFor([&] { return !thumbnail(*form, good).isNull(); }, 5000));
-        EXPECT_EQ(thumbnail(*form, good).width(), 256);
-        EXPECT_TRUE(QTest::qWaitFor(
-            [&] { return form->FileViewer_->Model().RowOf(broken).data(FolderModel::kBrokenRole).toBool(); }, 5000));
-    }
-    QDir large(cacheFolder.filePath("large"));
-    EXPECT_EQ(large.entryList(QDir::Files).size(), 3);
+    ASSERT_TRUE(age(good) && age(broken));
+    const auto form = Dialog();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Shown(*form, good).width() == 120; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Shown(*form, broken) == QSize(-1, -1); }));
+    const QDir large(cacheFolder.filePath("large"));
+    const QStringList kept = large.entryList(QDir::Files);
+    ASSERT_EQ(kept.size(), 1) << "what was written just now may still be written to";
     EXPECT_EQ(QDir(cacheFolder.filePath("fail/kelu")).entryList(QDir::Files).size(), 1);
-    const QImage kept(large.filePath(large.entryList(QDir::Files).first()));
-    EXPECT_FALSE(kept.text("Thumb::URI").isEmpty());
-
-    // The cache is used as long as the file is the same, and not a moment longer.
-    const ThumbnailCache cache(cacheFolder.path());
-    const QImage before = cache.Thumbnail(good);
     QImage other(64, 64, QImage::Format_RGB32);
     other.fill(Qt::blue);
-    ASSERT_TRUE(other.save(good));
-    QFile file(good);
-    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
-    file.setFileTime(QDateTime::currentDateTime().addSecs(-100), QFileDevice::FileModificationTime);
-    file.close();
-    EXPECT_EQ(before.width(), 256);
-    EXPECT_EQ(cache.Thumbnail(good).size(), QSize(64, 64));
+    const ThumbnailCache cache(cacheFolder.path());
+    ASSERT_TRUE(other.save(large.filePath(kept[0]), "png"));
+    EXPECT_EQ(cache.Thumbnail(good).width(), 256) << "not what another picture left";
+    EXPECT_EQ(QImage(large.filePath(kept[0])).width(), 256) << "kept anew";
+    ASSERT_TRUE(other.scaled(90, 90).save(good) && age(good));
+    EXPECT_EQ(cache.Thumbnail(good).size(), QSize(90, 90)) << "another picture of the same time";
+}
+
+TEST_F(BrowseTest, LetsThumbnailsGo) {
+    constexpr int kPictures = 300;  // of 256 KB each, where 64 MB are kept
+    QImage picture(256, 256, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    ASSERT_TRUE(picture.save(home.filePath("one.bmp")));
+    for (int i = 0; i < kPictures; ++i)
+        QFile::link(home.filePath("one.bmp"), home.filePath(QStringLiteral("Pictures/%1.bmp").arg(i)));
+    FolderModel model{ThumbnailCache(cacheFolder.path())};
+    model.SetFilter("*.bmp");
+    model.SetFolder(places.pictures);
+    QModelIndexList rows;
+    for (int row = 1; row <= kPictures; ++row) rows << model.index(row, 0);
+    int made = 0;
+    QObject::connect(&model, &QAbstractItemModel::dataChanged, [&] { ++made; });
+    model.WishThumbnails(rows);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return made >= kPictures; }, 20000));
+    const auto held = std::count_if(rows.begin(), rows.end(),
+                                    [](const auto& row) { return row.data(FolderModel::kThumbnailRole).isValid(); });
+    EXPECT_GT(held, 200);
+    EXPECT_LT(held, 257);
 }
 
 }  // namespace
