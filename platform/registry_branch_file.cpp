@@ -28,7 +28,9 @@ QString ValueLine(const QString& line) { return Trimmed(WithoutQuotes(line)); }
 
 /// Text is stored as UTF-8; files of older systems are in their Western code page.
 QString DecodeText(const QByteArray& bytes) {
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    // A byte-order mark stays what it is, text before the header: such a file is none of ours.
+    QStringDecoder decoder(QStringDecoder::Utf8,
+                           QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
     QString text = decoder(bytes);
     if (!decoder.hasError()) return text;
     static constexpr char16_t kFrom0x80[] =

@@ -86,7 +86,6 @@ int ucAniGIF::LoadGifStream(const QByteArray& gifBytes) {
     FreeGif();
     fit_ = GifFit{size()};
     const int frames = strip_.Load(gifBytes);
-    if (frames > 0) gifBytes_ = gifBytes;
     std::vector<int> delays;
     for (int frame = 1; frame <= frames; ++frame) delays.push_back(strip_.Frame(frame).DelayMs);
     clock_.Load(std::move(delays));
@@ -120,7 +119,6 @@ void ucAniGIF::FreeGif() {
     laterTimer_.stop();
     composer_.Reset();
     strip_.Clear();
-    gifBytes_.clear();
     clock_.Load({});
 }
 
@@ -273,7 +271,8 @@ void ucAniGIF::ReadProperties(const PropertyBag& bag) {
 }
 
 void ucAniGIF::WriteProperties(PropertyBag& bag) const {
-    bag.WriteProperty("GIF", gifBytes_, QByteArray());
+    // The bytes are there until all frames are decoded.
+    bag.WriteProperty("GIF", strip_.GifBytes(), QByteArray());
     bag.WriteProperty("Delay", clock_.MinFrameDelay(), kDefaultDelayMs);
     bag.WriteProperty("Stretch", static_cast<int>(stretch_), static_cast<int>(kProportional));
     // Without a value the file's own count is read.

@@ -112,7 +112,6 @@ class ucAniGIF : public QWidget {
     void ResizeToFit();
     void FitTo(const QSize& wanted);
 
-    QByteArray gifBytes_;  // the file, for WriteProperties
     FrameStrip strip_;
     FrameComposer composer_{strip_};
     FrameClock clock_;

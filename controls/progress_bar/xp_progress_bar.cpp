@@ -124,7 +124,7 @@ void XP_ProgressBar::EnsureBuffer() {
 }
 
 void XP_ProgressBar::DrawProgressBar() {
-    percent_ = std::min(percent_, 100);
+    percent_ = std::clamp(percent_, 0, 100);
     // At once: those who show progress are busy and may not return to the event loop for a while.
     if (isVisible()) repaint();
 }

@@ -127,14 +127,14 @@ void Scroller::mousePressEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton) dragStartY_ = PointerTwips(*event);
 }
 
-void Scroller::mouseReleaseEvent(QMouseEvent*) { dragStartY_ = -1; }
+void Scroller::mouseReleaseEvent(QMouseEvent*) { dragStartY_.reset(); }
 
 void Scroller::mouseMoveEvent(QMouseEvent* event) {
     if (!(event->buttons() & Qt::LeftButton)) return;
     const int y = PointerTwips(*event);
-    if (dragStartY_ < 0) dragStartY_ = y;
-    if (std::abs(dragStartY_ - y) < kTwipsPerPixel) return;
-    const scroller::Step step = scroller::DragStep(scrollY_, SurfaceHeight(), pageHeight_, dragStartY_, y);
+    if (!dragStartY_) dragStartY_ = y;
+    if (std::abs(*dragStartY_ - y) < kTwipsPerPixel) return;
+    const scroller::Step step = scroller::DragStep(scrollY_, SurfaceHeight(), pageHeight_, *dragStartY_, y);
     ShiftContained(step.moveBy);
     const bool moved = step.offset != scrollY_;
     scrollY_ = step.offset;

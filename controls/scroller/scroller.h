@@ -5,6 +5,7 @@
 
 #include <QList>
 #include <QWidget>
+#include <optional>
 
 #include "controls/scroller/scroller_geometry.h"
 #include "controls/system_look/system_colors.h"
@@ -68,7 +69,7 @@ class Scroller : public QWidget {
     ColorRef backColor_ = kButtonFaceColor;
     bool designMode_ = false;
     bool shown_ = false;
-    int dragStartY_ = -1;
+    std::optional<int> dragStartY_;
     int scrollY_ = 0;
     int pageHeight_ = 0;
 

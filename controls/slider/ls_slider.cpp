@@ -227,9 +227,21 @@ void LsSlider::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
 }
 
+void LsSlider::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::EnabledChange && !isEnabled()) EndDrag();
+    QWidget::changeEvent(event);
+}
+
+bool LsSlider::eventFilter(QObject* watched, QEvent* event) {
+    // A dialog that comes up in front takes the release.
+    if (event->type() == QEvent::WindowBlocked) EndDrag();
+    return QWidget::eventFilter(watched, event);
+}
+
 void LsSlider::mousePressEvent(QMouseEvent* event) {
     if (!enabled_ || event->button() != Qt::LeftButton) return;
     dragging_ = true;
+    window()->installEventFilter(this);
     const QPointF pointer = event->position();
     const QRectF thumb = ThumbRect();
     const bool onThumb = pointer.x() >= thumb.left() && pointer.x() < thumb.right() && pointer.y() >= thumb.top() &&
@@ -269,6 +281,7 @@ void LsSlider::mouseReleaseEvent(QMouseEvent* event) {
 void LsSlider::EndDrag() {
     if (!dragging_) return;
     dragging_ = false;
+    window()->removeEventFilter(this);
     frmValueTip::Unload();
 }
 

@@ -32,6 +32,8 @@ class FrameStrip {
     /// Decodes frames 2 to the last and drops the file's bytes.
     void LoadRest();
     bool IsComplete() const { return gifBytes_.isEmpty(); }
+    /// The file, as long as frames of it are still to be decoded.
+    const QByteArray& GifBytes() const { return gifBytes_; }
     void Clear() { *this = FrameStrip(); }
 
     int FrameCount() const { return static_cast<int>(stream_.Frames.size()); }

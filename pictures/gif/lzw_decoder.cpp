@@ -51,7 +51,7 @@ struct Entry {
 }  // namespace
 
 std::size_t DecodeLzw(std::span<const std::uint8_t> subBlocks, int minCodeSize, std::span<std::uint8_t> indices) {
-    if (minCodeSize < 1 || minCodeSize > 8) return 0;
+    if (minCodeSize < 1 || minCodeSize >= kMaxCodeBits) return 0;
     const int clearCode = 1 << minCodeSize;
     const int endCode = clearCode + 1;
     std::array<Entry, kMaxCodes> entries;

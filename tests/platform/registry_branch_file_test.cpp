@@ -118,6 +118,7 @@ TEST_F(BranchFile, ImportReadsValueLines) {
     EXPECT_EQ(registry.ReadString(kKey, ""), "a default");
     ASSERT_EQ(ImportLines("@=-\r\n"), 1u);
     EXPECT_FALSE(registry.ValueExists(kKey, ""));
+    EXPECT_EQ(Import("\xEF\xBB\xBFREGEDIT4\r\n"), 0u) << "a mark before the header";
     // Western code page of older systems
     ASSERT_EQ(ImportLines("\"old\"=\"\x80 \xFC\"\r\n"), 1u);
     EXPECT_EQ(registry.ReadString(kKey, "old"), QString::fromUtf8("€ ü"));

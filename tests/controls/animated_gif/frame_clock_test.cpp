@@ -31,15 +31,6 @@ TEST(FrameClock, PlaysTheWantedPassesAndStandsOnTheFirstFrame) {
     EXPECT_EQ(clock.State(), FrameClock::kStopped);
 }
 
-TEST(FrameClock, EndlessLoopNeverEnds) {
-    FrameClock clock;
-    clock.Load({10, 10});
-    clock.Start();
-    for (int i = 0; i < 1001; ++i) ASSERT_FALSE(clock.Step());
-    EXPECT_EQ(clock.CurrentFrame(), 2);
-    EXPECT_EQ(clock.LoopsRemaining(), 0);
-}
-
 TEST(FrameClock, WantedPassesLoweredWhilePlayingStillEnd) {
     FrameClock clock;
     clock.Load({10, 10});

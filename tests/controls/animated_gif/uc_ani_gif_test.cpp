@@ -5,14 +5,12 @@
 #include <gtest/gtest.h>
 
 #include <QFile>
-#include <QMouseEvent>
 #include <QSignalSpy>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QTest>
 
-#include "controls/property_bag/property_bag.h"
 #include "tests/pictures/gif/gif_bytes.h"
 
 namespace kelu {
@@ -112,63 +110,6 @@ TEST(AniGif, ActionsSteerIt) {
     EXPECT_EQ(CentreOf(gif), kGreen);
 }
 
-TEST(AniGif, OneFrameStartsNoTimer) {
-    ucAniGIF gif;
-    ASSERT_TRUE(gif.LoadAnimatedGIF_Array(Header(20, 10) + Plain(1) + kTrailer));
-    gif.show();
-    QTest::qWait(60);
-    EXPECT_EQ(gif.Action(), 0);
-    gif.SetAction(1);
-    EXPECT_EQ(gif.Action(), 0);
-}
-
-TEST(AniGif, RefusesValuesOutOfRange) {
-    ucAniGIF gif;
-    QSignalSpy changed(&gif, &ucAniGIF::PropertyChanged);
-    gif.SetStretch(5);
-    gif.SetStretch(1);
-    gif.SetMirrored(4);
-    gif.SetDelayAnimation(-1);
-    EXPECT_TRUE(changed.isEmpty());
-    gif.SetStretch(2);
-    gif.SetMinFrameDelay(5);
-    gif.SetLoops(-3);
-    gif.SetMirrored(3);
-    gif.SetDelayAnimation(0);
-    gif.SetEnabled(false);
-    gif.SetMousePointer(2);
-    QStringList names;
-    for (const auto& arguments : changed) names += arguments[0].toString();
-    EXPECT_EQ(names,
-              (QStringList{"Stretch", "Delay", "Loops", "Mirrored", "DelayAnimation", "Enabled", "MousePointer"}));
-    EXPECT_EQ(gif.MinFrameDelay(), 10);
-    EXPECT_EQ(gif.Loops(), 3);
-    EXPECT_EQ(gif.cursor().shape(), Qt::CrossCursor);
-}
-
-TEST(AniGif, KeepsItsProperties) {
-    ucAniGIF gif;
-    gif.LoadAnimatedGIF_Array(Animation(6));
-    gif.SetMinFrameDelay(70);
-    gif.SetStretch(3);
-    gif.SetMirrored(2);
-    PropertyBag bag;
-    gif.WriteProperties(bag);
-    EXPECT_EQ(bag.Names(), (QStringList{"GIF", "Delay", "Stretch", "Mirror"})) << "what has its default is not kept";
-    ucAniGIF copy;
-    copy.ReadProperties(bag);
-    EXPECT_EQ(copy.FrameCount(), 3);
-    EXPECT_EQ(copy.Loops(), 6) << "the file's own";
-    EXPECT_EQ(copy.MinFrameDelay(), 70);
-    EXPECT_EQ(copy.Stretch(), 3);
-    EXPECT_EQ(copy.Mirrored(), 2);
-    bag.WriteProperty("Loops", 2);
-    bag.WriteProperty("DelayLoad", -1);
-    copy.ReadProperties(bag);
-    EXPECT_EQ(copy.Loops(), 2);
-    EXPECT_EQ(copy.DelayAnimation(), 1);
-}
-
 TEST(AniGif, PaintsScaledAndMirrored) {
     // Left half red, right half blue.
     const QByteArray file = Header(2, 1) + Image(0, 0, 2, 1, {0, 2}) + kTrailer;
@@ -186,28 +127,6 @@ TEST(AniGif, PaintsScaledAndMirrored) {
     EXPECT_EQ(gif.AnimatedGIF().pixel(0, 0), kBlue) << "the frame as a picture is turned as well";
     gif.SetMirrored(0);
     EXPECT_EQ(ends(), (std::pair(kRed, kBlue)));
-}
-
-TEST(AniGif, TellsTheMouseInTwips) {
-    ucAniGIF gif;
-    gif.resize(40, 40);
-    QSignalSpy down(&gif, &ucAniGIF::MouseDown), up(&gif, &ucAniGIF::MouseUp), move(&gif, &ucAniGIF::MouseMove),
-        click(&gif, &ucAniGIF::Click);
-    QTest::mousePress(&gif, Qt::RightButton, Qt::ControlModifier, {3, 4});
-    QTest::mouseRelease(&gif, Qt::RightButton, {}, {3, 4});
-    ASSERT_EQ(down.count(), 1);
-    EXPECT_EQ(down[0][0].value<Qt::MouseButton>(), Qt::RightButton);
-    EXPECT_EQ(down[0][1].value<Qt::KeyboardModifiers>(), Qt::ControlModifier);
-    EXPECT_EQ(down[0][2].toInt(), 45);
-    EXPECT_EQ(down[0][3].toInt(), 60);
-    EXPECT_TRUE(click.isEmpty());
-    QTest::mouseClick(&gif, Qt::LeftButton, {}, {1, 1});
-    EXPECT_EQ(click.count(), 1);
-    EXPECT_EQ(up.count(), 2);
-    QMouseEvent moved(QEvent::MouseMove, QPointF(7, 8), QPointF(7, 8), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
-    QApplication::sendEvent(&gif, &moved);
-    ASSERT_FALSE(move.isEmpty());
-    EXPECT_EQ(move.last()[2].toInt(), 105);
 }
 
 // A server on loopback that answers each request with the same bytes.

@@ -38,17 +38,6 @@ class ColorPickerTest : public testing::Test {
     std::vector<std::int32_t> colors;
 };
 
-TEST_F(ColorPickerTest, RedLiesInTheLowestByte) {
-    const auto shown = [&] { return picker.grab().toImage().pixelColor(12, 16); };
-    picker.SetColor(kRed);
-    EXPECT_EQ(shown(), QColor(255, 0, 0));
-    picker.SetColor(0x0a141e);
-    EXPECT_EQ(shown(), QColor(0x1e, 0x14, 0x0a));
-    picker.SetColor(static_cast<std::int32_t>(0x80ff8040u));
-    EXPECT_EQ(picker.Color(), 0xff8040);
-    EXPECT_TRUE(colors.empty());
-}
-
 TEST_F(ColorPickerTest, ASwatchAndTheEntriesGiveTheirColour) {
     picker.SetColor(kBlue);
     ColorPopup* popup = Open();

@@ -28,18 +28,6 @@ class ListExTest : public testing::Test {
     std::vector<int> rows;  ///< the row at each SelectionChanged
 };
 
-TEST_F(ListExTest, KeepsRowsInTheOrderGiven) {
-    EXPECT_EQ(list.Count(), 3);
-    list.AddItem(QStringLiteral("first"), 0);
-    list.AddItem(QStringLiteral("last"), 99);
-    EXPECT_EQ(list.Text(0), QStringLiteral("first"));
-    EXPECT_EQ(list.Text(1), QStringLiteral("Red - Green"));
-    EXPECT_EQ(list.Text(4), QStringLiteral("last"));
-    EXPECT_EQ(list.Text(5), QString());
-    EXPECT_EQ(list.Text(-1), QString());
-    EXPECT_TRUE(rows.empty());
-}
-
 TEST_F(ListExTest, AnnouncesTheProgramsChoiceOnceEachTime) {
     EXPECT_EQ(list.ListIndex(), -1);
     list.SetListIndex(0);

@@ -153,25 +153,6 @@ TEST_F(PagerTest, ADragScrollsAndDoesNotClickAClickStillDoes) {
     EXPECT_EQ(clicked, std::vector<int>{5});
 }
 
-TEST_F(PagerTest, FollowsSizesAndChildren) {
-    pager.SetOffset(600);
-    pager.resize(60, 300);
-    EXPECT_EQ(pager.Offset(), 500);
-    pager.resize(60, 900);
-    EXPECT_EQ(pager.Offset(), 0);
-    EXPECT_FALSE(Arrow("Scroll up")->isVisible());
-    EXPECT_FALSE(Arrow("Scroll down")->isVisible());
-    EXPECT_EQ(box->size(), QSize(60, 900));
-    pager.SetChild(box);
-    EXPECT_EQ(pager.Child(), box);
-    Toolbox other;
-    pager.SetChild(&other);
-    EXPECT_EQ(box->parent(), nullptr);
-    pager.SetChild(nullptr);
-    EXPECT_EQ(other.parent(), nullptr);
-    delete box;
-}
-
 TEST(PagerCompass, ShowsTheEightDirectionsInTwoWholePages) {
     Pager pager(Qt::Horizontal);
     Toolbox compass;

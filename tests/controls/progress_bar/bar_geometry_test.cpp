@@ -80,17 +80,6 @@ TEST(BarGeometry, TextIsCentred) {
     EXPECT_EQ(TextBox({20, 10}, {31, 14}), (Box{-6, -2, 25, 12}));
 }
 
-TEST(BarColors, LightenAndBlend) {
-    EXPECT_EQ(Lighten(0x000000, 255), 0xFFFFFFU);
-    EXPECT_EQ(Lighten(0x6A240A, 0), 0x6A240AU);
-    // 150 + 10 x 105 / 255 = 154, 150 + 36 x 105 / 255 = 164, 150 + 106 x 105 / 255 = 193, all cut.
-    EXPECT_EQ(Lighten(0x6A240A, 150), 0xC1A49AU);
-    EXPECT_EQ(Blend(0x6A240A, 0xFFFFFF, 0), 0x6A240AU);
-    EXPECT_EQ(Blend(0x6A240A, 0xFFFFFF, 255), 0xFFFFFFU);
-    // 10 x 55 / 255 = 2, 36 x 55 / 255 = 7, 106 x 55 / 255 = 22.
-    EXPECT_EQ(Blend(0x6A240A, 0x000000, 200), 0x160702U);
-}
-
 class Strokes : public testing::Test {
  protected:
     Strokes() { picture_.fill(Qt::white); }

@@ -25,19 +25,6 @@ class StatusBarTest : public testing::Test {
     std::vector<int> clicked;
 };
 
-TEST_F(StatusBarTest, PanelsLieSideBySideAndKeepTheirTexts) {
-    ASSERT_EQ(panels.size(), 2);
-    EXPECT_EQ(panels[0]->x(), 0);
-    EXPECT_EQ(panels[0]->width(), 220);
-    EXPECT_EQ(panels[1]->x(), 220);
-    EXPECT_EQ(panels[1]->width(), 400);
-    bar.SetPanelText(1, QStringLiteral(" v1.0.0  by Tarvane Design"));
-    bar.SetPanelText(3, QStringLiteral("no such panel"));
-    EXPECT_EQ(bar.PanelText(1), QStringLiteral(" v1.0.0  by Tarvane Design"));
-    EXPECT_EQ(bar.PanelText(2), QString());
-    EXPECT_EQ(bar.PanelText(3), QString());
-}
-
 TEST_F(StatusBarTest, ATextTooLongStandsWholeInTheTip) {
     const QString ending = QStringLiteral(" - [4000 x 3000 / 24 bits / 17%]");
     bar.SetPanelText(2, QStringLiteral("a.jpg") + ending);

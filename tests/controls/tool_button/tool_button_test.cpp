@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QAccessible>
 #include <QApplication>
 #include <QTest>
 
@@ -12,25 +11,6 @@
 
 namespace kelu {
 namespace {
-
-QString AccessibleName(QWidget& widget) {
-    return QAccessible::queryAccessibleInterface(&widget)->text(QAccessible::Name);
-}
-
-TEST(ToolButton, TipAndCaptionAreItsNames) {
-    ToolButton button(QStringLiteral("webcam"));
-    button.SetTip(QStringLiteral("Capture Image (F8)"));
-    EXPECT_EQ(button.toolTip(), QStringLiteral("Capture Image (F8)"));
-    EXPECT_EQ(AccessibleName(button), QStringLiteral("Capture Image (F8)"));
-    ToolButton apply(QStringLiteral("apply"));
-    apply.SetCaption(QStringLiteral("  Apply"));
-    EXPECT_EQ(apply.Caption(), QStringLiteral("  Apply"));
-    EXPECT_EQ(apply.text(), QStringLiteral("Apply"));
-    EXPECT_EQ(AccessibleName(apply), QStringLiteral("Apply"));
-    apply.SetTip(QStringLiteral("Black && White"));
-    EXPECT_EQ(apply.Tip(), QStringLiteral("Black && White"));
-    EXPECT_EQ(AccessibleName(apply), QStringLiteral("Black & White"));
-}
 
 TEST(ToolButton, ClicksByMouseAndKeysButNotWhenDisabled) {
     ToolButton button(QStringLiteral("open"));
@@ -99,24 +79,6 @@ TEST(ToolButton, EachStateLooksDifferent) {
             for (std::size_t j = i + 1; j < states.size(); ++j)
                 EXPECT_NE(states[i], states[j]) << "look " << static_cast<int>(look) << ": " << i << " and " << j;
     }
-}
-
-TEST(ToolButton, IconsOfAStripCanStandOnOneLine) {
-    // Buttons 19 pixels high at tops 4 and 5: shifted by one, their icons meet.
-    const auto firstInk = [](ToolButton& button) {
-        const QImage image = button.grab().toImage();
-        const QColor ground = image.pixelColor(0, 0);
-        for (int y = 0; y < image.height(); ++y)
-            for (int x = 0; x < image.width(); ++x)
-                if (image.pixelColor(x, y) != ground) return y;
-        return -1;
-    };
-    ToolButton button(QStringLiteral("max"));
-    button.resize(19, 25);
-    const int before = firstInk(button);
-    ASSERT_GE(before, 0);
-    button.SetIconShift(-1);
-    EXPECT_EQ(firstInk(button), before - 1);
 }
 
 }  // namespace

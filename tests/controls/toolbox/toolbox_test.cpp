@@ -111,26 +111,5 @@ TEST_F(ToolboxTest, TipsAreNamesForAssistiveTechnology) {
     EXPECT_EQ(box.Tip(9), QString());
 }
 
-TEST_F(ToolboxTest, ShowsThePictureOfItsState) {
-    const auto picture = [](const QColor& color) {
-        QPixmap pixmap(30, 20);
-        pixmap.fill(color);
-        return pixmap;
-    };
-    box.SetPictures(1, picture(Qt::red), picture(Qt::green), picture(Qt::blue));
-    auto* button = qobject_cast<QAbstractButton*>(box.Button(1));
-    const auto middle = [&] { return button->grab().toImage().pixelColor(15, 10); };
-    button->setAttribute(Qt::WA_UnderMouse, false);
-    EXPECT_EQ(middle(), QColor(Qt::red));
-    button->setAttribute(Qt::WA_UnderMouse, true);
-    EXPECT_EQ(middle(), QColor(Qt::green));
-    button->setDown(true);
-    EXPECT_EQ(middle(), QColor(Qt::blue));
-    button->setDown(false);
-    button->setAttribute(Qt::WA_UnderMouse, false);
-    box.SetCurrent(1);
-    EXPECT_EQ(button->grab().toImage().pixelColor(15, 1), theme::kAccent);
-}
-
 }  // namespace
 }  // namespace kelu

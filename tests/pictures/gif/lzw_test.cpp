@@ -34,8 +34,8 @@ Indices Waves(std::size_t count, int colours) {
 }
 
 TEST(LzwDecoder, DecodesEveryLegalStream) {
-    for (const int minCodeSize : {2, 3, 4, 5, 6, 7, 8}) {
-        const int colours = 1 << minCodeSize;
+    for (const int minCodeSize : {2, 3, 5, 8, 9, 11}) {
+        const int colours = std::min(1 << minCodeSize, 256);
         for (const std::size_t count : {1U, 2U, 700U, 12000U}) {
             for (const Indices& indices : {Indices(count, 1), Noise(count, colours, 17), Waves(count, colours)}) {
                 // clearEvery 0 fills the table and goes on with 12-bit codes, never clearing; 3838 clears with it just
@@ -98,7 +98,7 @@ TEST(LzwDecoder, KeepsWhatCameBeforeTheDamage) {
         for (std::size_t i = written; i < decoded.size(); ++i) EXPECT_EQ(decoded[i], 9) << test.what;
     }
     Indices one(1);
-    for (const int codeSize : {-1, 0, 9, 12, 255}) EXPECT_EQ(DecodeLzw(AsSpan(cases[0].data), codeSize, one), 0U);
+    for (const int codeSize : {-1, 0, 12, 255}) EXPECT_EQ(DecodeLzw(AsSpan(cases[0].data), codeSize, one), 0U);
 }
 
 QImage Picture(int width, int height, int (*value)(int x, int y)) {
