@@ -72,6 +72,7 @@ frmMain::frmMain(SharedState& state, const MainServices& services)
       help_(state, services.dialog, BesideProgram("help")),
       splash_(*controls.picCover, state, services.settings, services.dialog, BesideProgram("data")),
       chrome_(*this, state),
+      keys_(*this),
       startUp_(*this, state, services.settings, services.dialog, openSave_) {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QStringLiteral("Kelu"));
@@ -102,6 +103,8 @@ void frmMain::Connect() {
         for (; steps < 0; ++steps) Run(Command::ZoomOut);
     });
 
+    connect(controls.picOriginal, &ImageX::FileDropped, this, &frmMain::OpenPicture, Qt::QueuedConnection);
+    connect(controls.picCanvas, &ImageX::ZoomChanged, &document_, &Document::RefreshStatusText);
     connect(&document_, &Document::StatusTextChanged, controls.sBar1,
             [this](const QString& text) { controls.sBar1->SetPanelText(2, text); });
     connect(controls.sBar1, &StatusBar::PanelClicked, this, [this](int panel) {
@@ -271,9 +274,7 @@ void frmMain::showEvent(QShowEvent* event) {
 }
 
 void frmMain::keyReleaseEvent(QKeyEvent* event) {
-    const std::optional<Command> command =
-        event->isAutoRepeat() ? std::nullopt : CommandOfKey(event->key(), event->modifiers());
-    if (command)
+    if (const std::optional<Command> command = keys_.Released(*event))
         Run(*command);
     else
         event->ignore();

@@ -8,6 +8,7 @@
 #include <functional>
 #include <memory>
 
+#include "app/command_keys.h"
 #include "app/help_topics.h"
 #include "app/main_controls.h"
 #include "app/paint_reminder.h"
@@ -116,6 +117,7 @@ class frmMain : public QWidget, private StartUpSteps {
     HelpTopics help_;
     Splash splash_;
     WindowChrome chrome_;
+    CommandKeys keys_;
     StartUp startUp_;
     QTimer tmrSplash_;
     QTimer tmrSettings_;

@@ -1,8 +1,11 @@
-// kelu: the program with its window. An argument is a picture to open.
+// kelu: the program with its window.
 // SPDX-License-Identifier: MIT
+#include <QFileInfo>
+#include <cstdio>
 #include <cstdlib>
 
 #include "app/application.h"
+#include "app/command_line.h"
 #include "app/frm_main.h"
 #include "app/shell.h"
 #include "capture/detached_job.h"
@@ -22,12 +25,12 @@ namespace {
 
 constexpr int kLongestEnd = 1000;  // ms
 
-int Run(kelu::Application& application) {
+int Run(kelu::Application& application, const QString& picture) {
     kelu::RegistryFile store(kelu::RegistryFile::UserPath());
     kelu::clsRegistryAccess registry(store);
     kelu::Settings settings(registry);
     kelu::UseLanguage(settings.Read(kelu::settings::kLanguage));
-    kelu::SingleInstance instance(QStringLiteral("kelu"));
+    kelu::SingleInstance instance(QFileInfo(kelu::RegistryFile::UserPath()).path(), QStringLiteral("kelu"));
     kelu::SharedState state;
     kelu::MsgDialogWindow dialog;
     application.ShowErrorsIn(&dialog);
@@ -39,23 +42,39 @@ int Run(kelu::Application& application) {
     kelu::GstVideoCapX optionsCamera(cameras);
     kelu::frmMain window(state, {settings, dialog, saveDialog, printing, camera, optionsCamera, kelu::OpenDocument,
                                  [&] { return !instance.IsFirst(); }, kelu::PlaySoundFile});
+    dialog.SetParent(&window);
+    saveDialog.SetParent(&window);
     if (!window.Start()) return 0;
     window.show();
-    if (const QStringList words = QApplication::arguments(); words.size() > 1) window.OpenPicture(words[1]);
+    if (!picture.isEmpty()) window.OpenPicture(picture);
     return QApplication::exec();
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
+    QStringList words;
+    for (int i = 0; i < argc; ++i) words += QString::fromLocal8Bit(argv[i]);
+    const kelu::CommandLine line = kelu::ReadCommandLine(words);
+    std::fputs(line.out.toLocal8Bit().constData(), stdout);
+    std::fputs(line.error.toLocal8Bit().constData(), stderr);
+    if (line.status) return *line.status;
+
+    // Without a display the toolkit would say so and crash.
+    qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
+        if (type != QtFatalMsg) return;
+        std::fprintf(stderr, "kelu: %s\n", text.section(u'\n', 0, 0).toLocal8Bit().constData());
+        std::_Exit(1);
+    });
     kelu::Application application(argc, argv);
+    qInstallMessageHandler(nullptr);
     QApplication::setApplicationName(QStringLiteral("Kelu"));
     QApplication::setOrganizationName(QStringLiteral("Tarvane"));
     QApplication::setApplicationVersion(QStringLiteral(KELU_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("com.tarvane.Kelu"));
     kelu::theme::Apply(application);
     kelu::SystemColors::SetCurrent(kelu::SystemColors::Dark());
-    const int status = Run(application);
+    const int status = Run(application, line.picture);
     // A camera that hangs in its driver, or the last of the shutter's sound, must not keep the process.
     if (!kelu::DetachedJobsEnd(kLongestEnd)) std::_Exit(status);
     return status;

@@ -116,7 +116,7 @@ void MakeStrip(QWidget& strip, std::span<const FixedPlace> places, const std::ma
                 ToolButton* button = buttons.at(row.command);
                 button->setParent(&strip);
                 Place(*button, fixed.place);
-                button->SetIconShift(qRound(middle(places.front().place) - middle(fixed.place)));
+                button->SetIconShift(RoundToEven(middle(places.front().place) - middle(fixed.place)));
             }
 }
 

@@ -14,7 +14,8 @@ namespace kelu {
 
 namespace {
 constexpr const char* kMaximises = "keluMaximises";
-}
+constexpr int kLongestAnswer = 300;  // ms that a window manager may take
+}  // namespace
 
 WindowChrome::WindowChrome(QWidget& window, SharedState& state)
     : window_(window), state_(state), outline_(new QWidget(&window)) {
@@ -26,6 +27,9 @@ WindowChrome::WindowChrome(QWidget& window, SharedState& state)
     line.setColor(QPalette::Window, theme::kOutlinePopup);
     outline_->setPalette(line);
     PlaceOutline();
+    noAnswer_.setSingleShot(true);
+    noAnswer_.setInterval(kLongestAnswer);
+    connect(&noAnswer_, &QTimer::timeout, this, &WindowChrome::MaximiseByHand);
 }
 
 void WindowChrome::PlaceOutline() {
@@ -43,8 +47,8 @@ void WindowChrome::AddHandle(QWidget& handle, bool maximises) {
 
 bool WindowChrome::eventFilter(QObject* watched, QEvent* event) {
     if (watched == &window_) {
-        if (event->type() == QEvent::WindowStateChange && window_.isMaximized() != state_.WindowMaximised &&
-            !window_.isMinimized())
+        if (event->type() == QEvent::WindowStateChange && !maximisedByHand_ && !window_.isMinimized() &&
+            window_.isMaximized() != state_.WindowMaximised)
             SetMaximised(window_.isMaximized());
         if (event->type() == QEvent::Resize) PlaceOutline();
         return false;
@@ -65,13 +69,14 @@ bool WindowChrome::OnHandle(const QMouseEvent& mouse, bool maximises) {
     const QPoint inWindow = mouse.globalPosition().toPoint() - window_.frameGeometry().topLeft();
     switch (mouse.type()) {
         case QEvent::MouseButtonPress:
-            if (left) pressedAt_ = inWindow, byHand_ = false;
+            if (left) pressedAt_ = inWindow, movedByHand_ = false;
             return left;
         case QEvent::MouseMove:
-            if (!pressedAt_) return false;
-            if (!byHand_ && (inWindow - *pressedAt_).manhattanLength() >= QApplication::startDragDistance())
+            // What fills the screen stays where it is.
+            if (!pressedAt_ || state_.WindowMaximised) return false;
+            if (!movedByHand_ && (inWindow - *pressedAt_).manhattanLength() >= QApplication::startDragDistance())
                 StartDrag();
-            if (byHand_ && !state_.WindowMaximised) window_.move(window_.pos() + inWindow - *pressedAt_);
+            if (movedByHand_) window_.move(window_.pos() + inWindow - *pressedAt_);
             return true;
         case QEvent::MouseButtonDblClick:
             pressedAt_.reset();
@@ -87,25 +92,34 @@ void WindowChrome::StartDrag() {
     // The window system moves the window where it can; without a window manager it says no and we follow the pointer.
     // Not at the press already: it takes the pointer for itself, and a double click would never arrive.
     QWindow* handle = window_.windowHandle();
-    byHand_ = handle == nullptr || !handle->startSystemMove();
-    if (!byHand_) pressedAt_.reset();
+    movedByHand_ = handle == nullptr || !handle->startSystemMove();
+    if (!movedByHand_) pressedAt_.reset();
 }
 
 void WindowChrome::Minimise() { window_.showMinimized(); }
 
 void WindowChrome::ToggleMaximised() {
-    if (state_.WindowMaximised) {
-        window_.showNormal();
-        if (restoredGeometry_.isValid()) window_.setGeometry(restoredGeometry_);
+    // The window manager answers later, and the answer is the new state: nothing is asked of the geometry in the same
+    // breath, nor set, since a geometry that is set takes the maximised state away again.
+    if (!state_.WindowMaximised) {
+        restoredGeometry_ = window_.geometry();
+        window_.showMaximized();
+        noAnswer_.start();
+        window_.raise();
+    } else if (maximisedByHand_) {
+        window_.setGeometry(restoredGeometry_);
+        maximisedByHand_ = false;
         SetMaximised(false);
-        return;
+    } else {
+        window_.showNormal();
     }
-    restoredGeometry_ = window_.geometry();
-    window_.showMaximized();
-    const QRect available = window_.screen()->availableGeometry();
-    if (window_.geometry() == restoredGeometry_) window_.setGeometry(available);
-    SetMaximised(true);
-    window_.raise();
+}
+
+void WindowChrome::MaximiseByHand() {
+    if (!window_.isMaximized() || window_.geometry() != restoredGeometry_) return;
+    maximisedByHand_ = true;
+    window_.setWindowState(Qt::WindowNoState);
+    window_.setGeometry(window_.screen()->availableGeometry());
 }
 
 void WindowChrome::SetMaximised(bool maximised) {

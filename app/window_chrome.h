@@ -5,6 +5,7 @@
 #include <QObject>
 #include <QPoint>
 #include <QRect>
+#include <QTimer>
 #include <optional>
 
 #include "document/shared_state.h"
@@ -39,13 +40,16 @@ class WindowChrome : public QObject {
     void StartDrag();
     void PlaceOutline();
     void SetMaximised(bool maximised);
+    void MaximiseByHand();
 
     QWidget& window_;
     SharedState& state_;
     QWidget* outline_;
-    QRect restoredGeometry_;           // where no window manager keeps it
+    QTimer noAnswer_;                  // runs out where no window manager maximises the window
+    QRect restoredGeometry_;           // for that case; a window manager keeps its own
+    bool maximisedByHand_ = false;     // that case
     std::optional<QPoint> pressedAt_;  // pointer position inside the window, from the press on
-    bool byHand_ = false;              // the window system leaves the moving to us
+    bool movedByHand_ = false;         // the window system leaves the moving to us
 };
 
 }  // namespace kelu

@@ -34,11 +34,24 @@ QRgb Blend(QRgb before, QRgb paint, unsigned share) {
     return (alpha << 24) | channel(16) | channel(8) | channel(0);
 }
 
+// `paint` over an opaque pixel, which stays opaque: what is transparent changes nothing.
+QRgb LayOver(QRgb before, QRgb paint) {
+    const unsigned alpha = static_cast<unsigned>(qAlpha(paint));
+    const auto channel = [&](int shift) {
+        return (((paint >> shift) & 255u) * alpha + ((before >> shift) & 255u) * (255 - alpha) + 127) / 255 << shift;
+    };
+    return 0xff000000u | channel(16) | channel(8) | channel(0);
+}
+
 // One row of tiles: all that lies at 64 rows of pixels.
 class TileRow {
  public:
     TileRow(QImage& canvas, const QImage& paint, const Capsule& segment, int strength)
-        : canvas_(canvas), paint_(paint), segment_(segment), strength_(strength) {}
+        : canvas_(canvas),
+          paint_(paint),
+          segment_(segment),
+          strength_(strength),
+          laysOver_(paint.hasAlphaChannel() && !canvas.hasAlphaChannel()) {}
 
     // Rows [top, bottom) and columns [left, right) lie inside one row of tiles and the common area.
     void Paint(int top, int bottom, int left, int right, UndoLevels& undo) {
@@ -70,7 +83,7 @@ class TileRow {
         auto* to = reinterpret_cast<QRgb*>(canvas_.scanLine(y));
         const auto* from = reinterpret_cast<const QRgb*>(paint_.constScanLine(y));
         PaintEdge(y, row.outerBegin, innerBegin, to, from);
-        if (strength_ == 255)
+        if (strength_ == 255 && !laysOver_)
             CopyInside(y, innerBegin, innerEnd, to, from);
         else
             PaintEdge(y, innerBegin, innerEnd, to, from);
@@ -88,7 +101,7 @@ class TileRow {
             covered = static_cast<std::uint8_t>(share);
             QRgb before;
             std::memcpy(&before, tile.saved + std::ptrdiff_t{place} * 4, 4);
-            to[x] = Blend(before, from[x], share);
+            to[x] = Blend(before, laysOver_ ? LayOver(before, from[x]) : from[x], share);
         }
     }
 
@@ -108,6 +121,7 @@ class TileRow {
     const QImage& paint_;
     const Capsule& segment_;
     int strength_;
+    bool laysOver_;  ///< paint with transparency, made of another picture, on an opaque canvas
     int firstTile_ = 0;
     std::array<Capsule::Row, kTile> rows_;
     std::vector<UndoLevels::OpenTile> tiles_;

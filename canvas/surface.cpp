@@ -13,6 +13,7 @@
 #include "pictures/picture.h"
 #include "pictures/picture_file.h"
 #include "platform/error.h"
+#include "platform/units.h"
 
 namespace kelu {
 namespace {
@@ -44,8 +45,8 @@ void Surface::ResizeImage(int width, int height) {
     if (width < 0 || height < 0 || (width == 0 && height == 0))
         throw Error(kInvalidProperty, QStringLiteral("Invalid picture size"));
     const double proportion = static_cast<double>(picture_.width()) / picture_.height();
-    if (height == 0) height = std::max(1, qRound(width / proportion));
-    if (width == 0) width = std::max(1, qRound(height * proportion));
+    if (height == 0) height = std::max(1, RoundToEven(width / proportion));
+    if (width == 0) width = std::max(1, RoundToEven(height * proportion));
     Replace(ScalePicture(picture_, QSize(width, height)));
 }
 
@@ -111,9 +112,6 @@ void Surface::SelectBrush(const BrushHandle& brush) {
     if (brush.paint.constBits() != brush_.paint.constBits()) undo_->Close();
     brush_ = brush;
     if (brush_.paint.isNull() || picture_.isNull() || brush_.paint.constBits() == picture_.constBits()) return;
-    // The same four bytes in both: an opaque picture is one whose alpha happens to be 255 everywhere.
-    if (brush_.paint.hasAlphaChannel() && !picture_.hasAlphaChannel())
-        picture_.reinterpretAsFormat(QImage::Format_ARGB32);
     MakeUnique(picture_);
 }
 

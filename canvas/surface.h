@@ -67,9 +67,10 @@ class Surface : public QObject {
     void SetBrushSoftness(int percent);
 
     /// Lays the brush along the segment (image pixels, may lie outside): each covered pixel takes the pixel of the
-    /// paint at the same place, at `strength` 0 to 255 (full). Segments of one undo level count together: a pixel is
-    /// covered as much as by the one that covers it most. Nothing happens without a brush or outside the common area
-    /// of picture and paint. Opens an undo level when none is open, as after an Undo in the middle of a stroke.
+    /// paint at the same place, at `strength` 0 to 255 (full); on an opaque picture, paint with transparency is laid
+    /// over. Segments of one undo level count together: a pixel is covered as much as by the one that covers it most.
+    /// Nothing happens without a brush or outside the common area of picture and paint. Opens an undo level when none
+    /// is open, as after an Undo in the middle of a stroke.
     void DrawBrushLine(int x1, int y1, int x2, int y2, int strength);
 
     /// Lays the brush's paint on the whole picture as one level of its own. Nothing happens without a brush, or where

@@ -17,7 +17,9 @@ QString PlainName(const QString& text) {
 
 ColorBytes ColorOf(const QString& option, const QString& text) {
     const QColor color(text);
-    if (!color.isValid()) throw UsageError(QStringLiteral("--%1 takes a colour such as #ff8000").arg(option));
+    // An effect's colour has no transparency: what looks like one would be dropped without a word.
+    if (!color.isValid() || color.alpha() != 255)
+        throw UsageError(QStringLiteral("--%1 takes a colour such as #ff8000").arg(option));
     return {color.red(), color.green(), color.blue()};
 }
 
@@ -64,9 +66,8 @@ EffectInputs EffectInputsOf(const Effect& effect, const Arguments& arguments) {
     if (effect.ShowsCoordinates()) {
         taken += {"x", "y"};
         // A script knows its picture's size, so points beyond the window's boxes are welcome here.
-        constexpr int kFarthest = 1'000'000;
-        if (arguments.Has("x")) inputs.x = arguments.Integer("x", -kFarthest, kFarthest);
-        if (arguments.Has("y")) inputs.y = arguments.Integer("y", -kFarthest, kFarthest);
+        if (arguments.Has("x")) inputs.x = arguments.Integer("x", -kFarthestPoint, kFarthestPoint);
+        if (arguments.Has("y")) inputs.y = arguments.Integer("y", -kFarthestPoint, kFarthestPoint);
     }
     if (effect.color1.label) {
         taken += "color1";

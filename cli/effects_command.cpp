@@ -35,8 +35,10 @@ QJsonArray Inputs(const Effect& effect) {
     }
     if (effect.ShowsCoordinates()) {
         const EffectInputs defaults = effect.Defaults();
-        inputs.append(QJsonObject{{"option", "x"}, {"min", 0}, {"max", kCoordinateMax}, {"default", defaults.x}});
-        inputs.append(QJsonObject{{"option", "y"}, {"min", 0}, {"max", kCoordinateMax}, {"default", defaults.y}});
+        inputs.append(
+            QJsonObject{{"option", "x"}, {"min", -kFarthestPoint}, {"max", kFarthestPoint}, {"default", defaults.x}});
+        inputs.append(
+            QJsonObject{{"option", "y"}, {"min", -kFarthestPoint}, {"max", kFarthestPoint}, {"default", defaults.y}});
     }
     const auto addColor = [&inputs](const char* option, const EffectColor& color) {
         if (color.label)

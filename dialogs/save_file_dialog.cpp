@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "dialogs/save_file_dialog.h"
 
-#include <QApplication>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QStandardPaths>
 
 #include "controls/title_row/dialog_frame.h"
+#include "pictures/picture_file.h"
 
 namespace kelu {
 
@@ -17,12 +18,19 @@ QStringList NameFilters(const QString& filter) {
     return descriptions;
 }
 
+static bool IsPdfName(const QString& name) { return name.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive); }
+
+QString NameForFilter(const QString& name, int filterIndex) {
+    if (CanWritePicture(name) || IsPdfName(name) || filterIndex < 1) return name;
+    return name + SaveDialog::Filter().split(u'|').value(2 * filterIndex - 1).remove(u'*');
+}
+
 bool SaveFileDialog::Show(QString& fileName, int& filterIndex) {
     if (folder_.isEmpty()) folder_ = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
     // A folder that is not there would be taken for the name of a file.
     if (!QDir(folder_).exists()) folder_ = QDir::homePath();
     const QStringList filters = NameFilters(Filter());
-    QFileDialog dialog(QApplication::activeWindow(), QString::fromLatin1(kTitle), folder_);
+    QFileDialog dialog(owner_, QString::fromLatin1(kTitle), folder_);
     dialog.setAcceptMode(QFileDialog::AcceptSave);  // asks before a file is replaced
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setNameFilters(filters);
@@ -31,10 +39,16 @@ bool SaveFileDialog::Show(QString& fileName, int& filterIndex) {
     // The toolkit's dialog has a layout; the desktop's own is not ours to dress.
     if (dialog.layout()) AddWindowFrame(dialog);
     if (!fileName.isEmpty()) dialog.selectFile(fileName);
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return false;
-    folder_ = dialog.directory().absolutePath();
-    fileName = dialog.selectedFiles().first();
-    filterIndex = static_cast<int>(filters.indexOf(dialog.selectedNameFilter())) + 1;
+    for (;;) {
+        if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return false;
+        const QString given = dialog.selectedFiles().first();
+        filterIndex = static_cast<int>(filters.indexOf(dialog.selectedNameFilter())) + 1;
+        fileName = NameForFilter(given, filterIndex);
+        if (IsPdfName(fileName)) filterIndex = kPdfFilter;
+        if (fileName == given || !QFile::exists(fileName)) break;
+        dialog.selectFile(fileName);  // the file that would be replaced is not the one that was asked about
+    }
+    folder_ = QFileInfo(fileName).absolutePath();
     return true;
 }
 

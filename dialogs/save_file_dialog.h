@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QPointer>
 #include <QStringList>
+#include <QWidget>
 
 #include "document/open_save.h"
 
@@ -11,11 +13,17 @@ namespace kelu {
 /// "A (*.a)|*.a|B (*.b)|*.b" as the descriptions alone, one for each filter.
 QStringList NameFilters(const QString& filter);
 
+/// `name`, with the extension of the filter (counted from 1) behind it when its own tells no format that can be saved.
+QString NameForFilter(const QString& name, int filterIndex);
+
 class SaveFileDialog : public SaveDialog {
  public:
+    /// The window that the dialog blocks.
+    void SetParent(QWidget* parent) { owner_ = parent; }
     bool Show(QString& fileName, int& filterIndex) override;
 
  private:
+    QPointer<QWidget> owner_;
     QString folder_;  // of the last save in this run; at first the user's pictures
 };
 

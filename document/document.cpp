@@ -46,9 +46,13 @@ void Document::Open(const QString& path, Source source, bool wasDirty) {
     state_.ImageActive = true;
     if (source == Source::Browse) state_.EffectReady = false;
     state_.CurrentFileName = FileNameOfPath(path);
-    const bool shortForm = source == Source::Drop && !wasDirty;
-    Q_EMIT StatusTextChanged(shortForm ? ShortStatusText() : LongStatusText());
+    ShowStatusText(/*longForm=*/source != Source::Drop || wasDirty);
     Q_EMIT Opened();
+}
+
+void Document::ShowStatusText(bool longForm) {
+    showsLongForm_ = longForm;
+    Q_EMIT StatusTextChanged(longForm ? LongStatusText() : ShortStatusText());
 }
 
 QString Document::LongStatusText() const {

@@ -47,7 +47,11 @@ class Document : public QObject {
     /// "name - (w x h / b bits)"
     QString ShortStatusText() const;
     /// Raises StatusTextChanged with the long form.
-    void ShowLongStatusText() { Q_EMIT StatusTextChanged(LongStatusText()); }
+    void ShowLongStatusText() { ShowStatusText(/*longForm=*/true); }
+    /// The same when the long form is what is shown: its percent is another one.
+    void RefreshStatusText() {
+        if (showsLongForm_) ShowLongStatusText();
+    }
 
  Q_SIGNALS:
     void StatusTextChanged(const QString& text);
@@ -55,10 +59,13 @@ class Document : public QObject {
     void Opened();
 
  private:
+    void ShowStatusText(bool longForm);
+
     Surfaces& surfaces_;
     SurfaceView& canvasView_;
     SurfaceView& originalView_;
     SharedState& state_;
+    bool showsLongForm_ = false;
 };
 
 }  // namespace kelu

@@ -16,7 +16,8 @@ void History::Perform(void (Surface::*step)()) {
 }
 
 void History::ToggleOriginal() {
-    if (!state_.ImageDirty || state_.CaptureBusy) return;
+    const bool wayBack = state_.ShowingOriginal && state_.ImageActive;  // another picture was opened meanwhile
+    if (state_.CaptureBusy || !(state_.ImageDirty || wayBack)) return;
     SetOriginalShown(!state_.ShowingOriginal);
 }
 

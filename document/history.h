@@ -22,7 +22,8 @@ class History : public QObject {
     void PerformUndo() { Perform(&Surface::Undo); }
     void PerformRedo() { Perform(&Surface::Redo); }
 
-    /// Swaps canvas and original on the screen. Needs a changed picture.
+    /// Swaps canvas and original on the screen. Needs a changed picture, but for the way back from one that was
+    /// opened meanwhile.
     void ToggleOriginal();
     /// Back to the canvas, whatever the picture's state.
     void ShowCanvas() { SetOriginalShown(false); }

@@ -4,6 +4,7 @@
 
 #include <QFocusEvent>
 #include <QKeyEvent>
+#include <QRegularExpression>
 #include <QValidator>
 
 #include "controls/theme/theme.h"
@@ -12,14 +13,17 @@
 namespace kelu {
 namespace {
 
-// Mends rather than refuses: typed, pasted and assigned texts all lose what is no digit, and too large a number becomes
-// the largest.
+// Mends rather than refuses: pasted and assigned texts lose what is no digit, a fraction and a sign are understood, and
+// too large a number becomes the largest, one below 0 becomes 0.
 class CoordinateValidator : public QValidator {
  public:
     using QValidator::QValidator;
 
     State validate(QString& input, int& position) const override {
         const qsizetype length = input.size();
+        static const QRegularExpression fraction(QStringLiteral("(?<=\\d)[.,].*"));
+        static const QRegularExpression belowZero(QStringLiteral("^\\s*-\\s*\\d.*"));
+        input.remove(fraction).replace(belowZero, QStringLiteral("0"));
         input.removeIf([](QChar c) { return c < QLatin1Char('0') || c > QLatin1Char('9'); });
         // A number of any length: what does not even fit an integer is too large.
         bool fits = false;
@@ -52,6 +56,15 @@ void CoordinateBox::mousePressEvent(QMouseEvent* event) {
     QLineEdit::mousePressEvent(event);
     if (selectAfterPress_) selectAll();
     selectAfterPress_ = false;
+}
+
+void CoordinateBox::keyPressEvent(QKeyEvent* event) {
+    const QString text = event->text();
+    const bool digit = text.size() == 1 && text[0] >= u'0' && text[0] <= u'9';
+    const bool command = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    // Dropped before the validator could take a sign or a point for a part of a pasted number.
+    if (!command && !digit && !text.isEmpty() && text[0].isPrint()) return;
+    QLineEdit::keyPressEvent(event);
 }
 
 void CoordinateBox::keyReleaseEvent(QKeyEvent* event) {

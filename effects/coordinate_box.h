@@ -19,6 +19,7 @@ class CoordinateBox : public QLineEdit {
     // Getting the focus selects the whole text, so that typing replaces it.
     void focusInEvent(QFocusEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     // A field keeps the keys that go up to itself, yet the window's commands are among them.
     void keyReleaseEvent(QKeyEvent* event) override;
 

@@ -60,7 +60,8 @@ void EffectSelectors::ListSelected() {
 }
 
 void EffectSelectors::ToolbarClicked(const QString& key) {
-    if (Refused()) return;
+    if (Refused()) return TBSFX->SetCurrent(marked_);  // a click without effect leaves no mark
+    marked_ = TBSFX->Current();
     for (const Effect& effect : Catalogue())
         if (key == ButtonKey(effect.number)) return Q_EMIT EffectChosen(effect.number);
 }

@@ -45,6 +45,7 @@ class EffectSelectors : public QObject {
     bool Refused() const { return !state_.ImageActive || state_.CaptureBusy; }
 
     SharedState& state_;
+    int marked_ = 0;  ///< button of the last click that was not refused; 0: none
 };
 
 }  // namespace kelu

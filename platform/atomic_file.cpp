@@ -9,8 +9,10 @@
 #include <system_error>
 
 #include "platform/error.h"
+#include "platform/temporary_folder.h"
 #ifdef Q_OS_UNIX
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -45,7 +47,31 @@ QString NewName(const QString& folder) {
     return folder + QStringLiteral("/.kelu-%1.tmp").arg(QRandomGenerator::system()->generate64(), 16, 16, QChar(u'0'));
 }
 
+/// To the disk.
+bool Flush(QFile& file) {
 #ifdef Q_OS_UNIX
+    return file.flush() && ::fsync(file.handle()) == 0;
+#else
+    return file.flush();
+#endif
+}
+
+#ifdef Q_OS_UNIX
+/// Held by whoever writes the file, until it has its last name or its writer is gone.
+bool Claim(int descriptor) { return ::flock(descriptor, LOCK_EX | LOCK_NB) == 0; }
+
+/// Removes what killed processes of this user left in the folder.
+void RemoveOrphans(const QString& folder) {
+    for (const QFileInfo& file :
+         QDir(folder).entryInfoList({QStringLiteral(".kelu-*.tmp")}, QDir::Files | QDir::Hidden | QDir::NoSymLinks)) {
+        const QByteArray name = QFile::encodeName(file.filePath());
+        const int descriptor = ::open(name.constData(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+        if (descriptor < 0) continue;
+        if (file.ownerId() == ::geteuid() && Claim(descriptor)) ::unlink(name.constData());
+        ::close(descriptor);
+    }
+}
+
 QString Reason(int code) { return QString::fromLocal8Bit(std::strerror(code)); }
 
 /// The folder's entry for a renamed file reaches the disk with the folder, not with the file. Some file systems can't
@@ -89,14 +115,22 @@ AtomicFile::~AtomicFile() { Discard(); }
 // nothing behind.
 void AtomicFile::Open(Access access) {
     int descriptor = -1;
+    RemoveOrphans(folder_);
 #ifdef O_TMPFILE
     if (::access("/proc/self/fd", X_OK) == 0)
         descriptor = ::open(QFile::encodeName(folder_).constData(), O_TMPFILE | O_RDWR | O_CLOEXEC, 0666);
 #endif
     if (descriptor >= 0) {
         if (!file_.open(descriptor, kOpenMode, QFileDevice::AutoCloseHandle)) Fail(file_.errorString());
+        Claim(descriptor);
     } else {
-        OpenNamed();
+        inPlace_ = ::access(QFile::encodeName(folder_).constData(), W_OK) != 0;
+        if (inPlace_ && !QFileInfo::exists(target_)) Fail(QStringLiteral("the folder cannot be written to"));
+        OpenNamed(inPlace_ ? TemporaryFolder() : folder_);
+        if (inPlace_) {
+            ::fchmod(file_.handle(), 0600);
+            return;
+        }
     }
 
     struct stat old {};
@@ -130,17 +164,27 @@ void AtomicFile::GiveName() {
 
 #else
 
-void AtomicFile::Open(Access) { OpenNamed(); }
+void AtomicFile::Open(Access) { OpenNamed(folder_); }
 
 void AtomicFile::GiveName() {}
 
 #endif
 
-void AtomicFile::OpenNamed() {
+void AtomicFile::OpenNamed(const QString& folder) {
     for (int tries = 0; tries < kNameTries; ++tries) {
-        temporaryPath_ = NewName(folder_);
+        temporaryPath_ = NewName(folder);
         file_.setFileName(temporaryPath_);
-        if (file_.open(kOpenMode | QIODevice::NewOnly)) return;
+        if (file_.open(kOpenMode | QIODevice::NewOnly)) {
+#ifdef Q_OS_UNIX
+            // Another process may take it for an orphan before it is claimed; then it has no name any more.
+            struct stat state {};
+            if (Claim(file_.handle()) && ::fstat(file_.handle(), &state) == 0 && state.st_nlink == 0) {
+                file_.close();
+                continue;
+            }
+#endif
+            return;
+        }
         if (!QFileInfo::exists(temporaryPath_)) break;
     }
     temporaryPath_.clear();
@@ -162,10 +206,8 @@ void AtomicFile::FillAndCommit(const std::function<void(QFile&)>& fill) {
 
 void AtomicFile::Commit() {
     if (!file_.isOpen()) Fail(QStringLiteral("already written"));
-    if (file_.error() != QFileDevice::NoError || !file_.flush()) Fail(file_.errorString());
-#ifdef Q_OS_UNIX
-    if (::fsync(file_.handle()) != 0) Fail(Reason(errno));
-#endif
+    if (file_.error() != QFileDevice::NoError || !Flush(file_)) Fail(file_.errorString());
+    if (inPlace_) return ReplaceInPlace();
     GiveName();
     file_.close();
     if (file_.error() != QFileDevice::NoError) Fail(file_.errorString());
@@ -176,6 +218,32 @@ void AtomicFile::Commit() {
 #ifdef Q_OS_UNIX
     FlushFolder(folder_);
 #endif
+}
+
+void AtomicFile::ReplaceInPlace() {
+    // Both the new and the old file lie whole in the temporary folder while the target is written.
+    const QString old = temporaryPath_.chopped(4) + QStringLiteral("-") + QFileInfo(target_).fileName();
+    QFile target(target_);
+    const auto fill = [&target](QFile& from) {
+        if (!from.seek(0) || !target.resize(0) || !target.seek(0)) return false;
+        while (!from.atEnd()) {
+            const QByteArray piece = from.read(1 << 20);
+            if (piece.isEmpty() || target.write(piece) != piece.size()) return false;
+        }
+        return Flush(target);
+    };
+    if (!target.copy(old)) Fail(QStringLiteral("the folder cannot be written to, and there is no room for a copy"));
+    bool done = false;
+    QString reason;
+    if (target.open(QIODevice::ReadWrite)) {
+        done = fill(file_);
+        reason = target.errorString();
+        if (QFile copy(old); !done && (!copy.open(QIODevice::ReadOnly) || !fill(copy)))
+            Fail(QStringLiteral("%1; the old file is kept as %2").arg(reason, old));
+    }
+    QFile::remove(old);
+    Discard();
+    if (!done) Fail(reason.isEmpty() ? target.errorString() : reason);
 }
 
 void AtomicFile::Discard() {

@@ -11,7 +11,9 @@ namespace kelu {
 
 /// Write into Device() (seekable, readable, starts empty), then Commit(). Without a Commit nothing happens to the
 /// target and nothing is left behind. A target that is a symbolic link is followed; an existing target keeps its
-/// permissions. Failures are thrown as Error(kFileError) whose description begins with the path.
+/// permissions. A file that may be written in a folder that may not is replaced in its place, after a copy was put
+/// into the folder for temporary files. Failures are thrown as Error(kFileError) whose description begins with the
+/// path.
 class AtomicFile {
  public:
     enum class Access {
@@ -43,8 +45,9 @@ class AtomicFile {
     };
 
     void Open(Access access);
-    void OpenNamed();
+    void OpenNamed(const QString& folder);
     void GiveName();
+    void ReplaceInPlace();
     void Discard();
     [[noreturn]] void Fail(const QString& reason) const;
 
@@ -52,6 +55,7 @@ class AtomicFile {
     QString target_;         ///< behind all links
     QString folder_;         ///< of the target
     QString temporaryPath_;  ///< empty as long as the new file has no name
+    bool inPlace_ = false;   ///< the target's folder takes no new file
     WholeFile file_;
 };
 

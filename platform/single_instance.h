@@ -1,4 +1,4 @@
-// One running instance of the program for each user.
+// One running instance of the program for each folder of settings.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -11,10 +11,11 @@ namespace kelu {
 /// Keep the object for the life of the process. The place is free again when the process ends, however it ends.
 class SingleInstance {
  public:
-    /// `name` tells programs apart and is part of a file name: letters and digits.
-    explicit SingleInstance(const QString& name);
+    /// `folder` is what two instances would quarrel about, made when it is missing. `name` tells programs apart and is
+    /// part of a file name: letters and digits.
+    SingleInstance(const QString& folder, const QString& name);
 
-    /// False when another process of this user holds the place. True when it can't be known: better two instances
+    /// False when another process holds the place. True when it can't be known: better two instances
     /// than none.
     bool IsFirst() const { return first_; }
 

@@ -11,6 +11,7 @@
 #include <QScrollBar>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "controls/theme/accessible_role.h"
 #include "platform/units.h"
@@ -31,7 +32,7 @@ int Twips(double widgetPixels) { return RoundToEven(widgetPixels * kTwipsPerPixe
 /// finer the screen, the denser they would lie.
 QBrush DiagonalCross(QColor color, qreal ratio) {
     constexpr int kPeriod = 8;  // device-independent pixels
-    const int side = qRound(kPeriod * ratio);
+    const int side = RoundToEven(kPeriod * ratio);
     QPixmap tile(side, side);
     tile.fill(Qt::transparent);
     QPainter painter(&tile);
@@ -54,6 +55,12 @@ QString FirstLocalFile(const QMimeData* data) {
     for (const QUrl& url : data->urls())
         if (url.isLocalFile()) return url.toLocalFile();
     return {};
+}
+
+/// Whatever is offered, the file stays the user's: a source that hears "moved" may delete it.
+void AcceptCopy(QDropEvent& event) {
+    event.setDropAction(Qt::CopyAction);
+    event.accept();
 }
 
 }  // namespace
@@ -94,6 +101,12 @@ double ImageX::FittedScale() const {
                      static_cast<double>(height()) / surface_.ImageHeight()});
 }
 
+double ImageX::Scale() const {
+    const double asked = zoomPercent_ / 100.0;
+    if (!Fitted()) return asked;
+    return zoomKept_ ? std::min(asked, FittedScale()) : FittedScale();
+}
+
 int ImageX::ZoomPercent() const {
     if (!Fitted() || zoomKept_) return zoomPercent_;
     return std::max(kSmallestZoom, RoundToEven(FittedScale() * 100));
@@ -103,19 +116,19 @@ void ImageX::SetZoomPercent(int percent) {
     zoomPercent_ = std::clamp(percent, kSmallestZoom, kLargestZoom);
     zoomKept_ = Fitted();
     zoomAssigned_ = true;
-    if (!Fitted()) LayOut(Focus());
+    LayOut(Focus());
 }
 
 void ImageX::SetViewAnchor(int anchor) { viewAnchor_ = anchor; }
 
 void ImageX::SetViewMode(int mode) {
-    const bool wasFitted = Fitted();
-    // A zoom step inside the fitted view sets a percent and then the fitted view again; any later command for the
-    // fitted view is one to see the whole picture, and its scale counts again.
-    if (mode == kFittedMode && !(wasFitted && zoomAssigned_)) zoomKept_ = false;
+    // A zoom step sets a percent and then the view; any other command for the fitted view is one to see the whole
+    // picture as large as it can be, and the fitted scale counts again.
+    const bool kept = mode == kFittedMode && zoomAssigned_;
     zoomAssigned_ = false;
-    if (mode == viewMode_) return;
+    if (mode == viewMode_ && kept == zoomKept_) return;
     const QPointF focus = Focus();
+    zoomKept_ = kept;
     viewMode_ = mode;
     LayOut(focus);
 }
@@ -126,7 +139,10 @@ void ImageX::SetViewScrollable(bool scrollable) {
     LayOut(Focus());
 }
 
-void ImageX::Redraw() { update(); }
+void ImageX::Redraw() {
+    zoomAssigned_ = false;  // the end of a zoom step
+    update();
+}
 
 // ---- geometry: device pixels of the scaled picture, device-independent pixels of the widget
 
@@ -169,17 +185,18 @@ void ImageX::LayOut(const QPointF& focus) {
         view_.Invalidate();
         return;
     }
-    const double scale = (Fitted() ? FittedScale() : zoomPercent_ / 100.0) * ratio;
-    const QSize scaled(std::max(1, qRound(picture.width() * scale)), std::max(1, qRound(picture.height() * scale)));
+    const double scale = Scale() * ratio;
+    const QSize scaled(std::max(1, RoundToEven(picture.width() * scale)),
+                       std::max(1, RoundToEven(picture.height() * scale)));
 
     // A bar takes room from the other direction, which may then need one as well.
     const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
     const bool scrolls = !Fitted() && viewScrollable_;
-    bool needsX = scrolls && scaled.width() > qRound(width() * ratio);
-    const bool needsY = scrolls && scaled.height() > qRound((height() - (needsX ? bar : 0)) * ratio);
-    needsX = scrolls && scaled.width() > qRound((width() - (needsY ? bar : 0)) * ratio);
+    bool needsX = scrolls && scaled.width() > RoundToEven(width() * ratio);
+    const bool needsY = scrolls && scaled.height() > RoundToEven((height() - (needsX ? bar : 0)) * ratio);
+    needsX = scrolls && scaled.width() > RoundToEven((width() - (needsY ? bar : 0)) * ratio);
     const QSize room(std::max(1, width() - (needsY ? bar : 0)), std::max(1, height() - (needsX ? bar : 0)));
-    viewport_ = QSize(qRound(room.width() * ratio), qRound(room.height() * ratio));
+    viewport_ = QSize(RoundToEven(room.width() * ratio), RoundToEven(room.height() * ratio));
 
     // The image point under the focus stays there.
     QPointF part(0.5, 0.5);
@@ -190,8 +207,8 @@ void ImageX::LayOut(const QPointF& focus) {
     const auto setBar = [&](QScrollBar* bar, bool shown, int whole, int page, double value) {
         bar->setRange(0, shown ? whole - page : 0);
         bar->setPageStep(page);
-        bar->setSingleStep(qRound(kArrowStep * ratio));
-        bar->setValue(qRound(value));
+        bar->setSingleStep(RoundToEven(kArrowStep * ratio));
+        bar->setValue(RoundToEven(value));
         bar->setVisible(shown);
     };
     setBar(horizontal_, needsX, scaled.width(), viewport_.width(), wanted.x());
@@ -201,6 +218,7 @@ void ImageX::LayOut(const QPointF& focus) {
     laysOut_ = false;
     scaled_ = scaled;
     OnScrolled();
+    if (const int zoom = ZoomPercent(); std::exchange(zoomTold_, zoom) != zoom) Q_EMIT ZoomChanged();
 }
 
 void ImageX::OnScrolled() {
@@ -225,7 +243,7 @@ void ImageX::ScrollBy(const QPointF& pixels) {
 }
 
 void ImageX::OnPictureReplaced() {
-    zoomKept_ = false;
+    zoomKept_ = zoomAssigned_ = false;
     view_.Invalidate();
     LayOut(QPointF(width(), height()) / 2);
 }
@@ -542,13 +560,13 @@ void ImageX::keyReleaseEvent(QKeyEvent* event) {
 void ImageX::dragEnterEvent(QDragEnterEvent* event) {
     // A view from which nobody takes files shows so while they are dragged over it.
     const bool wanted = isSignalConnected(QMetaMethod::fromSignal(&ImageX::FileDropped));
-    if (wanted && !FirstLocalFile(event->mimeData()).isEmpty()) event->acceptProposedAction();
+    if (wanted && !FirstLocalFile(event->mimeData()).isEmpty()) AcceptCopy(*event);
 }
 
 void ImageX::dropEvent(QDropEvent* event) {
     const QString path = FirstLocalFile(event->mimeData());
     if (path.isEmpty()) return;
-    event->acceptProposedAction();
+    AcceptCopy(*event);
     Q_EMIT FileDropped(path);
 }
 

@@ -26,8 +26,9 @@ class ImageX : public QWidget, public SurfaceView {
     ~ImageX() override;
 
     /// The fitted scale in the fitted view (never above 100, rounded, at least 1), until another percent is asked for:
-    /// a percent set while the view is fitted is kept and read back, so that zoom steps add up, though nothing changes
-    /// on the screen. A new picture and a SetViewMode(2) that does not directly follow such a setting end that.
+    /// a percent set in the fitted view, or followed by SetViewMode(2), is kept and read back, so that zoom steps add
+    /// up; the picture is then shown at that percent, but never larger than it fits. A new picture and any other
+    /// SetViewMode(2) end that.
     int ZoomPercent() const override;
     /// 1 to 6400; other values are brought into this range.
     void SetZoomPercent(int percent) override;
@@ -66,6 +67,8 @@ class ImageX : public QWidget, public SurfaceView {
                     const QPoint& imagePixel);
     /// Files are accepted only where this signal is connected.
     void FileDropped(const QString& path);
+    /// ZoomPercent reads another value than before, as after a change of the view, the picture or the widget's size.
+    void ZoomChanged();
     /// Control and wheel: notches away from (above 0) or towards the user. Zoom changes made by the receiver keep the
     /// picture's point under the mouse in its place.
     void ZoomWheel(int steps);
@@ -95,6 +98,8 @@ class ImageX : public QWidget, public SurfaceView {
     void LayOut(const QPointF& focus);
     QPointF Focus() const;
     double FittedScale() const;
+    /// Device-independent pixels to an image pixel, as shown.
+    double Scale() const;
     void ScrollBy(const QPointF& pixels);
     void ScrollOrPass(QKeyEvent* event, const QPointF& pixels);
     void ApplyCursor();
@@ -121,7 +126,8 @@ class ImageX : public QWidget, public SurfaceView {
     int viewMode_ = 2;
     bool viewScrollable_ = false;
     bool zoomKept_ = false;      ///< fitted view: ZoomPercent reads what was set
-    bool zoomAssigned_ = false;  ///< set since the last SetViewMode
+    bool zoomAssigned_ = false;  ///< set since the last SetViewMode or Redraw
+    int zoomTold_ = 0;           ///< ZoomPercent at the last ZoomChanged
     std::optional<QPointF> zoomFocus_;
 
     QBrush hatch_;

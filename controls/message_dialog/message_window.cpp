@@ -134,11 +134,12 @@ MessageWindow::MessageWindow(const Message& message, QWidget* parent)
     buttons->setContentsMargins(theme::kMargin, 4, theme::kMargin, theme::kMargin);
     buttons->setSpacing(theme::kSpacing);
     buttons->addStretch(1);
-    AddButtons(*buttons);
+    QPushButton* first = AddButtons(*buttons);
     column->addLayout(buttons);
+    first->setFocus();  // only now it is a child of this window, and a space is not the check box's
 }
 
-void MessageWindow::AddButtons(QBoxLayout& row) {
+QPushButton* MessageWindow::AddButtons(QBoxLayout& row) {
     struct Choice {
         QString caption;
         int answer;
@@ -147,6 +148,7 @@ void MessageWindow::AddButtons(QBoxLayout& row) {
                                                                         {tr("&No"), MsgDialog::kNo},
                                                                         {tr("Cancel"), MsgDialog::kCancel}}
                                                   : std::vector<Choice>{{tr("OK"), MsgDialog::kOkAnswer}};
+    QPushButton* first = nullptr;
     for (const Choice& choice : choices) {
         auto* button = new QPushButton(choice.caption);
         button->setMinimumWidth(theme::kButtonMinWidth);
@@ -154,8 +156,9 @@ void MessageWindow::AddButtons(QBoxLayout& row) {
         button->setDefault(&choice == &choices.front());
         connect(button, &QPushButton::clicked, this, [this, answer = choice.answer] { Finish(answer); });
         row.addWidget(button);
-        if (&choice == &choices.front()) button->setFocus();
+        if (!first) first = button;
     }
+    return first;
 }
 
 bool MessageWindow::Ticked() const { return checkbox_ && checkbox_->isChecked(); }

@@ -9,6 +9,7 @@
 
 class QBoxLayout;
 class QCheckBox;
+class QPushButton;
 
 namespace kelu {
 
@@ -47,7 +48,8 @@ class MessageWindow : public QDialog {
     int answer_;
     bool threeWay_;
 
-    void AddButtons(QBoxLayout& row);
+    /// The first of them.
+    QPushButton* AddButtons(QBoxLayout& row);
     void Finish(int answer);
 };
 

@@ -14,7 +14,7 @@ int MsgDialogWindow::ShowMessage(const QString& heading, const QString& text, in
                                  MsgIcon icon) {
     // A message raised out of another dialog belongs above that one.
     QWidget* owner = QApplication::activeModalWidget();
-    if (!owner) owner = parent_ ? parent_->window() : QApplication::activeWindow();
+    if (!owner && parent_) owner = parent_->window();
     MessageWindow window(
         {heading, text, title, style, icon, aboutStyle_, showCheckbox_, checkboxCaption_, startTicked_}, owner);
     startTicked_ = false;

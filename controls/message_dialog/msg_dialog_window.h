@@ -12,8 +12,9 @@ namespace kelu {
 
 class MsgDialogWindow : public MsgDialog {
  public:
-    /// `parent` is the window that the messages block; without one the active window at each call is taken.
+    /// `parent` is the window that the messages block.
     explicit MsgDialogWindow(QWidget* parent = nullptr);
+    void SetParent(QWidget* parent) { parent_ = parent; }
 
     void SetShowCheckbox(bool show) override { showCheckbox_ = show; }
     void SetCheckboxCaption(const QString& caption) override { checkboxCaption_ = caption; }

@@ -35,8 +35,10 @@ Pager::Pager(Qt::Orientation orientation, QWidget* parent)
     glide_->setEasingCurve(QEasingCurve::OutCubic);
     connect(glide_, &QVariantAnimation::valueChanged, this, [this](const QVariant& value) { MoveTo(value.toInt()); });
     // The child's buttons take the focus one by one; the one that has it stays in sight.
-    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget* before, QWidget* now) {
         if (!child_ || !now || now == child_ || !child_->isAncestorOf(now)) return;
+        // A window that becomes the active one again gives the focus back; nobody moved it.
+        if (!before || before->window() != window()) return;
         EnsureVisible(QRect(now->mapTo(child_, QPoint()), now->size()));
     });
 }

@@ -19,7 +19,7 @@ int RoundHeld(double value) {
 }  // namespace
 
 int PercentOfValue(int value, int min, int max, int current) {
-    return max == 0 ? current : RoundHeld(value * 100.0 / max + min);
+    return max == 0 ? current : std::max(0, RoundHeld(value * 100.0 / max + min));
 }
 
 int ValueOfPercent(int percent, int min, int max) {

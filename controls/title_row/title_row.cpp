@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScreen>
 #include <QWindow>
 
 #include "controls/theme/paint.h"
@@ -70,6 +71,18 @@ void TitleRow::SettlePosition() {
     if (handle && window()->isVisible() && handle->position() != window()->pos()) handle->setPosition(window()->pos());
 }
 
+void TitleRow::CentreOnOwner() {
+    // Before the dialog's own placing, which leaves room for a frame that these windows don't have.
+    const QWidget* owner = window()->parentWidget();
+    if (!owner) return;
+    QRect place = window()->rect();
+    place.moveCenter(owner->window()->geometry().center());
+    const QRect screen = owner->screen()->availableGeometry();
+    place.moveLeft(qMax(screen.left(), qMin(place.left(), screen.right() + 1 - place.width())));
+    place.moveTop(qMax(screen.top(), qMin(place.top(), screen.bottom() + 1 - place.height())));
+    window()->move(place.topLeft());
+}
+
 bool TitleRow::event(QEvent* event) {
     if (event->type() == QEvent::Show || event->type() == QEvent::ParentChange) {
         window()->removeEventFilter(this);
@@ -83,6 +96,7 @@ bool TitleRow::eventFilter(QObject* watched, QEvent* event) {
     if (watched != window()) return false;
     if (event->type() == QEvent::WindowTitleChange) FollowWindow();
     if (event->type() == QEvent::WindowActivate) SettlePosition();
+    if (event->type() == QEvent::Show && !event->spontaneous()) CentreOnOwner();
     return QWidget::eventFilter(watched, event);
 }
 

@@ -40,6 +40,7 @@ class TitleRow : public QWidget {
     std::optional<QPoint> grip_;  ///< where the press lies in the window, while this row moves it itself
 
     void FollowWindow();
+    void CentreOnOwner();
     void SettlePosition();
 };
 

@@ -17,9 +17,10 @@ namespace kelu {
 class PixTwix;
 
 inline constexpr int kEffectCount = 48;
-inline constexpr int kNeon = 48;            ///< the one effect that the pen surface renders itself
-inline constexpr int kCoordinateMax = 999;  ///< largest number that a coordinate box takes
-inline constexpr int kDefaultX = 250;       ///< the point that most effects with coordinates start from
+inline constexpr int kNeon = 48;                  ///< the one effect that the pen surface renders itself
+inline constexpr int kCoordinateMax = 999;        ///< largest number that a coordinate box takes
+inline constexpr int kFarthestPoint = 1'000'000;  ///< largest coordinate, to either side, that a script may give
+inline constexpr int kDefaultX = 250;             ///< the point that most effects with coordinates start from
 inline constexpr int kDefaultY = 100;
 inline constexpr int kDefaultDirection = 3;  ///< compass button at program start
 

@@ -87,15 +87,16 @@ class MainWindowFixture : public testing::Test {
         return folder.filePath(name);
     }
     /// Drops the file on the middle of the canvas, as a file manager does.
-    void Drop(const QString& path) {
+    void Drop(const QString& path) { Drop(path, canvas); }
+    void Drop(const QString& path, ImageX& view) {
         QMimeData files;
         files.setUrls({QUrl::fromLocalFile(path)});
-        const QPointF middle = canvas.rect().center();
+        const QPointF middle = view.rect().center();
         QDragEnterEvent enter(middle.toPoint(), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(&canvas, &enter);
+        QCoreApplication::sendEvent(&view, &enter);
         if (!enter.isAccepted()) return;
         QDropEvent drop(middle, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(&canvas, &drop);
+        QCoreApplication::sendEvent(&view, &drop);
         QCoreApplication::processEvents();
     }
     void OpenPhoto(int width = 400, int height = 300) {

@@ -76,14 +76,42 @@ TEST_F(MainWindowTest, RefusesEffectsWithoutAPicture) {
     EXPECT_FALSE(state.EffectReady);
 }
 
-TEST_F(MainWindowTest, StatusBarTellsThePictureAndTheVersion) {
+TEST_F(MainWindowTest, StatusBarTellsThePictureTheVersionAndThePercentShown) {
     EXPECT_TRUE(window.controls.sBar1->PanelText(1).endsWith("  by Tarvane Design"));
     EXPECT_FALSE(window.controls.picZoomContainer->isVisible());
     OpenPhoto();
     EXPECT_EQ(window.controls.sBar1->PanelText(2), "photo.png - (400 x 300 / 24 bits)");
     EXPECT_TRUE(window.controls.picZoomContainer->isVisible());
     window.Run(Command::ZoomIn);
-    EXPECT_TRUE(window.controls.sBar1->PanelText(2).startsWith("photo.png - [400 x 300 / 24 bits / "));
+    EXPECT_EQ(Status(), "photo.png - [400 x 300 / 24 bits / 110%]");
+    Arm();
+    Stroke({{150, 150}, {180, 150}});
+    window.Run(Command::Undo);
+    EXPECT_EQ(Status(), "photo.png - [400 x 300 / 24 bits / 100%]") << "undo shows the whole picture";
+    dialog.answers = {MsgDialog::kNo};
+    OpenPhoto(4000, 1000);
+    window.Run(Command::ZoomReset);
+    const int before = canvas.ZoomPercent();
+    window.resize(window.width() + 300, window.height());
+    QCoreApplication::processEvents();
+    EXPECT_GT(canvas.ZoomPercent(), before);
+    EXPECT_TRUE(Status().endsWith(QStringLiteral(" %1%]").arg(canvas.ZoomPercent())));
+}
+
+TEST_F(MainWindowTest, ThereIsAlwaysAWayOutOfTheCompareView) {
+    OpenPhoto();
+    Arm();
+    Stroke({{50, 50}, {90, 90}});
+    Click(Command::Original);
+    ASSERT_TRUE(window.controls.picOriginal->isVisible());
+    dialog.answers = {MsgDialog::kNo};
+    Drop(MakePhoto("next.png", 120, 90), *window.controls.picOriginal);
+    EXPECT_EQ(window.surfaces.picOriginal.ImageWidth(), 120) << "the original takes drops, too";
+    EXPECT_FALSE(canvas.isVisible());
+    Click(Command::Original);
+    EXPECT_TRUE(canvas.isVisible());
+    Click(Command::Original);
+    EXPECT_TRUE(canvas.isVisible()) << "a fresh picture has nothing to compare";
 }
 
 TEST_F(MainWindowTest, TheSelectorSettingChoosesListOrToolbar) {

@@ -160,18 +160,34 @@ TEST(Stroke, ManyShortSegmentsLeaveWhatOneLongDoes) {
     EXPECT_EQ(LargestDifference(longStroke.Picture(), shortStroke.Picture()), 0);
 }
 
-TEST(Stroke, TransparentPaintBlendsByItsAlpha) {
-    Surface canvas, pen;
-    canvas.CreateBlank(40, 40, 24, QColor(200, 100, 50));
-    pen.CreateBlank(40, 40, 32, QColor(0, 0, 0, 0));
-    canvas.SelectBrush(pen.MakeBrush(10));
-    canvas.DrawBrushLine(20, 20, 20, 20, 255);
-    EXPECT_EQ(canvas.ColorDepth(), 32);
-    EXPECT_EQ(canvas.Picture().pixel(20, 20), 0u);
-    // At the edge the colour stays and only the opacity falls: black hides in no transparent pixel.
-    const QRgb edge = canvas.Picture().pixel(20, 25);
-    EXPECT_EQ(edge & 0xffffffu, qRgb(200, 100, 50) & 0xffffffu);
-    EXPECT_NEAR(qAlpha(edge), 128, 1);
+TEST(Stroke, TransparentPaintReplacesOnACanvasWithAlphaAndIsLaidOverAnOpaqueOne) {
+    // Before, paint, after in the middle of the stroke; bits of the canvas.
+    const struct {
+        int bits;
+        QRgb before, paint, after;
+    } rows[] = {
+        {32, qRgba(200, 100, 50, 255), qRgba(0, 0, 0, 0), 0},
+        {32, qRgba(9, 9, 9, 9), qRgba(200, 100, 50, 255), qRgba(200, 100, 50, 255)},
+        {24, qRgba(200, 100, 50, 255), qRgba(1, 2, 3, 0), qRgba(200, 100, 50, 255)},
+        {24, qRgba(200, 100, 50, 255), qRgba(0, 255, 50, 51), qRgba(160, 131, 50, 255)},
+        {24, qRgba(200, 100, 50, 255), qRgba(7, 8, 9, 255), qRgba(7, 8, 9, 255)},
+    };
+    for (const auto& row : rows) {
+        Surface canvas, pen;
+        pen.CreateBlank(40, 40, 32, QColor::fromRgba(row.paint));
+        canvas.CreateBlank(10, 10, 24, Qt::red);
+        // The brush stays that of the picture before: what it paints on came later.
+        canvas.SelectBrush(pen.MakeBrush(10));
+        canvas.CreateBlank(40, 40, row.bits, QColor::fromRgba(row.before));
+        canvas.DrawBrushLine(20, 20, 20, 20, 255);
+        EXPECT_EQ(canvas.ColorDepth(), row.bits);
+        EXPECT_EQ(canvas.Picture().pixel(20, 20), row.after) << std::hex << row.before << " " << row.paint;
+        const QRgb edge = canvas.Picture().pixel(20, 25);
+        if (row.bits == 24) EXPECT_EQ(qAlpha(edge), 255);
+        // At the edge the colour stays and only the opacity falls: black hides in no transparent pixel.
+        if (row.after == 0) EXPECT_EQ(edge & 0xffffffu, row.before & 0xffffffu);
+        if (row.after == 0) EXPECT_NEAR(qAlpha(edge), 128, 1);
+    }
 }
 
 TEST(Stroke, LeavesAllOtherOwnersOfThePicturesAlone) {
@@ -292,6 +308,29 @@ TEST(Undo, TakesMemoryForThePaintedAreaAndDropsTheOldestLevels) {
     EXPECT_EQ(canvas.Picture().pixel(32 + 64 * 16, 32), QColor(Qt::gray).rgb());
     for (; levels > 0; --levels) canvas.Redo();
     EXPECT_EQ(canvas.Picture().pixel(32 + 64 * 24, 32), QColor(Qt::blue).rgb());
+
+    // A stroke larger than the budget can be taken back whole all the same.
+    canvas.CreateBlank(2000, 1500, 24, Qt::gray);
+    const QImage before = canvas.Picture().copy();
+    canvas.PushUndo();
+    canvas.DrawBrushLine(100, 100, 1900, 1400, 255);
+    canvas.Undo();
+    EXPECT_EQ(canvas.Picture(), before);
+}
+
+TEST(Undo, ANewPaintInTheMiddleOfAStrokeCoversWhatTheOldOneDid) {
+    Surface canvas, pen;
+    canvas.CreateBlank(300, 200, 24, Qt::gray);
+    const QImage before = canvas.Picture().copy();
+    canvas.PushUndo();
+    for (const QColor& color : {QColor(Qt::blue), QColor(Qt::green)}) {
+        pen.CreateBlank(300, 200, 24, color);
+        canvas.SelectBrush(pen.MakeBrush(40));
+        canvas.DrawBrushLine(50, 50, 250, 150, 255);
+        EXPECT_EQ(canvas.Picture().pixel(150, 100), color.rgb());
+    }
+    while (canvas.CanUndo()) canvas.Undo();
+    EXPECT_EQ(canvas.Picture(), before);
 }
 
 TEST(Surface, KeepsProportionsAndRoundsWhenOneSideIsLeftOut) {
@@ -301,7 +340,8 @@ TEST(Surface, KeepsProportionsAndRoundsWhenOneSideIsLeftOut) {
         QSize after;
     } cases[] = {
         {{3000, 2000}, 800, 0, {800, 533}}, {{1000, 2000}, 600, 0, {600, 1200}}, {{100, 50}, 0, 20, {40, 20}},
-        {{5000, 2}, 10, 0, {10, 1}},        {{10, 10}, 25, 5, {25, 5}},
+        {{5000, 2}, 10, 0, {10, 1}},        {{10, 10}, 25, 5, {25, 5}},          {{3200, 2002}, 800, 0, {800, 500}},
+        {{3200, 2006}, 800, 0, {800, 502}},  // halves go to the even side
     };
     for (const auto& resize : cases) {
         Surface surface;

@@ -66,6 +66,12 @@ TEST_F(KeluCli, TellsTheCatalogue) {
     EXPECT_EQ(oil["inputs"][0]["min"], 1);
     EXPECT_EQ(oil["inputs"][0]["max"], 100);
     EXPECT_EQ(oil["inputs"][0]["default"], 5);
+    // What it tells of a point is what it takes.
+    const QJsonObject x = effects[8].toObject()["inputs"].toArray().last().toObject();
+    ASSERT_EQ(x["option"], "y");
+    const QString most = QString::number(x["max"].toInt());
+    EXPECT_EQ(Run({"apply", "9", Photo(), Path("far.png"), "--y", most, "--x", "-" + most}).status, 0);
+    EXPECT_EQ(Run({"apply", "9", Photo(), Path("far.png"), "--y", most + "0"}).status, 2);
     EXPECT_EQ(Run({"effects"}).out.count('\n'), 48);
 }
 
@@ -211,6 +217,8 @@ TEST_F(KeluCli, RefusesWrongWords) {
                                      {"apply", "33", Photo(), out, "--s1"},
                                      {"apply", "33", Photo(), out, "--loud"},
                                      {"apply", "45", Photo(), out, "--color1", "purplish"},
+                                     {"apply", "45", Photo(), out, "--color1", "#80ff8000"},
+                                     {"apply", "45", Photo(), out, "--color1", "transparent"},
                                      {"apply", "1", Photo(), Photo(), out},
                                      {"apply", "1", Photo(), out, "--shard", "3/2"},
                                      {"apply", "1", Photo(), out, "--resume"},

@@ -240,10 +240,16 @@ TEST_F(EffectPanelTest, CoordinateBoxesTakeUpToThreeDigits) {
         EXPECT_EQ(box.text().toStdString(), text) << typed;
         EXPECT_EQ(box.Value(), value) << typed;
     }
-    QGuiApplication::clipboard()->setText(QStringLiteral("x 99 999 999 999 999"));
-    box.clear();
-    box.paste();
-    EXPECT_EQ(box.Value(), 999);
+    const struct {
+        const char* pasted;
+        int value;
+    } pastes[] = {{"-5", 0}, {"12.7", 12}, {" 3,5 ", 3}, {"a4", 4}, {"-", 0}, {"x 99 999 999 999 999", 999}};
+    for (const auto& [pasted, value] : pastes) {
+        QGuiApplication::clipboard()->setText(QString::fromLatin1(pasted));
+        box.clear();
+        box.paste();
+        EXPECT_EQ(box.Value(), value) << pasted;
+    }
     QTest::keyClick(&box, Qt::Key_Backspace);
     EXPECT_EQ(box.Value(), 99);
 
@@ -310,6 +316,7 @@ TEST_F(EffectSelectorsTest, RefuseWithoutAPictureDuringARenderAndDuringCapture) 
         selectors.lstSFX->SetListIndex(5);
         QTest::mouseClick(selectors.TBSFX->Button(7), Qt::LeftButton);
         EXPECT_EQ(chosen.count(), allowed ? 2 : 0);
+        EXPECT_EQ(selectors.TBSFX->Current(), allowed ? 7 : 0) << "a refused click leaves no mark";
     }
     EXPECT_EQ(LastChosen(), 7);
 }

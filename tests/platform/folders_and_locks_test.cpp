@@ -76,12 +76,14 @@ TEST_F(Folders, PrivateFolderClosesAnOpenOneAndRefusesLinks) {
     EXPECT_EQ(Mode(home.filePath("a/b")), 0700);
 }
 
-TEST(Locks, OneInstanceUntilItsProcessDies) {
+TEST(Locks, OneInstanceOfAFolderUntilItsProcessDies) {
+    QTemporaryDir folder, elsewhere;
+    const QString home = folder.filePath("settings");
     int ready[2];
     ASSERT_EQ(::pipe(ready), 0);
     const pid_t child = ::fork();
     if (child == 0) {
-        const SingleInstance instance("test-instance");
+        const SingleInstance instance(home, "test-instance");
         const char answer = instance.IsFirst() ? 'y' : 'n';
         if (::write(ready[1], &answer, 1) != 1) ::_exit(1);
         for (;;) ::pause();
@@ -89,13 +91,14 @@ TEST(Locks, OneInstanceUntilItsProcessDies) {
     char answer = 0;
     ASSERT_EQ(::read(ready[0], &answer, 1), 1);
     EXPECT_EQ(answer, 'y');
-    EXPECT_FALSE(SingleInstance("test-instance").IsFirst());
-    EXPECT_TRUE(SingleInstance("other-program").IsFirst());
+    EXPECT_FALSE(SingleInstance(home, "test-instance").IsFirst());
+    EXPECT_TRUE(SingleInstance(home, "other-program").IsFirst());
+    EXPECT_TRUE(SingleInstance(elsewhere.path(), "test-instance").IsFirst());
     ::kill(child, SIGKILL);
     ::waitpid(child, nullptr, 0);
-    const SingleInstance next("test-instance");
+    const SingleInstance next(home, "test-instance");
     EXPECT_TRUE(next.IsFirst());
-    EXPECT_FALSE(SingleInstance("test-instance").IsFirst());
+    EXPECT_FALSE(SingleInstance(home, "test-instance").IsFirst());
 }
 
 TEST(Locks, WaitsAndGivesUp) {
@@ -105,6 +108,10 @@ TEST(Locks, WaitsAndGivesUp) {
     EXPECT_EQ(waiting.Lock(std::chrono::milliseconds(30)), FileLock::Answer::Busy);
     held.Unlock();
     EXPECT_EQ(waiting.Lock(std::chrono::milliseconds(0)), FileLock::Answer::Locked);
+    // A link to a file of somebody else's is no lock of ours, also when nothing is there yet.
+    ASSERT_TRUE(QFile::link("elsewhere", folder.filePath("link")));
+    EXPECT_EQ(FileLock(folder.filePath("link")).Lock(std::chrono::milliseconds(0)), FileLock::Answer::Impossible);
+    EXPECT_FALSE(QFile::exists(folder.filePath("elsewhere")));
     EXPECT_EQ(FileLock(folder.filePath("no/lock")).Lock(std::chrono::milliseconds(0)), FileLock::Answer::Impossible);
 }
 

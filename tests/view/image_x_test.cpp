@@ -100,31 +100,57 @@ TEST_F(ImageXTest, FittedViewShowsTheWholePictureAndNeverEnlarges) {
     }
 }
 
-TEST_F(ImageXTest, AZoomSetInTheFittedViewAddsUpUntilTheViewIsAskedForAgain) {
-    surface_.CreateBlank(2000, 1500, 24, Qt::red);
-    ASSERT_EQ(view_.ZoomPercent(), 20);
-    for (const int expected : {30, 40, 50}) {  // zoom in: percent, then the fitted view's values
+TEST_F(ImageXTest, ThePercentTellsWhatIsShownAfterEveryCommand) {
+    // As the zoom commands set it: in and out assign a percent, in and reset choose a view, all redraw at the end.
+    const auto in = [this] {
         view_.SetZoomPercent(view_.ZoomPercent() + 10);
+        view_.ZoomPercent() >= 51 ? view_.SetFreeView() : view_.SetFittedView();
+        view_.Redraw();
+    };
+    const auto out = [this] {
+        view_.SetZoomPercent(std::max(3, view_.ZoomPercent() - 10));
+        view_.Redraw();
+    };
+    const auto reset = [this] {
         view_.SetFittedView();
-        EXPECT_EQ(view_.ZoomPercent(), expected);
-        EXPECT_EQ(view_.ImageRect(), QRectF(0, 0, 400, 300));
+        view_.Redraw();
+    };
+    const auto undo = [this] {
+        view_.SetViewAnchor(5);
+        view_.SetViewMode(2);
+    };
+    const auto open = [this](int width, int height) { surface_.CreateBlank(width, height, 24, Qt::red); };
+    const struct {
+        const char* what;
+        std::function<void()> step;
+        int percent, shownWidth;
+    } steps[] = {
+        {"a picture five times as wide", [&] { open(2000, 1500); }, 20, 400},
+        {"in: counts, though the fitted view shows no more", in, 30, 400},
+        {"in again", in, 40, 400},
+        {"reset at the first press", reset, 20, 400},
+        {"out, in the fitted view", out, 10, 200},
+        {"reset after out", reset, 20, 400},
+        {"to the free view", [&] { Free(60); }, 60, 1200},
+        {"out of 60 stays free", out, 50, 1000},
+        {"and again", out, 40, 800},
+        {"in from 40: the fitted view, not larger", in, 50, 400},
+        {"undo shows the whole picture", undo, 20, 400},
+        {"a wider window", [&] { view_.resize(800, 600); }, 40, 800},
+        {"a small picture", [&] { open(500, 300); }, 100, 500},
+        {"seen smaller", [&] { Free(40); }, 40, 200},
+        {"in from 40 is 50 there, too", in, 50, 250},
+        {"51 and more are free", in, 60, 300},
+    };
+    for (const auto& step : steps) {
+        const int before = view_.ZoomPercent();
+        QSignalSpy changed(&view_, &ImageX::ZoomChanged);
+        step.step();
+        QApplication::processEvents();
+        EXPECT_EQ(view_.ZoomPercent(), step.percent) << step.what;
+        EXPECT_NEAR(view_.ImageRect().width(), step.shownWidth, 1) << step.what;
+        EXPECT_EQ(changed.isEmpty(), before == step.percent) << step.what;
     }
-    view_.SetFittedView();  // reset
-    EXPECT_EQ(view_.ZoomPercent(), 20);
-    Free(60);
-    EXPECT_EQ(view_.ZoomPercent(), 60);
-    EXPECT_EQ(view_.ImageRect().size(), QSizeF(1200, 900));
-    view_.SetFittedView();
-    EXPECT_EQ(view_.ZoomPercent(), 20);
-    // An undo sets anchor and mode alone; that is the fitted view as well.
-    Free(60);
-    view_.SetViewAnchor(5);
-    view_.SetViewMode(2);
-    EXPECT_EQ(view_.ImageRect(), QRectF(0, 0, 400, 300));
-    // Another picture starts with its own scale.
-    view_.SetZoomPercent(45);
-    surface_.CreateBlank(800, 600, 24, Qt::red);
-    EXPECT_EQ(view_.ZoomPercent(), 50);
 }
 
 TEST_F(ImageXTest, CoordinatesNameThePixelUnderThePointer) {
@@ -151,32 +177,6 @@ TEST_F(ImageXTest, CoordinatesNameThePixelUnderThePointer) {
     EXPECT_EQ(view_.ScreenToImageY(0), 1);
     EXPECT_LT(view_.ScreenToImageX(5), 0);
     EXPECT_GE(view_.ScreenToImageX(395), 1000);
-}
-
-TEST_F(ImageXTest, AStrokeRepaintsExactlyWhatItChanged) {
-    Surface pen;
-    surface_.SetPicture(Noise(900, 700, 1));
-    pen.SetPicture(Noise(900, 700, 2));
-    surface_.SelectBrush(pen.MakeBrush(40));
-    for (const int percent : {0, 70, 250}) {
-        if (percent > 0) Free(percent);
-        view_.grab();
-        surface_.PushUndo();
-        surface_.DrawBrushLine(300, 250, 500, 400, 255);
-        const QImage after = view_.grab().toImage();
-        ImageX fresh(surface_);
-        fresh.resize(view_.size());
-        if (percent > 0) {
-            fresh.SetZoomPercent(percent);
-            fresh.SetFreeView();
-        }
-        fresh.show();
-        QApplication::processEvents();
-        const auto bars = view_.findChildren<QScrollBar*>();
-        const auto freshBars = fresh.findChildren<QScrollBar*>();
-        for (int i = 0; i < bars.size(); ++i) freshBars[i]->setValue(bars[i]->value());
-        EXPECT_EQ(after, fresh.grab().toImage()) << percent;
-    }
 }
 
 TEST_F(ImageXTest, TheHatchShowsWhereThePictureDoesNot) {
@@ -258,19 +258,24 @@ TEST_F(ImageXTest, ZoomingByTheWheelKeepsThePointUnderTheMouse) {
     EXPECT_EQ(steps, 2);
 }
 
-TEST_F(ImageXTest, TakesTheFirstLocalFileOfADrop) {
-    QSignalSpy dropped(&view_, &ImageX::FileDropped);
+TEST_F(ImageXTest, TakesACopyOfTheFirstLocalFileOfADropWhereSomebodyListens) {
     const auto drop = [&](const QList<QUrl>& urls) {
         QMimeData data;
         data.setUrls(urls);
-        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        // A file manager that would rather move: it deletes the file once it hears that it was moved.
+        const Qt::DropActions offered = Qt::MoveAction | Qt::CopyAction;
+        QDragEnterEvent enter(QPoint(5, 5), offered, &data, Qt::LeftButton, Qt::NoModifier);
         enter.setAccepted(false);
         QApplication::sendEvent(&view_, &enter);
         if (!enter.isAccepted()) return false;
-        QDropEvent event(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QDropEvent event(QPointF(5, 5), offered, &data, Qt::LeftButton, Qt::NoModifier);
         QApplication::sendEvent(&view_, &event);
+        EXPECT_EQ(enter.dropAction(), Qt::CopyAction);
+        EXPECT_EQ(event.dropAction(), Qt::CopyAction);
         return true;
     };
+    EXPECT_FALSE(drop({QUrl::fromLocalFile("/tmp/a b.jpg")}));
+    QSignalSpy dropped(&view_, &ImageX::FileDropped);
     EXPECT_TRUE(drop(
         {QUrl("https://example.org/a.png"), QUrl::fromLocalFile("/tmp/a b.jpg"), QUrl::fromLocalFile("/tmp/c.jpg")}));
     EXPECT_FALSE(drop({QUrl("https://example.org/a.png")}));
@@ -323,26 +328,67 @@ TEST_F(ImageXTest, TheLensShowsWhatAStrokeWouldBringUntilAButtonIsPressed) {
     EXPECT_EQ(at(200, 150), QColor(128, 128, 128)) << "paint of another picture";
 }
 
-TEST_F(ImageXTest, WhatIsOnTheScreenIsWhatAFreshPaintingWouldShow) {
+TEST_F(ImageXTest, WhatIsOnTheScreenIsWhatAFreshViewWouldShow) {
     if (Ratio() != 1) GTEST_SKIP() << "the offscreen platform grabs a part of the window only";
-    surface_.SetPicture(Noise(300, 220, 3));
-    view_.SetBrushTip({.size = 30});
-    QTest::mouseMove(&view_, QPoint(200, 150));
-    // Each step, and the mouse away from what it left: the ring grows and shrinks with the view and moves with the
-    // mouse.
-    const std::function<void()> steps[] = {[&] { Free(400); },
-                                           [&] { QTest::mouseMove(&view_, QPoint(40, 60)); },
+    Surface pen;
+    surface_.SetPicture(Noise(900, 700, 1));
+    pen.SetPicture(Noise(900, 700, 2));
+    surface_.SelectBrush(pen.MakeBrush(40));
+    QPoint mouse;
+    int ring = 30;
+    const auto move = [&](const QPoint& to) { QTest::mouseMove(&view_, mouse = to); };
+    const auto stroke = [&](int x1, int y1, int x2, int y2) {
+        surface_.PushUndo();
+        surface_.DrawBrushLine(x1, y1, x2, y2, 255);
+    };
+    view_.SetBrushTip({.size = ring});
+    move({10, 10});
+    QApplication::processEvents();
+    move({200, 150});
+    // Strokes and undo over many tiles, at every kind of scale; and the ring, which grows with the view and follows
+    // the mouse.
+    const std::function<void()> steps[] = {[&] { stroke(300, 250, 517, 403); },
+                                           [&] { stroke(20, 600, 850, 33); },
+                                           [&] { surface_.Undo(); },
+                                           [&] { surface_.Redo(); },
+                                           [&] { surface_.Undo(); },
+                                           [&] { Free(70); },
+                                           [&] { stroke(333, 250, 500, 401); },
+                                           [&] { surface_.Undo(); },
+                                           [&] { Free(250); },
+                                           [&] { stroke(410, 300, 477, 371); },
+                                           [&] { surface_.Undo(); },
+                                           [&] {
+                                               move({40, 60});
+                                           },
                                            [&] { view_.SetZoomPercent(60); },
-                                           [&] { QTest::mouseMove(&view_, QPoint(300, 200)); },
-                                           [&] { view_.SetBrushTip({.size = 5}); },
+                                           [&] {
+                                               move({300, 200});
+                                           },
+                                           [&] { view_.SetBrushTip({.size = ring = 5}); },
                                            [&] { view_.SetFittedView(); },
-                                           [&] { QTest::mouseMove(&view_, QPoint(100, 100)); }};
+                                           [&] {
+                                               move({100, 100});
+                                           }};
     for (std::size_t step = 0; step < std::size(steps); ++step) {
         QApplication::processEvents();
         steps[step]();
         QApplication::processEvents();
         const QImage shown = view_.screen()->grabWindow(view_.winId()).toImage().convertToFormat(QImage::Format_RGB32);
-        EXPECT_EQ(shown, view_.grab().toImage().convertToFormat(QImage::Format_RGB32)) << "step " << step;
+        ImageX fresh(surface_);
+        fresh.resize(view_.size());
+        if (view_.ViewMode() == 0) {
+            fresh.SetZoomPercent(view_.ZoomPercent());
+            fresh.SetFreeView();
+        }
+        fresh.SetBrushTip({.size = ring});
+        fresh.grab();  // lays it out; on the screen it would take the mouse away
+        const auto bars = view_.findChildren<QScrollBar*>();
+        const auto freshBars = fresh.findChildren<QScrollBar*>();
+        for (int i = 0; i < bars.size(); ++i) freshBars[i]->setValue(bars[i]->value());
+        QMouseEvent there(QEvent::MouseMove, mouse, mouse, Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+        QApplication::sendEvent(&fresh, &there);
+        EXPECT_EQ(shown, fresh.grab().toImage().convertToFormat(QImage::Format_RGB32)) << "step " << step;
     }
 }
 

@@ -115,6 +115,7 @@ TEST(MsgDialogWindow, CheckBoxIsReadAfterTheMessageAndStartsUnticked) {
         ASSERT_NE(box, nullptr);
         EXPECT_EQ(box->text(), QStringLiteral("Don't Show This Again"));
         EXPECT_FALSE(box->isChecked());
+        EXPECT_EQ(window.focusWidget(), ButtonNamed(window, QStringLiteral("OK"))) << "a space is the button's";
         QTest::keyClick(box, Qt::Key_Space);
     });
     EXPECT_TRUE(dialog.CheckboxValue());
@@ -164,14 +165,20 @@ TEST(MsgDialogWindow, KeepsItsBreadthWhateverTheText) {
     EXPECT_GT(about, plain);
 }
 
-TEST(MsgDialogWindow, AnswersWhileTheWindowBehindIsDisabled) {
-    QWidget owner;
+TEST(MsgDialogWindow, StandsOverTheMiddleOfItsOwnerAndAnswersThoughThatIsDisabled) {
+    QWidget owner, another;
+    owner.setGeometry(100, 80, 600, 400);
     owner.show();
     owner.setEnabled(false);
+    another.show();
+    QApplication::setActiveWindow(&another);
     MsgDialogWindow dialog(&owner);
     EXPECT_EQ(Show(dialog, MsgDialog::kYesNoCancel,
-                   [](QWidget& window) {
+                   [&](QWidget& window) {
                        EXPECT_TRUE(window.isEnabled());
+                       EXPECT_EQ(window.parentWidget(), &owner) << "not the window that happens to be active";
+                       const QPoint off = window.geometry().center() - owner.geometry().center();
+                       EXPECT_LE(off.manhattanLength(), 2);
                        QTest::mouseClick(ButtonNamed(window, QStringLiteral("&No")), Qt::LeftButton);
                    }),
               7);

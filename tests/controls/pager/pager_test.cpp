@@ -6,6 +6,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDialog>
 #include <QTest>
 #include <QWheelEvent>
 
@@ -132,6 +133,15 @@ TEST_F(PagerTest, TheFocusedButtonComesIntoSight) {
     EXPECT_TRUE(Settles(400 + kPagerArrow - 200));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Home);
     EXPECT_TRUE(Settles(0));
+    // A dialog takes the focus and gives it back: what the user scrolled to meanwhile stays.
+    pager.SetOffset(300);
+    QDialog dialog(pager.window());
+    dialog.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    dialog.close();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(pager.window()));
+    EXPECT_EQ(QApplication::focusWidget(), box->Button(1));
+    EXPECT_TRUE(Settles(300));
 }
 
 TEST_F(PagerTest, ADragScrollsAndDoesNotClickAClickStillDoes) {
