@@ -381,6 +381,7 @@ TEST_F(ImageXTest, WhatIsOnTheScreenIsWhatAFreshViewWouldShow) {
             fresh.SetZoomPercent(view_.ZoomPercent());
             fresh.SetFreeView();
         }
+        fresh.SetBrushTip({.size = 30});  // a change is told beside the ring
         fresh.SetBrushTip({.size = ring});
         fresh.grab();  // lays it out; on the screen it would take the mouse away
         const auto bars = view_.findChildren<QScrollBar*>();
