@@ -14,7 +14,8 @@ namespace {
 
 constexpr int kShooterTime = 50;      // ms
 constexpr int kPlainErrorStyle = 16;  // an error with one OK button
-const char kNoDevice[] = "Unable to find a capture device!\r\nThis feature will be disabled.";
+const char kNoDevice[] =
+    QT_TRANSLATE_NOOP("kelu::CameraCapture", "Unable to find a capture device!\r\nThis feature will be disabled.");
 
 struct CaptureSize {
     const char* code;
@@ -59,8 +60,7 @@ void CameraCapture::DevicesFound() {
             entersLater_ = false;  // the message answers the key as well
             services_.dialog.SetShowCheckbox(false);
             services_.dialog.SetAboutStyle(false);
-            services_.dialog.ShowMessage(QStringLiteral("Error"), QLatin1String(kNoDevice), kPlainErrorStyle,
-                                         QStringLiteral("Error"), MsgIcon::Error);
+            services_.dialog.ShowMessage(tr("Error"), tr(kNoDevice), kPlainErrorStyle, tr("Error"), MsgIcon::Error);
         }
     });
     if (std::exchange(loadsLater_, false)) {
@@ -103,7 +103,7 @@ void CameraCapture::LoadDevices() {
 
 void CameraCapture::SelectDevice(int index) {
     if (found_ && (index < -1 || index >= cboDevices_.size()))
-        throw Error(kInvalidProperty, QStringLiteral("Invalid property value"), QStringLiteral("cboDevices"));
+        throw Error(kInvalidProperty, tr("Invalid property value"), QStringLiteral("cboDevices"));
     listIndex_ = index;
     if (found_) services_.VCX1.SetVideoDevice(index);
 }
@@ -121,8 +121,7 @@ void CameraCapture::WebCamClick() {
     }
     LookAnew();
     if (state_.CameraMissing) {
-        ShowPlainMessage(services_.dialog, QStringLiteral("Error"), QLatin1String(kNoDevice), MsgDialog::kOk,
-                         MsgIcon::Error);
+        ShowPlainMessage(services_.dialog, tr("Error"), tr(kNoDevice), MsgDialog::kOk, MsgIcon::Error);
         return;
     }
     if (std::exchange(capturing_, true)) return;
@@ -157,8 +156,8 @@ void CameraCapture::ShowFailure(const QString& why) {
     failureTold_ = true;
     tmrShooter_.stop();
     if (!live_) Leave();
-    ShowPlainMessage(services_.dialog, QStringLiteral("Error"),
-                     QStringLiteral("The camera gives no picture.\r\n%1.").arg(why), MsgDialog::kOk, MsgIcon::Error);
+    ShowPlainMessage(services_.dialog, tr("Error"), tr("The camera gives no picture.\r\n%1.").arg(why), MsgDialog::kOk,
+                     MsgIcon::Error);
     if (capturing_) tmrShooter_.start();
 }
 

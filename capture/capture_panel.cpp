@@ -35,9 +35,9 @@ CapturePanel::CapturePanel(QWidget* parent)
 }
 
 void CapturePanel::LoadTips() {
-    cmdCapture->SetTip(QStringLiteral("Capture Image (F8)"));
-    cmdCaptureOK->SetTip(QStringLiteral("Use Captured Image"));
-    cmdCaptureCancel->SetTip(QStringLiteral("Exit Capture Mode"));
+    cmdCapture->SetTip(tr("Capture Image (F8)"));
+    cmdCaptureOK->SetTip(tr("Use Captured Image"));
+    cmdCaptureCancel->SetTip(tr("Exit Capture Mode"));
 }
 
 }  // namespace kelu

@@ -19,7 +19,7 @@ namespace kelu {
 
 namespace {
 
-[[noreturn]] void Fail(const char* why) { throw Error(kFileError, QLatin1String(why), QStringLiteral("VideoCapX")); }
+[[noreturn]] void Fail(const char* why) { throw Error(kFileError, GstStream::tr(why), QStringLiteral("VideoCapX")); }
 
 /// What the user can do something about is told in plain words; the rest as GStreamer puts it.
 [[noreturn]] void FailAs(GstMessage* message) {
@@ -28,15 +28,15 @@ namespace {
     const std::unique_ptr<GError, void (*)(GError*)> error(raised, g_error_free);
     if (error->domain == GST_RESOURCE_ERROR) switch (error->code) {
             case GST_RESOURCE_ERROR_BUSY:
-                Fail("The camera is in use by another program");
+                Fail(QT_TRANSLATE_NOOP("kelu::GstStream", "The camera is in use by another program"));
             case GST_RESOURCE_ERROR_NOT_AUTHORIZED:
-                Fail("This user may not use the camera");
+                Fail(QT_TRANSLATE_NOOP("kelu::GstStream", "This user may not use the camera"));
             case GST_RESOURCE_ERROR_NOT_FOUND:
             case GST_RESOURCE_ERROR_READ:
-                Fail("The camera was disconnected");
+                Fail(QT_TRANSLATE_NOOP("kelu::GstStream", "The camera was disconnected"));
             case GST_RESOURCE_ERROR_OPEN_READ:
             case GST_RESOURCE_ERROR_OPEN_READ_WRITE:
-                Fail("The camera can't be opened");
+                Fail(QT_TRANSLATE_NOOP("kelu::GstStream", "The camera can't be opened"));
             default:
                 break;
         }
@@ -123,8 +123,7 @@ GstPadProbeReturn TakeOver(GstPad*, GstPadProbeInfo* info, gpointer) {
 
 GstElement* Make(const char* factory) {
     GstElement* const element = gst_element_factory_make(factory, nullptr);
-    if (!element)
-        throw Error(kFileError, QStringLiteral("GStreamer lacks its part \"%1\"").arg(QLatin1String(factory)));
+    if (!element) throw Error(kFileError, GstStream::tr("GStreamer lacks its part \"%1\"").arg(QLatin1String(factory)));
     return element;
 }
 
@@ -139,9 +138,9 @@ GstStream::GstStream(const GstCamera& camera) : opened_(RunDetached([camera] { r
 
 GstStream::Pipeline GstStream::Open(const GstCamera& camera) {
     const std::optional<CameraMode> mode = ChooseMode(camera.caps.get());
-    if (!mode) Fail("The camera sends a picture format that is not known here");
+    if (!mode) Fail(QT_TRANSLATE_NOOP("kelu::GstStream", "The camera sends a picture format that is not known here"));
     GstElement* last = camera.makeSource();
-    if (!last) Fail("The camera was disconnected");
+    if (!last) Fail(QT_TRANSLATE_NOOP("kelu::GstStream", "The camera was disconnected"));
 
     const auto pipeline = OwnObject(GST_ELEMENT(gst_object_ref_sink(gst_pipeline_new(nullptr))));
     gst_bin_add(GST_BIN(pipeline.get()), last);
@@ -150,7 +149,8 @@ GstStream::Pipeline GstStream::Open(const GstCamera& camera) {
     const auto append = [&](const char* factory) {
         GstElement* const next = Make(factory);
         gst_bin_add(GST_BIN(pipeline.get()), next);
-        if (!gst_element_link(last, next)) Fail("The camera sends a picture format that is not known here");
+        if (!gst_element_link(last, next))
+            Fail(QT_TRANSLATE_NOOP("kelu::GstStream", "The camera sends a picture format that is not known here"));
         return last = next;
     };
     GstElement* const filter = append("capsfilter");
@@ -167,7 +167,7 @@ GstStream::Pipeline GstStream::Open(const GstCamera& camera) {
         const auto message = NextMessage(pipeline.get(), GST_MESSAGE_ERROR);
         gst_element_set_state(pipeline.get(), GST_STATE_NULL);
         if (message) FailAs(message.get());
-        Fail("The camera can't be opened");
+        Fail(QT_TRANSLATE_NOOP("kelu::GstStream", "The camera can't be opened"));
     }
     return {pipeline, sink};
 }
@@ -180,7 +180,7 @@ QImage GstStream::TakeFrame() {
     const auto message =
         NextMessage(open.pipeline.get(), static_cast<GstMessageType>(GST_MESSAGE_ERROR | GST_MESSAGE_EOS));
     if (message && GST_MESSAGE_TYPE(message.get()) == GST_MESSAGE_ERROR) FailAs(message.get());
-    if (message) Fail("The camera was disconnected");
+    if (message) Fail(QT_TRANSLATE_NOOP("kelu::GstStream", "The camera was disconnected"));
     return {};
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QCoreApplication>
 #include <QImage>
 #include <future>
 
@@ -10,6 +11,8 @@
 namespace kelu {
 
 class GstStream {
+    Q_DECLARE_TR_FUNCTIONS(kelu::GstStream)
+
  public:
     /// Begins to open the camera.
     explicit GstStream(const GstCamera& camera);

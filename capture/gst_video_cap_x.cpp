@@ -11,7 +11,7 @@ namespace {
 
 constexpr int kLongestClose = 1000;  // ms at the end of the program
 
-Error CameraError(const char* why) { return {kFileError, QLatin1String(why), QStringLiteral("VideoCapX")}; }
+Error CameraError(const char* why) { return {kFileError, GstVideoCapX::tr(why), QStringLiteral("VideoCapX")}; }
 
 }  // namespace
 
@@ -34,20 +34,19 @@ int GstVideoCapX::VideoDeviceCount() {
 
 QString GstVideoCapX::VideoDeviceName(int index) const {
     if (index < 0 || index >= static_cast<int>(counted_.size()))
-        throw Error(kInvalidProperty, QStringLiteral("Invalid property value"), QStringLiteral("VideoDeviceName"));
+        throw Error(kInvalidProperty, tr("Invalid property value"), QStringLiteral("VideoDeviceName"));
     return counted_[static_cast<std::size_t>(index)].name;
 }
 
 void GstVideoCapX::SetConnected(bool connected) {
     if (connected && VideoDeviceCount() == 0)
-        throw Error(kNoCamera, QStringLiteral("There is no capture device"), QStringLiteral("VideoCapX"));
+        throw Error(kNoCamera, tr("There is no capture device"), QStringLiteral("VideoCapX"));
     connected_ = connected;
     if (!connected) StopStream();
 }
 
 void GstVideoCapX::SetComponentPreview(bool preview) {
-    if (preview)
-        throw Error(kInvalidProperty, QStringLiteral("Invalid property value"), QStringLiteral("ComponentPreview"));
+    if (preview) throw Error(kInvalidProperty, tr("Invalid property value"), QStringLiteral("ComponentPreview"));
 }
 
 void GstVideoCapX::SetVideoDevice(int index) {
@@ -70,7 +69,9 @@ QImage GstVideoCapX::CurrentFrame() {
     try {
         PullFrame();
     } catch (const Error& error) {
-        const Error told = StillPlugged() ? error : CameraError("The camera was disconnected");
+        const Error told = StillPlugged()
+                               ? error
+                               : CameraError(QT_TRANSLATE_NOOP("kelu::GstVideoCapX", "The camera was disconnected"));
         StopStream();
         failure_ = told;
         failed_.start();
@@ -89,13 +90,13 @@ void GstVideoCapX::PullFrame() {
         frame_ = newest;
         waiting_.start();
     } else if (waiting_.elapsed() > (frame_.isNull() ? patience_.opening : patience_.silence)) {
-        throw CameraError("The camera does not send any picture");
+        throw CameraError(QT_TRANSLATE_NOOP("kelu::GstVideoCapX", "The camera does not send any picture"));
     }
 }
 
 void GstVideoCapX::StartStream() {
     const std::vector<GstCamera> cameras = cameras_.Cameras();
-    if (cameras.empty()) throw CameraError("The camera was disconnected");
+    if (cameras.empty()) throw CameraError(QT_TRANSLATE_NOOP("kelu::GstVideoCapX", "The camera was disconnected"));
     const auto wanted = static_cast<std::size_t>(std::max(videoDevice_, 0));
     const GstCamera& camera = cameras[wanted < cameras.size() ? wanted : 0];
     streaming_ = camera.id;

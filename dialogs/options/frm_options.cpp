@@ -41,16 +41,26 @@ struct Page {
     const char* frame;
 };
 constexpr Page kPageTexts[frmOptions::kPages] = {
-    {"keyEmail", "email", "E-mail", "FrameEmail", "E-Mail"},
-    {"keyCursor", "apply", "Cursor", "FrameCursor", "Cursor"},
-    {"keyWarning", "warning", "Warnings", "FrameWarning", "Warnings && Reminders"},
-    {"keyResize", "resize", "Resize", "FrameResize", "Image Resizing"},
-    {"keyCapture", "webcam", "Capture Devices", "FrameCamera", "Capture Devices"},
-    {"keySFX", "views", "SFX Selector", "FrameSFX", "Special Effects Selector"},
+    {"keyEmail", "email", QT_TRANSLATE_NOOP("kelu::frmOptions", "E-mail"), "FrameEmail",
+     QT_TRANSLATE_NOOP("kelu::frmOptions", "E-Mail")},
+    {"keyCursor", "apply", QT_TRANSLATE_NOOP("kelu::frmOptions", "Cursor"), "FrameCursor",
+     QT_TRANSLATE_NOOP("kelu::frmOptions", "Cursor")},
+    {"keyWarning", "warning", QT_TRANSLATE_NOOP("kelu::frmOptions", "Warnings"), "FrameWarning",
+     QT_TRANSLATE_NOOP("kelu::frmOptions", "Warnings && Reminders")},
+    {"keyResize", "resize", QT_TRANSLATE_NOOP("kelu::frmOptions", "Resize"), "FrameResize",
+     QT_TRANSLATE_NOOP("kelu::frmOptions", "Image Resizing")},
+    {"keyCapture", "webcam", QT_TRANSLATE_NOOP("kelu::frmOptions", "Capture Devices"), "FrameCamera",
+     QT_TRANSLATE_NOOP("kelu::frmOptions", "Capture Devices")},
+    {"keySFX", "views", QT_TRANSLATE_NOOP("kelu::frmOptions", "SFX Selector"), "FrameSFX",
+     QT_TRANSLATE_NOOP("kelu::frmOptions", "Special Effects Selector")},
 };
 constexpr const char* kEmailTexts[] = {
-    "Use Kelu Internal E-Mail", "Use Default E-mail Client (E.g. Outlook®, Outlook Express®)", "Use Google Mail (tm)"};
-constexpr const char* kCursorTexts[] = {"Brush", "Smudge", "Cross"};
+    QT_TRANSLATE_NOOP("kelu::frmOptions", "Use Kelu Internal E-Mail"),
+    QT_TRANSLATE_NOOP("kelu::frmOptions", "Use Default E-mail Client (E.g. Outlook®, Outlook Express®)"),
+    QT_TRANSLATE_NOOP("kelu::frmOptions", "Use Google Mail (tm)")};
+constexpr const char* kCursorTexts[] = {QT_TRANSLATE_NOOP("kelu::frmOptions", "Brush"),
+                                        QT_TRANSLATE_NOOP("kelu::frmOptions", "Smudge"),
+                                        QT_TRANSLATE_NOOP("kelu::frmOptions", "Cross")};
 constexpr const char* kCursorIcons[] = {"cursor_brush", "cursor_smudge", "cursor_cross"};
 
 template <typename Widget>
@@ -59,12 +69,10 @@ Widget* Named(Widget* widget, const char* name) {
     return widget;
 }
 
-QRadioButton* Option(const char* name, const char* text) {
-    return Named(new QRadioButton(QString::fromUtf8(text)), name);
-}
+QRadioButton* Option(const char* name, const char* text) { return Named(new QRadioButton(frmOptions::tr(text)), name); }
 
-QCheckBox* Box(const char* name, const char* text) {
-    QCheckBox* box = Named(new QCheckBox(QString::fromLatin1(text)), name);
+QCheckBox* Box(const char* name, const QString& text) {
+    QCheckBox* box = Named(new QCheckBox(text), name);
     box->setChecked(true);
     return box;
 }
@@ -94,26 +102,26 @@ frmOptions::frmOptions(Settings& settings, SharedState& state, MsgDialog& dialog
                Option("optEmail3", kEmailTexts[2])},
       txtUserName(Named(new QLineEdit, "txtUserName")),
       txtPassword(Named(new QLineEdit, "txtPassword")),
-      chkMask(Box("chkMask", "Mask Password")),
+      chkMask(Box("chkMask", tr("Mask Password"))),
       optCursor{Option("optCursor1", kCursorTexts[0]), Option("optCursor2", kCursorTexts[1]),
                 Option("optCursor3", kCursorTexts[2])},
       picCursor{Icon("picBrush", kCursorIcons[0]), Icon("picSmudge", kCursorIcons[1]),
                 Icon("picCross", kCursorIcons[2])},
-      chkReminder(Box("chkReminder", "Show Reminders")),
-      chkResize(Box("chkResize", "Resize very large images (Recommended)")),
+      chkReminder(Box("chkReminder", tr("Show Reminders"))),
+      chkResize(Box("chkResize", tr("Resize very large images (Recommended)"))),
       cboDevices(Named(new QComboBox, "cboDevices")),
       cboCaptureSize(Named(new QComboBox, "cboCaptureSize")),
-      chkSFXSelector(Box("chkSFXSelector", "Use Visual Special Effects Selector")),
-      cmdOK(Named(new QPushButton(QStringLiteral("OK"), this), "cmdOK")),
-      cmdCancel(Named(new QPushButton(QStringLiteral("Cancel"), this), "cmdCancel")),
-      cmdHelp(Named(new QPushButton(QStringLiteral("Help"), this), "cmdHelp")),
-      cmdAbout(Named(new QPushButton(QStringLiteral("About..."), this), "cmdAbout")),
+      chkSFXSelector(Box("chkSFXSelector", tr("Use Visual Special Effects Selector"))),
+      cmdOK(Named(new QPushButton(tr("OK"), this), "cmdOK")),
+      cmdCancel(Named(new QPushButton(tr("Cancel"), this), "cmdCancel")),
+      cmdHelp(Named(new QPushButton(tr("Help"), this), "cmdHelp")),
+      cmdAbout(Named(new QPushButton(tr("About..."), this), "cmdAbout")),
       settings_(settings),
       state_(state),
       dialog_(dialog),
       surroundings_(std::move(surroundings)) {
     setObjectName(QStringLiteral("frmOptions"));
-    setWindowTitle(QStringLiteral("Settings"));
+    setWindowTitle(tr("Settings"));
     optEmail[0]->setChecked(true);
     optCursor[0]->setChecked(true);
     txtPassword->setEchoMode(QLineEdit::Password);
@@ -135,8 +143,8 @@ void frmOptions::LayOut() {
     // A group of their own: auto-exclusive buttons would be one with the options on the pages.
     auto* strip = new QButtonGroup(this);
     for (std::size_t i = 0; i < pnlMenu.size(); ++i) {
-        pnlMenu[i]->SetCaption(QString::fromLatin1(kPageTexts[i].caption));
-        pnlMenu[i]->setAccessibleName(QString::fromLatin1(kPageTexts[i].caption));
+        pnlMenu[i]->SetCaption(tr(kPageTexts[i].caption));
+        pnlMenu[i]->setAccessibleName(tr(kPageTexts[i].caption));
         pnlMenu[i]->SetAlignment(ToolButton::Alignment::Left);
         pnlMenu[i]->setCheckable(true);
         strip->addButton(pnlMenu[i]);
@@ -167,7 +175,7 @@ void frmOptions::LayOut() {
 void frmOptions::LayOutPages() {
     std::array<QVBoxLayout*, kPages> frames;
     for (std::size_t i = 0; i < frames.size(); ++i) {
-        auto* frame = Named(new QGroupBox(QString::fromLatin1(kPageTexts[i].frame)), kPageTexts[i].frameName);
+        auto* frame = Named(new QGroupBox(tr(kPageTexts[i].frame)), kPageTexts[i].frameName);
         frames[i] = new QVBoxLayout(frame);
         frames[i]->setSpacing(theme::kSpacing);
         auto* panel = Named(new QWidget, qPrintable(QStringLiteral("pnl%1").arg(i + 1)));
@@ -184,8 +192,8 @@ void frmOptions::LayOutPages() {
     account->setContentsMargins(theme::kMargin + theme::kSpacing, 0, 0, 0);
     account->setSpacing(theme::kSpacing);
     account->setHorizontalSpacing(theme::kMargin);
-    account->addRow(FieldLabel(QStringLiteral("User Name"), *txtUserName), txtUserName);
-    account->addRow(FieldLabel(QStringLiteral("Password"), *txtPassword), txtPassword);
+    account->addRow(FieldLabel(tr("User Name"), *txtUserName), txtUserName);
+    account->addRow(FieldLabel(tr("Password"), *txtPassword), txtPassword);
     account->addRow(QString(), chkMask);
     frames[0]->addWidget(account_);
 
@@ -195,7 +203,7 @@ void frmOptions::LayOutPages() {
         const int row = static_cast<int>(i);
         picCursor[i]->setFixedSize(kCursorButton, kCursorButton);
         picCursor[i]->SetIconSize(kCursorIcon);
-        picCursor[i]->SetTip(QString::fromLatin1(kCursorTexts[i]));
+        picCursor[i]->SetTip(tr(kCursorTexts[i]));
         picCursor[i]->setFocusPolicy(Qt::NoFocus);  // the option beside it does the same
         cursors->addWidget(picCursor[i], row, 0);
         cursors->addWidget(optCursor[i], row, 1);
@@ -205,9 +213,9 @@ void frmOptions::LayOutPages() {
 
     frames[2]->addWidget(chkReminder);
     frames[3]->addWidget(chkResize);
-    auto* resizeNote = new QLabel(
-        QStringLiteral("Pictures wider than 2048 pixels open 800 wide, portraits higher than 1536 open 600 wide. "
-                       "Without it pictures keep their full size."));
+    auto* resizeNote =
+        new QLabel(tr("Pictures wider than 2048 pixels open 800 wide, portraits higher than 1536 open 600 wide. "
+                      "Without it pictures keep their full size."));
     resizeNote->setWordWrap(true);
     // Below the text of the box that it explains.
     resizeNote->setIndent(style()->pixelMetric(QStyle::PM_IndicatorWidth) +
@@ -222,9 +230,9 @@ void frmOptions::LayOutPages() {
     capture->setHorizontalSpacing(theme::kMargin);
     capture->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     cboDevices->setMinimumWidth(kFieldWidth);
-    cboDevices->setPlaceholderText(QStringLiteral("No device found"));
-    capture->addRow(FieldLabel(QStringLiteral("Available Devices"), *cboDevices), cboDevices);
-    capture->addRow(FieldLabel(QStringLiteral("Capture Size (Pixels)"), *cboCaptureSize), cboCaptureSize);
+    cboDevices->setPlaceholderText(tr("No device found"));
+    capture->addRow(FieldLabel(tr("Available Devices"), *cboDevices), cboDevices);
+    capture->addRow(FieldLabel(tr("Capture Size (Pixels)"), *cboCaptureSize), cboCaptureSize);
     frames[4]->addLayout(capture);
 
     frames[5]->addWidget(chkSFXSelector);
