@@ -49,8 +49,8 @@ class BlobStamp {
         const double lambert = std::max(0.0, (-u - v) * 0.5 + height * std::numbers::sqrt2 / 2);
         const double cover = std::clamp(r - std::hypot(dx, dy), 0.0, 1.0);
         const auto rounded = [](double value) { return static_cast<std::uint32_t>(std::lround(value)); };
-        return rounded(256 * cover) << 16 | rounded(70 * std::pow(lambert, 24)) << 9 |
-               rounded(256 * (0.45 + 0.65 * lambert));
+        return rounded(256 * cover) << 16 | rounded(90 * std::pow(lambert, 20)) << 9 |
+               rounded(256 * (0.5 + 0.6 * lambert));
     }
 
     int radius_, stride_;

@@ -88,6 +88,26 @@ std::uint32_t Quarter(std::uint32_t pixel) {
     return (pixel >> 2 & 0x003f3f3fu) + (half & 0x00010101u) + (pixel & 0xff000000u);
 }
 
+// Darkens what a tile throws its shadow on, to the right of it and below: half at its edge, less farther off.
+// `left` to `right` and `top` to `bottom` is the tile, of which rows [begin, end) of the picture are done.
+void ThrowShadow(const MutableImageView& target, int left, int right, int top, int bottom, int depth, int begin,
+                 int end) {
+    const auto darker = [](std::uint32_t pixel, int parts) {
+        const auto p = static_cast<std::uint32_t>(256 - parts);
+        const std::uint32_t even = ((pixel & 0x00ff00ffu) * p >> 8) & 0x00ff00ffu;
+        return (pixel & 0xff000000u) | even | (((pixel >> 8 & 0xffu) * p >> 8) << 8);
+    };
+    for (int y = std::max(begin, top + depth); y < std::min(end, bottom + depth); ++y) {
+        std::uint32_t* const row = target.Row(y);
+        const int below = std::max(0, y - bottom + 1);
+        const int from = below > 0 ? left + depth : right;
+        for (int x = std::max(0, from); x < std::min(target.width, right + depth); ++x) {
+            const int away = std::max(below, std::max(0, x - right + 1));
+            row[x] = darker(row[x], 128 * (depth + 1 - away) / (depth + 1));
+        }
+    }
+}
+
 // How far the tile in `column` is moved: up to `reach` pixels either way, evenly.
 int Shift(const RandomRow& random, int column, int reach) {
     return static_cast<int>(std::uint64_t{random(column)} * static_cast<std::uint64_t>(2 * reach + 1) >> 32) - reach;
@@ -143,13 +163,16 @@ void Tile(const ImageView& source, const MutableImageView& target, int side, int
     const int width = source.width, height = source.height;
     const int square = std::clamp(side, 1, std::max(width, height));
     const int reach = static_cast<int>((std::int64_t{square} * std::clamp(percent, 0, 100) + 50) / 100);
+    if (reach == 0) return Copy(source, target, run);
     const int columns = (width - 1) / square + 1, rows = (height - 1) / square + 1;
+    const int shadow = square / 16;  // up to 6 pixels
     // Every band goes through all tiles that reach into it, which is worth it for some rows only.
     constexpr int kLeastRows = 8;
     const auto work = [&](int begin, int end) {
         for (int y = begin; y < end; ++y) std::transform(source.Row(y), source.Row(y) + width, target.Row(y), Quarter);
         // Tile rows that can reach into the band, and of each tile the part that lies in it.
-        const int first = std::max(0, (begin - reach) / square - 1), last = std::min(rows, (end + reach) / square + 1);
+        const int first = std::max(0, (begin - reach - shadow) / square - 1),
+                  last = std::min(rows, (end + reach) / square + 1);
         for (int row = first; row < last; ++row) {
             const RandomRow across(row, kTile, 0), down(row, kTile, 1);
             const int top = row * square, bottom = std::min(height, top + square);
@@ -158,6 +181,7 @@ void Tile(const ImageView& source, const MutableImageView& target, int side, int
                 const int left = std::max(0, column * square + dx);
                 const int right = std::min(width, std::min(width, (column + 1) * square) + dx);
                 if (left >= right) continue;
+                ThrowShadow(target, column * square + dx, right, top + dy, bottom + dy, shadow, begin, end);
                 for (int y = std::max(begin, top + dy); y < std::min(end, bottom + dy); ++y)
                     CopyPixels(source.Row(y - dy) + left - dx, right - left, target.Row(y) + left);
             }

@@ -1,13 +1,14 @@
-// Streaks along parallel lines of pixels, by a running maximum.
+// Streaks along lines that lie parallel to the wind, between the pixels where need be.
 // SPDX-License-Identifier: MIT
 #include "engine/wind.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
-#include <vector>
+#include <memory>
 
 #include "engine/copy.h"
+#include "engine/random.h"
 
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "engine/wind.cpp"
@@ -15,44 +16,33 @@
 
 #include "engine/bands.h"
 #include "engine/lanes_inl.h"
-#include "engine/random.h"
 
 #ifndef KELU_ENGINE_WIND_ONCE
 #define KELU_ENGINE_WIND_ONCE
 namespace kelu::engine {
 
-// The picture is cut into lines along the vector, each pixel in exactly one: a step along the vector's longer axis is
-// one pixel, and the line shifts along the other axis by the rounded share. On a line a channel's streak loses a little
-// more from pixel to pixel, 255 (k / length)² levels after k of them, until the picture is as bright and begins a new
-// one. Lines are independent; threads take bands of them.
+constexpr int kWind = 47;  // the effect's number
 
-// A streak's four channels, what each loses at the next pixel, and by how much that loss grows, in 1/256 level.
-struct Streak {
-    std::uint16_t channels[4];
-    std::uint16_t loss[4];
-    std::uint16_t growth;
-};
+// The longer axis of the vector is the major one. A line lies, at the place `major`, at line + major · slope on the
+// minor axis; a step along it is one pixel of the major axis.
+struct WindPath {
+    bool alongRows, backward;
+    int majorSize, minorSize;  // of the picture
+    int length;                // steps that the vector is long
+    double slope;
 
-// The columns [begin, end) that have one shift.
-struct WindRun {
-    int begin, end;
-};
+    // Where line 0 lies, and the part of a pixel that lines lie beyond whole ones.
+    double Shift(int major) const { return major * slope; }
 
-// Lines [begin, end). Pixel (x, y) is in line `minor - shift(major)`, where major and minor are the coordinates along
-// the vector's longer and shorter axis.
-struct WindLines {
-    int begin, end;
-    std::vector<Streak> streaks;
-
-    WindLines(int begin, int end, int length) : begin(begin), end(end) {
-        const RandomRow random(0, 47, 0);
-        for (int line = begin; line < end; ++line) {
-            const float part = 0.35f + 0.65f * random.Unit(line);
-            const float steps = std::max(1.0f, static_cast<float>(length) * part);
-            const float growth = 2 * 255 * 256 / (steps * (steps + 1));
-            streaks.push_back({{}, {}, static_cast<std::uint16_t>(std::min(std::ceil(growth), 65535.0f))});
-        }
+    // How much more is lost at each further step, so that after n steps 255 levels are, n between 0.6 and 2.5 times the
+    // length.
+    float Growth(int line, int stream) const {
+        const float unit = RandomRow(0, kWind, stream).Unit(line);
+        const float steps = std::max(1.0f, static_cast<float>(length) * (0.6f + 1.9f * unit * unit));
+        return 2 * 255 / (steps * (steps + 1));
     }
+    // Lines change between their two growths all along, as this says, 0 to 1.
+    static float Waver(int major) { return SmoothNoise(static_cast<float>(major) / 24, RandomRow(1, kWind, 0)); }
 };
 
 }  // namespace kelu::engine
@@ -61,77 +51,121 @@ struct WindLines {
 HWY_BEFORE_NAMESPACE();
 namespace kelu::engine::HWY_NAMESPACE {
 
-constexpr hn::CappedTag<std::uint16_t, 4> kStreak;
-constexpr hn::CappedTag<std::uint8_t, 4> kPixelBytes;
-constexpr hn::CappedTag<std::int16_t, 4> kSigned;
-using StreakVector = hn::Vec<decltype(kStreak)>;
+// Lines that one band has together, and the one before them.
+constexpr int kWindLines = 64;
+constexpr int kWindRoom = kWindLines + 1 + 2 * kLanes;
 
-// A streak on its way from pixel to pixel.
-class Blowing {
+// The streaks of neighbouring lines on their way over the picture.
+class WindStrip {
  public:
-    explicit HWY_INLINE Blowing(Streak& line)
-        : line_(line),
-          channels_(hn::LoadU(kStreak, line.channels)),
-          loss_(hn::LoadU(kStreak, line.loss)),
-          growth_(hn::Set(kStreak, line.growth)) {}
-
-    HWY_INLINE void Pass(const std::uint32_t* pixel, std::uint32_t* out) {
-        const auto bytes = hn::LoadU(kPixelBytes, reinterpret_cast<const std::uint8_t*>(pixel));
-        const StreakVector fresh = hn::ShiftLeft<8>(hn::PromoteTo(kStreak, bytes));
-        loss_ = hn::SaturatedAdd(loss_, growth_);
-        channels_ = hn::Max(fresh, hn::SaturatedSub(channels_, loss_));
-        loss_ = hn::IfThenZeroElse(hn::Eq(channels_, fresh), loss_);
-        const auto level = hn::BitCast(kSigned, hn::ShiftRight<8>(hn::Add(channels_, hn::Set(kStreak, 128))));
-        hn::StoreU(hn::DemoteTo(kPixelBytes, level), kPixelBytes, reinterpret_cast<std::uint8_t*>(out));
+    WindStrip(const WindPath& path, const ImageView& source, const MutableImageView& target, int first, int count)
+        : path_(path), source_(source), target_(target), first_(first - 1), count_(count + 1) {
+        for (int i = 0; i < kWindRoom; ++i) {
+            fast_[i] = path.Growth(first_ + i, 0);
+            slow_[i] = path.Growth(first_ + i, 1);
+            streak_[i] = -1;
+        }
     }
 
-    HWY_INLINE void Keep() const {
-        hn::StoreU(channels_, kStreak, line_.channels);
-        hn::StoreU(loss_, kStreak, line_.loss);
+    void Blow(int major) {
+        const double shift = path_.Shift(major);
+        const double whole = std::floor(shift);
+        const int base = first_ + static_cast<int>(whole);  // the first line's pixel on the minor axis
+        if (base >= path_.minorSize || base + count_ < 0) {
+            std::fill(streak_, streak_ + kWindRoom, -1.0f);
+            return;
+        }
+        Load(major, base);
+        Advance(major, base, static_cast<float>(shift - whole));
+        Store(major, base, static_cast<float>(shift - whole));
     }
 
  private:
-    Streak& line_;
-    StreakVector channels_, loss_;
-    const StreakVector growth_;
-};
+    template <class View>
+    auto* At(const View& view, int major, int minor) const {
+        return path_.alongRows ? view.Row(minor) + major : view.Row(major) + minor;
+    }
 
-// Along rows: runs[k] are the columns whose shift is firstShift + k.
-void BlowAlongRows(const ImageView& source, const MutableImageView& target, const std::vector<WindRun>& runs,
-                   int firstShift, bool leftward, bool upward, WindLines& lines) {
-    const int shifts = static_cast<int>(runs.size());
-    const int top = std::max(0, lines.begin + firstShift);
-    const int bottom = std::min(source.height, lines.end + firstShift + shifts - 1);
-    for (int i = top; i < bottom; ++i) {
-        const int y = upward ? top + bottom - 1 - i : i;
-        const std::uint32_t* const row = source.Row(y);
-        std::uint32_t* const out = target.Row(y);
-        const int from = std::max(0, y - lines.end + 1 - firstShift),
-                  to = std::min(shifts, y - lines.begin + 1 - firstShift);
-        for (int k = from; k < to; ++k) {
-            Blowing streak(lines.streaks[static_cast<std::size_t>(y - firstShift - k - lines.begin)]);
-            const auto [begin, end] = runs[static_cast<std::size_t>(k)];
-            if (leftward)
-                for (int x = end - 1; x >= begin; --x) streak.Pass(row + x, out + x);
-            else
-                for (int x = begin; x < end; ++x) streak.Pass(row + x, out + x);
-            streak.Keep();
+    void Load(int major, int base) {
+        for (int i = 0; i <= count_; ++i) raw_[i] = *At(source_, major, RepeatEdge(base + i, path_.minorSize));
+    }
+
+    // Each line's sample goes on its way or begins a new streak.
+    void Advance(int major, int base, float part) {
+        const Floats waver = All(WindPath::Waver(major)), between = All(part);
+        const Floats last = All(static_cast<float>(path_.minorSize));
+        for (int i = 0; i < count_; i += kLanes) {
+            const Pixels here = hn::LoadU(kPixels, raw_ + i), next = hn::LoadU(kPixels, raw_ + i + 1);
+            const Channels sample = Mix(Split(here), Split(next), between);
+            const Floats alpha = Mix(Alpha(here), Alpha(next), between);
+            const Floats luma = hn::Mul(ThousandLuma(sample), All(0.001f));
+            const Floats drop = hn::Add(hn::LoadU(kFloats, drop_ + i),
+                                        Mix(hn::LoadU(kFloats, fast_ + i), hn::LoadU(kFloats, slow_ + i), waver));
+            const Floats streak = hn::Sub(hn::LoadU(kFloats, streak_ + i), drop);
+            const auto fresh = hn::Ge(luma, streak);
+            const Floats place = Columns(base + i);
+            const auto inside = hn::And(hn::Ge(place, All(-1.0f)), hn::Lt(place, last));
+            const auto kept = [&](float* carried, Floats now) HWY_ATTR {
+                const Floats value = hn::IfThenElse(fresh, now, hn::LoadU(kFloats, carried + i));
+                hn::StoreU(value, kFloats, carried + i);
+                return value;
+            };
+            const Floats blue = kept(blue_, sample.blue), green = kept(green_, sample.green),
+                         red = kept(red_, sample.red), own = kept(alpha_, alpha), begun = kept(begun_, luma);
+            hn::StoreU(hn::IfThenElse(inside, hn::IfThenElse(fresh, luma, streak), All(-1.0f)), kFloats, streak_ + i);
+            hn::StoreU(hn::IfThenZeroElse(fresh, drop), kFloats, drop_ + i);
+            // So much of what is carried brings the sample to the streak's luma.
+            const Floats weight = hn::IfThenElseZero(
+                hn::AndNot(fresh, inside), hn::Div(hn::Sub(streak, luma), hn::Max(hn::Sub(begun, luma), All(0.001f))));
+            hn::StoreU(weight, kFloats, weight_ + i);
+            hn::StoreU(hn::Mul(blue, weight), kFloats, weighedBlue_ + i);
+            hn::StoreU(hn::Mul(green, weight), kFloats, weighedGreen_ + i);
+            hn::StoreU(hn::Mul(red, weight), kFloats, weighedRed_ + i);
+            hn::StoreU(hn::Mul(own, weight), kFloats, weighedAlpha_ + i);
         }
     }
-}
 
-// Along columns: the line of pixel (x, y) is x - shifts[y].
-void BlowAlongColumns(const ImageView& source, const MutableImageView& target, const std::vector<int>& shifts,
-                      bool upward, WindLines& lines) {
-    for (int i = 0; i < source.height; ++i) {
-        const int y = upward ? source.height - 1 - i : i;
-        const int shift = shifts[static_cast<std::size_t>(y)];
-        const int begin = std::max(0, lines.begin + shift), end = std::min(source.width, lines.end + shift);
-        for (int x = begin; x < end; ++x) {
-            Blowing streak(lines.streaks[static_cast<std::size_t>(x - shift - lines.begin)]);
-            streak.Pass(source.Row(y) + x, target.Row(y) + x);
-            streak.Keep();
+    // A pixel takes of the two lines that it lies between.
+    void Store(int major, int base, float part) {
+        const Floats between = All(part);
+        for (int i = 1; i < count_; i += kLanes) {
+            const Pixels pixels = hn::LoadU(kPixels, raw_ + i);
+            const Channels own = Split(pixels);
+            const auto mean = [&](const float* of) HWY_ATTR {
+                return Mix(hn::LoadU(kFloats, of + i), hn::LoadU(kFloats, of + i - 1), between);
+            };
+            const Floats rest = hn::Sub(All(1.0f), mean(weight_));
+            const auto mixed = [&](Floats c, const float* of) HWY_ATTR { return hn::Add(hn::Mul(c, rest), mean(of)); };
+            const Pixels alpha = hn::ShiftLeft<24>(ToByte(mixed(Alpha(pixels), weighedAlpha_)));
+            hn::StoreU(
+                Join({mixed(own.blue, weighedBlue_), mixed(own.green, weighedGreen_), mixed(own.red, weighedRed_)},
+                     alpha),
+                kPixels, out_ + i);
         }
+        const int from = std::max(1, -base), to = std::min(count_, path_.minorSize - base);
+        for (int i = from; i < to; ++i) *At(target_, major, base + i) = out_[i];
+    }
+
+    static HWY_INLINE Floats Alpha(Pixels pixels) { return ToFloats(hn::ShiftRight<24>(pixels)); }
+
+    const WindPath& path_;
+    const ImageView& source_;
+    const MutableImageView& target_;
+    const int first_, count_;
+    std::uint32_t raw_[kWindRoom] = {}, out_[kWindRoom];
+    float fast_[kWindRoom], slow_[kWindRoom];
+    // What is carried, its luma when it was taken up and now, and what it lost at the last step.
+    float blue_[kWindRoom] = {}, green_[kWindRoom] = {}, red_[kWindRoom] = {}, alpha_[kWindRoom] = {};
+    float begun_[kWindRoom] = {}, streak_[kWindRoom], drop_[kWindRoom] = {};
+    // The part of it that is seen here, and its channels times that.
+    float weight_[kWindRoom] = {}, weighedBlue_[kWindRoom] = {}, weighedGreen_[kWindRoom] = {};
+    float weighedRed_[kWindRoom] = {}, weighedAlpha_[kWindRoom] = {};
+};
+
+void BlowOnTarget(const WindPath& path, const ImageView& source, const MutableImageView& target, int begin, int end) {
+    for (int first = begin; first < end; first += kWindLines) {
+        const auto strip = std::make_unique<WindStrip>(path, source, target, first, std::min(kWindLines, end - first));
+        for (int i = 0; i < path.majorSize; ++i) strip->Blow(path.backward ? path.majorSize - 1 - i : i);
     }
 }
 
@@ -141,44 +175,28 @@ HWY_AFTER_NAMESPACE();
 #if HWY_ONCE
 namespace kelu::engine {
 
-HWY_EXPORT(BlowAlongRows);
-HWY_EXPORT(BlowAlongColumns);
-
-// Lines that are done together, so that rows are touched in pieces worth a cache line.
-constexpr int kLinesTogether = 64;
+HWY_EXPORT(BlowOnTarget);
 
 void Wind(const ImageView& source, const MutableImageView& target, int x, int y, const Run& run) {
     const int vx = std::clamp(x, -100, 100), vy = std::clamp(y, -100, 100);
     if (vx == 0 && vy == 0) return Copy(source, target, run);
     const bool alongRows = std::abs(vx) >= std::abs(vy);
-    const int majorSize = alongRows ? source.width : source.height,
-              minorSize = alongRows ? source.height : source.width;
-    const int length = std::max(std::abs(vx), std::abs(vy));
-
-    // shift = major · minor share of the vector, rounded: monotonous, and never more than one from pixel to pixel.
-    const int share = alongRows ? vy * (vx < 0 ? -1 : 1) : vx * (vy < 0 ? -1 : 1);
-    std::vector<int> shifts;
-    for (int major = 0; major < majorSize; ++major)
-        shifts.push_back(static_cast<int>(std::floor((2.0 * major * share + length) / (2.0 * length))));
-    const int least = std::min(shifts.front(), shifts.back()), most = std::max(shifts.front(), shifts.back());
-
-    std::vector<WindRun> runs;
-    if (alongRows) {
-        runs.assign(static_cast<std::size_t>(most - least + 1), {majorSize, 0});
-        for (int column = 0; column < majorSize; ++column) {
-            WindRun& shifted = runs[static_cast<std::size_t>(shifts[static_cast<std::size_t>(column)] - least)];
-            shifted.begin = std::min(shifted.begin, column);
-            shifted.end = column + 1;
-        }
-    }
+    const int major = alongRows ? vx : vy, minor = alongRows ? vy : vx;
+    const WindPath path{alongRows,
+                        major < 0,
+                        alongRows ? source.width : source.height,
+                        alongRows ? source.height : source.width,
+                        std::abs(major),
+                        static_cast<double>(minor) / major};
+    // All lines that have a pixel of the picture.
+    const double far = path.Shift(path.majorSize - 1);
+    const int least = static_cast<int>(std::floor(-std::max(far, 0.0))) - 1;
+    const int most = path.minorSize + static_cast<int>(std::ceil(std::max(-far, 0.0))) + 1;
+    constexpr int kLinesTogether = 64;
     SplitRows(
-        run, minorSize + most - least, majorSize,
+        run, most - least, path.majorSize,
         [&](int begin, int end) {
-            WindLines lines(begin - most, end - most, length);
-            if (alongRows)
-                HWY_DYNAMIC_DISPATCH(BlowAlongRows)(source, target, runs, least, vx < 0, vy < 0, lines);
-            else
-                HWY_DYNAMIC_DISPATCH(BlowAlongColumns)(source, target, shifts, vy < 0, lines);
+            HWY_DYNAMIC_DISPATCH(BlowOnTarget)(path, source, target, least + begin, least + end);
         },
         kLinesTogether);
 }

@@ -49,6 +49,18 @@ EffectRow TileRow(int side, int percent) {
             for (int top = 0; top < height; top += square)
                 for (int left = 0; left < width; left += square) {
                     const int dx = shift(top / square, left / square, 0), dy = shift(top / square, left / square, 1);
+                    // First its shadow: a tile's right and lower neighbourhood, the farther off the paler.
+                    const int right = std::min(width, std::min(width, left + square) + dx),
+                              bottom = std::min(height, top + square) + dy, depth = square / 16;
+                    for (int y = top + dy + depth; left + dx < right && y < bottom + depth; ++y)
+                        for (int x = left + dx + depth; x < right + depth; ++x) {
+                            const int away = std::max(x - right, y - bottom) + 1;
+                            if (away < 1 || x < 0 || x >= width || y < 0 || y >= height) continue;
+                            const int light = 256 - 128 * (depth + 1 - away) / (depth + 1);
+                            const Rgba p = expected.At(x, y);
+                            expected.Set(x, y,
+                                         {p.red * light / 256, p.green * light / 256, p.blue * light / 256, p.alpha});
+                        }
                     for (int y = top; y < std::min(height, top + square); ++y)
                         for (int x = left; x < std::min(width, left + square); ++x)
                             if (x + dx >= 0 && x + dx < width && y + dy >= 0 && y + dy < height)
@@ -75,8 +87,8 @@ EffectRow SprayRow(int radius) {
             0, false};
 }
 
-// Follows each line of pixels along the vector, in the same 256ths of a level: which of streak and picture is the
-// brighter must come out alike.
+// Follows each line of the picture along the vector. What a line carries is seen in the pixels that it lies between.
+// The same floats as the engine's: whether streak or picture is the brighter must come out alike.
 EffectRow WindRow(int vx, int vy) {
     const auto name = [](int n) { return (n < 0 ? "_m" : "_") + std::to_string(std::abs(n)); };
     return {"Wind" + name(vx) + name(vy), [=](auto& s, auto& t, auto& run) { Wind(s, t, vx, vy, run); },
@@ -84,34 +96,74 @@ EffectRow WindRow(int vx, int vy) {
                 const bool alongRows = std::abs(vx) >= std::abs(vy);
                 const int length = std::max(std::abs(vx), std::abs(vy));
                 const int majorSize = alongRows ? source.Width() : source.Height();
-                const bool backward = (alongRows ? vx : vy) < 0;
+                const int minorSize = alongRows ? source.Height() : source.Width();
                 const double slope = static_cast<double>(alongRows ? vy : vx) / (alongRows ? vx : vy);
+                const auto at = [&](int major, int minor) {
+                    return alongRows ? source.At(major, minor) : source.At(minor, major);
+                };
+                // The part of each pixel that is covered by streaks, and these streaks' channels.
+                const auto pixels = static_cast<std::size_t>(majorSize) * static_cast<std::size_t>(minorSize);
+                std::vector<std::array<float, 5>> seen(pixels);
                 const int reach = source.Width() + source.Height();
                 for (int line = -reach; line < reach; ++line) {
-                    const float steps =
-                        std::max(1.0f, static_cast<float>(length) * (0.35f + 0.65f * RandomRow(0, 47, 0).Unit(line)));
-                    const int growth =
-                        std::min(65535, static_cast<int>(std::ceil(2 * 255 * 256 / (steps * (steps + 1)))));
-                    std::array<int, 4> streak{}, loss{};
+                    const auto growth = [=](int stream) {
+                        const float unit = RandomRow(0, 47, stream).Unit(line);
+                        const float steps = std::max(1.0f, static_cast<float>(length) * (0.6f + 1.9f * unit * unit));
+                        return 510 / (steps * (steps + 1));
+                    };
+                    const float fast = growth(0), slow = growth(1);
+                    std::array<float, 4> carried{};
+                    float begun = 0, streak = -1, drop = 0;
                     for (int i = 0; i < majorSize; ++i) {
-                        const int major = backward ? majorSize - 1 - i : i;
-                        const int minor = line + static_cast<int>(std::floor(major * slope + 0.5));
-                        const int x = alongRows ? major : minor, y = alongRows ? minor : major;
-                        if (x < 0 || x >= source.Width() || y < 0 || y >= source.Height()) continue;
-                        const Rgba here = source.At(x, y);
-                        Rgba out;
+                        const int major = (alongRows ? vx : vy) < 0 ? majorSize - 1 - i : i;
+                        const double shift = major * slope;
+                        const int minor = line + static_cast<int>(std::floor(shift));
+                        const float part = static_cast<float>(shift - std::floor(shift));
+                        if (minor < -1 || minor >= minorSize) {
+                            streak = -1;
+                            continue;
+                        }
+                        const Rgba a = at(major, minor), b = at(major, minor + 1);
+                        std::array<float, 4> sample;
                         for (std::size_t c = 0; c < 4; ++c) {
-                            const int fresh = here.*kChannels[c] * 256;
-                            loss[c] = std::min(65535, loss[c] + growth);
-                            streak[c] = std::max(fresh, streak[c] - loss[c]);
-                            if (streak[c] == fresh) loss[c] = 0;
-                            out.*kChannels[c] = (streak[c] + 128) / 256;
+                            const float here = static_cast<float>(a.*kChannels[c]);
+                            sample[c] = here + (static_cast<float>(b.*kChannels[c]) - here) * part;
+                        }
+                        const float luma = ((sample[0] * 299 + sample[1] * 587) + sample[2] * 114) * 0.001f;
+                        const float waver = SmoothNoise(static_cast<float>(major) / 24, RandomRow(1, 47, 0));
+                        drop += fast + (slow - fast) * waver;
+                        streak -= drop;
+                        float weight = 0;
+                        if (luma >= streak) {
+                            carried = sample;
+                            begun = streak = luma;
+                            drop = 0;
+                        } else {
+                            weight = (streak - luma) / std::max(begun - luma, 0.001f);
+                        }
+                        for (const int side : {0, 1}) {
+                            if (minor + side < 0 || minor + side >= minorSize) continue;
+                            auto& pixel = seen[static_cast<std::size_t>(major * minorSize + minor + side)];
+                            const float share = side == 0 ? 1 - part : part;
+                            for (std::size_t c = 0; c < 4; ++c) pixel[c] += share * weight * carried[c];
+                            pixel[4] += share * weight;
+                        }
+                    }
+                }
+                for (int y = 0; y < source.Height(); ++y)
+                    for (int x = 0; x < source.Width(); ++x) {
+                        const auto& pixel =
+                            seen[static_cast<std::size_t>(alongRows ? x * minorSize + y : y * minorSize + x)];
+                        Rgba out = source.At(x, y);
+                        for (std::size_t c = 0; c < 4; ++c) {
+                            int& channel = out.*kChannels[c];
+                            channel =
+                                Rounded(static_cast<double>(static_cast<float>(channel) * (1 - pixel[4]) + pixel[c]));
                         }
                         expected.Set(x, y, out);
                     }
-                }
             },
-            0, false};
+            1, false};
 }
 
 // Every pixel by itself: all drops that touch it, from the lowest up.
@@ -160,7 +212,7 @@ EffectRow BlobsRow(int radius, int spacing) {
                             for (std::size_t c = 0; c < 4; ++c) {
                                 const double plain = drop.color.*kChannels[c];
                                 const double lit =
-                                    std::min(255.0, plain * (0.45 + 0.65 * lambert) + 70 * std::pow(lambert, 24));
+                                    std::min(255.0, plain * (0.5 + 0.6 * lambert) + 90 * std::pow(lambert, 20));
                                 result[c] += cover * ((c < 3 ? lit : plain) - result[c]);
                             }
                         }
