@@ -1,5 +1,5 @@
-// Warps along rays. An effect is a function from the result's distance to the ratio of source distance to result
-// distance, kept as a table over the distance; distances are in units of R, the effect's own radius.
+// Warps along rays within an ellipse. Distances are in parts of its radius. An effect is a function from the result's
+// distance to the ratio of source distance to result distance, kept as a table.
 // SPDX-License-Identifier: MIT
 #include "engine/radial_warps.h"
 
@@ -16,6 +16,7 @@
 
 #include "engine/bands.h"
 #include "engine/bilinear_inl.h"
+#include "engine/random.h"
 
 #ifndef KELU_ENGINE_RADIAL_ONCE
 #define KELU_ENGINE_RADIAL_ONCE
@@ -24,13 +25,14 @@ namespace kelu::engine {
 // Linear between the entries: a hundredth of a pixel exact but for the innermost few pixels.
 constexpr int kRadialSteps = 4096;
 
-enum class Outside { kEdgePixel, kColorBeyondPicture, kColorBeyondRadius };
+enum class Outside { kNone, kColorInMiddle, kColorBeyondRim };
 
 struct RadialWarp {
     float centerX, centerY;  // image pixels
-    float radius;            // R in image pixels, above 0
+    float radiusX, radiusY;  // semi-axes, image pixels, above 0
     Outside outside;
     Color color;
+    float part;  // of the colour in the middle, 0 to 1
     std::array<float, kRadialSteps + 2> ratio;
 
     // `ratioAt(r)` for r from 0 to 1; beyond, the ratio stays.
@@ -71,10 +73,14 @@ class RadialRow {
     RadialRow(const RadialWarp& warp, const ImageView& source, int y)
         : ratio_(reinterpret_cast<const std::uint32_t*>(warp.ratio.data())),
           dy_(static_cast<float>(y) - warp.centerY),
+          v_(dy_ / warp.radiusY),
+          rim_(std::min(warp.radiusX, warp.radiusY)),
+          fromEdge_(1 / (kDamped * std::min(warp.radiusX, warp.radiusY))),
+          calm_(engine::Smoothstep(static_cast<float>(std::min(y, source.height - 1 - y)) * fromEdge_)),
+          part_(warp.part),
           centerX_(All(warp.centerX)),
           centerY_(All(warp.centerY)),
-          scale_(All(kRadialSteps / warp.radius)),
-          rim_(All(warp.radius + 0.5f)),
+          perX_(All(1 / warp.radiusX)),
           lastX_(All(static_cast<float>(source.width - 1))),
           lastY_(All(static_cast<float>(source.height - 1))) {}
 
@@ -83,29 +89,47 @@ class RadialRow {
     HWY_INLINE void Find(int x, int count, RadialSpan& span) const {
         for (int i = 0; i < count; i += kLanes) {
             const Floats dx = hn::Sub(Columns(x + i), centerX_), dy = All(dy_);
-            const Floats distance = hn::Sqrt(hn::Add(hn::Mul(dx, dx), hn::Mul(dy, dy)));
-            const Floats ratio = Ratio(distance);
-            const Floats placeX = Place(dx, ratio, centerX_, lastX_), placeY = Place(dy, ratio, centerY_, lastY_);
-            hn::Store(Fixed(placeX), kInts, span.x + i);
-            hn::Store(Fixed(placeY), kInts, span.y + i);
-            if constexpr (kOutside == Outside::kColorBeyondRadius)
-                hn::Store(hn::Sub(rim_, distance), kFloats, span.part + i);
-            if constexpr (kOutside == Outside::kColorBeyondPicture) {
-                const Floats depth =
-                    hn::Min(hn::Min(placeX, hn::Sub(lastX_, placeX)), hn::Min(placeY, hn::Sub(lastY_, placeY)));
-                hn::Store(hn::Add(depth, All(1.0f)), kFloats, span.part + i);
+            const Floats u = hn::Mul(dx, perX_);
+            const Floats distance = hn::Sqrt(hn::Add(hn::Mul(u, u), All(v_ * v_)));
+            Floats ratio = Ratio(distance);
+            if constexpr (kOutside == Outside::kColorBeyondRim) {
+                ratio = Squared(ratio, u, All(v_));
+                hn::Store(hn::Add(hn::Mul(hn::Sub(All(1.0f), distance), All(rim_)), All(0.5f)), kFloats, span.part + i);
             }
+            if constexpr (kOutside == Outside::kColorInMiddle) {
+                const Floats inward = Smoothstep(hn::Sub(All(1.0f), hn::Mul(distance, All(1 / kDarkMiddle))));
+                hn::Store(hn::Sub(All(1.0f), hn::Mul(inward, All(part_))), kFloats, span.part + i);
+                // Near the picture's edges less is moved, so that nothing is fetched from beyond them.
+                const Floats column = Columns(x + i);
+                const Floats near = hn::Min(column, hn::Sub(lastX_, column));
+                const Floats calm = hn::Mul(Smoothstep(hn::Mul(near, All(fromEdge_))), All(calm_));
+                ratio = Mix(All(1.0f), ratio, calm);
+            }
+            hn::Store(Fixed(Place(dx, ratio, centerX_, lastX_)), kInts, span.x + i);
+            hn::Store(Fixed(Place(dy, ratio, centerY_, lastY_)), kInts, span.y + i);
         }
     }
 
  private:
+    // In parts of the radius: the middle that Implode darkens, the way from an edge on which it moves less.
+    static constexpr float kDarkMiddle = 0.12f, kDamped = 0.42f;
+
     // Source distance to result distance, from the table.
     HWY_INLINE Floats Ratio(Floats distance) const {
-        const Floats at = hn::Min(hn::Mul(distance, scale_), All(float{kRadialSteps}));
+        const Floats at = hn::Min(hn::Mul(distance, All(float{kRadialSteps})), All(float{kRadialSteps}));
         const Ints entry = hn::ConvertTo(kInts, at);
         const Pairs entries(ratio_, entry);
         return Mix(hn::BitCast(kFloats, entries.first), hn::BitCast(kFloats, entries.second),
                    hn::Sub(at, hn::ConvertTo(kFloats, entry)));
+    }
+    // From the disc to the square along the same ray, smooth but for the four corners ("FG-squircular mapping", C.
+    // Fong, "Analytical Methods for Squaring the Disc", 2014): with (u, v) in the disc, times the root of 2 / (1 +
+    // sqrt(1 - 4 u² v²)).
+    static HWY_INLINE Floats Squared(Floats ratio, Floats u, Floats v) {
+        const Floats uv = hn::Mul(hn::Mul(u, v), hn::Mul(ratio, ratio));
+        const Floats root =
+            hn::Sqrt(hn::Max(hn::Sub(All(1.0f), hn::Mul(hn::Mul(uv, uv), All(4.0f))), hn::Zero(kFloats)));
+        return hn::Mul(ratio, hn::Sqrt(hn::Div(All(2.0f), hn::Add(All(1.0f), root))));
     }
     // Where the picture is far away, any place beyond its edge will do.
     static HWY_INLINE Floats Place(Floats d, Floats ratio, Floats center, Floats last) {
@@ -114,8 +138,8 @@ class RadialRow {
     static HWY_INLINE Ints Fixed(Floats place) { return hn::NearestInt(hn::Mul(place, All(256.0f))); }
 
     const std::uint32_t* const ratio_;
-    const float dy_;
-    const Floats centerX_, centerY_, scale_, rim_, lastX_, lastY_;
+    const float dy_, v_, rim_, fromEdge_, calm_, part_;
+    const Floats centerX_, centerY_, perX_, lastX_, lastY_;
 };
 
 template <Outside kOutside>
@@ -129,7 +153,7 @@ void RenderRadialRow(const RadialWarp& warp, const ImageView& source, int y, std
         row.Find<kOutside>(x, count, span);
         const auto pixels = [&](int i) HWY_ATTR {
             const Pixels samples = sampler(hn::Load(kInts, span.x + i), hn::Load(kInts, span.y + i));
-            if constexpr (kOutside == Outside::kEdgePixel) return samples;
+            if constexpr (kOutside == Outside::kNone) return samples;
             return Cover(color, samples, Clamp01(hn::Load(kFloats, span.part + i)));
         };
         int i = 0;
@@ -142,9 +166,9 @@ void RenderRadialRow(const RadialWarp& warp, const ImageView& source, int y, std
 }
 
 void RadialOnTarget(const RadialWarp& warp, const ImageView& source, const MutableImageView& target, const Run& run) {
-    const auto render = warp.outside == Outside::kEdgePixel           ? RenderRadialRow<Outside::kEdgePixel>
-                        : warp.outside == Outside::kColorBeyondRadius ? RenderRadialRow<Outside::kColorBeyondRadius>
-                                                                      : RenderRadialRow<Outside::kColorBeyondPicture>;
+    const auto render = warp.outside == Outside::kNone            ? RenderRadialRow<Outside::kNone>
+                        : warp.outside == Outside::kColorInMiddle ? RenderRadialRow<Outside::kColorInMiddle>
+                                                                  : RenderRadialRow<Outside::kColorBeyondRim>;
     SplitRows(run, source.height, source.width, [&](int begin, int end) {
         for (int y = begin; y < end; ++y) render(warp, source, y, target.Row(y));
     });
@@ -159,41 +183,58 @@ namespace {
 
 HWY_EXPORT(RadialOnTarget);
 
+// A circle of half the picture's diagonal.
 RadialWarp Around(Point center, const ImageView& source, Outside outside, Color color) {
     const Point c = Sensible(center);
-    const float farthest = FarthestCorner(c, source.width, source.height);
-    return {static_cast<float>(c.x), static_cast<float>(c.y), std::max(farthest, 1.0f), outside, Sensible(color), {}};
+    const float radius = std::hypot(static_cast<float>(source.width), static_cast<float>(source.height)) / 2;
+    return {static_cast<float>(c.x), static_cast<float>(c.y), radius, radius, outside, Sensible(color), 0, {}};
 }
+
+// Explode fetches r from r · (1 - k (1 - r²)²): 1 / (1 - k) times as large in the middle, fourfold at most, and nothing
+// is moved at the rim.
+double Strength(int strength) {
+    const double left = 1 - std::clamp(strength, 0, 100) / 100.0;
+    return 0.75 * (1 - left * left);
+}
+double Shrunk(double r, double k) { return r * (1 - k * (1 - r * r) * (1 - r * r)); }
 
 }  // namespace
 
-// The source lies at r^(1 + S1/50), R the distance of the farthest corner.
 void Explode(const ImageView& source, const MutableImageView& target, Point center, int strength, const Run& run) {
     if (strength <= 0) return Copy(source, target, run);
-    const double power = std::min(strength, 100) / 50.0;
-    RadialWarp warp = Around(center, source, Outside::kEdgePixel, {});
-    warp.Fill([=](double r) { return std::pow(r, power); });
+    RadialWarp warp = Around(center, source, Outside::kNone, {});
+    const double k = Strength(strength);
+    warp.Fill([=](double r) { return 1 - k * (1 - r * r) * (1 - r * r); });
     HWY_DYNAMIC_DISPATCH(RadialOnTarget)(warp, source, target, run);
 }
 
-// The source lies at r^(1 / (1 + S1/50)): what Explode moves outward goes back.
+// What Explode moves outward goes back; the middle, where all comes together, grows dark.
 void Implode(const ImageView& source, const MutableImageView& target, Point center, int strength, Color outside,
              const Run& run) {
     if (strength <= 0) return Copy(source, target, run);
-    const double power = 1 / (1 + std::min(strength, 100) / 50.0) - 1;
-    RadialWarp warp = Around(center, source, Outside::kColorBeyondPicture, outside);
-    warp.Fill([=](double r) { return std::pow(std::max(r, 0.25 / kRadialSteps), power); });
+    RadialWarp warp = Around(center, source, Outside::kColorInMiddle, outside);
+    const double k = Strength(strength);
+    warp.part = static_cast<float>(std::min(strength, 100) * std::min(strength, 100)) / 10000;
+    warp.Fill([=](double r) {
+        if (r == 0) return 1 / (1 - k);
+        double low = r, high = 1;  // Shrunk grows with its argument
+        for (int i = 0; i < 40; ++i) {
+            const double middle = (low + high) / 2;
+            (Shrunk(middle, k) < r ? low : high) = middle;
+        }
+        return low / r;
+    });
     HWY_DYNAMIC_DISPATCH(RadialOnTarget)(warp, source, target, run);
 }
 
-// An angle of 0 to 90 degrees from the middle is spread evenly over R. The picture is a plane that is seen under 0.8 of
-// that angle a, at tan(a) from its middle, so large that the rim meets the end of its shorter side: at 90 degrees a
-// plane would have to be endless.
+// An angle of 0 to 90 degrees from the middle is spread evenly over the radius. The picture is a plane that is seen
+// under 0.8 of that angle a, at tan(a) from its middle: at 90 degrees a plane would have to be endless. The rim shows
+// the picture's border.
 void FishEye(const ImageView& source, const MutableImageView& target, Color outside, const Run& run) {
     const float width = static_cast<float>(source.width), height = static_cast<float>(source.height);
-    const float radius = std::min(width, height) / 2;
-    RadialWarp warp{(width - 1) / 2, (height - 1) / 2, radius, Outside::kColorBeyondRadius, Sensible(outside), {}};
-    constexpr double kBend = 0.8 * std::numbers::pi / 2;
+    RadialWarp warp{(width - 1) / 2,          (height - 1) / 2,  width / 2, height / 2,
+                    Outside::kColorBeyondRim, Sensible(outside), 0,         {}};
+    constexpr double kBend = 0.7 * std::numbers::pi / 2;
     const double reach = 1 / std::tan(kBend);
     warp.Fill([=](double r) { return r == 0 ? kBend * reach : std::tan(r * kBend) * reach / r; });
     HWY_DYNAMIC_DISPATCH(RadialOnTarget)(warp, source, target, run);

@@ -9,14 +9,15 @@
 
 namespace kelu::engine {
 
-/// A bulge outward from `center`. `strength` 0 (unchanged) to 100.
+/// A bulge outward from `center`, fourfold at most, that dies out within half the picture's diagonal. `strength` 0
+/// (unchanged) to 100.
 void Explode(const ImageView& source, const MutableImageView& target, Point center, int strength, const Run& run);
 
-/// A pinch towards `center`. `strength` 0 (unchanged) to 100. What would come from outside the picture is `outside`.
+/// A pinch towards `center`, likewise, and less near the picture's edges. Its middle fades to `outside`, wholly at 100.
 void Implode(const ImageView& source, const MutableImageView& target, Point center, int strength, Color outside,
              const Run& run);
 
-/// The picture in a circle that touches the shorter side; the rest is `outside`.
+/// The whole picture on half a ball, an ellipse that touches its four sides; the rest is `outside`.
 void FishEye(const ImageView& source, const MutableImageView& target, Color outside, const Run& run);
 
 }  // namespace kelu::engine

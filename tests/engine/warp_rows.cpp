@@ -6,7 +6,6 @@
 
 #include "engine/melt.h"
 #include "engine/radial_warps.h"
-#include "engine/random.h"
 #include "tests/engine/effect_rows.h"
 
 namespace kelu::engine_test {
@@ -46,19 +45,14 @@ Definition Sampled(At place, Color color, Part part) {
 
 constexpr auto kEverywhere = [](const Picture&, int, int, Place) { return 1.0; };
 
-// The place on the ray from `center` at distance farthest · toSource(r), r the distance in units of the farthest
-// corner's.
-template <class Distance>
-auto OnRay(Point center, Distance toSource) {
-    return [=](const Picture& source, int x, int y) -> Place {
-        const double dx = x - center.x, dy = y - center.y;
-        const auto reach = [](int at, int size) { return std::max(std::abs(at), std::abs(size - 1 - at)); };
-        const double farthest = std::hypot(reach(center.x, source.Width()), reach(center.y, source.Height()));
-        const double r = std::hypot(dx, dy) / farthest;
-        if (!(r > 0)) return {static_cast<double>(x), static_cast<double>(y)};
-        const double ratio = toSource(r) / r;
-        return {center.x + dx * ratio, center.y + dy * ratio};
-    };
+// The distance from `center` in parts of half the picture's diagonal.
+double Distance(const Picture& source, Point center, int x, int y) {
+    return std::hypot(x - center.x, y - center.y) / (std::hypot(source.Width(), source.Height()) / 2);
+}
+
+double Smooth(double t) {
+    t = std::clamp(t, 0.0, 1.0);
+    return t * t * (3 - 2 * t);
 }
 
 std::string Named(const char* effect, Point center, int strength) {
@@ -66,70 +60,82 @@ std::string Named(const char* effect, Point center, int strength) {
     return std::string(effect) + "_" + number(center.x) + "_" + number(center.y) + "_" + std::to_string(strength);
 }
 
-EffectRow ExplodeRow(Point center, int strength) {
-    return {
-        Named("Explode", center, strength), [=](auto& s, auto& t, auto& run) { Explode(s, t, center, strength, run); },
-        Sampled(OnRay(center, [=](double r) { return std::pow(r, 1 + strength / 50.0); }), {}, kEverywhere), 2, false};
+double Pulled(int strength, double r) {
+    const double left = 1 - strength / 100.0;
+    return 1 - 0.75 * (1 - left * left) * (1 - r * r) * (1 - r * r);
 }
 
+EffectRow ExplodeRow(Point center, int strength) {
+    return {Named("Explode", center, strength),
+            [=](auto& s, auto& t, auto& run) { Explode(s, t, center, strength, run); },
+            Sampled(
+                [=](const Picture& source, int x, int y) -> Place {
+                    const double by = Pulled(strength, std::min(1.0, Distance(source, center, x, y)));
+                    return {center.x + (x - center.x) * by, center.y + (y - center.y) * by};
+                },
+                {}, kEverywhere),
+            2, false};
+}
+
+// What Explode fetches from u lies at r; less near the edges.
 EffectRow ImplodeRow(Point center, int strength, Color color) {
     return {Named("Implode", center, strength),
             [=](auto& s, auto& t, auto& run) { Implode(s, t, center, strength, color, run); },
-            Sampled(OnRay(center, [=](double r) { return std::pow(r, 1 / (1 + strength / 50.0)); }), color,
-                    [](const Picture& source, int, int, Place at) {
-                        // A rim one pixel wide outside the outermost pixels.
-                        return 1 + std::min({at.x, at.y, source.Width() - 1 - at.x, source.Height() - 1 - at.y});
-                    }),
+            Sampled(
+                [=](const Picture& source, int x, int y) -> Place {
+                    const double r = std::min(1.0, Distance(source, center, x, y));
+                    double u = r;
+                    for (int i = 0; i < 400 && r > 0; ++i) u += (r - u * Pulled(strength, u)) / 3;
+                    const double reach = 0.21 * std::hypot(source.Width(), source.Height());
+                    const auto calm = [=](int at, int size) { return Smooth(std::min(at, size - 1 - at) / reach); };
+                    const double moved = calm(x, source.Width()) * calm(y, source.Height());
+                    const double by = r > 0 ? 1 + (u / r - 1) * moved : 1;
+                    return {center.x + (x - center.x) * by, center.y + (y - center.y) * by};
+                },
+                color,
+                [=](const Picture& source, int x, int y, Place) {
+                    return 1 - Smooth(1 - Distance(source, center, x, y) / 0.12) * strength * strength / 10000;
+                }),
             3, false};
 }
 
 EffectRow FishEyeRow(Color color) {
-    const auto radius = [](const Picture& source) { return std::min(source.Width(), source.Height()) / 2.0; };
-    const auto distance = [](const Picture& source, int x, int y) {
-        return std::hypot(x - (source.Width() - 1) / 2.0, y - (source.Height() - 1) / 2.0);
-    };
-    return {
-        "FishEye", [=](auto& s, auto& t, auto& run) { FishEye(s, t, color, run); },
-        Sampled(
-            [=](const Picture& source, int x, int y) -> Place {
-                const double middleX = (source.Width() - 1) / 2.0, middleY = (source.Height() - 1) / 2.0;
-                const double r = distance(source, x, y) / radius(source), degrees = 72 * std::min(r, 1.0);
-                if (r == 0) return {middleX, middleY};
-                const double ratio = std::tan(degrees * std::numbers::pi / 180) /
-                                     std::tan(72 * std::numbers::pi / 180) / std::min(r, 1.0);
-                return {middleX + (x - middleX) * ratio, middleY + (y - middleY) * ratio};
-            },
-            color,
-            [=](const Picture& source, int x, int y, Place) { return radius(source) + 0.5 - distance(source, x, y); }),
-        2, false};
-}
+    struct Ball {
+        double x, y, u, v, r, width, height;
 
-EffectRow MeltRow() {
-    const auto drag = [](const Picture& source, int x) {
-        double luma = 0;
-        for (int y = 0; y < source.Height(); ++y) {
-            const Rgba p = source.At(x, y);
-            luma += (0.299 * p.red + 0.587 * p.green + 0.114 * p.blue) / source.Height();
-        }
-        const float at = static_cast<float>(x) / static_cast<float>(source.Width());
-        const double flow = SmoothNoise(at * 10, RandomRow(0, 30, 0)), drop = SmoothNoise(at * 50, RandomRow(0, 30, 1));
-        return source.Height() / 4.0 * (0.4 * flow + 0.6 * std::pow(drop, 3)) * (0.5 + luma / 510);
+        Ball(const Picture& source, int column, int row)
+            : x(column - (source.Width() - 1) / 2.0),
+              y(row - (source.Height() - 1) / 2.0),
+              u(x / source.Width() * 2),
+              v(y / source.Height() * 2),
+              r(std::hypot(u, v)),
+              width(source.Width()),
+              height(source.Height()) {}
     };
-    return {"Melt", [](auto& s, auto& t, auto& run) { Melt(s, t, run); },
+    return {"FishEye", [=](auto& s, auto& t, auto& run) { FishEye(s, t, color, run); },
             Sampled(
-                [=](const Picture& source, int x, int y) -> Place {
-                    const double part = Smoothstep(static_cast<float>(y) / static_cast<float>(source.Height()));
-                    return {static_cast<double>(x), y - drag(source, x) * part};
+                [](const Picture& source, int x, int y) -> Place {
+                    const Ball ball(source, x, y);
+                    const double r = std::min(1.0, ball.r), bend = 63 * std::numbers::pi / 180;
+                    double ratio = (r > 0 ? std::tan(r * bend) / r : bend) / std::tan(bend);
+                    // From the disc to the square.
+                    const double uv = ball.u * ball.v * ratio * ratio;
+                    ratio *= std::sqrt(2 / (1 + std::sqrt(std::max(0.0, 1 - 4 * uv * uv))));
+                    return {x + ball.x * (ratio - 1), y + ball.y * (ratio - 1)};
                 },
-                {}, kEverywhere),
-            2, false};
+                color,
+                [](const Picture& source, int x, int y, Place) {
+                    const Ball ball(source, x, y);
+                    return (1 - ball.r) * std::min(ball.width, ball.height) / 2 + 0.5;
+                }),
+            3, false};
 }
 
 }  // namespace
 
 std::vector<EffectRow> WarpRows() {
     return {
-        MeltRow(),
+        {"Melt", Melt, {}, 0, false},
         ExplodeRow({250, 100}, 10),
         ExplodeRow({20, 15}, 100),
         ExplodeRow({-40, 999}, 50),
