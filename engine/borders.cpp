@@ -4,6 +4,7 @@
 #define HWY_TARGET_INCLUDE "engine/borders.cpp"
 #include <hwy/foreach_target.h>
 
+#include <bit>
 #include <vector>
 
 #include "engine/borders.h"
@@ -18,13 +19,25 @@ namespace kelu::engine::HWY_NAMESPACE {
 struct EdgeDistance {
     int width, height;
 
-    Floats operator()(int x, int y) const {
-        const Floats left = Columns(x), right = hn::Sub(All(static_cast<float>(width - 1)), left);
-        return hn::Min(hn::Min(left, right), All(static_cast<float>(std::min(y, height - 1 - y))));
+    Floats Across(int x) const {
+        const Floats left = Columns(x);
+        return hn::Min(left, hn::Sub(All(static_cast<float>(width - 1)), left));
     }
+    float Down(int y) const { return static_cast<float>(std::min(y, height - 1 - y)); }
+    Floats operator()(int x, int y) const { return hn::Min(Across(x), All(Down(y))); }
 };
 
-// c + (C1 - c) · (1 - smoothstep(distance / S1))
+// `color` over so large a part of each pixel, 0 to 1; the picture gives way in its alpha, too.
+HWY_INLINE Pixels Covered(Pixels pixels, const Channels& own, const Color& color, Floats part) {
+    const Pixels alpha = hn::ShiftRight<24>(pixels);
+    if (HWY_LIKELY(hn::AllTrue(kPixels, hn::Eq(alpha, All(255u))))) return Join(Mix(own, AllOf(color), part), pixels);
+    const Floats left = hn::Mul(hn::Mul(ToFloats(alpha), All(1.0f / 255)), hn::Sub(All(1.0f), part));
+    const Floats whole = hn::Add(part, left);
+    const Floats share = hn::Div(part, hn::Max(whole, All(1e-6f)));
+    return Join(Mix(own, AllOf(color), share), hn::ShiftLeft<24>(ToByte(hn::Mul(whole, All(255.0f)))));
+}
+
+// C1 covers all but smoothstep(across / S1) · smoothstep(down / S1).
 struct FadeKernel {
     EdgeDistance distance;
     float step;  // one over S1
@@ -32,14 +45,14 @@ struct FadeKernel {
 
     struct InRow {
         const FadeKernel& all;
-        int y;
+        float clear;  // by the row
 
         Pixels operator()(Pixels pixels, int x) const {
-            const Floats clear = Smoothstep(hn::Mul(all.distance(x, y), All(all.step)));
-            return Join(Mix(AllOf(all.color), Split(pixels), clear), pixels);
+            const Floats both = hn::Mul(Smoothstep(hn::Mul(all.distance.Across(x), All(all.step))), All(clear));
+            return Covered(pixels, Split(pixels), all.color, hn::Sub(All(1.0f), both));
         }
     };
-    InRow Row(int y) const { return {*this, y}; }
+    InRow Row(int y) const { return {*this, engine::Smoothstep(distance.Down(y) * step)}; }
 };
 
 void FadeBordersOnTarget(const ImageView& source, const MutableImageView& target, int depth, Color color,
@@ -50,39 +63,58 @@ void FadeBordersOnTarget(const ImageView& source, const MutableImageView& target
     RenderFrame(kernel, margin, source, target, run);
 }
 
-// How far the colour reaches from one edge into each column (or row): S1 · (1/3 + 2/3 · noise), the noise having one
-// random value every 2 · S1 pixels, which makes waves of about 4 · S1. Room for a vector more at the end.
-inline std::vector<float> WaveringWidths(int count, int depth, int edge) {
-    std::vector<float> widths(static_cast<std::size_t>(count + kLanes));
-    const RandomRow random(0, 27, edge);
-    const float most = static_cast<float>(depth), step = 1 / (2 * most);
-    for (int i = 0; i < count; ++i)
-        widths[static_cast<std::size_t>(i)] =
-            most * (1 + 2 * engine::SmoothNoise(static_cast<float>(i) * step, random)) / 3;
-    return widths;
-}
+// How far the colour reaches from one edge into each column (or row), and how far the torn paper below it, which lies
+// bare there: octaves of noise, the first with a value every 2 · S1 pixels and a fifth of S1 high to either side of S1
+// / 2, each next of half the length and 0.6 times the height, but not below 3/4 pixel, down to a value every 2 pixels.
+struct TornEdge {
+    std::vector<float> color, paper;  // room for a vector more at the end
 
-// The part of the pixel that lies within one of the four bands, 0 to 1, is C1.
+    TornEdge(int count, int depth, int edge) {
+        const float most = static_cast<float>(depth), bare = std::min(1 + most / 20, most / 3);
+        for (int i = 0; i < count + kLanes; ++i) {
+            const float at = static_cast<float>(i);
+            float width = most / 2, height = most / 5, step = 1 / (2 * most);
+            for (int octave = 0; octave < 12 && (octave == 0 || step <= 0.5f); ++octave, step *= 2, height *= 0.6f)
+                width +=
+                    std::max(height, 0.75f) * (2 * engine::SmoothNoise(at * step, RandomRow(octave, 27, edge)) - 1);
+            color.push_back(std::clamp(width, most / 12, most));
+            paper.push_back(color.back() + bare * engine::SmoothNoise(at / 3, RandomRow(0, 27, 4 + edge)));
+        }
+    }
+};
+
 struct IrregularKernel {
     int width, height;
-    std::vector<float> top, bottom, left, right;
+    TornEdge top, bottom, left, right;
     Color color;
+    Color bare;    // of the paper's torn edge
+    float shadow;  // one over the width of the shadow that it throws
 
     struct InRow {
         const IrregularKernel& all;
         int y;
 
-        Pixels operator()(Pixels pixels, int x) const {
-            const auto row = static_cast<std::size_t>(y);
+        // How far the nearest of the four bands reaches beyond each pixel.
+        HWY_INLINE Floats Reach(const std::vector<float> TornEdge::*band, int x) const {
+            const auto row = static_cast<std::size_t>(y), at = static_cast<std::size_t>(x);
             const Floats column = Columns(x);
             const Floats fromRight = hn::Sub(All(static_cast<float>(all.width - 1)), column);
-            const Floats above =
-                hn::Sub(hn::LoadU(kFloats, &all.top[static_cast<std::size_t>(x)]), All(static_cast<float>(y)));
-            const Floats below = hn::Sub(hn::LoadU(kFloats, &all.bottom[static_cast<std::size_t>(x)]),
-                                         All(static_cast<float>(all.height - 1 - y)));
-            const Floats beside = hn::Max(hn::Sub(All(all.left[row]), column), hn::Sub(All(all.right[row]), fromRight));
-            const Floats cover = Clamp01(hn::Max(hn::Max(above, below), beside));
-            return Join(Mix(Split(pixels), AllOf(all.color), cover), pixels);
+            const Floats above = hn::Sub(hn::LoadU(kFloats, &(all.top.*band)[at]), All(static_cast<float>(y)));
+            const Floats below =
+                hn::Sub(hn::LoadU(kFloats, &(all.bottom.*band)[at]), All(static_cast<float>(all.height - 1 - y)));
+            const Floats beside =
+                hn::Max(hn::Sub(All((all.left.*band)[row]), column), hn::Sub(All((all.right.*band)[row]), fromRight));
+            return hn::Max(hn::Max(above, below), beside);
+        }
+
+        Pixels operator()(Pixels pixels, int x) const {
+            const Floats paper = Reach(&TornEdge::paper, x), cover = Clamp01(Reach(&TornEdge::color, x));
+            const Floats dark = Clamp01(hn::Add(hn::Mul(paper, All(all.shadow)), All(1.0f)));
+            const Floats light = hn::Sub(All(1.0f), hn::Mul(hn::Mul(dark, dark), All(0.4f)));
+            const Channels own = Split(pixels);
+            const Channels shaded{hn::Mul(own.blue, light), hn::Mul(own.green, light), hn::Mul(own.red, light)};
+            const Pixels torn = Covered(pixels, shaded, all.bare, Clamp01(paper));
+            return Covered(torn, Split(torn), all.color, cover);
         }
     };
     InRow Row(int y) const { return {*this, y}; }
@@ -91,25 +123,31 @@ struct IrregularKernel {
 void IrregularBordersOnTarget(const ImageView& source, const MutableImageView& target, int depth, Color color,
                               const Run& run) {
     const int width = source.width, height = source.height;
+    const Color own = Sensible(color);
+    const auto pale = [](int level) { return level + (255 - level) * 3 / 4; };
+    const int shadow = 2 + depth / 20;
     const IrregularKernel kernel{width,
                                  height,
-                                 WaveringWidths(width, depth, 0),
-                                 WaveringWidths(width, depth, 1),
-                                 WaveringWidths(height, depth, 2),
-                                 WaveringWidths(height, depth, 3),
-                                 Sensible(color)};
-    RenderFrame(kernel, depth, source, target, run);
+                                 TornEdge(width, depth, 0),
+                                 TornEdge(width, depth, 1),
+                                 TornEdge(height, depth, 2),
+                                 TornEdge(height, depth, 3),
+                                 own,
+                                 {pale(own.red), pale(own.green), pale(own.blue)},
+                                 1 / static_cast<float>(shadow)};
+    RenderFrame(kernel, depth + 2 * shadow, source, target, run);
 }
 
-// Fractal noise: five octaves, each of half the wavelength and half the weight of the one before, the first as long as
-// the border is deep. Pixels whose noise lies under 1 - (distance + 1/2) / S1 are C1.
+// Fractal noise: octaves down to two pixels, each of half the wavelength and half the weight of the one before, the
+// first as long as the border is deep. Pixels whose noise lies under 1 - (distance + 1/2) / S1 are C1; beside them the
+// picture lies in a narrow shadow.
 struct ErodeKernel {
-    static constexpr int kOctaves = 5;
     // Octaves add up to values close to the middle; this spreads them over 0 to 1 again.
     static constexpr float kSpread = 1.6f;
 
     EdgeDistance distance;
     float depth;
+    int octaves;
     Color color;
 
     struct InRow {
@@ -118,8 +156,8 @@ struct ErodeKernel {
 
         Pixels operator()(Pixels pixels, int x) const {
             Floats noise = hn::Zero(kFloats);
-            float frequency = 1 / all.depth, weight = kSpread * 16 / 31;
-            for (int octave = 0; octave < kOctaves; ++octave, frequency *= 2, weight /= 2) {
+            float frequency = 1 / all.depth, weight = kSpread / 2;
+            for (int octave = 0; octave < all.octaves; ++octave, frequency *= 2, weight /= 2) {
                 const Floats value =
                     SmoothNoise(hn::Mul(Columns(x), All(frequency)), static_cast<float>(y) * frequency, 21, octave);
                 noise = hn::Add(noise, hn::Mul(hn::Sub(value, All(0.5f)), All(weight)));
@@ -130,7 +168,11 @@ struct ErodeKernel {
             const Floats threshold = hn::Sub(All(0.5f), hn::Mul(inward, All(1 / all.depth)));
             // The outline is soft over about a pixel.
             const Floats steep = hn::Mul(hn::Sub(threshold, noise), All(all.depth / 2));
-            return Join(Mix(Split(pixels), AllOf(all.color), Clamp01(steep)), pixels);
+            const Floats light =
+                hn::Sub(All(1.0f), hn::Mul(Clamp01(hn::Add(hn::Mul(steep, All(0.5f)), All(1.0f))), All(0.3f)));
+            const Channels own = Split(pixels);
+            const Channels shaded{hn::Mul(own.blue, light), hn::Mul(own.green, light), hn::Mul(own.red, light)};
+            return Covered(pixels, shaded, all.color, Clamp01(steep));
         }
     };
     InRow Row(int y) const { return {*this, y}; }
@@ -138,8 +180,9 @@ struct ErodeKernel {
 
 void ErodeBorderOnTarget(const ImageView& source, const MutableImageView& target, int depth, Color color,
                          const Run& run) {
-    const ErodeKernel kernel{{source.width, source.height}, static_cast<float>(depth), Sensible(color)};
-    RenderFrame(kernel, depth, source, target, run);
+    const int octaves = std::max(1, static_cast<int>(std::bit_width(static_cast<unsigned>(depth))) - 1);
+    const ErodeKernel kernel{{source.width, source.height}, static_cast<float>(depth), octaves, Sensible(color)};
+    RenderFrame(kernel, depth + 4, source, target, run);
 }
 
 }  // namespace kelu::engine::HWY_NAMESPACE

@@ -3,6 +3,7 @@
 #include "engine/borders.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 #include "engine/random.h"
@@ -17,58 +18,90 @@ int EdgeDistance(const Picture& source, int x, int y) {
     return std::min({x, y, source.Width() - 1 - x, source.Height() - 1 - y});
 }
 
+// `color` over a part of a pixel, its alpha included.
+Rgba Covered(const Rgba& p, Color color, double part) {
+    const double left = p.alpha / 255.0 * (1 - part), whole = part + left, share = whole > 0 ? part / whole : 0;
+    const auto mix = [=](int own, int over) { return Rounded(own + (over - own) * share); };
+    return {mix(p.red, color.red), mix(p.green, color.green), mix(p.blue, color.blue), Rounded(255 * whole)};
+}
+
+Rgba Darker(const Rgba& p, double light) {
+    return {Rounded(p.red * light), Rounded(p.green * light), Rounded(p.blue * light), p.alpha};
+}
+
+// `at(source, x, y)` is the result's pixel.
+template <class At>
+EffectRow BorderRow(const std::string& name, Render render, At at) {
+    return {name, std::move(render),
+            [=](const Picture& source, Picture& expected) {
+                for (int y = 0; y < source.Height(); ++y)
+                    for (int x = 0; x < source.Width(); ++x) expected.Set(x, y, at(source, x, y));
+            },
+            2, false};
+}
+
 EffectRow FadeRow(int depth, Color color) {
-    return {"FadeBorders_" + std::to_string(depth),
-            [=](auto& s, auto& t, auto& run) { FadeBorders(s, t, depth, color, run); },
-            EachPixel([=](const Picture& source, int x, int y) -> std::array<double, 3> {
-                const Rgba p = source.At(x, y);
-                const double t = std::min(1.0, EdgeDistance(source, x, y) / static_cast<double>(depth));
-                const double clear = t * t * (3 - 2 * t);
-                const auto mix = [=](int c, int from) { return from + (c - from) * clear; };
-                return {mix(p.red, color.red), mix(p.green, color.green), mix(p.blue, color.blue)};
-            }),
-            1};
+    return BorderRow(
+        "FadeBorders_" + std::to_string(depth),
+        [=](auto& s, auto& t, auto& run) { FadeBorders(s, t, depth, color, run); },
+        [=](const Picture& source, int x, int y) {
+            const auto clear = [=](int at, int size) {
+                const double t = std::min(1.0, std::min(at, size - 1 - at) / static_cast<double>(depth));
+                return t * t * (3 - 2 * t);
+            };
+            const double both = clear(x, source.Width()) * clear(y, source.Height());
+            return Covered(source.At(x, y), color, 1 - both);
+        });
 }
 
-std::array<double, 3> Covered(const Rgba& p, Color color, double cover) {
-    return {p.red + (color.red - p.red) * cover, p.green + (color.green - p.green) * cover,
-            p.blue + (color.blue - p.blue) * cover};
-}
-
-// Four bands, each with its own curve of widths; a pixel is covered as far as the nearest band reaches into it.
+// Four bands, each with its own curve of widths; beneath each a paper that reaches a little farther, and its shadow.
 EffectRow IrregularRow(int depth, Color color) {
-    return {"IrregularBorders_" + std::to_string(depth),
-            [=](auto& s, auto& t, auto& run) { IrregularBorders(s, t, depth, color, run); },
-            EachPixel([=](const Picture& source, int x, int y) -> std::array<double, 3> {
-                const auto reach = [=](int edge, int along, int distance) {
-                    const float place = static_cast<float>(along) / static_cast<float>(2 * depth);
-                    const double wave = SmoothNoise(place, RandomRow(0, 27, edge));
-                    return depth * (1 / 3.0 + wave * 2 / 3) - distance;
-                };
-                const double most = std::max({reach(0, x, y), reach(1, x, source.Height() - 1 - y), reach(2, y, x),
-                                              reach(3, y, source.Width() - 1 - x)});
-                return Covered(source.At(x, y), color, std::clamp(most, 0.0, 1.0));
-            }),
-            1};
+    return BorderRow(
+        "IrregularBorders_" + std::to_string(depth),
+        [=](auto& s, auto& t, auto& run) { IrregularBorders(s, t, depth, color, run); },
+        [=](const Picture& source, int x, int y) {
+            const float most = static_cast<float>(depth), bare = std::min(1 + most / 20, most / 3);
+            float nearest = -1e9f, paper = -1e9f;
+            for (const auto& [edge, along, distance] :
+                 {std::array{0, x, y}, {1, x, source.Height() - 1 - y}, {2, y, x}, {3, y, source.Width() - 1 - x}}) {
+                const float at = static_cast<float>(along);
+                float width = most / 2, height = most / 5, step = 1 / (2 * most);
+                for (int octave = 0; octave == 0 || (octave < 12 && step <= 0.5f); ++octave) {
+                    width += std::max(height, 0.75f) * (2 * SmoothNoise(at * step, RandomRow(octave, 27, edge)) - 1);
+                    step *= 2;
+                    height *= 0.6f;
+                }
+                const float reach = std::clamp(width, most / 12, most) - static_cast<float>(distance);
+                nearest = std::max(nearest, reach);
+                paper = std::max(paper, reach + bare * SmoothNoise(at / 3, RandomRow(0, 27, 4 + edge)));
+            }
+            const auto unit = [](float value) { return static_cast<double>(std::clamp(value, 0.0f, 1.0f)); };
+            const double dark = unit(paper / static_cast<float>(2 + depth / 20) + 1);
+            const auto pale = [](int level) { return level + (255 - level) * 3 / 4; };
+            const Color torn{pale(color.red), pale(color.green), pale(color.blue)};
+            const Rgba shaded = Darker(source.At(x, y), 1 - 0.4 * dark * dark);
+            return Covered(Covered(shaded, torn, unit(paper)), color, unit(nearest));
+        });
 }
 
-// Fractal noise against a threshold that falls from 1 at the edge to 0 at the full depth.
+// Fractal noise against a threshold that falls from 1 at the edge to 0 at the full depth, and a narrow shadow.
 EffectRow ErodeRow(int depth, Color color) {
-    return {"ErodeBorder_" + std::to_string(depth),
-            [=](auto& s, auto& t, auto& run) { ErodeBorder(s, t, depth, color, run); },
-            EachPixel([=](const Picture& source, int x, int y) -> std::array<double, 3> {
-                double noise = 0.5;
-                for (int octave = 0; octave < 5; ++octave) {
-                    const float frequency = static_cast<float>(1 << octave) / static_cast<float>(depth);
-                    const double value =
-                        SmoothNoise(static_cast<float>(x) * frequency, static_cast<float>(y) * frequency, 21, octave);
-                    noise += 1.6 * (value - 0.5) * (16 >> octave) / 31;
-                }
-                const double distance = EdgeDistance(source, x, y) + 0.5;
-                const double cover = (1 - distance / depth - std::max(noise, 0.0)) * depth / 2;
-                return Covered(source.At(x, y), color, std::clamp(cover, 0.0, 1.0));
-            }),
-            1};
+    return BorderRow(
+        "ErodeBorder_" + std::to_string(depth),
+        [=](auto& s, auto& t, auto& run) { ErodeBorder(s, t, depth, color, run); },
+        [=](const Picture& source, int x, int y) {
+            double noise = 0.5;
+            for (int octave = 0; octave == 0 || depth >> octave >= 2; ++octave) {
+                const float frequency = static_cast<float>(1 << octave) / static_cast<float>(depth);
+                const double value =
+                    SmoothNoise(static_cast<float>(x) * frequency, static_cast<float>(y) * frequency, 21, octave);
+                noise += 0.8 * (value - 0.5) / (1 << octave);
+            }
+            const double distance = EdgeDistance(source, x, y) + 0.5;
+            const double inside = (1 - distance / depth - std::max(noise, 0.0)) * depth / 2;
+            const Rgba shaded = Darker(source.At(x, y), 1 - 0.3 * std::clamp(inside / 2 + 1, 0.0, 1.0));
+            return Covered(shaded, color, std::clamp(inside, 0.0, 1.0));
+        });
 }
 
 EffectRow Neutral(const std::string& name, Render render) {
