@@ -32,22 +32,23 @@ void GrayscaleOnTarget(const ImageView& source, const MutableImageView& target, 
     }
 }
 
-// Y + k · S1/100 · 4 · Y (255 - Y) / 255, k for red, green and blue: a brown that is strongest in the mid-tones and
-// leaves black and white where they are.
+// Y + k · (1 - (1 - S1/100)²) · 2.4 · Y (255 - Y) / 255, k for red, green and blue: a brown of the hue 29 degrees that
+// is strongest in the mid-tones, leaves black and white where they are and never loses all of its blue.
 struct SepiaKernel {
     float strength;  // 0 to 1
 
     Pixels operator()(Pixels pixels) const {
         const Floats y = Luma(Split(pixels));
-        const Floats tint = hn::Mul(hn::Mul(y, hn::Sub(All(255.0f), y)), All(strength * 4 / 255));
-        return Join({hn::Add(y, hn::Mul(tint, All(-0.50f))), hn::Add(y, hn::Mul(tint, All(0.12f))),
-                     hn::Add(y, hn::Mul(tint, All(0.55f)))},
+        const Floats tint = hn::Mul(hn::Mul(y, hn::Sub(All(255.0f), y)), All(strength * 2.4f / 255));
+        return Join({hn::Add(y, hn::Mul(tint, All(-0.50f))), hn::Add(y, hn::Mul(tint, All(-0.085f))),
+                     hn::Add(y, hn::Mul(tint, All(0.36f)))},
                     pixels);
     }
 };
 
 void SepiaOnTarget(const ImageView& source, const MutableImageView& target, int strength, const Run& run) {
-    RenderPoints(SepiaKernel{static_cast<float>(std::clamp(strength, 0, 100)) / 100}, source, target, run);
+    const float left = 1 - static_cast<float>(std::clamp(strength, 0, 100)) / 100;
+    RenderPoints(SepiaKernel{1 - left * left}, source, target, run);
 }
 
 // 255 where Y >= S1. Y is rounded, so a thousand times the exact luma is compared with 1000 · S1 - 500.

@@ -21,8 +21,8 @@ EffectRow SepiaRow(int strength) {
     return {"Sepia_" + std::to_string(strength), [=](auto& s, auto& t, auto& run) { Sepia(s, t, strength, run); },
             EachPixel([=](const Picture& source, int x, int y) -> std::array<double, 3> {
                 const double luma = Luma(source.At(x, y));
-                const double tint = strength / 100.0 * 4 * luma * (255 - luma) / 255;
-                return {luma + 0.55 * tint, luma + 0.12 * tint, luma - 0.50 * tint};
+                const double left = 1 - strength / 100.0, tint = (1 - left * left) * 2.4 * luma * (255 - luma) / 255;
+                return {luma + 0.36 * tint, luma - 0.085 * tint, luma - 0.50 * tint};
             }),
             1};
 }
