@@ -6,6 +6,7 @@
 #include <hwy/foreach_target.h>
 
 #include "engine/convolution.h"
+#include "engine/lengths.h"
 #include "engine/neighbourhood_inl.h"
 
 HWY_BEFORE_NAMESPACE();
@@ -71,9 +72,10 @@ inline bool FitsShorts(const Weights3x3& weights, float divisor) {
 }
 
 void ConvolveOnTarget(const ImageView& source, const MutableImageView& target, const Weights3x3& weights, float divisor,
-                      int offset, const Run& run) {
+                      int offset, int step, Passes& passes) {
     if (!FitsShorts(weights, divisor)) {
-        RenderNeighbourhoods(FloatKernel{weights, 1 / divisor, static_cast<float>(offset)}, source, target, run);
+        RenderNeighbourhoods(FloatKernel{weights, 1 / divisor, static_cast<float>(offset)}, source, target, step,
+                             passes);
         return;
     }
     WholeKernel kernel;
@@ -82,7 +84,7 @@ void ConvolveOnTarget(const ImageView& source, const MutableImageView& target, c
             kernel.taps[static_cast<std::size_t>(kernel.count++)] = {i % 3 - 1, i / 3 - 1, weight};
     while (1 << kernel.shift < divisor) ++kernel.shift;
     kernel.offset = static_cast<std::int16_t>(offset);
-    RenderNeighbourhoods(kernel, source, target, run);
+    RenderNeighbourhoods(kernel, source, target, step, passes);
 }
 
 }  // namespace kelu::engine::HWY_NAMESPACE
@@ -94,10 +96,13 @@ namespace {
 
 HWY_EXPORT(ConvolveOnTarget);
 
-// Weights and divisor are finite, the divisor is not 0.
-void Convolve(const ImageView& source, const MutableImageView& target, const Weights3x3& weights, float divisor,
-              int offset, const Run& run) {
-    HWY_DYNAMIC_DISPATCH(ConvolveOnTarget)(source, target, weights, divisor, std::clamp(offset, -10000, 10000), run);
+// No picture needs more, and the arithmetic stays finite.
+float Tame(float value) { return std::isfinite(value) ? std::clamp(value, -1e6f, 1e6f) : 0; }
+
+void ConvolveAlone(const ImageView& source, const MutableImageView& target, const Weights3x3& weights, float divisor,
+                   int offset, const Run& run) {
+    Passes passes(run);
+    Convolve(source, target, weights, divisor, offset, NeighbourStep(source, run), passes);
 }
 
 // clang-format off
@@ -111,24 +116,25 @@ constexpr Weights3x3 kHighPass[] = {
     { 1, -2,  1,   -2,  5, -2,    1, -2,  1},
 };
 
+// Scaled so that a photograph shows in each.
 constexpr Weights3x3 kSpecial[] = {
-    {-1,  1,  1,   -1, -2,  1,   -1,  1,  1},  // Gradient East
-    { 1,  1,  1,    1, -2,  1,   -1, -1, -1},  // Gradient North
-    {-1, -1, -1,    1, -2,  1,    1,  1,  1},  // Gradient South
-    { 1,  1, -1,    1, -2, -1,    1,  1, -1},  // Gradient West
-    { 0, -1,  0,   -1,  4, -1,    0, -1,  0},  // Laplace 1
-    {-1, -1, -1,   -1,  8, -1,   -1, -1, -1},  // Laplace 2
-    { 1, -2,  1,   -2,  4, -2,    1, -2,  1},  // Laplace 3
-    {-1,  0, -1,    0,  4,  0,   -1,  0, -1},  // Laplace Diagonal
-    { 0, -1,  0,    0,  2,  0,    0, -1,  0},  // Laplace Horizontal
-    { 0,  0,  0,   -1,  2, -1,    0,  0,  0},  // Laplace Vertical
-    { 1,  1,  1,    0,  0,  0,   -1, -1, -1},  // Prewitt Horizontal
-    {-1,  0,  1,   -1,  0,  1,   -1,  0,  1},  // Prewitt Vertical
-    {-1,  0,  0,    0,  1,  0,    0,  0,  0},  // Shift & Difference Diagonal
-    { 0, -1,  0,    0,  1,  0,    0,  0,  0},  // Shift & Difference Horizontal
-    { 0,  0,  0,   -1,  1,  0,    0,  0,  0},  // Shift & Difference Vertical
-    { 1,  2,  1,    0,  0,  0,   -1, -2, -1},  // Sobel Horizontal
-    {-1,  0,  1,   -2,  0,  2,   -1,  0,  1},  // Sobel Vertical
+    { -1,  1,  1,   -1, -2,  1,   -1,  1,  1},  // Gradient East
+    {  1,  1,  1,    1, -2,  1,   -1, -1, -1},  // Gradient North
+    { -1, -1, -1,    1, -2,  1,    1,  1,  1},  // Gradient South
+    {  1,  1, -1,    1, -2, -1,    1,  1, -1},  // Gradient West
+    {  0, -4,  0,   -4, 16, -4,    0, -4,  0},  // Laplace 1
+    { -2, -2, -2,   -2, 16, -2,   -2, -2, -2},  // Laplace 2
+    {  6,-12,  6,  -12, 24,-12,    6,-12,  6},  // Laplace 3
+    { -4,  0, -4,    0, 16,  0,   -4,  0, -4},  // Laplace Diagonal
+    {  0, -6,  0,    0, 12,  0,    0, -6,  0},  // Laplace Horizontal
+    {  0,  0,  0,   -6, 12, -6,    0,  0,  0},  // Laplace Vertical
+    {  1,  1,  1,    0,  0,  0,   -1, -1, -1},  // Prewitt Horizontal
+    { -1,  0,  1,   -1,  0,  1,   -1,  0,  1},  // Prewitt Vertical
+    { -3,  0,  0,    0,  3,  0,    0,  0,  0},  // Shift & Difference Diagonal
+    {  0, -3,  0,    0,  3,  0,    0,  0,  0},  // Shift & Difference Horizontal
+    {  0,  0,  0,   -3,  3,  0,    0,  0,  0},  // Shift & Difference Vertical
+    {  1,  2,  1,    0,  0,  0,   -1, -2, -1},  // Sobel Horizontal
+    { -1,  0,  1,   -2,  0,  2,   -1,  0,  1},  // Sobel Vertical
 };
 // clang-format on
 
@@ -138,29 +144,27 @@ const Weights3x3& Chosen(const Weights3x3 (&list)[kCount], int kind) {
     return list[static_cast<std::size_t>(RepeatEdge(kind, static_cast<int>(kCount)))];
 }
 
-// No picture needs more, and the arithmetic stays finite.
-float Tame(float value) { return std::isfinite(value) ? std::clamp(value, -1e6f, 1e6f) : 0; }
-
 }  // namespace
 
+void Convolve(const ImageView& source, const MutableImageView& target, const Weights3x3& weights, float divisor,
+              int offset, int step, Passes& passes) {
+    Weights3x3 tame;
+    std::transform(weights.begin(), weights.end(), tame.begin(), Tame);
+    const float by = std::abs(Tame(divisor)) < 1e-6f ? 1 : Tame(divisor);
+    HWY_DYNAMIC_DISPATCH(ConvolveOnTarget)
+    (source, target, tame, by, std::clamp(offset, -10000, 10000), step, passes);
+}
+
 void EnhanceEdges(const ImageView& source, const MutableImageView& target, const Run& run) {
-    Convolve(source, target, kEnhance, 2, 0, run);
+    ConvolveAlone(source, target, kEnhance, 2, 0, run);
 }
 
 void HighPass(const ImageView& source, const MutableImageView& target, int kind, const Run& run) {
-    Convolve(source, target, Chosen(kHighPass, kind), 1, 0, run);
+    ConvolveAlone(source, target, Chosen(kHighPass, kind), 1, 0, run);
 }
 
 void SpecialFilter(const ImageView& source, const MutableImageView& target, int kind, int offset, const Run& run) {
-    Convolve(source, target, Chosen(kSpecial, kind), 1, offset, run);
-}
-
-void Freeze(const ImageView& source, const MutableImageView& target, const Weights3x3& weights, float divisor,
-            int offset, const Run& run) {
-    Weights3x3 tame;
-    std::transform(weights.begin(), weights.end(), tame.begin(), Tame);
-    const float by = Tame(divisor);
-    Convolve(source, target, tame, std::abs(by) < 1e-6f ? 1 : by, offset, run);
+    ConvolveAlone(source, target, Chosen(kSpecial, kind), 1, offset, run);
 }
 
 }  // namespace kelu::engine

@@ -1,11 +1,12 @@
 // The 3x3 convolutions: 19 Enhance Edges, 25 High Pass, 40 Special Filter, 46 Freeze. Each works on the three colour
-// channels; alpha stays as it is. Outside the picture lies the nearest edge pixel. Source and target have the same
-// size and do not overlap.
+// channels; alpha stays as it is. The neighbours stand farther away in large pictures (lengths.h). Outside the picture
+// lies the nearest edge pixel. Source and target have the same size and do not overlap.
 // SPDX-License-Identifier: MIT
 #pragma once
 
 #include <array>
 
+#include "engine/bands.h"
 #include "engine/image_view.h"
 #include "engine/run.h"
 
@@ -23,8 +24,13 @@ void HighPass(const ImageView& source, const MutableImageView& target, int kind,
 /// `kind` 0 to 16 is a row of the Special Filter list, `offset` (0 to 255) is added.
 void SpecialFilter(const ImageView& source, const MutableImageView& target, int kind, int offset, const Run& run);
 
-/// A free kernel: the weighted sum divided by `divisor` (0 counts as 1), plus `offset`.
+/// A free kernel's bite, the weighted sum divided by `divisor` (0 counts as 1) plus `offset`, under ice and in the
+/// cold.
 void Freeze(const ImageView& source, const MutableImageView& target, const Weights3x3& weights, float divisor,
             int offset, const Run& run);
+
+/// The same kernel alone, over neighbours that stand `step` pixels away. One pass.
+void Convolve(const ImageView& source, const MutableImageView& target, const Weights3x3& weights, float divisor,
+              int offset, int step, Passes& passes);
 
 }  // namespace kelu::engine

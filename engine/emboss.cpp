@@ -7,29 +7,40 @@
 #include "engine/direction.h"
 #include "engine/dispatch.h"
 #include "engine/emboss.h"
+#include "engine/lengths.h"
 #include "engine/luma_rows_inl.h"
 #include "engine/neighbourhood_inl.h"
 
 HWY_BEFORE_NAMESPACE();
 namespace kelu::engine::HWY_NAMESPACE {
 
-// c + (c[p - d] - c[p + d]), d the unit step of the direction.
+// c + (c[p - d] - c[p + d]), d the step of the direction. Where a neighbour is transparent its hidden colour counts for
+// as little as it shows.
 struct ColorEmbossKernel {
     Step step;
 
     Pixels operator()(const Neighbourhood& around) const {
-        const Pixels pixels = around.At(0, 0);
-        const ShortChannels here = SplitShorts(pixels);
-        const ShortChannels before = SplitShorts(around.At(-step.dx, -step.dy));
-        const ShortChannels after = SplitShorts(around.At(step.dx, step.dy));
-        return JoinShorts({hn::Add(here.blueRed, hn::Sub(before.blueRed, after.blueRed)),
-                           hn::Add(here.greenAlpha, hn::Sub(before.greenAlpha, after.greenAlpha))},
-                          pixels);
+        const Pixels pixels = around.At(0, 0), behind = around.At(-step.dx, -step.dy),
+                     ahead = around.At(step.dx, step.dy);
+        const ShortChannels here = SplitShorts(pixels), before = SplitShorts(behind), after = SplitShorts(ahead);
+        ShortChannels relief{hn::Sub(before.blueRed, after.blueRed), hn::Sub(before.greenAlpha, after.greenAlpha)};
+        const Pixels alpha = hn::ShiftRight<24>(hn::Min(behind, ahead));
+        if (HWY_UNLIKELY(!hn::AllTrue(kPixels, hn::Eq(alpha, All(255u))))) {
+            // Alpha in 2^15ths, 255 as 1; the product of the high halves is half of what is wanted.
+            const Pixels part = hn::ShiftRight<1>(hn::Mul(alpha, All(257u)));
+            const Shorts parts = hn::BitCast(kShorts, hn::Or(part, hn::ShiftLeft<16>(part)));
+            relief.blueRed = hn::MulHigh(hn::Add(relief.blueRed, relief.blueRed), parts);
+            relief.greenAlpha = hn::MulHigh(hn::Add(relief.greenAlpha, relief.greenAlpha), parts);
+        }
+        return JoinShorts({hn::Add(here.blueRed, relief.blueRed), hn::Add(here.greenAlpha, relief.greenAlpha)}, pixels);
     }
 };
 
 void ColorEmbossOnTarget(const ImageView& source, const MutableImageView& target, int direction, const Run& run) {
-    RenderNeighbourhoods(ColorEmbossKernel{StepOf(direction)}, source, target, run);
+    // Two pixels at least: over one, a photograph hardly changes.
+    const int step = static_cast<int>(std::lround(2 * LengthScale(source, run)));
+    Passes passes(run);
+    RenderNeighbourhoods(ColorEmbossKernel{StepOf(direction)}, source, target, std::clamp(step, 2, kMostStep), passes);
 }
 
 // S2 + S1 · (Y[p - d] - Y[p + d])
@@ -48,7 +59,7 @@ struct EmbossKernel {
 void EmbossOnTarget(const ImageView& source, const MutableImageView& target, int direction, int strength, int offset,
                     const Run& run) {
     const EmbossKernel kernel{StepOf(direction), std::clamp(strength, -1000, 1000), std::clamp(offset, 0, 255)};
-    RenderFromLuma(kernel, source, target, run);
+    RenderFromLuma(kernel, source, target, NeighbourStep(source, run), run);
 }
 
 }  // namespace kelu::engine::HWY_NAMESPACE

@@ -36,8 +36,10 @@ constexpr std::size_t N = hn::MaxLanes(d16);
 
 HWY_INLINE V16 Widen(hn::Vec<decltype(d8)> levels) { return hn::PromoteTo(d16, levels); }
 
-HWY_INLINE void StoreLevels(V16 v, std::uint8_t* out) {
-    const V16 level = hn::ShiftRight<7>(hn::Add(v, hn::Set(d16, 64)));
+// Doubled so many times, rounded to whole levels.
+HWY_INLINE void StoreLevels(V16 v, int doublings, std::uint8_t* out) {
+    for (int i = 0; i < doublings; ++i) v = hn::SaturatedAdd(v, v);
+    const V16 level = hn::ShiftRight<7>(hn::SaturatedAdd(v, hn::Set(d16, 64)));
     hn::StoreU(hn::DemoteTo(d8, hn::BitCast(hn::RebindToSigned<decltype(d16)>(), level)), d8, out);
 }
 
@@ -116,8 +118,9 @@ HWY_INLINE void FilterAlong(const std::uint16_t* row, const GaussianTaps& taps, 
     });
 }
 
-void FilterRow(const std::uint16_t* row, const GaussianTaps& taps, std::size_t count, std::uint8_t* out) {
-    FilterAlong(row, taps, count, [out](std::size_t i, V16 v) { StoreLevels(v, out + i); });
+void FilterRow(const std::uint16_t* row, const GaussianTaps& taps, std::size_t count, int doublings,
+               std::uint8_t* out) {
+    FilterAlong(row, taps, count, [=](std::size_t i, V16 v) { StoreLevels(v, doublings, out + i); });
 }
 
 void FilterWideRow(const std::uint16_t* row, const GaussianTaps& taps, std::size_t count, std::uint16_t* out) {
@@ -182,8 +185,8 @@ HWY_INLINE void DoubleAlong(const std::uint16_t* in, std::size_t count, Store st
     }
 }
 
-void DoubleRow(const std::uint16_t* in, std::size_t count, std::uint8_t* out) {
-    DoubleAlong(in, count, [out](std::size_t i, V16 v) { StoreLevels(v, out + i); });
+void DoubleRow(const std::uint16_t* in, std::size_t count, int doublings, std::uint8_t* out) {
+    DoubleAlong(in, count, [=](std::size_t i, V16 v) { StoreLevels(v, doublings, out + i); });
 }
 
 void DoubleWideRow(const std::uint16_t* in, std::size_t count, std::uint16_t* out) {
@@ -316,14 +319,15 @@ void Double(const WidePicture& in, const WidePicture& out, Passes& passes) {
     });
 }
 
-void DoubleInto(const WidePicture& in, const MutableImageView& target, Passes& passes) {
+void DoubleInto(const WidePicture& in, const MutableImageView& target, int doublings, Passes& passes) {
     passes.Split(target.height, target.width, [&](int begin, int end) {
         std::vector<std::uint16_t> buffer(RowRoom(in.width));
         std::vector<std::uint8_t> doubled(RowRoom(2 * in.width));
         for (int y = begin; y < end; ++y) {
             MixRows(in, y, buffer.data() + 4 * kPad);
             HWY_DYNAMIC_DISPATCH(DoubleRow)
-            (buffer.data() + 4 * (kPad + kMargin), static_cast<std::size_t>(target.width + 1) / 2 * 4, doubled.data());
+            (buffer.data() + 4 * (kPad + kMargin), static_cast<std::size_t>(target.width + 1) / 2 * 4, doublings,
+             doubled.data());
             std::memcpy(target.Row(y), doubled.data(), static_cast<std::size_t>(target.width) * 4);
         }
     });
@@ -348,7 +352,8 @@ WidePicture Filtered(const WidePicture& in, const GaussianTaps& taps, Passes& pa
 // Chunks of this many pixels, so that what stands between the two filters stays in the first-level cache.
 constexpr int kChunk = 512;
 
-void FilterInto(const ImageView& source, const MutableImageView& target, const GaussianTaps& taps, Passes& passes) {
+void FilterInto(const ImageView& source, const MutableImageView& target, const GaussianTaps& taps, int doublings,
+                Passes& passes) {
     const int width = source.width, r = taps.radius;
     passes.Split(source.height, width, [&](int begin, int end) {
         std::vector<std::uint16_t> buffer(RowRoom(kChunk + 2 * r));
@@ -364,7 +369,7 @@ void FilterInto(const ImageView& source, const MutableImageView& target, const G
                 HWY_DYNAMIC_DISPATCH(FilterRows)(rows, taps, static_cast<std::size_t>(to - from) * 4, row);
                 RepeatEnds(row, to - from);
                 HWY_DYNAMIC_DISPATCH(FilterRow)
-                (row + 4 * (x - from), taps, static_cast<std::size_t>(last - x) * 4, filtered.data());
+                (row + 4 * (x - from), taps, static_cast<std::size_t>(last - x) * 4, doublings, filtered.data());
                 std::memcpy(target.Row(y) + x, filtered.data(), static_cast<std::size_t>(last - x) * 4);
             }
     });
@@ -403,11 +408,12 @@ int GaussianPasses(double sigma) {
     return n == 0 ? 1 : 2 * n + 1;
 }
 
-void GaussianBlur(const ImageView& source, const MutableImageView& target, double sigma, Passes& passes) {
+void GaussianBlur(const ImageView& source, const MutableImageView& target, double sigma, Passes& passes,
+                  int doublings) {
     const int n = Halvings(sigma);
     const GaussianTaps taps(InnerSigma(sigma, n));
     if (n == 0) {
-        FilterInto(source, target, taps, passes);
+        FilterInto(source, target, taps, doublings, passes);
         return;
     }
     std::vector<WidePicture> small;
@@ -416,13 +422,13 @@ void GaussianBlur(const ImageView& source, const MutableImageView& target, doubl
     while (static_cast<int>(small.size()) < n) small.push_back(Halve(WideRows{small.back()}, passes));
     WidePicture blurred = Filtered(small.back(), taps, passes);
     if (n == 1) {
-        DoubleInto(blurred, target, passes);
+        DoubleInto(blurred, target, doublings, passes);
         return;
     }
     for (int k = n - 2; k >= 0; --k)
         Double(k == n - 2 ? blurred : small[static_cast<std::size_t>(k) + 1], small[static_cast<std::size_t>(k)],
                passes);
-    DoubleInto(small[0], target, passes);
+    DoubleInto(small[0], target, doublings, passes);
 }
 
 }  // namespace kelu::engine

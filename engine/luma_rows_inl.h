@@ -1,5 +1,5 @@
-// The driver of the 3x3 effects that look at luma: it computes the luma of each row once and keeps the last three. A
-// kernel is a small struct with
+// The driver of the 3x3 effects that look at luma: it computes the luma of each row once and keeps the last three, or
+// as many as it takes where the neighbours stand farther away. A kernel is a small struct with
 //     Pixels operator()(const LumaNeighbourhood& luma, Pixels pixels) const                   for RenderFromLuma
 //     Pixels operator()(const LumaNeighbourhood& luma, const Neighbourhood& around) const     for RenderBesideLuma
 // Outside the picture lies the nearest edge pixel.
@@ -34,48 +34,55 @@ inline HWY_NOINLINE void LumaOfRow(const std::uint32_t* pixels, std::uint8_t* ou
 /// The luma of kLanes neighbouring pixels and of what lies around them.
 class LumaNeighbourhood {
  public:
-    LumaNeighbourhood(const std::uint8_t* const rows[3], int x) : rows_{rows[0] + x, rows[1] + x, rows[2] + x} {}
+    LumaNeighbourhood(const std::uint8_t* const rows[3], int x, int step)
+        : rows_{rows[0] + x, rows[1] + x, rows[2] + x}, step_(step) {}
 
-    /// 0 to 255; `dx` columns to the right and `dy` rows below, each -1, 0 or 1.
+    /// 0 to 255; `dx` steps to the right and `dy` steps below, each -1, 0 or 1.
     HWY_INLINE Ints At(int dx, int dy) const {
         const hn::Rebind<std::uint8_t, PixelTag> bytes;
-        return hn::PromoteTo(kInts, hn::LoadU(bytes, rows_[dy + 1] + dx));
+        return hn::PromoteTo(kInts, hn::LoadU(bytes, rows_[dy + 1] + dx * step_));
     }
 
  private:
     const std::uint8_t* rows_[3];
+    const std::ptrdiff_t step_;
 };
 
-/// Luma of the rows y - 1, y and y + 1, with a column more on either side, for a `y` that counts up.
+/// Luma of the rows y - step, y and y + step, with `step` columns more on either side, for a `y` that counts up.
 class LumaRows {
  public:
-    explicit LumaRows(const ImageView& source)
-        : source_(source), stride_(source.width + 2 + 2 * kLanes), memory_(static_cast<std::size_t>(3 * stride_)) {}
+    explicit LumaRows(const ImageView& source, int step = 1)
+        : source_(source),
+          step_(step),
+          slots_(2 * step + 1),
+          stride_(source.width + 2 * step + 2 * kLanes),
+          memory_(static_cast<std::size_t>(slots_ * stride_)) {}
 
     void MoveTo(int y) {
-        for (int row = std::max(y - 1, last_ + 1); row <= y + 1; ++row) Fill(row);
-        last_ = y + 1;
-        for (int i = 0; i < 3; ++i) rows_[i] = Slot(y + i - 1) + 1;
+        for (int row = std::max(y - step_, last_ + 1); row <= y + step_; ++row) Fill(row);
+        last_ = y + step_;
+        for (int i = 0; i < 3; ++i) rows_[i] = Slot(y + (i - 1) * step_) + step_;
     }
 
     const std::uint8_t* const* Rows() const { return rows_; }
 
  private:
-    std::uint8_t* Slot(int row) { return memory_.data() + (row + 3) % 3 * stride_; }
+    std::uint8_t* Slot(int row) { return memory_.data() + (row + slots_) % slots_ * stride_; }
 
     void Fill(int row) {
         std::uint8_t* const slot = Slot(row);
-        const int width = source_.width;
-        LumaOfRow(source_.Row(RepeatEdge(row, source_.height)), slot + 1, width);
-        slot[0] = slot[1];
-        slot[width + 1] = slot[width];
+        std::uint8_t* const end = slot + step_ + source_.width;
+        LumaOfRow(source_.Row(RepeatEdge(row, source_.height)), slot + step_, source_.width);
+        std::fill(slot, slot + step_, slot[step_]);
+        std::fill(end, end + step_, end[-1]);
     }
 
     const ImageView& source_;
+    const int step_, slots_;
     const std::ptrdiff_t stride_;
     std::vector<std::uint8_t> memory_;
     const std::uint8_t* rows_[3] = {};
-    int last_ = -2;  // the lowest row filled
+    int last_ = -1000;  // the lowest row filled
 };
 
 /// A kernel over luma as the kernel of one row of the other drivers.
@@ -83,21 +90,23 @@ template <class Kernel>
 struct LumaRowKernel {
     const Kernel& kernel;
     const std::uint8_t* const* rows;
+    int step = 1;
 
     template <class Colors>
     HWY_INLINE Pixels operator()(const Colors& colors, int x) const {
-        return kernel(LumaNeighbourhood(rows, x), colors);
+        return kernel(LumaNeighbourhood(rows, x, step), colors);
     }
 };
 
 /// For kernels that need the colour of the pixel itself at most.
 template <class Kernel>
-void RenderFromLuma(const Kernel& kernel, const ImageView& source, const MutableImageView& target, const Run& run) {
+void RenderFromLuma(const Kernel& kernel, const ImageView& source, const MutableImageView& target, int step,
+                    const Run& run) {
     const auto work = [&](int begin, int end) HWY_ATTR {
-        LumaRows luma(source);
+        LumaRows luma(source, step);
         for (int y = begin; y < end; ++y) {
             luma.MoveTo(y);
-            PointSpan(LumaRowKernel<Kernel>{kernel, luma.Rows()}, source.Row(y), target.Row(y), 0, source.width);
+            PointSpan(LumaRowKernel<Kernel>{kernel, luma.Rows(), step}, source.Row(y), target.Row(y), 0, source.width);
         }
     };
     SplitRows(run, source.height, source.width, work, kLeastNeighbourRows);

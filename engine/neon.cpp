@@ -1,76 +1,95 @@
-// Per channel: outline = |Sobel|, the length of the two sums of Sobel's kernels, which is four to eight times the slope
-// in levels a pixel; result = outline + its Gaussian blur. Alpha stays.
+// Tubes along the edges in the pure hue of what lies round them, and the light that they throw. All of it is soft, so
+// it is done at the working size and enlarged at the end.
 // SPDX-License-Identifier: MIT
 #include "engine/neon.h"
 
+#include "engine/edge_map.h"
 #include "engine/gaussian.h"
-#include "engine/pixel_memory.h"
+#include "engine/lengths.h"
+#include "engine/working_size.h"
 
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "engine/neon.cpp"
 #include <hwy/foreach_target.h>
 
-#include "engine/neighbourhood_inl.h"
 #include "engine/point_inl.h"
 
 HWY_BEFORE_NAMESPACE();
 namespace kelu::engine::HWY_NAMESPACE {
 
-// sqrt(gx² + gy²) of two channels, 16 bits each, rounded and at most 255.
-HWY_INLINE Shorts Outline(Shorts gx, Shorts gy) {
-    const auto length = [](Ints x, Ints y) HWY_ATTR {
-        const Floats square = hn::ConvertTo(kFloats, hn::Add(hn::Mul(x, x), hn::Mul(y, y)));
-        const Floats root = hn::Sqrt(square);
-        return hn::ConvertTo(kInts, hn::Min(hn::Add(root, All(0.5f)), All(255.0f)));
-    };
-    const auto low = [](Shorts v) HWY_ATTR { return hn::ShiftRight<16>(hn::ShiftLeft<16>(hn::BitCast(kInts, v))); };
-    const auto high = [](Shorts v) HWY_ATTR { return hn::ShiftRight<16>(hn::BitCast(kInts, v)); };
-    return hn::BitCast(kShorts, hn::Or(length(low(gx), low(gy)), hn::ShiftLeft<16>(length(high(gx), high(gy)))));
-}
+// A pixel of the edge map becomes the hue of its surroundings, as bright as the edge stands out from the edges round
+// it; that brightness in the alpha too.
+struct TubeKernel {
+    const std::uint32_t* around;  // blurred edge map, this row
 
-struct OutlineKernel {
-    Pixels operator()(const Neighbourhood& around) const {
-        // Blue and red of a pixel as 16 bits each; then green and alpha.
-        const auto blueRed = [&](int dx, int dy) HWY_ATTR {
-            return hn::BitCast(kShorts, hn::And(around.At(dx, dy), All(0x00ff00ffu)));
-        };
-        const auto greenAlpha = [&](int dx, int dy) HWY_ATTR {
-            return hn::BitCast(kShorts, hn::And(hn::ShiftRight<8>(around.At(dx, dy)), All(0x00ff00ffu)));
-        };
-        const auto outline = [](auto&& at) HWY_ATTR {
-            const Shorts rising = hn::Sub(at(1, 1), at(-1, -1)), falling = hn::Sub(at(1, -1), at(-1, 1));
-            const Shorts across = hn::Sub(at(1, 0), at(-1, 0)), down = hn::Sub(at(0, 1), at(0, -1));
-            return Outline(hn::Add(hn::Add(rising, falling), hn::Add(across, across)),
-                           hn::Add(hn::Sub(rising, falling), hn::Add(down, down)));
-        };
-        const Pixels greens = hn::BitCast(kPixels, outline(greenAlpha));
-        const Pixels color = hn::Or(hn::BitCast(kPixels, outline(blueRed)), hn::ShiftLeft<8>(greens));
-        return KeepAlpha(hn::AndNot(All(kAlphaMask), color), around.At(0, 0));
+    Pixels operator()(Pixels pixels, int x) const {
+        const Pixels surroundings = hn::LoadU(kPixels, around + x);
+        const Floats edge = ToFloats(hn::ShiftRight<24>(pixels)), mean = ToFloats(hn::ShiftRight<24>(surroundings));
+        const Floats out = hn::Sub(hn::Sub(edge, hn::Mul(mean, All(0.85f))), All(9.0f));
+        const Floats light = Smoothstep(hn::Mul(out, All(1.0f / 60)));
+        // What is common to the channels goes; a little blue makes grey glow, too.
+        const Channels c = Split(surroundings);
+        const Floats common = hn::Mul(hn::Min(hn::Min(c.red, c.green), c.blue), All(0.95f));
+        const Floats red = hn::Add(hn::Sub(c.red, common), All(6.0f));
+        const Floats green = hn::Add(hn::Sub(c.green, common), All(10.0f));
+        const Floats blue = hn::Add(hn::Sub(c.blue, common), All(18.0f));
+        const Floats level = hn::Mul(light, All(255.0f));
+        const Floats scale = hn::Div(level, hn::Max(hn::Max(red, green), blue));
+        return JoinInRange({hn::Mul(blue, scale), hn::Mul(green, scale), hn::Mul(red, scale)},
+                           hn::ShiftLeft<24>(ToByte(level)));
     }
 };
 
-void NeonOnTarget(const ImageView& source, const MutableImageView& outlines, Passes& passes) {
-    passes.Split(source.height, source.width, [&](int begin, int end) HWY_ATTR {
-        for (int y = begin; y < end; ++y) NeighbourhoodRow(OutlineKernel{}, source, outlines.Row(y), y);
+// Tube, its white core, a narrow and a wide glow.
+struct GlowKernel {
+    const std::uint32_t *narrow, *wide;
+
+    Pixels operator()(Pixels pixels, int x) const {
+        const Channels tube = Split(pixels), close = Split(hn::LoadU(kPixels, narrow + x)),
+                       far = Split(hn::LoadU(kPixels, wide + x));
+        const Floats light = hn::Mul(ToFloats(hn::ShiftRight<24>(pixels)), All(1.0f / 255));
+        const Floats core = hn::Mul(Smoothstep(hn::Sub(hn::Add(light, light), All(1.0f))), All(0.75f));
+        const auto glowing = [&](Floats t, Floats n, Floats w) HWY_ATTR {
+            const Floats own = hn::Mul(t, All(0.9f));
+            const Floats lit = Mix(own, All(255.0f), core);
+            return hn::Add(hn::Add(lit, hn::Mul(n, All(1.3f))), hn::Mul(w, All(0.78f)));
+        };
+        return Join({glowing(tube.blue, close.blue, far.blue), glowing(tube.green, close.green, far.green),
+                     glowing(tube.red, close.red, far.red)},
+                    pixels);
+    }
+};
+
+struct AlphaKernel {
+    const std::uint32_t* color;
+
+    Pixels operator()(Pixels pixels, int x) const {
+        return KeepAlpha(hn::AndNot(All(kAlphaMask), hn::LoadU(kPixels, color + x)), pixels);
+    }
+};
+
+void TubesOnTarget(const WorkPicture& edges, const WorkPicture& around, const WorkPicture& tubes, Passes& passes) {
+    const ImageView& size = edges.View();
+    passes.Split(size.height, size.width, [&](int begin, int end) HWY_ATTR {
+        for (int y = begin; y < end; ++y) RoomyRow(TubeKernel{around.Row(y)}, edges.Row(y), tubes.Row(y), size.width);
     });
 }
 
-// target = outline + glow
-void AddGlowOnTarget(const ImageView& outlines, const MutableImageView& target, Passes& passes) {
+// In place.
+void GlowOnTarget(const WorkPicture& tubes, const WorkPicture& narrow, const WorkPicture& wide, Passes& passes) {
+    const ImageView& size = tubes.View();
+    passes.Split(size.height, size.width, [&](int begin, int end) HWY_ATTR {
+        for (int y = begin; y < end; ++y)
+            RoomyRow(GlowKernel{narrow.Row(y), wide.Row(y)}, tubes.Row(y), tubes.Row(y), size.width);
+    });
+}
+
+void EnlargeOnTarget(const WorkPicture& neon, int factor, const ImageView& source, const MutableImageView& target,
+                     Passes& passes) {
     passes.Split(target.height, target.width, [&](int begin, int end) HWY_ATTR {
-        for (int y = begin; y < end; ++y) {
-            const std::uint32_t* const outline = outlines.Row(y);
-            std::uint32_t* const glow = target.Row(y);
-            const auto add = [](Pixels o, Pixels g) HWY_ATTR {
-                const auto sum = hn::SaturatedAdd(hn::BitCast(kBytes, o), hn::BitCast(kBytes, g));
-                return KeepAlpha(hn::AndNot(All(kAlphaMask), hn::BitCast(kPixels, sum)), o);
-            };
-            int x = 0;
-            for (; x + kLanes <= target.width; x += kLanes)
-                hn::StoreU(add(hn::LoadU(kPixels, outline + x), hn::LoadU(kPixels, glow + x)), kPixels, glow + x);
-            for (; x < target.width; ++x)
-                glow[x] = hn::GetLane(add(hn::Set(kPixels, outline[x]), hn::Set(kPixels, glow[x])));
-        }
+        EnlargedRows rows(neon, factor);
+        for (int y = begin; y < end; ++y)
+            PointSpan(AlphaKernel{rows.Row(y)}, source.Row(y), target.Row(y), 0, target.width);
     });
 }
 
@@ -80,20 +99,28 @@ HWY_AFTER_NAMESPACE();
 #if HWY_ONCE
 namespace kelu::engine {
 
-HWY_EXPORT(NeonOnTarget);
-HWY_EXPORT(AddGlowOnTarget);
-
-// Standard deviation of the glow, image pixels.
-constexpr double kGlowSigma = 6;
+HWY_EXPORT(TubesOnTarget);
+HWY_EXPORT(GlowOnTarget);
+HWY_EXPORT(EnlargeOnTarget);
 
 void Neon(const ImageView& source, const MutableImageView& target, const Run& run) {
-    const auto row = static_cast<std::ptrdiff_t>(source.width) * 4;
-    const auto memory = TakePixelMemory(static_cast<std::size_t>(row) * static_cast<std::size_t>(source.height));
-    const MutableImageView outlines{memory.get(), source.width, source.height, row};
-    Passes passes(run, 2 + GaussianPasses(kGlowSigma));
-    HWY_DYNAMIC_DISPATCH(NeonOnTarget)(source, outlines, passes);
-    GaussianBlur(outlines, target, kGlowSigma, passes);
-    HWY_DYNAMIC_DISPATCH(AddGlowOnTarget)(outlines, target, passes);
+    const float scale = LengthScale(source, run);
+    const int factor = WorkingFactor(scale);
+    const float base = scale / static_cast<float>(factor);  // pixels of the working size
+    // Standard deviations: of the surroundings that give the hue, and of the two glows.
+    const double around = 8.0 * base, close = 3.0 * base, far = 16.0 * base;
+    Passes passes(run, (factor > 1 ? 1 : 0) + MapEdgesPasses(base) + GaussianPasses(around) + 1 +
+                           GaussianPasses(close) + GaussianPasses(far) + 2);
+    const WorkPicture first = Smaller(source, factor), second = Smaller(source, factor),
+                      third = Smaller(source, factor);
+    if (factor > 1) Shrink(source, factor, third, passes);
+    MapEdges(factor > 1 ? ImageView(third) : source, base, first, second, passes);
+    GaussianBlur(second, first.View(), around, passes);
+    HWY_DYNAMIC_DISPATCH(TubesOnTarget)(second, first, third, passes);
+    GaussianBlur(third, first.View(), close, passes);
+    GaussianBlur(third, second.View(), far, passes, 2);
+    HWY_DYNAMIC_DISPATCH(GlowOnTarget)(third, first, second, passes);
+    HWY_DYNAMIC_DISPATCH(EnlargeOnTarget)(third, factor, source, target, passes);
 }
 
 }  // namespace kelu::engine

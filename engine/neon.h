@@ -1,4 +1,4 @@
-// 48 Neon: bright coloured outlines with a soft glow on black.
+// 48 Neon: tubes of light along the edges, in the hues of the picture, with their glow in the dark.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -7,7 +7,7 @@
 
 namespace kelu::engine {
 
-/// Alpha stays as it is.
+/// Lengths grow with the picture (lengths.h). Alpha stays as it is.
 void Neon(const ImageView& source, const MutableImageView& target, const Run& run);
 
 }  // namespace kelu::engine

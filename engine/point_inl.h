@@ -45,6 +45,15 @@ HWY_NOINLINE HWY_FLATTEN void PointSpan(const Kernel& given, const std::uint32_t
     std::copy(few, few + (end - x), target + x);
 }
 
+/// The pixels of a row that has room behind it, each read once, so that `target` may be `source`.
+template <class Kernel>
+HWY_NOINLINE HWY_FLATTEN void RoomyRow(const Kernel& given, const std::uint32_t* source, std::uint32_t* target,
+                                       int count) {
+    const Kernel kernel = given;
+    for (int x = 0; x < count; x += kLanes)
+        hn::StoreU(CallKernel(kernel, hn::LoadU(kPixels, source + x), x), kPixels, target + x);
+}
+
 /// The kernel for row `y`.
 template <class Kernel>
 HWY_INLINE auto RowKernel(const Kernel& kernel, [[maybe_unused]] int y) {

@@ -15,6 +15,9 @@ struct Run {
     /// percents, at least every 100 ms while it lasts (only a percent that itself takes longer is repeated), and 100
     /// last, also when the render or the callback fails.
     std::function<void(int percent)> progress;
+
+    /// What the lengths of effects without a length input are multiplied by; 0: what suits the picture (lengths.h).
+    float lengthScale = 0;
 };
 
 }  // namespace kelu::engine

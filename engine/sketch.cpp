@@ -1,37 +1,80 @@
-// Colour dodge of the picture's luma with its inverted blur: 255 (Y + k) / (B + k), at most 255, B the luma of the
-// Gaussian blur. The small k keeps the grain of black areas from being drawn and makes them white, too.
+// Pencil on paper: lines where the picture is darker than its surroundings, strokes in two directions for its shades.
+// Lines and shades are found at the working size; strokes and grain are a texture.
 // SPDX-License-Identifier: MIT
 #include "engine/sketch.h"
 
 #include "engine/gaussian.h"
+#include "engine/lengths.h"
+#include "engine/textures.h"
+#include "engine/working_size.h"
 
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "engine/sketch.cpp"
 #include <hwy/foreach_target.h>
 
-#include "engine/bands.h"
-#include "engine/lanes_inl.h"
+#include "engine/point_inl.h"
 
 HWY_BEFORE_NAMESPACE();
 namespace kelu::engine::HWY_NAMESPACE {
 
-HWY_INLINE Pixels Drawn(Pixels pixels, Pixels blurred) {
-    constexpr float kEven = 4;
-    const Floats y = hn::Add(Luma(Split(pixels)), All(kEven)), around = hn::Add(Luma(Split(blurred)), All(kEven));
-    return KeepAlpha(Gray(ToByte(hn::Div(hn::Mul(y, All(255.0f)), around))), pixels);
+// Red: the line, 255 (1 - (Y + 8) / (B + 8) - 0.035) / 0.55, Y the luma of the soft picture and B that of its
+// surroundings. Green: the shade, 255 - Y.
+struct LineKernel {
+    const std::uint32_t* around;
+
+    Pixels operator()(Pixels pixels, int x) const {
+        const Floats y = Luma(Split(pixels)), b = Luma(Split(hn::LoadU(kPixels, around + x)));
+        const Floats part = hn::Div(hn::Add(y, All(8.0f)), hn::Add(b, All(8.0f)));
+        const Floats line = hn::Mul(hn::Sub(All(0.965f), part), All(255 / 0.55f));
+        return Join({hn::Zero(kFloats), hn::Sub(All(255.0f), y), line}, pixels);
+    }
+};
+
+struct DrawKernel {
+    const std::uint32_t *lines, *paper;
+    int offset;  // of the paper's columns
+
+    HWY_INLINE Floats Sum(Floats a, float times, Floats b, float timesB, float plus) const {
+        return hn::Add(hn::Add(hn::Mul(a, All(times)), hn::Mul(b, All(timesB))), All(plus));
+    }
+
+    Pixels operator()(Pixels pixels, int x) const {
+        const Channels map = Split(hn::LoadU(kPixels, lines + x));
+        const Channels texture = Split(hn::LoadU(kPixels, paper + x - offset));
+        const Floats shade = hn::Mul(map.green, All(1.0f / 255)), drawn = hn::Mul(map.red, All(1.0f / 255));
+        // What the texture calls for, less 0.4: -0.4 to 1.2.
+        const Floats called = Sum(texture.red, 1.6f / 255, shade, -1, -0.77f);
+        const Floats first =
+            hn::Mul(hn::Mul(Clamp01(hn::Neg(called)), Clamp01(Sum(shade, 2.2f, shade, 0, -0.176f))), All(0.5f));
+        const Floats other = Sum(shade, 1.3f, texture.green, -1.6f / 255, 0.035f);
+        const Floats second = hn::Mul(hn::Mul(Clamp01(other), Clamp01(Sum(shade, 3, shade, 0, -1.5f))), All(0.45f));
+        const Floats rough = hn::Min(hn::Mul(drawn, All(8.0f)), All(1.0f));
+        const Floats grain = hn::Mul(Sum(texture.blue, 0.5f / 255, drawn, 0, -0.25f), rough);
+        const Floats line = hn::Mul(Smoothstep(hn::Sub(hn::Mul(drawn, All(1.7f)), grain)), All(0.8f));
+        const auto left = [](Floats ink) HWY_ATTR { return hn::Sub(All(1.0f), ink); };
+        const Floats gray = hn::Mul(hn::Mul(hn::Mul(left(first), left(second)), left(line)), All(252.0f));
+        return KeepAlpha(Gray(ToByte(gray)), pixels);
+    }
+};
+
+// In place.
+void LinesOnTarget(const WorkPicture& soft, const WorkPicture& around, Passes& passes) {
+    const ImageView& size = soft.View();
+    passes.Split(size.height, size.width, [&](int begin, int end) HWY_ATTR {
+        for (int y = begin; y < end; ++y) RoomyRow(LineKernel{around.Row(y)}, soft.Row(y), soft.Row(y), size.width);
+    });
 }
 
-// `target` holds the blurred picture.
-void DrawOnTarget(const ImageView& source, const MutableImageView& target, Passes& passes) {
-    passes.Split(source.height, source.width, [&](int begin, int end) HWY_ATTR {
+void DrawOnTarget(const WorkPicture& lines, const WorkPicture& paper, int factor, const ImageView& source,
+                  const MutableImageView& target, Passes& passes) {
+    passes.Split(target.height, target.width, [&](int begin, int end) HWY_ATTR {
+        EnlargedRows map(lines, factor), texture(paper, factor, true);
+        const int side = kTextureSide * factor;
         for (int y = begin; y < end; ++y) {
-            const std::uint32_t* const row = source.Row(y);
-            std::uint32_t* const out = target.Row(y);
-            int x = 0;
-            for (; x + kLanes <= source.width; x += kLanes)
-                hn::StoreU(Drawn(hn::LoadU(kPixels, row + x), hn::LoadU(kPixels, out + x)), kPixels, out + x);
-            for (; x < source.width; ++x)
-                out[x] = hn::GetLane(Drawn(hn::Set(kPixels, row[x]), hn::Set(kPixels, out[x])));
+            const std::uint32_t *const mapRow = map.Row(y), *const paperRow = texture.Row(y);
+            for (int x = 0; x < target.width; x += side)
+                PointSpan(DrawKernel{mapRow, paperRow, x}, source.Row(y), target.Row(y), x,
+                          std::min(target.width, x + side));
         }
     });
 }
@@ -42,15 +85,23 @@ HWY_AFTER_NAMESPACE();
 #if HWY_ONCE
 namespace kelu::engine {
 
+HWY_EXPORT(LinesOnTarget);
 HWY_EXPORT(DrawOnTarget);
 
-// Standard deviation of the blur, image pixels: about the width of the pencil's shading beside an edge.
-constexpr double kPencilSigma = 8;
-
 void Sketch(const ImageView& source, const MutableImageView& target, const Run& run) {
-    Passes passes(run, 1 + GaussianPasses(kPencilSigma));
-    GaussianBlur(source, target, kPencilSigma, passes);
-    HWY_DYNAMIC_DISPATCH(DrawOnTarget)(source, target, passes);
+    const float scale = LengthScale(source, run);
+    const int factor = WorkingFactor(scale);
+    const double base = scale / static_cast<float>(factor);  // pixels of the working size
+    // Standard deviations: of the softening that a camera's grain and compression need, and of the surroundings.
+    const double softly = std::max(0.3, 0.8 * base), around = 8 * base;
+    Passes passes(run, (factor > 1 ? 1 : 0) + GaussianPasses(softly) + GaussianPasses(around) + 3);
+    const WorkPicture paper = PencilTexture(passes);
+    const WorkPicture soft = Smaller(source, factor), blurred = Smaller(source, factor);
+    if (factor > 1) Shrink(source, factor, blurred, passes);
+    GaussianBlur(factor > 1 ? ImageView(blurred) : source, soft.View(), softly, passes);
+    GaussianBlur(soft, blurred.View(), around, passes);
+    HWY_DYNAMIC_DISPATCH(LinesOnTarget)(soft, blurred, passes);
+    HWY_DYNAMIC_DISPATCH(DrawOnTarget)(soft, paper, factor, source, target, passes);
 }
 
 }  // namespace kelu::engine

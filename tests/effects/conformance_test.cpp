@@ -32,21 +32,26 @@ QString PerCent(double level) { return QString::number(level / 2.55, 'g', 12) + 
 
 // Weights row by row from the upper left, and the level that is added to their sum.
 QString Correlate(const QString& kernel, double level = 0) {
-    return QStringLiteral("-bias %1 -morphology Correlate 3x3:%2").arg(PerCent(level), kernel);
+    return QStringLiteral("-bias %1 -morphology Correlate %2:%3")
+        .arg(PerCent(level), kernel.count(',') == 8 ? "3x3" : "5x5", kernel);
 }
 
 constexpr const char* kSpecialFilter[] = {
-    "-1,1,1,-1,-2,1,-1,1,1", "1,1,1,1,-2,1,-1,-1,-1",     "-1,-1,-1,1,-2,1,1,1,1", "1,1,-1,1,-2,-1,1,1,-1",
-    "0,-1,0,-1,4,-1,0,-1,0", "-1,-1,-1,-1,8,-1,-1,-1,-1", "1,-2,1,-2,4,-2,1,-2,1", "-1,0,-1,0,4,0,-1,0,-1",
-    "0,-1,0,0,2,0,0,-1,0",   "0,0,0,-1,2,-1,0,0,0",       "1,1,1,0,0,0,-1,-1,-1",  "-1,0,1,-1,0,1,-1,0,1",
-    "-1,0,0,0,1,0,0,0,0",    "0,-1,0,0,1,0,0,0,0",        "0,0,0,-1,1,0,0,0,0",    "1,2,1,0,0,0,-1,-2,-1",
+    "-1,1,1,-1,-2,1,-1,1,1",  "1,1,1,1,-2,1,-1,-1,-1",      "-1,-1,-1,1,-2,1,1,1,1",      "1,1,-1,1,-2,-1,1,1,-1",
+    "0,-4,0,-4,16,-4,0,-4,0", "-2,-2,-2,-2,16,-2,-2,-2,-2", "6,-12,6,-12,24,-12,6,-12,6", "-4,0,-4,0,16,0,-4,0,-4",
+    "0,-6,0,0,12,0,0,-6,0",   "0,0,0,-6,12,-6,0,0,0",       "1,1,1,0,0,0,-1,-1,-1",       "-1,0,1,-1,0,1,-1,0,1",
+    "-3,0,0,0,3,0,0,0,0",     "0,-3,0,0,3,0,0,0,0",         "0,0,0,-3,3,0,0,0,0",         "1,2,1,0,0,0,-1,-2,-1",
     "-1,0,1,-2,0,2,-1,0,1",
 };
 constexpr const char* kHighPass[] = {"-1,-1,-1,-1,9,-1,-1,-1,-1", "0,-1,0,-1,5,-1,0,-1,0", "1,-2,1,-2,5,-2,1,-2,1"};
-// c + c[p - d] - c[p + d], d northward and on clockwise.
-constexpr const char* kReliefs[] = {"0,-1,0,0,1,0,0,1,0", "0,0,-1,0,1,0,1,0,0", "0,0,0,1,1,-1,0,0,0",
-                                    "1,0,0,0,1,0,0,0,-1", "0,1,0,0,1,0,0,-1,0", "0,0,1,0,1,0,-1,0,0",
-                                    "0,0,0,-1,1,1,0,0,0", "-1,0,0,0,1,0,0,0,1"};
+// c + c[p - 2d] - c[p + 2d], 5x5, d northward and on clockwise.
+QString Relief(int direction) {
+    constexpr int kDx[] = {0, 1, 1, 1, 0, -1, -1, -1}, kDy[] = {-1, -1, 0, 1, 1, 1, 0, -1};
+    QStringList weights(25, QStringLiteral("0"));
+    weights[12] = weights[12 - 2 * kDx[direction] - 10 * kDy[direction]] = QStringLiteral("1");
+    weights[12 + 2 * kDx[direction] + 10 * kDy[direction]] = QStringLiteral("-1");
+    return weights.join(',');
+}
 
 std::vector<Case> Cases() {
     const QString luma = QStringLiteral("-grayscale Rec601Luma ");
@@ -88,8 +93,6 @@ std::vector<Case> Cases() {
         {"45 Tint", [](auto& e) { return e.FxTint(255, 100, 51, false); },
          "-channel G -evaluate Multiply .392156862745 -channel B -evaluate Multiply .2",
          "-operator Green Multiply .392156862745 -operator Blue Multiply .2"},
-        {"46 Freeze", [](auto& e) { return e.FxFreeze(1, 1, 1, 1, -7, 1, 1, 1, 1, 1, 0, false); },
-         Correlate("1,1,1,1,-7,1,1,1,1"), "-convolve 1,1,1,1,-7,1,1,1,1"},
     };
     const char* const swaps[] = {"1,0,0,0,0,1,0,1,0", "0,0,1,0,1,0,1,0,0", "0,1,0,1,0,0,0,0,1"};
     for (int pair = 0; pair < 3; ++pair)
@@ -98,8 +101,8 @@ std::vector<Case> Cases() {
                          QStringLiteral("-recolor %1").arg(swaps[pair])});
     for (int direction = 0; direction < 8; ++direction)
         cases.push_back({"16 Color Emboss, eight directions",
-                         [=](auto& e) { return e.FxColorEmboss(direction, false); }, Correlate(kReliefs[direction]),
-                         QStringLiteral("-convolve %1").arg(kReliefs[direction])});
+                         [=](auto& e) { return e.FxColorEmboss(direction, false); }, Correlate(Relief(direction)),
+                         QStringLiteral("-convolve %1").arg(Relief(direction))});
     for (int kernel = 0; kernel < 3; ++kernel)
         cases.push_back({"25 High Pass, three kernels", [=](auto& e) { return e.FxHighPass(kernel, false); },
                          Correlate(kHighPass[kernel]), QStringLiteral("-convolve %1").arg(kHighPass[kernel])});

@@ -27,6 +27,7 @@ std::vector<EffectRow> AllRows() {
              AroundPointRows,
              BorderRows,
              ChannelMapRows,
+             DrawnRows,
              LumaMapRows,
              NeighbourhoodRows,
              RandomRows,

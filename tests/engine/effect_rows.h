@@ -40,6 +40,7 @@ Definition Unchanged();
 std::vector<EffectRow> AroundPointRows();
 std::vector<EffectRow> BorderRows();
 std::vector<EffectRow> ChannelMapRows();
+std::vector<EffectRow> DrawnRows();
 std::vector<EffectRow> LumaMapRows();
 std::vector<EffectRow> NeighbourhoodRows();
 std::vector<EffectRow> RandomRows();

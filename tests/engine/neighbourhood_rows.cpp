@@ -18,33 +18,45 @@ using namespace engine;
 constexpr int kDx[] = {0, 1, 1, 1, 0, -1, -1, -1};
 constexpr int kDy[] = {-1, -1, 0, 1, 1, 1, 0, -1};
 
-EffectRow ColorEmbossRow(int direction) {
-    return {"ColorEmboss_" + std::to_string(direction),
-            [=](auto& s, auto& t, auto& run) { ColorEmboss(s, t, direction, run); },
-            EachPixel([dx = kDx[direction], dy = kDy[direction]](const Picture& source, int x,
-                                                                 int y) -> std::array<double, 3> {
-                const Rgba p = source.At(x, y), before = source.At(x - dx, y - dy), after = source.At(x + dx, y + dy);
-                return {p.red + before.red - after.red + 0.0, p.green + before.green - after.green + 0.0,
-                        p.blue + before.blue - after.blue + 0.0};
-            })};
+// The same effect with lengths `scale` times as long.
+Render Far(Render effect, int scale) {
+    return [=](auto& s, auto& t, auto& run) {
+        Run scaled = run;
+        scaled.lengthScale = static_cast<float>(scale);
+        effect(s, t, scaled);
+    };
 }
 
-EffectRow EmbossRow(int direction, int strength, int offset) {
+// Over two pixels and more; a hidden neighbour counts for as little as it shows.
+EffectRow ColorEmbossRow(int direction, int scale = 1) {
+    return {"ColorEmboss_" + std::to_string(direction) + "_" + std::to_string(scale),
+            Far([=](auto& s, auto& t, auto& run) { ColorEmboss(s, t, direction, run); }, scale),
+            EachPixel([=, dx = 2 * scale * kDx[direction], dy = 2 * scale * kDy[direction]](
+                          const Picture& source, int x, int y) -> std::array<double, 3> {
+                const Rgba p = source.At(x, y), before = source.At(x - dx, y - dy), after = source.At(x + dx, y + dy);
+                const double part = std::min(before.alpha, after.alpha) / 255.0;
+                return {p.red + (before.red - after.red) * part, p.green + (before.green - after.green) * part,
+                        p.blue + (before.blue - after.blue) * part};
+            }),
+            1};
+}
+
+EffectRow EmbossRow(int direction, int strength, int offset, int scale = 1) {
     return {"Emboss_" + std::to_string(direction) + "_" + std::to_string(strength),
-            [=](auto& s, auto& t, auto& run) { Emboss(s, t, direction, strength, offset, run); },
-            EachPixel([=, dx = kDx[direction], dy = kDy[direction]](const Picture& source, int x,
-                                                                    int y) -> std::array<double, 3> {
+            Far([=](auto& s, auto& t, auto& run) { Emboss(s, t, direction, strength, offset, run); }, scale),
+            EachPixel([=, dx = scale * kDx[direction], dy = scale * kDy[direction]](const Picture& source, int x,
+                                                                                    int y) -> std::array<double, 3> {
                 const double gray =
                     offset + strength * (Luma(source.At(x - dx, y - dy)) - Luma(source.At(x + dx, y + dy)));
                 return {gray, gray, gray};
             })};
 }
 
-Definition Convolved(Weights3x3 weights, double divisor, int offset) {
+Definition Convolved(Weights3x3 weights, double divisor, int offset, int step = 1) {
     return EachPixel([=](const Picture& source, int x, int y) -> std::array<double, 3> {
         double red = 0, green = 0, blue = 0;
         for (int i = 0; i < 9; ++i) {
-            const Rgba p = source.At(x + i % 3 - 1, y + i / 3 - 1);
+            const Rgba p = source.At(x + (i % 3 - 1) * step, y + (i / 3 - 1) * step);
             const double weight = weights[static_cast<std::size_t>(i)];
             red += weight * p.red;
             green += weight * p.green;
@@ -59,14 +71,20 @@ EffectRow HighPassRow(int kind, Weights3x3 weights) {
             Convolved(weights, 1, 0)};
 }
 
-EffectRow SpecialRow(int kind, const std::string& name, Weights3x3 weights, int offset = 127) {
+EffectRow SpecialRow(int kind, const std::string& name, Weights3x3 weights, int times = 1, int offset = 127) {
+    for (float& weight : weights) weight *= static_cast<float>(times);
     return {"SpecialFilter_" + name, [=](auto& s, auto& t, auto& run) { SpecialFilter(s, t, kind, offset, run); },
             Convolved(weights, 1, offset)};
 }
 
-EffectRow FreezeRow(const std::string& name, Weights3x3 weights, float divisor, int offset, int tolerance = 0) {
-    return {"Freeze_" + name, [=](auto& s, auto& t, auto& run) { Freeze(s, t, weights, divisor, offset, run); },
-            Convolved(weights, divisor, offset), tolerance};
+EffectRow KernelRow(const std::string& name, Weights3x3 weights, float divisor, int offset, int step,
+                    int tolerance = 0) {
+    return {"Convolve_" + name,
+            [=](auto& s, auto& t, auto& run) {
+                Passes passes(run);
+                Convolve(s, t, weights, divisor, offset, step, passes);
+            },
+            Convolved(weights, divisor, offset, step), tolerance};
 }
 
 // The mean of two samples, half a step along the edge to either side, each bilinear.
@@ -108,15 +126,10 @@ std::vector<EffectRow> NeighbourhoodRows() {
         EmbossRow(1, 2, 127),
         EmbossRow(4, 1, 0),
         EmbossRow(7, 10, 255),
+        EmbossRow(3, 3, 100, 5),
         {"EnhanceEdges", [](auto& s, auto& t, auto& run) { EnhanceEdges(s, t, run); },
-         EachPixel([](const Picture& source, int x, int y) -> std::array<double, 3> {
-             const Rgba p = source.At(x, y), up = source.At(x, y - 1), down = source.At(x, y + 1),
-                        left = source.At(x - 1, y), right = source.At(x + 1, y);
-             const auto enhance = [](int c, int a, int b, int d, int e) { return c + (4 * c - a - b - d - e) / 2.0; };
-             return {enhance(p.red, up.red, down.red, left.red, right.red),
-                     enhance(p.green, up.green, down.green, left.green, right.green),
-                     enhance(p.blue, up.blue, down.blue, left.blue, right.blue)};
-         })},
+         Convolved({0, -1, 0, -1, 6, -1, 0, -1, 0}, 2, 0)},
+        {"EnhanceEdges_far", Far(EnhanceEdges, 3), Convolved({0, -1, 0, -1, 6, -1, 0, -1, 0}, 2, 0, 3)},
         HighPassRow(0, {-1, -1, -1, -1, 9, -1, -1, -1, -1}),
         HighPassRow(1, {0, -1, 0, -1, 5, -1, 0, -1, 0}),
         HighPassRow(2, {1, -2, 1, -2, 5, -2, 1, -2, 1}),
@@ -125,25 +138,26 @@ std::vector<EffectRow> NeighbourhoodRows() {
         SpecialRow(1, "north", {1, 1, 1, 1, -2, 1, -1, -1, -1}),
         SpecialRow(2, "south", {-1, -1, -1, 1, -2, 1, 1, 1, 1}),
         SpecialRow(3, "west", {1, 1, -1, 1, -2, -1, 1, 1, -1}),
-        SpecialRow(4, "laplace1", {0, -1, 0, -1, 4, -1, 0, -1, 0}),
-        SpecialRow(5, "laplace2", {-1, -1, -1, -1, 8, -1, -1, -1, -1}, 0),
-        SpecialRow(6, "laplace3", {1, -2, 1, -2, 4, -2, 1, -2, 1}, 255),
-        SpecialRow(7, "laplace_diagonal", {-1, 0, -1, 0, 4, 0, -1, 0, -1}),
-        SpecialRow(8, "laplace_horizontal", {0, -1, 0, 0, 2, 0, 0, -1, 0}),
-        SpecialRow(9, "laplace_vertical", {0, 0, 0, -1, 2, -1, 0, 0, 0}),
+        SpecialRow(4, "laplace1", {0, -1, 0, -1, 4, -1, 0, -1, 0}, 4),
+        SpecialRow(5, "laplace2", {-1, -1, -1, -1, 8, -1, -1, -1, -1}, 2, 0),
+        SpecialRow(6, "laplace3", {1, -2, 1, -2, 4, -2, 1, -2, 1}, 6, 255),
+        SpecialRow(7, "laplace_diagonal", {-1, 0, -1, 0, 4, 0, -1, 0, -1}, 4),
+        SpecialRow(8, "laplace_horizontal", {0, -1, 0, 0, 2, 0, 0, -1, 0}, 6),
+        SpecialRow(9, "laplace_vertical", {0, 0, 0, -1, 2, -1, 0, 0, 0}, 6),
         SpecialRow(10, "prewitt_horizontal", {1, 1, 1, 0, 0, 0, -1, -1, -1}),
         SpecialRow(11, "prewitt_vertical", {-1, 0, 1, -1, 0, 1, -1, 0, 1}),
-        SpecialRow(12, "difference_diagonal", {-1, 0, 0, 0, 1, 0, 0, 0, 0}),
-        SpecialRow(13, "difference_horizontal", {0, -1, 0, 0, 1, 0, 0, 0, 0}),
-        SpecialRow(14, "difference_vertical", {0, 0, 0, -1, 1, 0, 0, 0, 0}),
+        SpecialRow(12, "difference_diagonal", {-1, 0, 0, 0, 1, 0, 0, 0, 0}, 3),
+        SpecialRow(13, "difference_horizontal", {0, -1, 0, 0, 1, 0, 0, 0, 0}, 3),
+        SpecialRow(14, "difference_vertical", {0, 0, 0, -1, 1, 0, 0, 0, 0}, 3),
         SpecialRow(15, "sobel_horizontal", {1, 2, 1, 0, 0, 0, -1, -2, -1}),
         SpecialRow(16, "sobel_vertical", {-1, 0, 1, -2, 0, 2, -1, 0, 1}),
-        FreezeRow("default", {1, 1, 1, 1, -7, 1, 1, 1, 1}, 1, 0),
-        FreezeRow("binomial", {1, 2, 1, 2, 4, 2, 1, 2, 1}, 16, 0),
-        FreezeRow("mean", {1, 1, 1, 1, 1, 1, 1, 1, 1}, 9, 10, 1),
-        FreezeRow("largest_in_short", {-15, 15, -15, 15, 7, 15, -15, 15, -15}, 1, 0),
-        FreezeRow("too_large_for_short", {0, 0, 0, 0, 200, -199, 0, 0, 0}, 1, 0, 1),
-        FreezeRow("fractions", {0.1f, -0.4f, 0.25f, 0, 1.5f, 0, -0.75f, 0.3f, 0}, -0.7f, 255, 1),
+        KernelRow("default", {1, 1, 1, 1, -7, 1, 1, 1, 1}, 1, 0, 1),
+        KernelRow("binomial", {1, 2, 1, 2, 4, 2, 1, 2, 1}, 16, 0, 16),
+        KernelRow("mean", {1, 1, 1, 1, 1, 1, 1, 1, 1}, 9, 10, 1, 1),
+        KernelRow("largest_in_short", {-15, 15, -15, 15, 7, 15, -15, 15, -15}, 1, 0, 1),
+        KernelRow("too_large_for_short", {0, 0, 0, 0, 200, -199, 0, 0, 0}, 1, 0, 2, 1),
+        KernelRow("fractions", {0.1f, -0.4f, 0.25f, 0, 1.5f, 0, -0.75f, 0.3f, 0}, -0.7f, 255, 1, 1),
+        ColorEmbossRow(6, 4),
     };
     for (int direction = 0; direction < 8; ++direction) rows.push_back(ColorEmbossRow(direction));
     return rows;

@@ -6,9 +6,7 @@
 #include "engine/blurs.h"
 #include "engine/extremes.h"
 #include "engine/mosaic.h"
-#include "engine/neon.h"
 #include "engine/oil_painting.h"
-#include "engine/sketch.h"
 #include "tests/engine/effect_rows.h"
 
 namespace kelu::engine_test {
@@ -72,49 +70,6 @@ EffectRow Blur1Row(int strength) {
                     for (int x = 0; x < source.Width(); ++x) expected.Set(x, y, FromQuad(blurred.At(x, y)));
             },
             2, false};
-}
-
-EffectRow NeonRow() {
-    return {"Neon", [](auto& s, auto& t, auto& run) { Neon(s, t, run); },
-            [](const Picture& source, Picture& expected) {
-                const Plane plane(source);
-                Plane outlines = plane;
-                for (int y = 0; y < plane.height; ++y)
-                    for (int x = 0; x < plane.width; ++x)
-                        for (std::size_t c = 0; c < 4; ++c) {
-                            const auto at = [&](int dx, int dy) { return plane.At(x + dx, y + dy)[c]; };
-                            const double across =
-                                at(1, -1) + 2 * at(1, 0) + at(1, 1) - at(-1, -1) - 2 * at(-1, 0) - at(-1, 1);
-                            const double down =
-                                at(-1, 1) + 2 * at(0, 1) + at(1, 1) - at(-1, -1) - 2 * at(0, -1) - at(1, -1);
-                            outlines.quads[static_cast<std::size_t>(y * plane.width + x)][c] =
-                                std::min(255.0, std::round(std::hypot(across, down)));
-                        }
-                const Plane glow = Blurred(outlines, 6);
-                for (int y = 0; y < plane.height; ++y)
-                    for (int x = 0; x < plane.width; ++x) {
-                        Quad sum;
-                        for (std::size_t c = 0; c < 4; ++c) sum[c] = outlines.At(x, y)[c] + glow.At(x, y)[c];
-                        sum[3] = plane.At(x, y)[3];
-                        expected.Set(x, y, FromQuad(sum));
-                    }
-            },
-            2};
-}
-
-// A level of difference in the blur is several in the drawing.
-EffectRow SketchRow() {
-    return {"Sketch", [](auto& s, auto& t, auto& run) { Sketch(s, t, run); },
-            [](const Picture& source, Picture& expected) {
-                const Plane blurred = Blurred(Plane(source), 8);
-                for (int y = 0; y < source.Height(); ++y)
-                    for (int x = 0; x < source.Width(); ++x) {
-                        const Rgba here = source.At(x, y);
-                        const int gray = Rounded(255.0 * (Luma(here) + 4) / (Luma(FromQuad(blurred.At(x, y))) + 4));
-                        expected.Set(x, y, {gray, gray, gray, here.alpha});
-                    }
-            },
-            8};
 }
 
 EffectRow ExtremeRow(bool largest, int square, int radius) {
@@ -200,8 +155,6 @@ std::vector<EffectRow> WindowRows() {
         Blur1Row(5),
         Blur1Row(9),
         Blur1Row(100),
-        NeonRow(),
-        SketchRow(),
         ExtremeRow(true, 0, 1),
         ExtremeRow(true, 0, 2),
         ExtremeRow(true, 0, 12),
