@@ -19,6 +19,7 @@
 #include "document/commands.h"
 #include "document/document.h"
 #include "document/history.h"
+#include "document/journal.h"
 #include "document/open_save.h"
 #include "document/painter.h"
 #include "document/settings.h"
@@ -45,6 +46,9 @@ struct MainServices {
     std::function<bool(const QString& path)> openDocument;
     std::function<bool()> anotherInstanceRuns;
     std::function<void(const QString& path)> playSound;
+    Journal* journal = nullptr;  ///< null: nobody records what is done
+
+    SessionLog& Log() const { return journal ? *journal : SessionLog::None(); }
 };
 
 class frmMain : public QWidget, private StartUpSteps {

@@ -16,6 +16,7 @@
 #include "controls/system_look/system_colors.h"
 #include "controls/theme/theme.h"
 #include "dialogs/save_file_dialog.h"
+#include "document/journal_file.h"
 #include "platform/language.h"
 #include "platform/registry_access.h"
 #include "platform/registry_file.h"
@@ -40,8 +41,9 @@ int Run(kelu::Application& application, const QString& picture) {
     kelu::GstDeviceList cameras;
     kelu::GstVideoCapX camera(cameras);
     kelu::GstVideoCapX optionsCamera(cameras);
+    kelu::Journal journal(kelu::JournalFile::UserFolder());
     kelu::frmMain window(state, {settings, dialog, saveDialog, printing, camera, optionsCamera, kelu::OpenDocument,
-                                 [&] { return !instance.IsFirst(); }, kelu::PlaySoundFile});
+                                 [&] { return !instance.IsFirst(); }, kelu::PlaySoundFile, &journal});
     dialog.SetParent(&window);
     saveDialog.SetParent(&window);
     if (!window.Start()) return 0;

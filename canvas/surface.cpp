@@ -35,6 +35,14 @@ void Surface::SaveFile(const QString& path) const {
 
 void Surface::SetPicture(const QImage& picture) { Replace(ToPictureFormat(picture)); }
 
+void Surface::TakeOver(Surface& other) {
+    std::swap(picture_, other.picture_);
+    std::swap(brush_, other.brush_);
+    std::swap(undo_, other.undo_);
+    Q_EMIT PictureReplaced();
+    Q_EMIT other.PictureReplaced();
+}
+
 int Surface::ColorDepth() const {
     if (picture_.isNull()) return 0;
     return picture_.hasAlphaChannel() ? 32 : 24;
@@ -124,6 +132,9 @@ void Surface::DrawBrushLine(int x1, int y1, int x2, int y2, int strength) {
     // Painting a picture with itself changes nothing, and must not cost a copy of it.
     if (brush_.paint.constBits() == picture_.constBits()) return;
     MakeUnique(picture_);
+    // The picture may be another one than the brush was selected for.
+    if (brush_.paint.hasAlphaChannel() && !picture_.hasAlphaChannel())
+        picture_.reinterpretAsFormat(QImage::Format_ARGB32);
     if (!undo_->IsOpen()) undo_->Open();
     Announce(
         PaintSegment(picture_, brush_.paint, Capsule(x1, y1, x2, y2, brush_.size, brush_.softness), strength, *undo_));

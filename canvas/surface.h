@@ -32,6 +32,9 @@ class Surface : public QObject {
     /// Replaces the picture; costs no copy. All undo levels go.
     void SetPicture(const QImage& picture);
 
+    /// Takes the other's picture with its undo levels and its brush, and leaves it its own.
+    void TakeOver(Surface& other);
+
     /// Image pixels; 0 without a picture.
     int ImageWidth() const { return picture_.width(); }
     int ImageHeight() const { return picture_.height(); }
@@ -63,6 +66,7 @@ class Surface : public QObject {
     /// segment costs no more than the others.
     void SelectBrush(const BrushHandle& brush);
     void SetBrushSize(int size);
+    const BrushHandle& Brush() const { return brush_; }
     /// 0: a hard edge, to 100: fading from the middle on. A newly selected brush brings its own.
     void SetBrushSoftness(int percent);
 

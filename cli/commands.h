@@ -10,6 +10,7 @@ namespace kelu::cli {
 int EffectsCommand(const QStringList& words);
 int ApplyCommand(const QStringList& words);
 int ConvertCommand(const QStringList& words);
+int ReplayCommand(const QStringList& words);
 int BenchCommand(const QStringList& words);
 
 }  // namespace kelu::cli

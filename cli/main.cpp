@@ -42,6 +42,11 @@ constexpr CommandRow kCommands[] = {
      true},
     {"convert", ConvertCommand, "IN... OUT|--out-dir DIR", "any readable picture to bmp, png, gif, jpg, tif or pdf", "",
      true},
+    {"replay", ReplayCommand, "RECIPE [IN...] OUT|--out-dir DIR",
+     "what a recipe tells, bit for bit; on its own picture or others",
+     "  --fit               strokes and points follow a picture of another size\n"
+     "  --film OUT.gif      the painting as it grew, in place of a result\n",
+     true},
     {"gif-info", kelu::GifInfoCommand, "FILE [--dump DIR]",
      "the frames of an animated GIF as JSON; DIR gets each as PNG", "", false},
     {"registry", kelu::RegistryCommand, "export KEY FILE [--subkeys] | import FILE | show [KEY] --json",

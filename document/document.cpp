@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "document/document.h"
 
+#include <QScopedValueRollback>
+
 namespace kelu {
 
 namespace {
@@ -28,21 +30,30 @@ QString FileNameOfPath(const QString& path) {
     return path.mid(std::max(path.lastIndexOf(u'/'), path.lastIndexOf(u'\\')) + 1);
 }
 
-Document::Document(Surfaces& surfaces, SurfaceView& canvasView, SurfaceView& originalView, SharedState& state)
-    : surfaces_(surfaces), canvasView_(canvasView), originalView_(originalView), state_(state) {}
+Document::Document(Surfaces& surfaces, SurfaceView& canvasView, SurfaceView& originalView, SharedState& state,
+                   SessionLog& log)
+    : surfaces_(surfaces), canvasView_(canvasView), originalView_(originalView), state_(state), log_(log) {
+    connect(&surfaces_.picCanvas, &Surface::PictureReplaced, this, [this] {
+        if (!opening_) log_.Replaced();
+    });
+}
 
 void Document::Open(const QString& path, Source source, bool wasDirty) {
     // Read and shrink beside the document, so that a failure at any step leaves it whole.
     Surface opened;
     opened.LoadFile(path);
+    const QSize whole = opened.Picture().size();
     if (source != Source::Capture && state_.ResizeOnOpen == 1) ShrinkLargePicture(opened);
 
+    const QScopedValueRollback<bool> opening(opening_, true);
     Canvas().SetPicture(opened.Picture());
     ShowFitted(canvasView_);
     Pen().SetPicture(Canvas().Picture());
     Original().SetPicture(Canvas().Picture());
     ShowFitted(originalView_);
 
+    log_.Opened(
+        {path, Original().Picture(), Canvas().Picture().size() != whole, source == Source::Capture, Canvas().Brush()});
     state_.ImageActive = true;
     if (source == Source::Browse) state_.EffectReady = false;
     state_.CurrentFileName = FileNameOfPath(path);
@@ -53,6 +64,21 @@ void Document::Open(const QString& path, Source source, bool wasDirty) {
 void Document::ShowStatusText(bool longForm) {
     showsLongForm_ = longForm;
     Q_EMIT StatusTextChanged(longForm ? LongStatusText() : ShortStatusText());
+}
+
+void Document::TakeOver(Surfaces& made, const QString& path, bool effectReady) {
+    const QScopedValueRollback<bool> opening(opening_, true);
+    Canvas().TakeOver(made.picCanvas);
+    Pen().TakeOver(made.picPen);
+    Original().TakeOver(made.picOriginal);
+    ShowFitted(canvasView_);
+    ShowFitted(originalView_);
+    state_.ImageActive = true;
+    state_.ImageDirty = true;
+    state_.EffectReady = effectReady;
+    state_.CurrentFileName = FileNameOfPath(path);
+    ShowLongStatusText();
+    Q_EMIT Opened();
 }
 
 QString Document::LongStatusText() const {

@@ -7,6 +7,7 @@
 
 #include "canvas/surface.h"
 #include "canvas/surface_view.h"
+#include "document/session_log.h"
 #include "document/shared_state.h"
 
 namespace kelu {
@@ -32,7 +33,8 @@ class Document : public QObject {
     /// Who opens a file; the callers differ in shrinking, in the status text and in disarming the brush.
     enum class Source { Drop, Browse, Capture };
 
-    Document(Surfaces& surfaces, SurfaceView& canvasView, SurfaceView& originalView, SharedState& state);
+    Document(Surfaces& surfaces, SurfaceView& canvasView, SurfaceView& originalView, SharedState& state,
+             SessionLog& log = SessionLog::None());
 
     Surface& Canvas() { return surfaces_.picCanvas; }
     Surface& Pen() { return surfaces_.picPen; }
@@ -41,6 +43,10 @@ class Document : public QObject {
     /// Opens the file into all three surfaces. `wasDirty`: the canvas had unsaved changes when the file was dropped,
     /// which gives a drop the long status text. Throws Error when the file can't be read; then nothing has changed.
     void Open(const QString& path, Source source, bool wasDirty = false);
+
+    /// Shows what was made beside: all three surfaces of `made` with the canvas's undo levels and brush. It counts as
+    /// changed. `path` is the file that was opened for it. Not told to the log.
+    void TakeOver(Surfaces& made, const QString& path, bool effectReady);
 
     /// "name - [w x h / b bits / z%]"
     QString LongStatusText() const;
@@ -66,6 +72,8 @@ class Document : public QObject {
     SurfaceView& originalView_;
     SharedState& state_;
     bool showsLongForm_ = false;
+    SessionLog& log_;
+    bool opening_ = false;
 };
 
 }  // namespace kelu

@@ -5,10 +5,11 @@
 
 namespace kelu {
 
-void History::Perform(void (Surface::*step)()) {
+void History::Perform(void (Surface::*step)(), void (SessionLog::*done)()) {
     if (state_.CaptureBusy) return;
     Attempt([&] {
         (canvas_.*step)();
+        (log_.*done)();
         canvasView_.SetViewAnchor(5);
         canvasView_.SetViewMode(2);
         state_.ImageDirty = true;

@@ -6,6 +6,7 @@
 
 #include "canvas/surface.h"
 #include "canvas/surface_view.h"
+#include "document/session_log.h"
 #include "document/shared_state.h"
 
 namespace kelu {
@@ -14,13 +15,13 @@ class History : public QObject {
     Q_OBJECT
 
  public:
-    History(Surface& canvas, SurfaceView& canvasView, SharedState& state)
-        : canvas_(canvas), canvasView_(canvasView), state_(state) {}
+    History(Surface& canvas, SurfaceView& canvasView, SharedState& state, SessionLog& log = SessionLog::None())
+        : canvas_(canvas), canvasView_(canvasView), state_(state), log_(log) {}
 
     /// One level back or forward, shown in the fitted view; the picture counts as changed. With no level left, or
     /// while the camera is in use, nothing happens.
-    void PerformUndo() { Perform(&Surface::Undo); }
-    void PerformRedo() { Perform(&Surface::Redo); }
+    void PerformUndo() { Perform(&Surface::Undo, &SessionLog::Undone); }
+    void PerformRedo() { Perform(&Surface::Redo, &SessionLog::Redone); }
 
     /// Swaps canvas and original on the screen. Needs a changed picture, but for the way back from one that was
     /// opened meanwhile.
@@ -33,12 +34,13 @@ class History : public QObject {
     void OriginalShown(bool shown);
 
  private:
-    void Perform(void (Surface::*step)());
+    void Perform(void (Surface::*step)(), void (SessionLog::*done)());
     void SetOriginalShown(bool shown);
 
     Surface& canvas_;
     SurfaceView& canvasView_;
     SharedState& state_;
+    SessionLog& log_;
 };
 
 }  // namespace kelu

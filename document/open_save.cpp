@@ -8,19 +8,22 @@ namespace kelu {
 QString SaveDialog::Filter() { return SaveFilters() + QStringLiteral("|PDF Files (*.pdf)|*.pdf"); }
 
 OpenSave::OpenSave(Document& document, SharedState& state, MsgDialog& dialog, SaveDialog& saveDialog,
-                   std::function<void()> showBrowse, std::function<void(const QString&)> createPdf)
+                   std::function<void()> showBrowse, std::function<bool(const QString&)> createPdf, SessionLog& log)
     : document_(document),
       state_(state),
       dialog_(dialog),
       saveDialog_(saveDialog),
       showBrowse_(std::move(showBrowse)),
-      createPdf_(std::move(createPdf)) {}
+      createPdf_(std::move(createPdf)),
+      log_(log) {}
 
 int OpenSave::AskToSave(bool beep) {
     if (beep) dialog_.Beep();
-    return ShowPlainMessage(dialog_, QStringLiteral("Confirm"),
-                            QStringLiteral("Save changes to '%1'?\r\n").arg(state_.CurrentFileName),
-                            MsgDialog::kYesNoCancel, MsgIcon::Exclamation);
+    const int answer = ShowPlainMessage(dialog_, QStringLiteral("Confirm"),
+                                        QStringLiteral("Save changes to '%1'?\r\n").arg(state_.CurrentFileName),
+                                        MsgDialog::kYesNoCancel, MsgIcon::Exclamation);
+    if (answer == MsgDialog::kNo) log_.Settled({});
+    return answer;
 }
 
 bool OpenSave::SettleChanges() {
@@ -61,10 +64,15 @@ void OpenSave::SaveImageNow() {
         QString fileName;
         int filterIndex = SaveDialog::kPngFilter;
         if (!saveDialog_.Show(fileName, filterIndex)) return;
-        if (filterIndex == SaveDialog::kPdfFilter)
-            createPdf_(fileName);
-        else if (filterIndex >= 1 && filterIndex < SaveDialog::kPdfFilter)
+        bool written = false;
+        if (filterIndex == SaveDialog::kPdfFilter) {
+            written = createPdf_(fileName);
+        } else if (filterIndex >= 1 && filterIndex < SaveDialog::kPdfFilter) {
             document_.Canvas().SaveFile(fileName);
+            written = true;
+        }
+        // A PDF that failed counts as saved all the same, but is not.
+        if (written) log_.Settled(fileName);
         state_.ImageDirty = false;
         state_.ImageActive = false;
     });

@@ -32,12 +32,16 @@ class SaveDialog {
 class OpenSave {
  public:
     /// `showBrowse` shows the browse dialog modally; `createPdf` writes the canvas as a PDF file to the given path and
-    /// reports its own failures.
+    /// reports its own failures; false then.
     OpenSave(Document& document, SharedState& state, MsgDialog& dialog, SaveDialog& saveDialog,
-             std::function<void()> showBrowse, std::function<void(const QString&)> createPdf);
+             std::function<void()> showBrowse, std::function<bool(const QString&)> createPdf,
+             SessionLog& log = SessionLog::None());
 
     /// "Save changes to ...?", answered with MsgDialog::kYes, kNo or kCancel.
     int AskToSave(bool beep = false);
+
+    /// Asks; false when the user cancelled, otherwise the changes are saved or given up.
+    bool SettleChanges();
 
     void OpenImageNow();
     /// A file was dropped on the canvas.
@@ -50,15 +54,13 @@ class OpenSave {
     void Copy();
 
  private:
-    /// False when the user cancelled; otherwise the changes are saved or given up.
-    bool SettleChanges();
-
     Document& document_;
     SharedState& state_;
     MsgDialog& dialog_;
     SaveDialog& saveDialog_;
     std::function<void()> showBrowse_;
-    std::function<void(const QString&)> createPdf_;
+    std::function<bool(const QString&)> createPdf_;
+    SessionLog& log_;
 };
 
 }  // namespace kelu

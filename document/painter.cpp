@@ -12,13 +12,14 @@ constexpr int kFullStrength = 255;
 }  // namespace
 
 Painter::Painter(Document& document, SurfaceView& canvasView, SharedState& state, const Settings& settings,
-                 BrushCursors cursors, std::function<int()> brushSize)
+                 BrushCursors cursors, std::function<int()> brushSize, SessionLog& log)
     : document_(document),
       canvasView_(canvasView),
       state_(state),
       settings_(settings),
       cursors_(std::move(cursors)),
-      brushSize_(std::move(brushSize)) {}
+      brushSize_(std::move(brushSize)),
+      log_(log) {}
 
 void Painter::SetUpBrush() {
     const QString style = settings_.Read(settings::kCursorStyle);
@@ -58,10 +59,20 @@ void Painter::TakeBrush(Paint paint) {
     document_.Canvas().SelectBrush(paint == Paint::Render ? render_ : document_.Original().MakeBrush(size));
     document_.Canvas().SetBrushSize(size);
     document_.Canvas().SetBrushSoftness(softness_);
+    LogBrush();
+}
+
+void Painter::LogBrush() {
+    const bool isPens = render_.paint.constBits() == document_.Pen().Picture().constBits();
+    log_.BrushTaken(taken_ == Paint::Original ? BrushSource::Original
+                    : isPens                  ? BrushSource::Pen
+                                              : BrushSource::Render,
+                    document_.Canvas().Brush());
 }
 
 void Painter::Segment(const QPoint& from, const QPoint& to) {
     document_.Canvas().DrawBrushLine(from.x(), from.y(), to.x(), to.y(), kFullStrength);
+    log_.LinePainted(from, to);
     state_.ImageDirty = true;
     strokeEnd_ = to;
 }
@@ -69,10 +80,12 @@ void Painter::Segment(const QPoint& from, const QPoint& to) {
 void Painter::Press(Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers, const QPoint& imagePixel) {
     const Paint paint = modifiers & Qt::ControlModifier ? Paint::Original : Paint::Render;
     if (!CanPaint(paint)) return;
-    if (paint != taken_) TakeBrush(paint);
+    // The original may be another one by now.
+    if (paint != taken_ || paint == Paint::Original) TakeBrush(paint);
     document_.Canvas().PushUndo();
     state_.ImageDirty = true;
     lastBrush_ = imagePixel;
+    log_.StrokeBegan(imagePixel);
     if (buttons == Qt::LeftButton && (modifiers & Qt::ShiftModifier) && strokeEnd_) Segment(*strokeEnd_, imagePixel);
 }
 
@@ -89,6 +102,7 @@ void Painter::Move(Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers, co
 void Painter::SetSoftness(int percent) {
     softness_ = std::clamp(percent, 0, 100);
     document_.Canvas().SetBrushSoftness(softness_);
+    log_.BrushSoftened(softness_);
     ShowBrushTip();
 }
 
@@ -96,6 +110,7 @@ void Painter::PaintEverywhere(Paint paint) {
     if (!CanPaint(paint)) return;
     TakeBrush(paint);
     document_.Canvas().PaintAll();
+    log_.AllPainted();
     state_.ImageDirty = true;
 }
 

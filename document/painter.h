@@ -31,7 +31,7 @@ class Painter {
  public:
     /// `brushSize` reads the diameter of the brush in image pixels, 1 to 100, at the moment of use.
     Painter(Document& document, SurfaceView& canvasView, SharedState& state, const Settings& settings,
-            BrushCursors cursors, std::function<int()> brushSize);
+            BrushCursors cursors, std::function<int()> brushSize, SessionLog& log = SessionLog::None());
 
     /// Makes the brush from the pen's picture at the present size and shows the cursor of the chosen style. A style
     /// other than "1" to "3" leaves brush and cursor as they were. Called after each render and when the size changes.
@@ -57,6 +57,7 @@ class Painter {
  private:
     bool CanPaint(Paint paint) const;
     void TakeBrush(Paint paint);
+    void LogBrush();
     void Segment(const QPoint& from, const QPoint& to);
 
     Document& document_;
@@ -65,6 +66,7 @@ class Painter {
     const Settings& settings_;
     BrushCursors cursors_;
     std::function<int()> brushSize_;
+    SessionLog& log_;
     BrushHandle render_;              ///< the brush made of the last render
     Paint taken_ = Paint::Render;     ///< what the canvas's brush paints now
     Paint hovering_ = Paint::Render;  ///< what a press would paint

@@ -20,14 +20,16 @@ constexpr int kPenDone = 99;
 }  // namespace
 
 EffectApplication::EffectApplication(Surface& canvas, Surface& pen, PixTwix& engine, SharedState& state,
-                                     const EffectControls& controls, RenderWindow& window, LastSteps lastSteps)
+                                     const EffectControls& controls, RenderWindow& window, LastSteps lastSteps,
+                                     SessionLog& log)
     : canvas_(canvas),
       pen_(pen),
       engine_(engine),
       state_(state),
       controls_(controls),
       window_(window),
-      lastSteps_(std::move(lastSteps)) {
+      lastSteps_(std::move(lastSteps)),
+      log_(log) {
     connect(&engine_, &PixTwix::FxProgress, this, &EffectApplication::EngineProgress);
     connect(&pen_, &Surface::Progress, this, &EffectApplication::PenProgress);
 }
@@ -62,13 +64,19 @@ void EffectApplication::ApplyEngineEffect(const Effect& effect) {
     if (formShut_) EngineProgress(kEngineDone);  // an operation that ended without its last report
     Attempt([&] { window_.RunEventLoopOnce(); });
     if (effectResult_) Attempt([&] { pen_.SetPicture(engine_.Picture()); });
+    log_.Applied(effect.number, inputs, effectResult_);
     ArmBrush();
 }
 
 void EffectApplication::ApplyNeon() {
     Attempt([&] { pen_.SetPicture(canvas_.Picture()); });
-    Attempt([&] { pen_.NeonFilter(); });
+    bool rendered = false;
+    Attempt([&] {
+        pen_.NeonFilter();
+        rendered = true;
+    });
     if (formShut_) PenProgress(kPenDone);
+    log_.Applied(kNeon, {}, rendered);
     ArmBrush();
 }
 

@@ -5,6 +5,7 @@
 #include <QObject>
 #include <functional>
 
+#include "document/session_log.h"
 #include "document/shared_state.h"
 
 namespace kelu {
@@ -28,7 +29,8 @@ class EffectApplication : public QObject {
     };
 
     EffectApplication(Surface& canvas, Surface& pen, PixTwix& engine, SharedState& state,
-                      const EffectControls& controls, RenderWindow& window, LastSteps lastSteps);
+                      const EffectControls& controls, RenderWindow& window, LastSteps lastSteps,
+                      SessionLog& log = SessionLog::None());
 
     /// The click on Apply: applies the current effect, or does nothing without an open picture, during a render and for
     /// a number that is no effect.
@@ -58,6 +60,7 @@ class EffectApplication : public QObject {
     const EffectControls& controls_;
     RenderWindow& window_;
     LastSteps lastSteps_;
+    SessionLog& log_;
     bool effectResult_ = false;
     bool applying_ = false;
     bool formShut_ = false;

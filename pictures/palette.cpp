@@ -234,24 +234,34 @@ void Refine(const std::vector<Cluster>& clusters, std::vector<Rgb>& colors) {
     }
 }
 
+/// By cell of the colour cube: the colour nearest to its middle.
+std::vector<std::uint8_t> NearestTable(const std::vector<Rgb>& colors) {
+    const NearestColor nearest(colors);
+    std::vector<std::uint8_t> table(kCells);
+    tbb::parallel_for(std::size_t{0}, kCells, [&](std::size_t cell) {
+        const auto middle = [&](int channel) {
+            const auto part = static_cast<int>(cell >> (channel * kCellBits)) & ((1 << kCellBits) - 1);
+            return static_cast<float>(part * (1 << kCellShift)) + ((1 << kCellShift) - 1) / 2.0f;
+        };
+        table[cell] = nearest.Find({middle(2), middle(1), middle(0)});
+    });
+    return table;
+}
+
+std::vector<Rgb> RgbOf(const std::vector<QRgb>& colors) {
+    std::vector<Rgb> rgb;
+    for (const QRgb color : colors)
+        rgb.push_back(
+            {static_cast<float>(qRed(color)), static_cast<float>(qGreen(color)), static_cast<float>(qBlue(color))});
+    return rgb;
+}
+
 // Floyd and Steinberg's weights, rows in turn from left and from right.
 class Ditherer {
  public:
     Ditherer(const QImage& picture, PalettePicture& result) : picture_(picture), result_(result) {
-        std::vector<Rgb> colors;
-        for (const QRgb color : result.colors)
-            colors.push_back(
-                {static_cast<float>(qRed(color)), static_cast<float>(qGreen(color)), static_cast<float>(qBlue(color))});
-        colors_ = colors;
-        const NearestColor nearest(colors);
-        table_.resize(kCells);
-        tbb::parallel_for(std::size_t{0}, kCells, [&](std::size_t cell) {
-            const auto middle = [&](int channel) {
-                const auto part = static_cast<int>(cell >> (channel * kCellBits)) & ((1 << kCellBits) - 1);
-                return static_cast<float>(part * (1 << kCellShift)) + ((1 << kCellShift) - 1) / 2.0f;
-            };
-            table_[cell] = nearest.Find({middle(2), middle(1), middle(0)});
-        });
+        colors_ = RgbOf(result.colors);
+        table_ = NearestTable(colors_);
     }
 
     void Run() {
@@ -310,6 +320,47 @@ class Ditherer {
 };
 
 }  // namespace
+
+std::vector<QRgb> ChooseColors(const QImage& picture, int most) {
+    bool transparent = false;
+    std::vector<Cluster> clusters = Histogram(picture, transparent);
+    if (clusters.empty()) return {0xff000000u};
+    std::vector<Rgb> colors = CutPalette(clusters, static_cast<std::size_t>(most));
+    Refine(clusters, colors);
+    std::vector<QRgb> chosen;
+    for (const Rgb& color : colors) chosen.push_back(qRgb(qRound(color[0]), qRound(color[1]), qRound(color[2])));
+    return chosen;
+}
+
+PatternDither::PatternDither(const std::vector<QRgb>& colors) {
+    const std::vector<Rgb> rgb = RgbOf(colors);
+    nearest_ = NearestTable(rgb);
+    // The pattern reaches about half way to the next colour, as far apart as they are on the average.
+    double sum = 0;
+    for (const Rgb& color : rgb) {
+        float least = std::numeric_limits<float>::max();
+        for (const Rgb& other : rgb) {
+            float distance = 0;
+            for (std::size_t c = 0; c < 3; ++c) distance += (color[c] - other[c]) * (color[c] - other[c]);
+            if (distance > 0) least = std::min(least, distance);
+        }
+        if (rgb.size() > 1) sum += std::sqrt(least);
+    }
+    strength_ = static_cast<float>(std::min(sum / static_cast<double>(rgb.size()), 64.0));
+}
+
+std::uint8_t PatternDither::IndexOf(QRgb pixel, int x, int y) const {
+    // Bayer's pattern of 8 x 8: the bits of x ^ y and y in turn, the lowest first.
+    const unsigned a = static_cast<unsigned>(x ^ y) & 7u;
+    const unsigned b = static_cast<unsigned>(y) & 7u;
+    unsigned rank = 0;
+    for (int bit = 0; bit < 3; ++bit) rank = (rank << 2) | (((a >> bit) & 1u) << 1) | ((b >> bit) & 1u);
+    const float shift = ((static_cast<float>(rank) + 0.5f) / 64.0f - 0.5f) * strength_;
+    const auto moved = [shift](int value) {
+        return static_cast<int>(std::clamp(static_cast<float>(value) + shift + 0.5f, 0.0f, 255.0f));
+    };
+    return nearest_[CellOf(moved(qRed(pixel)), moved(qGreen(pixel)), moved(qBlue(pixel)))];
+}
 
 PalettePicture ReduceColors(const QImage& picture) {
     PalettePicture result;

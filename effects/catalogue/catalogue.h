@@ -9,8 +9,8 @@
 #include <cstdint>
 #include <span>
 
+#include "document/effect_inputs.h"
 #include "document/shared_state.h"
-#include "effects/catalogue/effect_inputs.h"
 
 namespace kelu {
 

@@ -42,12 +42,15 @@ void WritePdf(const QImage& picture, const QString& path, const PdfProperties& p
     AtomicFile(path).FillAndCommit([&](QFile& file) { WritePdfPage(file, picture, PageFor(picture), properties); });
 }
 
-void PdfExport::CreatePDF(const QString& path) {
+bool PdfExport::CreatePDF(const QString& path) {
+    bool written = false;
     RunShowingErrors(dialog_, [&] {
         const QImage picture = picCanvas_.Picture();
         RunBeside([&] { WritePdf(picture, path, KeluPdfProperties()); });
+        written = true;
         LaunchPDF(path);
     });
+    return written;
 }
 
 void PdfExport::LaunchPDF(const QString& path) {

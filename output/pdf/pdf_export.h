@@ -26,8 +26,9 @@ class PdfExport {
     PdfExport(Surface& picCanvas, MsgDialog& dialog, std::function<bool(const QString&)> openDocument)
         : picCanvas_(picCanvas), dialog_(dialog), openDocument_(std::move(openDocument)) {}
 
-    /// Writes the canvas to `path` and says so. A failure shows the standard error message.
-    void CreatePDF(const QString& path);
+    /// Writes the canvas to `path` and says so. A failure shows the standard error message;
+    /// false when nothing was written.
+    bool CreatePDF(const QString& path);
 
  private:
     /// Tells that the file is there and opens it if the user ticks the box.

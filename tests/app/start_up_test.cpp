@@ -68,7 +68,7 @@ struct StartUpTest : testing::Test {
     NoSaveDialog saveDialog;
     ScriptedSteps steps;
     Document document{surfaces, view, view, state};
-    OpenSave openSave{document, state, dialog, saveDialog, [] {}, [](const QString&) {}};
+    OpenSave openSave{document, state, dialog, saveDialog, [] {}, [](const QString&) { return true; }};
     StartUp startUp{steps, state, settings, dialog, openSave};
 };
 

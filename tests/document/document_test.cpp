@@ -32,8 +32,12 @@ struct DocumentTest : testing::Test {
     QStringList pdfs;
     int browses = 0;
     Document document{surfaces, view, originalView, state};
-    OpenSave openSave{
-        document, state, dialog, saveDialog, [this] { ++browses; }, [this](const QString& path) { pdfs << path; }};
+    OpenSave openSave{document,
+                      state,
+                      dialog,
+                      saveDialog,
+                      [this] { ++browses; },
+                      [this](const QString& path) { return pdfs << path, true; }};
     History history{surfaces.picCanvas, view, state};
     ZoomView zoom{document, view, state};
 

@@ -1,4 +1,4 @@
-// What the user can set for one render, as plain values: the panel and the command line both end in these.
+// What the user can set for one render, as plain values: panel, command line and recipe all end in these.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -6,6 +6,10 @@
 #include <array>
 
 namespace kelu {
+
+/// Version of what the effects compute. To be raised when one of them gives other bytes for the same inputs, so that
+/// no recipe promises a picture that it can't give any more.
+inline constexpr int kEffectDefinitions = 1;
 
 /// The three bytes of a colour, 0 to 255 each.
 struct ColorBytes {
@@ -31,6 +35,7 @@ struct EffectInputs {
     ColorBytes color1;
     ColorBytes color2;
     int choice = 0;  ///< option button, list row or compass button, counted from 1; 0 none
+    bool operator==(const EffectInputs&) const = default;
 };
 
 }  // namespace kelu

@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: MIT
+#include "document/replay.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <algorithm>
+#include <cmath>
+
+#include "document/journal_file.h"
+#include "pictures/picture_file.h"
+#include "platform/error.h"
+
+namespace kelu {
+namespace {
+
+constexpr int kFullStrength = 255;
+constexpr double kFarthest = 1e7;  // image pixels
+constexpr int kLargestBrush = 10'000;
+constexpr int kRenderWork = 400;  // a render counts as much as this many segments
+
+QImage ReadKept(const Recipe::KeptPicture& kept, const QString& folder) {
+    QImage picture = ReadPicture(QDir(folder).filePath(kept.name));
+    // What is opaque all over is read without transparency.
+    if (kept.hasAlpha && !picture.hasAlphaChannel()) picture.reinterpretAsFormat(QImage::Format_ARGB32);
+    return picture;
+}
+
+QString SizeText(const QSize& size) { return QStringLiteral("%1 x %2").arg(size.width()).arg(size.height()); }
+
+}  // namespace
+
+Recipe FittedRecipe(Recipe recipe, const QSize& size) {
+    const double scaleX = static_cast<double>(size.width()) / recipe.size.width();
+    const double scaleY = static_cast<double>(size.height()) / recipe.size.height();
+    // Whole numbers are the middles of pixels.
+    const auto fit = [](int at, double scale) {
+        return static_cast<int>(std::lround(std::clamp((at + 0.5) * scale - 0.5, -kFarthest, kFarthest)));
+    };
+    const double mean = std::sqrt(scaleX * scaleY);
+    for (Recipe::Step& step : recipe.steps) {
+        step.from = {fit(step.from.x(), scaleX), fit(step.from.y(), scaleY)};
+        step.to = {fit(step.to.x(), scaleX), fit(step.to.y(), scaleY)};
+        if (step.kind == Recipe::Kind::Brush && step.number > 0)
+            step.number = static_cast<int>(std::lround(std::clamp(step.number * mean, 1.0, double{kLargestBrush})));
+    }
+    for (Recipe::Render& render : recipe.renders) {
+        render.inputs.x = fit(render.inputs.x, scaleX);
+        render.inputs.y = fit(render.inputs.y, scaleY);
+    }
+    recipe.size = size;
+    return recipe;
+}
+
+void Replay::Open(const QImage& picture, bool fit) {
+    Surface opened;
+    opened.SetPicture(picture);
+    if (recipe_.shrunk) ShrinkLargePicture(opened);
+    const QSize size = opened.Picture().size();
+    if (size != recipe_.size) {
+        if (!fit)
+            throw Error(kInvalidPicture,
+                        QStringLiteral("The picture is %1 pixels large, the recipe was made for %2")
+                            .arg(SizeText(size), SizeText(recipe_.size)),
+                        QStringLiteral("Replay"));
+        recipe_ = FittedRecipe(std::move(recipe_), size);
+    }
+    if (!recipe_.paint.name.isEmpty()) {
+        lastRender_ = {ReadKept(recipe_.paint, folder_), recipe_.paintBrush, recipe_.paintSoftness};
+        surfaces_.picCanvas.SelectBrush(lastRender_);
+        effectReady_ = true;
+    }
+    surfaces_.picCanvas.SetPicture(opened.Picture());
+    surfaces_.picPen.SetPicture(opened.Picture());
+    surfaces_.picOriginal.SetPicture(opened.Picture());
+}
+
+void Replay::DoNext() {
+    const Recipe::Step& step = recipe_.steps[next_];
+    Surface& canvas = surfaces_.picCanvas;
+    Surface& pen = surfaces_.picPen;
+    switch (step.kind) {
+        case Recipe::Kind::Apply: {
+            const Recipe::Render& render = recipe_.renders[static_cast<std::size_t>(step.number)];
+            const QImage picture = canvas.Picture();
+            pen.SetPicture(render.done ? render_(picture, render.effect, render.inputs) : picture);
+            effectReady_ = true;
+            break;
+        }
+        case Recipe::Kind::Brush:
+            if (step.number == 0) {
+                canvas.SelectBrush({});
+                break;
+            }
+            if (step.source == BrushSource::Pen) lastRender_ = pen.MakeBrush(step.number);
+            canvas.SelectBrush(step.source == BrushSource::Original ? surfaces_.picOriginal.MakeBrush(step.number)
+                                                                    : lastRender_);
+            canvas.SetBrushSize(step.number);
+            canvas.SetBrushSoftness(step.softness);
+            break;
+        case Recipe::Kind::Soft:
+            canvas.SetBrushSoftness(step.number);
+            break;
+        case Recipe::Kind::All:
+            canvas.PaintAll();
+            break;
+        case Recipe::Kind::Press:
+            canvas.PushUndo();
+            break;
+        case Recipe::Kind::Line:
+            canvas.DrawBrushLine(step.from.x(), step.from.y(), step.to.x(), step.to.y(), kFullStrength);
+            break;
+        case Recipe::Kind::Undo:
+            canvas.Undo();
+            break;
+        case Recipe::Kind::Redo:
+            canvas.Redo();
+            break;
+    }
+    ++next_;
+}
+
+bool Replay::DoAll(const std::function<bool(int percent)>& progress) {
+    const auto work = [](const Recipe::Step& step) { return step.kind == Recipe::Kind::Apply ? kRenderWork : 1; };
+    qint64 all = 0;
+    for (const Recipe::Step& step : recipe_.steps) all += work(step);
+    qint64 done = 0;
+    int told = -1;
+    while (!AtEnd()) {
+        done += work(recipe_.steps[next_]);
+        DoNext();
+        const int percent = static_cast<int>(100 * done / all);
+        if (progress && percent != std::exchange(told, percent) && !progress(percent)) return false;
+    }
+    return true;
+}
+
+QImage ReadJournalPicture(const Recipe& recipe, const QString& folder) {
+    if (!recipe.kept.name.isEmpty()) return ReadKept(recipe.kept, folder);
+    const QString name = QFileInfo(recipe.file).fileName();
+    if (!QFileInfo::exists(recipe.file))
+        throw Error(kFileError, QStringLiteral("'%1' is not there any more").arg(name), QStringLiteral("Replay"));
+    if (!recipe.fileSum.isEmpty() && FileSum(recipe.file) != recipe.fileSum)
+        throw Error(kFileError, QStringLiteral("'%1' has changed since").arg(name), QStringLiteral("Replay"));
+    return ReadPicture(recipe.file);
+}
+
+}  // namespace kelu

@@ -1,0 +1,206 @@
+// The journal against what was really painted: random sessions replayed, and files that were cut, zeroed and damaged.
+// SPDX-License-Identifier: MIT
+#include "document/journal.h"
+
+#include <QDir>
+#include <QSignalSpy>
+#include <QtTest>
+
+#include "document/journal_file.h"
+#include "document/replay.h"
+#include "effects/catalogue/render_on.h"
+#include "platform/error.h"
+#include "tests/document/painting_session.h"
+
+namespace kelu {
+namespace {
+
+QStringList JournalsIn(const QString& folder) {
+    QStringList paths;
+    for (const QFileInfo& file : QDir(folder).entryInfoList({"*.journal"}, QDir::Files)) paths += file.filePath();
+    return paths;
+}
+
+void ReplayInto(Surfaces& surfaces, const Recipe& recipe, const QString& folder) {
+    Replay replay(recipe, surfaces, &RenderEffectOn);
+    replay.SetFolder(folder);
+    replay.Open(ReadJournalPicture(recipe, folder));
+    replay.DoAll();
+}
+
+/// Replayed by hand with many more: KELU_SESSIONS=300.
+class RandomSession : public testing::TestWithParam<unsigned> {};
+INSTANTIATE_TEST_SUITE_P(Seeds, RandomSession,
+                         testing::Range(1u, 1u + qEnvironmentVariableIntValue("KELU_SESSIONS") + 12u));
+
+TEST_P(RandomSession, IsReplayedToTheSameBytes) {
+    QTemporaryDir state;
+    const QString folder = state.filePath("journals");
+    Journal journal(folder);
+    QSignalSpy off(&journal, &Journal::Off);
+    PaintingSession session(journal, GetParam());
+    session.surfaces.picCanvas.SetUndoBudget(1 << 19);  // so that levels fall off
+    session.Open();
+    for (int step = 0; step < 60; ++step) {
+        session.DoSomething();
+        if (session.Below(10) == 0) journal.Flush();
+    }
+    session.Apply(1);
+    session.settings.Write(settings::kCursorStyle, QStringLiteral("1"));
+    session.Stroke();  // so that there is something unsaved
+    journal.Flush(/*wait=*/true);
+    ASSERT_TRUE(off.isEmpty()) << qPrintable(off.value(0).value(0).toString());
+
+    const QStringList files = JournalsIn(folder);
+    ASSERT_EQ(files.size(), 1);
+    const Recipe recipe = ReadRecipeFile(files[0]);
+    ASSERT_EQ(recipe.fault, QString());
+    EXPECT_TRUE(recipe.unsaved);
+    Surfaces replayed;
+    ReplayInto(replayed, recipe, folder);
+    EXPECT_TRUE(SameBytes(replayed.picCanvas.Picture(), session.surfaces.picCanvas.Picture()));
+    EXPECT_TRUE(SameBytes(replayed.picPen.Picture(), session.surfaces.picPen.Picture()));
+    EXPECT_TRUE(SameBytes(replayed.picOriginal.Picture(), session.surfaces.picOriginal.Picture()));
+    for (; session.surfaces.picCanvas.CanUndo(); session.surfaces.picCanvas.Undo()) replayed.picCanvas.Undo();
+    EXPECT_TRUE(SameBytes(replayed.picCanvas.Picture(), session.surfaces.picCanvas.Picture()));
+}
+
+/// A journal with a few strokes, and the pictures after each number of its steps.
+struct Damage : testing::Test {
+    QTemporaryDir state;
+    QByteArray text;
+    Recipe whole;
+    std::vector<QImage> after;
+    Journal journal{state.path()};
+    PaintingSession session{journal, 5};
+
+    void SetUp() override {
+        session.document.Open(session.folder.filePath("plain.png"), Document::Source::Browse);
+        for (int effect : {32, 1}) {
+            session.Apply(effect);
+            session.Stroke();
+            session.history.PerformUndo();
+            session.Stroke();
+            journal.Flush(/*wait=*/true);
+        }
+        QFile file(JournalsIn(state.path()).value(0));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        text = file.readAll();
+        whole = ReadRecipeText(text);
+        ASSERT_EQ(whole.fault, QString());
+        ASSERT_GT(whole.steps.size(), 12u);
+        Surfaces surfaces;
+        Replay replay(whole, surfaces, &RenderEffectOn);
+        replay.Open(ReadJournalPicture(whole, state.path()));
+        for (after.push_back(surfaces.picCanvas.Picture().copy()); !replay.AtEnd();
+             after.push_back(surfaces.picCanvas.Picture().copy()))
+            replay.DoNext();
+    }
+
+    /// The text tells the first steps of the whole, all others are missing, and it says so.
+    void ExpectPrefix(const QByteArray& damaged, bool deep) {
+        const Recipe recipe = ReadRecipeText(damaged);
+        ASSERT_LE(recipe.certainBytes, damaged.size());
+        ASSERT_LE(recipe.steps.size(), whole.steps.size());
+        if (!recipe.fault.isEmpty() && recipe.size.isEmpty()) return;
+        ASSERT_EQ(recipe.fault.isEmpty(), damaged.size() == recipe.certainBytes);
+        for (std::size_t i = 0; i < recipe.steps.size(); ++i) {
+            ASSERT_EQ(recipe.steps[i].kind, whole.steps[i].kind);
+            ASSERT_EQ(recipe.steps[i].to, whole.steps[i].to);
+        }
+        if (!deep) return;
+        Surfaces surfaces;
+        ReplayInto(surfaces, recipe, state.path());
+        ASSERT_TRUE(SameBytes(surfaces.picCanvas.Picture(), after[recipe.steps.size()]));
+    }
+};
+
+TEST_F(Damage, LeavesAPrefixOfTheSession) {
+    std::mt19937 random(1);
+    for (qsizetype length = 0; length <= text.size(); ++length) {
+        SCOPED_TRACE(length);
+        ExpectPrefix(text.first(length), length % 40 == 0);
+        QByteArray zeroed = text;  // the last block never reached the disk
+        std::fill(zeroed.begin() + length, zeroed.end(), '\0');
+        if (length < text.size()) ExpectPrefix(zeroed, false);
+        QByteArray other = text;  // one byte is another one
+        if (length < text.size()) {
+            other[length] = static_cast<char>(other[length] ^ (1 + random() % 255));
+            ExpectPrefix(other, false);
+        }
+        QByteArray garbage = text.first(length);
+        for (int i = 0; i < 100; ++i) garbage += static_cast<char>(random());
+        ExpectPrefix(garbage, false);
+        if (HasFatalFailure()) return;
+    }
+    // A line that was told once can't be told again elsewhere.
+    const QByteArray last = text.mid(text.lastIndexOf('\n', -2) + 1);
+    EXPECT_EQ(ReadRecipeText(text + last).certainBytes, text.size());
+}
+
+TEST_F(Damage, ThePictureMustBeTheSame) {
+    const QString picture = session.folder.filePath("plain.png");
+    Surfaces surfaces;
+    QFile::copy(picture, picture + ".old");
+    QFile::remove(picture);
+    EXPECT_THROW(ReplayInto(surfaces, whole, state.path()), Error);
+    QFile::copy(session.folder.filePath("glass.png"), picture);
+    EXPECT_THROW(ReplayInto(surfaces, whole, state.path()), Error);
+}
+
+TEST(JournalLife, FilesComeWithStrokesAndGoWithSaves) {
+    QTemporaryDir state;
+    const auto files = [&] { return JournalsIn(state.path()).size(); };
+    {
+        Journal journal(state.path());
+        QSignalSpy left(&journal, &Journal::Left);
+        PaintingSession session(journal, 1);
+        const auto open = [&] {
+            session.document.Open(session.folder.filePath("plain.png"), Document::Source::Browse);
+            session.Apply(1);
+            journal.Flush(true);
+        };
+        open();
+        EXPECT_EQ(files(), 0) << "nothing was painted";
+        session.Stroke();
+        journal.Flush(true);
+        ASSERT_EQ(files(), 1);
+        EXPECT_EQ(QFile::permissions(JournalsIn(state.path())[0]) & 0x77, QFile::Permissions());
+        // Saved: the file stays for strokes to come, but there is nothing to bring back; with the next picture it goes.
+        session.Save();
+        journal.Flush(true);
+        EXPECT_FALSE(ReadRecipeFile(JournalsIn(state.path())[0]).unsaved);
+        open();
+        EXPECT_EQ(files(), 0);
+        // Counted as saved although nothing was written: left until the next picture is saved.
+        session.Stroke();
+        session.state.ImageDirty = false;
+        open();
+        EXPECT_TRUE(left.size() == 1 || left.wait(1000));
+        EXPECT_EQ(files(), 1);
+        session.Stroke();
+        journal.Flush(true);
+        EXPECT_EQ(files(), 2);
+        session.Save();
+        journal.Flush(true);
+        EXPECT_EQ(files(), 1);
+        session.Stroke();
+    }
+    EXPECT_EQ(files(), 1) << "unsaved strokes outlive the program";
+}
+
+TEST(JournalLife, PaintingGoesOnWithoutAFolder) {
+    Journal journal("/dev/null/here");
+    QSignalSpy off(&journal, &Journal::Off);
+    PaintingSession session(journal, 1);
+    session.Open();
+    session.Apply(1);
+    for (int i = 0; i < 5; ++i) session.Stroke();
+    journal.Flush(true);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(off.size(), 1);
+    EXPECT_TRUE(session.surfaces.picCanvas.CanUndo());
+}
+
+}  // namespace
+}  // namespace kelu
