@@ -1,4 +1,4 @@
-// Button pictures: inputs that suit a small picture, the render, the drawing, the worker.
+// Button pictures: the render, the drawing, the worker.
 // SPDX-License-Identifier: MIT
 #include "effects/effect_pictures.h"
 
@@ -6,10 +6,9 @@
 #include <QPainter>
 #include <QPainterPath>
 
-#include "canvas/surface.h"
 #include "controls/theme/theme.h"
 #include "effects/catalogue/catalogue.h"
-#include "effects/catalogue/pix_twix.h"
+#include "effects/catalogue/render_onto.h"
 #include "pictures/picture_file.h"
 #include "platform/error.h"
 
@@ -20,35 +19,6 @@ constexpr int kRim = 2;  // device-independent pixels round the photograph
 constexpr QSize kPhotoSize{115, 77};
 constexpr int kNameGap = 3;
 
-// Inputs made for a photograph of thousands of pixels that would leave nothing of 115, or would not show at all.
-struct SmallInputs {
-    int number;
-    int first;
-    int second = 0;
-    bool pixels = true;  // lengths in device-independent pixels of the button picture
-};
-constexpr SmallInputs kSmallInputs[] = {
-    {2, 40, 0, false}, {3, 110, 0, false}, {7, 5, 4}, {8, 3},
-    {9, 40, 0, false}, {10, 40, 0, false}, {21, 16},  {22, 40, 0, false},
-    {23, 16},          {26, 60, 0, false}, {27, 12},  {28, 3},
-    {29, 3},           {31, 6, 6},         {33, 3},   {42, 5},
-    {47, 28, -10},
-};
-constexpr int kSmallSquare = 16;  // side of Scramble's and Tile's squares, whose second input is a share
-
-EffectInputs SampleInputs(const Effect& effect, const QSize& size, qreal ratio) {
-    EffectInputs inputs = effect.Defaults();
-    inputs.x = size.width() / 2;
-    inputs.y = size.height() / 2;
-    for (const SmallInputs& small : kSmallInputs) {
-        if (small.number != effect.number) continue;
-        inputs.slider[0] = small.pixels ? qRound(small.first * ratio) : small.first;
-        inputs.slider[1] = small.pixels ? qRound(small.second * ratio) : small.second;
-    }
-    if (effect.number == 38 || effect.number == 44) inputs.slider[0] = qRound(kSmallSquare * ratio);
-    return inputs;
-}
-
 QImage MiddleOf(const QImage& photograph, const QSize& size) {
     const QImage covering = photograph.scaled(size, Qt::KeepAspectRatioByExpanding, Qt::SmoothTransformation);
     const QPoint corner((covering.width() - size.width()) / 2, (covering.height() - size.height()) / 2);
@@ -56,16 +26,9 @@ QImage MiddleOf(const QImage& photograph, const QSize& size) {
 }
 
 QImage WithEffect(const Effect& effect, const QImage& plain, qreal ratio) {
-    if (effect.number == kNeon) {
-        Surface pen;
-        pen.SetPicture(plain);
-        pen.NeonFilter();
-        return pen.Picture();
-    }
-    PixTwix engine(1);  // too small to be worth waking other threads
-    engine.SetPicture(plain);
-    RenderEffect(effect, SampleInputs(effect, plain.size(), ratio), engine);
-    return engine.Picture();
+    engine::Run run;
+    run.threads = 1;  // too small to be worth waking other threads
+    return RenderOnto(effect, PreviewInputs(effect, plain.size(), ratio), plain, run);
 }
 
 void DrawName(QPainter& painter, const QString& name, const QRectF& box) {

@@ -19,7 +19,7 @@ inline constexpr QSize kEffectPictureSize{119, 100};
 /// in device pixels and cut to its middle, with the effect. Without a photograph the name stands alone.
 QImage DrawEffectPicture(const Effect& effect, const QImage& photograph, qreal ratio);
 
-/// Draws all 48 on a thread of its own, while the window is already up.
+/// Draws them all on a thread of its own, while the window is already up.
 class EffectPictures : public QObject {
     Q_OBJECT
 
@@ -28,8 +28,8 @@ class EffectPictures : public QObject {
     /// Waits for the picture in hand, not for the rest.
     ~EffectPictures() override;
 
-    /// Starts drawing with the photograph at `path`; PictureReady comes 48 times, in the order of the numbers. A call
-    /// before the last is done starts over.
+    /// Starts drawing with the photograph at `path`; PictureReady comes once for each effect, in the order of the
+    /// numbers. A call before the last is done starts over.
     void Start(const QString& path, qreal ratio);
 
  Q_SIGNALS:
