@@ -3,7 +3,6 @@
 #include "engine/borders.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "engine/random.h"
 #include "tests/engine/effect_rows.h"
@@ -18,8 +17,7 @@ int EdgeDistance(const Picture& source, int x, int y) {
 }
 
 EffectRow FadeRow(int depth, Color color) {
-    return {"FadeBorders_" + std::to_string(depth),
-            [=](auto& s, auto& t, auto& run) { FadeBorders(s, t, depth, color, run); },
+    return {"FadeBorders_" + std::to_string(depth), With<FadeBorders>(depth, color),
             EachPixel([=](const Picture& source, int x, int y) -> std::array<double, 3> {
                 const Rgba p = source.At(x, y);
                 const double t = std::min(1.0, EdgeDistance(source, x, y) / static_cast<double>(depth));
@@ -37,8 +35,7 @@ std::array<double, 3> Covered(const Rgba& p, Color color, double cover) {
 
 // Four bands, each with its own curve of widths; a pixel is covered as far as the nearest band reaches into it.
 EffectRow IrregularRow(int depth, Color color) {
-    return {"IrregularBorders_" + std::to_string(depth),
-            [=](auto& s, auto& t, auto& run) { IrregularBorders(s, t, depth, color, run); },
+    return {"IrregularBorders_" + std::to_string(depth), With<IrregularBorders>(depth, color),
             EachPixel([=](const Picture& source, int x, int y) -> std::array<double, 3> {
                 const auto reach = [=](int edge, int along, int distance) {
                     const float place = static_cast<float>(along) / static_cast<float>(2 * depth);
@@ -54,8 +51,7 @@ EffectRow IrregularRow(int depth, Color color) {
 
 // Fractal noise against a threshold that falls from 1 at the edge to 0 at the full depth.
 EffectRow ErodeRow(int depth, Color color) {
-    return {"ErodeBorder_" + std::to_string(depth),
-            [=](auto& s, auto& t, auto& run) { ErodeBorder(s, t, depth, color, run); },
+    return {"ErodeBorder_" + std::to_string(depth), With<ErodeBorder>(depth, color),
             EachPixel([=](const Picture& source, int x, int y) -> std::array<double, 3> {
                 double noise = 0.5;
                 for (int octave = 0; octave < 5; ++octave) {
@@ -71,35 +67,13 @@ EffectRow ErodeRow(int depth, Color color) {
             1};
 }
 
-EffectRow Neutral(const std::string& name, Render render) {
-    return {name + "_neutral", std::move(render), Unchanged()};
-}
-
 }  // namespace
 
 std::vector<EffectRow> BorderRows() {
     return {
-        FadeRow(1, {255, 255, 255}),
-        FadeRow(30, {200, 100, 0}),
-        FadeRow(255, {0, 0, 255}),
-        IrregularRow(1, {255, 255, 255}),
-        IrregularRow(20, {255, 200, 0}),
-        IrregularRow(200, {0, 0, 0}),
-        ErodeRow(1, {255, 255, 255}),
-        ErodeRow(20, {255, 200, 0}),
-        ErodeRow(255, {10, 0, 0}),
-        Neutral("IrregularBorders",
-                [](auto& s, auto& t, auto& run) {
-                    IrregularBorders(s, t, 0, {255, 255, 255}, run);
-                }),
-        Neutral("ErodeBorder",
-                [](auto& s, auto& t, auto& run) {
-                    ErodeBorder(s, t, 0, {255, 255, 255}, run);
-                }),
-        Neutral("FadeBorders",
-                [](auto& s, auto& t, auto& run) {
-                    FadeBorders(s, t, 0, {255, 255, 255}, run);
-                }),
+        FadeRow(1, {255, 255, 255}),      FadeRow(30, {200, 100, 0}),      FadeRow(255, {0, 0, 255}),
+        IrregularRow(1, {255, 255, 255}), IrregularRow(20, {255, 200, 0}), IrregularRow(200, {0, 0, 0}),
+        ErodeRow(1, {255, 255, 255}),     ErodeRow(20, {255, 200, 0}),     ErodeRow(255, {10, 0, 0}),
     };
 }
 

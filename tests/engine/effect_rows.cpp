@@ -17,10 +17,6 @@ Definition EachPixel(ColorDefinition color) {
     };
 }
 
-Definition Unchanged() {
-    return [](const Picture& source, Picture& expected) { expected = source; };
-}
-
 std::vector<EffectRow> AllRows() {
     std::vector<EffectRow> rows;
     for (const auto& family : {
@@ -29,6 +25,7 @@ std::vector<EffectRow> AllRows() {
              ChannelMapRows,
              LumaMapRows,
              NeighbourhoodRows,
+             NeutralRows,
              RandomRows,
              ScatterRows,
              WarpRows,
