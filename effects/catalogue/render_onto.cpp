@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "effects/catalogue/render_onto.h"
 
+#include <cmath>
+
 #include "canvas/render_picture.h"
 #include "effects/catalogue/catalogue.h"
 #include "platform/error.h"
@@ -15,14 +17,16 @@ QImage RenderOnto(const Effect& effect, const EffectInputs& inputs, const QImage
         picture, [&](auto& source, auto& target, auto& how) { effect.render(source, target, inputs, how); }, run);
 }
 
-EffectInputs PreviewInputs(const Effect& effect, const QSize& size, double ratio) {
+EffectInputs PreviewInputs(const Effect& effect, const QSize& size, double ratio, double scale) {
     EffectInputs inputs = effect.Defaults();
     inputs.x = size.width() / 2;
     inputs.y = size.height() / 2;
     for (std::size_t i = 0; i < effect.sliders.size(); ++i) {
         const EffectPreview& preview = effect.sliders[i].preview;
         if (preview.kind == EffectPreview::Kind::Plain) inputs.slider[i] = preview.value;
-        if (preview.kind == EffectPreview::Kind::Pixels) inputs.slider[i] = qRound(preview.value * ratio);
+        if (preview.kind != EffectPreview::Kind::Pixels) continue;
+        const double least = preview.value * ratio, promised = effect.sliders[i].value * scale;
+        inputs.slider[i] = qRound(std::abs(promised) > std::abs(least) ? promised : least);
     }
     return inputs;
 }

@@ -17,7 +17,9 @@ struct Effect;
 QImage RenderOnto(const Effect& effect, const EffectInputs& inputs, const QImage& picture, const engine::Run& run = {});
 
 /// Inputs at which a preview of `size` pixels shows what the effect does: the row's own, the point in the middle.
-/// Lengths that the row gives are taken `ratio` times, for finer screens.
-EffectInputs PreviewInputs(const Effect& effect, const QSize& size, double ratio);
+/// Lengths that the row gives are taken `ratio` times, for finer screens. Where one pixel of the picture is `scale`
+/// pixels of the preview (0: unknown), lengths are those that the panel starts with, unless they would be too short to
+/// show.
+EffectInputs PreviewInputs(const Effect& effect, const QSize& size, double ratio, double scale = 0);
 
 }  // namespace kelu
