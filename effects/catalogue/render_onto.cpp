@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "effects/catalogue/render_onto.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "canvas/render_picture.h"
@@ -25,7 +26,9 @@ EffectInputs PreviewInputs(const Effect& effect, const QSize& size, double ratio
         const EffectPreview& preview = effect.sliders[i].preview;
         if (preview.kind == EffectPreview::Kind::Plain) inputs.slider[i] = preview.value;
         if (preview.kind != EffectPreview::Kind::Pixels) continue;
-        const double least = preview.value * ratio, promised = effect.sliders[i].value * scale;
+        const double most = std::min(size.width(), size.height()) / 3.0;  // three squares side by side still show
+        const double least = preview.value * ratio;
+        const double promised = std::clamp(effect.sliders[i].value * scale, -most, most);
         inputs.slider[i] = qRound(std::abs(promised) > std::abs(least) ? promised : least);
     }
     return inputs;

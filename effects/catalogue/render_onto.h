@@ -18,8 +18,8 @@ QImage RenderOnto(const Effect& effect, const EffectInputs& inputs, const QImage
 
 /// Inputs at which a preview of `size` pixels shows what the effect does: the row's own, the point in the middle.
 /// Lengths that the row gives are taken `ratio` times, for finer screens. Where one pixel of the picture is `scale`
-/// pixels of the preview (0: unknown), lengths are those that the panel starts with, unless they would be too short to
-/// show.
+/// pixels of the preview (0: unknown), lengths are those that the panel starts with, unless they would be too short or
+/// too long to show.
 EffectInputs PreviewInputs(const Effect& effect, const QSize& size, double ratio, double scale = 0);
 
 }  // namespace kelu

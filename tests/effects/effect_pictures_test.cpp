@@ -95,7 +95,8 @@ TEST(EffectPictures, PromiseTheLengthsThatApplyGives) {
     const Effect& tile = *FindEffect(44);
     const int least = tile.sliders[0].preview.value;
     EXPECT_EQ(PreviewInputs(tile, {115, 77}, 1, 0.01).slider[0], least);
-    EXPECT_EQ(PreviewInputs(tile, {115, 77}, 1, 0.4).slider[0], 40);
+    EXPECT_EQ(PreviewInputs(tile, {115, 77}, 1, 0.2).slider[0], 20);
+    EXPECT_EQ(PreviewInputs(tile, {115, 77}, 1, 0.6).slider[0], 26) << "three of them fit";
     EXPECT_EQ(PreviewInputs(tile, {230, 154}, 2, 0).slider[0], 2 * least);
     EXPECT_EQ(PreviewInputs(*FindEffect(47), {115, 77}, 1, 0.01).slider[1], -10) << "a length may point backward";
 }
