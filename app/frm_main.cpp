@@ -126,6 +126,7 @@ void frmMain::Connect() {
 
     ConnectCapture();
     connect(&buttonPictures_, &EffectPictures::PictureReady, controls.selectors, &EffectSelectors::ShowPicture);
+    buttonPictures_.Follow(document_.Canvas(), state_);
 
     chrome_.AddHandle(*controls.picTitleBar, /*maximises=*/true);
     chrome_.AddHandle(*controls.picCover, /*maximises=*/false);

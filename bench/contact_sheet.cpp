@@ -1,4 +1,4 @@
-// Draws what all 48 effects make of a photograph, to be looked at: one sheet at default inputs, and one with each
+// Draws what all effects make of a photograph, to be looked at: one sheet at default inputs, and one with each
 // slider at its two ends.
 //     contact_sheet PHOTOGRAPH TARGET_FOLDER
 // The photograph is reduced to a working size first; inputs that are image pixels are meant for about that size.
@@ -10,9 +10,8 @@
 #include <cstdio>
 #include <vector>
 
-#include "canvas/surface.h"
 #include "effects/catalogue/catalogue.h"
-#include "effects/catalogue/pix_twix.h"
+#include "effects/catalogue/render_onto.h"
 #include "pictures/picture_file.h"
 #include "platform/error.h"
 
@@ -29,18 +28,6 @@ struct Cell {
     QImage picture;
 };
 
-QImage Rendered(const Effect& effect, const EffectInputs& inputs, const QImage& photograph) {
-    if (effect.number == kNeon) {
-        Surface surface;
-        surface.SetPicture(photograph);
-        surface.NeonFilter();
-        return surface.Picture();
-    }
-    PixTwix engine;
-    engine.SetPicture(photograph);
-    return RenderEffect(effect, inputs, engine) ? engine.Picture() : QImage();
-}
-
 EffectInputs InputsFor(const Effect& effect, const QImage& photograph) {
     EffectInputs inputs = effect.Defaults();
     inputs.x = photograph.width() / 2;
@@ -52,7 +39,7 @@ std::vector<Cell> AtDefaults(const QImage& photograph) {
     std::vector<Cell> cells;
     for (const Effect& effect : Catalogue())
         cells.push_back({QStringLiteral("%1 %2").arg(effect.number).arg(QString::fromLatin1(effect.listText)),
-                         Rendered(effect, InputsFor(effect, photograph), photograph)});
+                         RenderOnto(effect, InputsFor(effect, photograph), photograph)});
     return cells;
 }
 
@@ -68,7 +55,7 @@ std::vector<Cell> AtSliderEnds(const QImage& photograph) {
                          .arg(effect.number)
                          .arg(QString::fromLatin1(effect.listText), QString::fromLatin1(effect.sliders[i].label))
                          .arg(value),
-                     Rendered(effect, inputs, photograph)});
+                     RenderOnto(effect, inputs, photograph)});
             }
     return cells;
 }

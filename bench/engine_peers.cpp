@@ -55,7 +55,7 @@ Peers::Peers(const engine::ImageView& view, int threads) : data_(std::make_uniqu
         }
 
     d.operations = {
-        {"1 Grayscale", [=] { gray(), back(); }},
+        {"1 Grayscale, Weighted", [=] { gray(), back(); }},
         {"2 Sepia", matrix},
         {"3 Black & White", [=, &d] { gray(), cv::threshold(d.gray, d.gray, 159, 255, cv::THRESH_BINARY), back(); }},
         {"6 Antialias",
@@ -90,10 +90,10 @@ Peers::Peers(const engine::ImageView& view, int threads) : data_(std::make_uniqu
          [=] {
              filter({-1, -1, -1, -1, 9, -1, -1, -1, -1});
          }},
-        {"28 Maximum, disc", [=, &d] { cv::dilate(d.source, d.target, disc); }},
-        {"28 Maximum, square", [=, &d] { cv::dilate(d.source, d.target, square); }},
-        {"29 Minimum, disc", [=, &d] { cv::erode(d.source, d.target, disc); }},
-        {"29 Minimum, square", [=, &d] { cv::erode(d.source, d.target, square); }},
+        {"28 Maximum, Circle", [=, &d] { cv::dilate(d.source, d.target, disc); }},
+        {"28 Maximum, Square", [=, &d] { cv::dilate(d.source, d.target, square); }},
+        {"29 Minimum, Circle", [=, &d] { cv::erode(d.source, d.target, disc); }},
+        {"29 Minimum, Square", [=, &d] { cv::erode(d.source, d.target, square); }},
         {"31 Mosaic",
          [&d] {
              cv::resize(d.source, d.between, {}, 0.1, 0.1, cv::INTER_AREA);

@@ -1,5 +1,5 @@
-// What the engine benchmark renders: every effect at the catalogue's default inputs, the dearest inputs, and the
-// effects that have a radius at any radius.
+// What the engine benchmark renders, from the catalogue: every effect at its default inputs and with each of its
+// options, the dearest inputs, and the effects that have a radius at any radius.
 // SPDX-License-Identifier: MIT
 #pragma once
 

@@ -88,11 +88,8 @@ void Surface::DrawBitmap(const QImage& bitmap, int x, int y, int opacity) {
     Announce(area);
 }
 
-void Surface::NeonFilter() {
+void Surface::Render(const Renderer& renderer) {
     if (picture_.isNull()) return;
-    QImage result = MakePicture(picture_.width(), picture_.height(), picture_.format());
-    result.setDotsPerMeterX(picture_.dotsPerMeterX());
-    result.setDotsPerMeterY(picture_.dotsPerMeterY());
     bool reported = false;
     engine::Run run;
     run.progress = [this, &reported](int percent) {
@@ -104,13 +101,11 @@ void Surface::NeonFilter() {
     const auto atEnd = qScopeGuard([this, &reported] {
         if (reported) Q_EMIT Progress(99);
     });
-    try {
-        engine::Neon({picture_.constBits(), picture_.width(), picture_.height(), picture_.bytesPerLine()},
-                     {result.bits(), result.width(), result.height(), result.bytesPerLine()}, run);
-    } catch (const std::bad_alloc&) {
-        throw Error(kOutOfMemory, QStringLiteral("Not enough memory for this effect"));
-    }
-    Replace(std::move(result));
+    Replace(renderer(picture_, run));
+}
+
+void Surface::NeonFilter() {
+    Render([](const QImage& picture, const engine::Run& run) { return RenderPicture(picture, engine::Neon, run); });
 }
 
 BrushHandle Surface::MakeBrush(int size) const { return {picture_, std::max(1, size)}; }

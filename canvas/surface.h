@@ -9,6 +9,7 @@
 #include <memory>
 
 #include "canvas/brush.h"
+#include "canvas/render_picture.h"
 
 namespace kelu {
 
@@ -57,7 +58,10 @@ class Surface : public QObject {
     /// Draws `bitmap` with its upper left corner at (x, y), image pixels; `opacity` 0 to 255. Can be undone when a
     /// level is open.
     void DrawBitmap(const QImage& bitmap, int x, int y, int opacity);
-    /// Glowing edges over the whole picture, in place. A long render raises Progress, with 99 last. All undo levels go.
+    /// Replaces the picture by what the renderer makes of it. A long render raises Progress, with 99 last. All undo
+    /// levels go. Throws what the renderer throws, and changes nothing then.
+    void Render(const Renderer& renderer);
+    /// Glowing edges over the whole picture.
     void NeonFilter();
 
     /// A brush whose paint is this surface's picture. `size` is a diameter in image pixels, at least 1.

@@ -10,46 +10,12 @@
 #include "cli/commands.h"
 #include "cli/strokes.h"
 #include "document/document.h"
-#include "effects/catalogue/pix_twix.h"
-#include "effects/effect_application.h"
-#include "effects/effect_controls.h"
-#include "effects/render_window.h"
+#include "effects/catalogue/render_onto.h"
 #include "platform/error.h"
 
 namespace kelu::cli {
 
 namespace {
-
-/// The inputs of one render in the place of the window's panel.
-class GivenControls : public EffectControls {
- public:
-    explicit GivenControls(const EffectInputs& inputs) : inputs_(inputs) {}
-    int XCoordinate() const override { return inputs_.x; }
-    int YCoordinate() const override { return inputs_.y; }
-    qint32 PickerValue(int picker) const override {
-        const ColorBytes& color = picker == 1 ? inputs_.color1 : inputs_.color2;
-        return PickerColor(color.red, color.green, color.blue);
-    }
-    int SliderValue(int slider) const override { return inputs_.slider[static_cast<std::size_t>(slider - 1)]; }
-
- private:
-    const EffectInputs& inputs_;
-};
-
-/// The terminal in the place of the window.
-class TerminalWindow : public RenderWindow {
- public:
-    explicit TerminalWindow(const QString& file) : file_(file) {}
-    void SetFormEnabled(bool) override {}
-    void SetProgressVisible(bool visible) override {
-        if (!visible) ShowProgress(file_, 100);
-    }
-    void SetProgress(int percent) override { ShowProgress(file_, percent); }
-    void RunEventLoopOnce() override {}
-
- private:
-    QString file_;
-};
 
 /// Opens `in` and renders and paints the effect onto its canvas.
 void PaintEffect(const QString& in, const Effect& effect, const EffectInputs& inputs,
@@ -59,15 +25,9 @@ void PaintEffect(const QString& in, const Effect& effect, const EffectInputs& in
     Document document(surfaces, view, view, state);
     document.Open(in, Document::Source::Browse);
 
-    state.CurrentSFX = static_cast<std::int16_t>(effect.number);
-    if (effect.choice.variable) state.*effect.choice.variable = static_cast<std::int16_t>(inputs.choice);
-    PixTwix engine;
-    const GivenControls controls(inputs);
-    TerminalWindow window(in);
-    EffectApplication application(document.Canvas(), document.Pen(), engine, state, controls, window, {[] {}, [] {}});
-    application.ApplyClick();
-    if (effect.number != kNeon && !application.EffectResult())
-        throw Error(kOutOfMemory, QStringLiteral("the effect could not be rendered"));
+    engine::Run run;
+    run.progress = [&](int percent) { ShowProgress(in, percent); };
+    document.Pen().SetPicture(RenderOnto(effect, inputs, document.Canvas().Picture(), run));
 
     if (strokes)
         PaintStrokes(*strokes, document.Pen(), document.Canvas());

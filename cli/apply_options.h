@@ -9,7 +9,7 @@
 
 namespace kelu::cli {
 
-/// The effect of a number 1 to 48 or a name (case, blanks and punctuation don't count). Throws UsageError.
+/// The effect of a number or a name (case, blanks and punctuation don't count). Throws UsageError.
 const Effect& EffectByName(const QString& text);
 
 /// The option that sets a choice of this kind: "option", "row" or "direction"; empty for none.

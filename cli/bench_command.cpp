@@ -13,9 +13,8 @@
 #include "cli/command_line.h"
 #include "cli/commands.h"
 #include "effects/catalogue/catalogue.h"
-#include "effects/catalogue/pix_twix.h"
+#include "effects/catalogue/render_onto.h"
 #include "pictures/picture.h"
-#include "platform/error.h"
 
 namespace kelu::cli {
 
@@ -54,20 +53,8 @@ Times MeasureCopy(const QImage& picture) {
 }
 
 Times MeasureEffect(const Effect& effect, const QImage& picture) {
-    if (effect.number == kNeon) {
-        Surface surface;
-        return Measure([&] {
-            surface.SetPicture(picture);
-            surface.NeonFilter();
-        });
-    }
-    PixTwix engine;
-    return Measure([&] {
-        engine.SetPicture(picture);
-        if (!RenderEffect(effect, effect.Defaults(), engine))
-            throw Error(kOutOfMemory,
-                        QStringLiteral("%1 could not be rendered").arg(QString::fromLatin1(effect.listText)));
-    });
+    const EffectInputs inputs = effect.Defaults();
+    return Measure([&] { RenderOnto(effect, inputs, picture); });
 }
 
 }  // namespace

@@ -23,7 +23,7 @@ struct SharedState {
     bool InternetConnected = false;  ///< last answer of Check4InternetConnection
 
     // Effect chosen and the inputs that lists, options and the compass keep; all count from 1
-    std::int16_t CurrentSFX = 0;          ///< effect 1 to 48, 0 none, 99 the help page of the options
+    std::int16_t CurrentSFX = 0;          ///< number of the effect, 0 none, 99 the help page of the options
     std::int16_t CompassDirection = 3;    ///< 1 to 8, by rows from north-west
     std::int16_t GraySelect = 0;          ///< 1, 2
     std::int16_t MaximumSelect = 0;       ///< 1, 2

@@ -7,6 +7,7 @@
 #include "canvas/surface.h"
 #include "effects/catalogue/catalogue.h"
 #include "effects/catalogue/pix_twix.h"
+#include "effects/catalogue/render_onto.h"
 #include "effects/effect_controls.h"
 #include "effects/render_window.h"
 #include "platform/error.h"
@@ -43,41 +44,40 @@ void EffectApplication::ApplySFX(const Effect& effect) {
     // Before the first report nothing shuts the window, and short renders make none.
     if (applying_) return;
     const QScopedValueRollback<bool> once(applying_, true);
-    if (effect.number == kNeon)
-        ApplyNeon();
-    else
-        ApplyEngineEffect(effect);
-}
-
-void EffectApplication::ApplyEngineEffect(const Effect& effect) {
     EffectInputs inputs;
     if (effect.ShowsCoordinates()) {
         Attempt([&] { inputs.x = controls_.XCoordinate(); });
         Attempt([&] { inputs.y = controls_.YCoordinate(); });
     }
-    effectResult_ = false;
     // Sharing, not copying: a picture costs memory only once one of its holders is written.
     Attempt([&] { pen_.SetPicture(canvas_.Picture()); });
-    Attempt([&] { engine_.SetPicture(pen_.Picture()); });
-    ReadColors(effect, inputs);
-    Attempt([&] { effectResult_ = CallEngine(effect, inputs); });
-    if (formShut_) EngineProgress(kEngineDone);  // an operation that ended without its last report
-    Attempt([&] { window_.RunEventLoopOnce(); });
-    if (effectResult_) Attempt([&] { pen_.SetPicture(engine_.Picture()); });
-    log_.Applied(effect.number, inputs, effectResult_);
-    ArmBrush();
+    const bool rendered = effect.fills == Fills::Pen ? RenderOnPen(effect, inputs) : RenderOnEngine(effect, inputs);
+    log_.Applied(effect.number, inputs, rendered);
+    state_.EffectReady = true;
+    Attempt(lastSteps_.setUpBrush);
+    Attempt(lastSteps_.prepareReminder);
 }
 
-void EffectApplication::ApplyNeon() {
-    Attempt([&] { pen_.SetPicture(canvas_.Picture()); });
+bool EffectApplication::RenderOnEngine(const Effect& effect, EffectInputs& inputs) {
+    effectResult_ = false;
+    Attempt([&] { engine_.SetPicture(pen_.Picture()); });
+    ReadColors(effect, inputs);
+    Attempt([&] { effectResult_ = engine_.Render(RendererOf(effect, inputs)); });
+    if (formShut_) EngineProgress(kEngineDone);  // a render that ended without its last report
+    Attempt([&] { window_.RunEventLoopOnce(); });
+    if (effectResult_) Attempt([&] { pen_.SetPicture(engine_.Picture()); });
+    return effectResult_;
+}
+
+bool EffectApplication::RenderOnPen(const Effect& effect, EffectInputs& inputs) {
+    ReadColors(effect, inputs);
     bool rendered = false;
     Attempt([&] {
-        pen_.NeonFilter();
+        pen_.Render(RendererOf(effect, inputs));
         rendered = true;
     });
     if (formShut_) PenProgress(kPenDone);
-    log_.Applied(kNeon, {}, rendered);
-    ArmBrush();
+    return rendered;
 }
 
 void EffectApplication::ReadColors(const Effect& effect, EffectInputs& inputs) const {
@@ -85,17 +85,11 @@ void EffectApplication::ReadColors(const Effect& effect, EffectInputs& inputs) c
     if (effect.color2.label) Attempt([&] { inputs.color2 = SplitColor(controls_.PickerValue(2)); });
 }
 
-bool EffectApplication::CallEngine(const Effect& effect, EffectInputs& inputs) {
+Renderer EffectApplication::RendererOf(const Effect& effect, EffectInputs& inputs) const {
     for (std::size_t i = 0; i < effect.sliders.size(); ++i)
         if (effect.sliders[i].label) inputs.slider[i] = controls_.SliderValue(static_cast<int>(i) + 1);
     if (effect.choice.variable) inputs.choice = state_.*effect.choice.variable;
-    return RenderEffect(effect, inputs, engine_);
-}
-
-void EffectApplication::ArmBrush() {
-    state_.EffectReady = true;
-    Attempt(lastSteps_.setUpBrush);
-    Attempt(lastSteps_.prepareReminder);
+    return [&](const QImage& picture, const engine::Run& run) { return RenderOnto(effect, inputs, picture, run); };
 }
 
 void EffectApplication::EngineProgress(int percent) {

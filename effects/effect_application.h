@@ -5,6 +5,7 @@
 #include <QObject>
 #include <functional>
 
+#include "canvas/render_picture.h"
 #include "document/session_log.h"
 #include "document/shared_state.h"
 
@@ -38,15 +39,16 @@ class EffectApplication : public QObject {
     /// The application of one row. Ignored while another runs.
     void ApplySFX(const Effect& effect);
 
-    /// What the last engine operation answered.
+    /// What the last render on the engine answered.
     bool EffectResult() const { return effectResult_; }
 
  private:
-    void ApplyEngineEffect(const Effect& effect);
-    void ApplyNeon();
+    /// True when the pen holds the render.
+    bool RenderOnEngine(const Effect& effect, EffectInputs& inputs);
+    bool RenderOnPen(const Effect& effect, EffectInputs& inputs);
     void ReadColors(const Effect& effect, EffectInputs& inputs) const;
-    bool CallEngine(const Effect& effect, EffectInputs& inputs);
-    void ArmBrush();
+    /// Reads what is left of the inputs; what it gives refers to the arguments.
+    Renderer RendererOf(const Effect& effect, EffectInputs& inputs) const;
 
     void EngineProgress(int percent);
     void PenProgress(int percent);

@@ -169,7 +169,7 @@ void EffectPanel::Connect() {
 
 void EffectPanel::LoadTips() {
     int button = 0;
-    for (const char* tip : CompassTips()) TBCompass->SetTip(++button, QString::fromLatin1(tip));
+    for (const char* tip : kCompassTips) TBCompass->SetTip(++button, QString::fromLatin1(tip));
 }
 
 void EffectPanel::SetUp(int number) {
@@ -275,15 +275,14 @@ void EffectPanel::ValueListSelected() {
 }
 
 void EffectPanel::OptionMarked(int option) {
-    // All three effects with options share the buttons; choosing one of them sets its own variable anew.
-    const auto value = static_cast<std::int16_t>(option);
-    state_.GraySelect = value;
-    state_.MaximumSelect = value;
-    state_.MinimumSelect = value;
+    // All effects with options share the buttons; choosing one of them sets its own variable anew.
+    for (const Effect& effect : Catalogue())
+        if (effect.choice.kind == EffectChoice::Kind::Options)
+            state_.*effect.choice.variable = static_cast<std::int16_t>(option);
 }
 
 void EffectPanel::CompassClicked(int button) {
-    if (button < 1 || button > static_cast<int>(CompassTips().size())) return;
+    if (button < 1 || button > static_cast<int>(std::size(kCompassTips))) return;
     state_.CompassDirection = static_cast<std::int16_t>(button);
 }
 

@@ -31,8 +31,8 @@ class EffectPanel : public QWidget, public EffectControls {
  public:
     explicit EffectPanel(SharedState& state, QWidget* parent = nullptr);
 
-    /// Chooses effect `number`, 1 to 48, and sets the panel up for it; another number does nothing. What the user had
-    /// set is lost but for brush size, compass direction and (unless the effect writes them) the coordinates.
+    /// Chooses effect `number` and sets the panel up for it; a number that no effect has does nothing. What the user
+    /// had set is lost but for brush size, compass direction and (unless the effect writes them) the coordinates.
     void SetUp(int number);
     /// Tips of the compass buttons.
     void LoadTips();

@@ -1,4 +1,4 @@
-// The two selectors of the 48 effects: the text list lstSFX and the picture toolbar TBSFX in its pager pagerTB1.
+// The two selectors of the effects: the text list lstSFX and the picture toolbar TBSFX in its pager pagerTB1.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -27,7 +27,7 @@ class EffectSelectors : public QObject {
     void SetUpSFXList();
     /// Tips of the toolbar's buttons.
     void LoadTips();
-    /// The picture of one toolbar button, 1 to 48; its looks under the pointer and pressed follow from it.
+    /// The picture of one toolbar button; its looks under the pointer and pressed follow from it.
     void ShowPicture(int number, const QImage& picture);
 
     ListEx* const lstSFX;
@@ -35,7 +35,7 @@ class EffectSelectors : public QObject {
     Toolbox* const TBSFX;
 
  Q_SIGNALS:
-    /// The user chose an effect, 1 to 48, also when it was chosen before. Never without an open picture, during a
+    /// The user chose an effect, also when it was chosen before. Never without an open picture, during a
     /// render or while the capture panel runs.
     void EffectChosen(int number);
 

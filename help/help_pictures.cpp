@@ -4,29 +4,13 @@
 
 #include <QRect>
 
-#include "canvas/surface.h"
-#include "effects/catalogue/pix_twix.h"
+#include "effects/catalogue/render_onto.h"
 #include "platform/error.h"
 
 namespace kelu {
 namespace {
 
 constexpr int kJpegQuality = 86;
-
-QImage Render(const QImage& photo, const Effect& effect, const EffectInputs& inputs) {
-    if (effect.number == kNeon) {
-        Surface surface;
-        surface.SetPicture(photo);
-        surface.NeonFilter();
-        return surface.Picture();
-    }
-    PixTwix engine;
-    engine.SetPicture(photo);
-    if (!RenderEffect(effect, inputs, engine)) {
-        throw Error(kInvalidPicture, QStringLiteral("%1 did not render").arg(QLatin1String(effect.listText)));
-    }
-    return engine.Picture();
-}
 
 }  // namespace
 
@@ -54,7 +38,7 @@ const QImage& HelpPictures::Photo(const QString& name) {
 }
 
 void HelpPictures::Make(const Effect& effect, const HelpText& text, const QString& stem) {
-    const QImage after = Render(Photo(text.photo), effect, Inputs(effect, text));
+    const QImage after = RenderOnto(effect, Inputs(effect, text), Photo(text.photo));
     Save(after, stem + QStringLiteral("-after"));
     Save(after.scaled(kSmallSize, Qt::IgnoreAspectRatio, Qt::SmoothTransformation), stem + QStringLiteral("-small"));
 }

@@ -51,9 +51,7 @@ HelpText ReadHelpText(const QString& path, const Effect& effect) {
     for (const QString& line : JoinedLines(path)) {
         const QString keyword = line.section(QLatin1Char(' '), 0, 0);
         const QString rest = line.section(QLatin1Char(' '), 1).trimmed();
-        if (keyword == u"group") {
-            result.group = rest;
-        } else if (keyword == u"photo") {
+        if (keyword == u"photo") {
             result.photo = rest;
         } else if (keyword == u"sliders") {
             for (const QString& value : rest.split(QLatin1Char(' '))) result.sliders += value.toInt();
@@ -71,9 +69,8 @@ HelpText ReadHelpText(const QString& path, const Effect& effect) {
             Refuse(path, QStringLiteral("unknown keyword ") + keyword);
         }
     }
-    if (result.group.isEmpty() || result.photo.isEmpty() || result.lead.isEmpty() || result.text.isEmpty() ||
-        result.hints.isEmpty()) {
-        Refuse(path, QStringLiteral("group, photo, lead, text or hint is missing"));
+    if (result.photo.isEmpty() || result.lead.isEmpty() || result.text.isEmpty() || result.hints.isEmpty()) {
+        Refuse(path, QStringLiteral("photo, lead, text or hint is missing"));
     }
     const QStringList told = result.inputs.keys(), wanted = InputNames(effect);
     if (QSet<QString>(told.begin(), told.end()) != QSet<QString>(wanted.begin(), wanted.end())) {

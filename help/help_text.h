@@ -11,7 +11,6 @@
 namespace kelu {
 
 /// Each line of the file begins with a keyword; a line that begins with a blank goes on with the one before.
-///   group G      heading of the index under which the effect stands
 ///   photo P      photograph of the gallery that shows it
 ///   sliders ...  values of the sliders for that picture, where the effect's own would show too little
 ///   lead L       one sentence
@@ -20,7 +19,7 @@ namespace kelu {
 ///   hint H       may stand several times
 ///   see A B C    related pages, without .html
 struct HelpText {
-    QString group, photo, lead;
+    QString photo, lead;
     QList<int> sliders;
     QStringList text, hints, see;
     QMap<QString, QString> inputs;

@@ -12,8 +12,6 @@ namespace {
 
 constexpr QSize kShown(HelpPictures::kSize.width() / 2, HelpPictures::kSize.height() / 2);
 constexpr int kPerRow = 5;
-constexpr const char* kGroups[] = {"Colors",   "Light and Grain", "Blur",   "Edges and Relief",
-                                   "Painting", "Shapes",          "Borders"};
 
 QString Page(const QString& title, const QString& body) {
     return QStringLiteral(
@@ -120,20 +118,23 @@ QString SeeAlso(const HelpTopic& topic, const QList<HelpTopic>& all) {
                                  .arg(links.join(QStringLiteral(" &nbsp;&middot;&nbsp; ")));
 }
 
+QString HeadingOf(const Effect& effect) {
+    for (const EffectFamily& family : Families())
+        for (const Effect& row : family.rows)
+            if (row.number == effect.number) return QLatin1String(family.heading);
+    return {};
+}
+
 }  // namespace
 
-QString TopicTitle(const Effect& effect) {
-    return ShownCaption(effect.ButtonTip() == u"Minmum" ? QStringLiteral("Minimum")
-                                                        : QString::fromLatin1(effect.listText))
-        .toHtmlEscaped();
-}
+QString TopicTitle(const Effect& effect) { return ShownCaption(QString::fromLatin1(effect.listText)).toHtmlEscaped(); }
 
 QString EffectPage(const HelpTopic& topic, const QList<HelpTopic>& all) {
     const QString title = TopicTitle(*topic.effect);
     QString body = QStringLiteral(
                        "<p class=\"crumb\"><a href=\"index.html\">All effects</a> &nbsp;&rsaquo;&nbsp; "
                        "%1</p>\n<h1>%2</h1>\n<p class=\"lead\">%3</p>\n")
-                       .arg(topic.text.group, title, topic.text.lead.toHtmlEscaped());
+                       .arg(HeadingOf(*topic.effect), title, topic.text.lead.toHtmlEscaped());
     body +=
         QStringLiteral(
             "<table cellspacing=\"0\" cellpadding=\"0\"><tr><td>%1</td><td width=\"12\"></td><td>%2</td></tr>"
@@ -162,14 +163,12 @@ QString IndexPage(const QList<HelpTopic>& all) {
         "<li>Not good? Ctrl+Z takes a stroke back, Ctrl+Y brings it again. Ctrl+S <b>saves</b> the picture.</li></ol>\n"
         "<p>All effects stand below. How to set up the program is told under <a "
         "href=\"settings.html\">Settings</a>.</p>\n");
-    qsizetype listed = 0;
-    for (const char* group : kGroups) {
-        body +=
-            QStringLiteral("<h2>%1</h2>\n<table cellspacing=\"0\" cellpadding=\"4\"><tr>").arg(QLatin1String(group));
+    for (const EffectFamily& family : Families()) {
+        body += QStringLiteral("<h2>%1</h2>\n<table cellspacing=\"0\" cellpadding=\"4\"><tr>")
+                    .arg(QLatin1String(family.heading));
         int column = 0;
-        for (const HelpTopic& topic : all) {
-            if (topic.text.group != QLatin1String(group)) continue;
-            ++listed;
+        for (const Effect& effect : family.rows) {
+            const HelpTopic& topic = all[effect.number - 1];
             if (column == kPerRow) {
                 body += QStringLiteral("</tr>\n<tr>");
                 column = 0;
@@ -183,7 +182,6 @@ QString IndexPage(const QList<HelpTopic>& all) {
         }
         body += QStringLiteral("</tr></table>\n");
     }
-    if (listed != all.size()) throw Error(kFileError, QStringLiteral("an effect's group is not in the index"));
     return Page(QStringLiteral("All effects"), body);
 }
 

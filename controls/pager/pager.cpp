@@ -16,7 +16,7 @@ namespace kelu {
 namespace {
 
 constexpr int kGlideMs = 180;
-constexpr int kWheelNotch = 48;  // device-independent pixels for 15 degrees of wheel
+constexpr int kWheelNotch = 48;  // device-independent pixels for 15 degrees of wheel, where no step is set
 
 }  // namespace
 
@@ -146,7 +146,7 @@ void Pager::wheelEvent(QWheelEvent* event) {
     if (!pixels.isNull())
         SetOffset(offset_ - (sideways ? pixels.x() : pixels.y()));
     else
-        GlideTo(Target() - (sideways ? angle.x() : angle.y()) * kWheelNotch / 120);
+        GlideTo(Target() - (sideways ? angle.x() : angle.y()) * (step_ > 0 ? step_ : kWheelNotch) / 120);
     event->accept();
 }
 

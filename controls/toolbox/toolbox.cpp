@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "controls/toolbox/toolbox.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 
 #include "controls/toolbox/toolbox_button.h"
@@ -110,6 +111,29 @@ void Toolbox::Arrange() {
     }
 }
 
+int Toolbox::RowsInSight() const {
+    return qMax(1, visibleRegion().boundingRect().height() / (buttonSize_.height() + gap_));
+}
+
+// The button that what was typed by now leads to, from button `index` on and round: the first whose name begins with
+// it, else the first that has it anywhere. 0: none, or no text.
+int Toolbox::Typed(const QString& text, int index) {
+    const bool goesOn = sinceTyped_.isValid() && sinceTyped_.elapsed() < QApplication::keyboardInputInterval();
+    if (!goesOn) typed_.clear();
+    if (text.isEmpty() || !text[0].isPrint() || (text == u" " && typed_.isEmpty())) return 0;
+    sinceTyped_.start();
+    typed_ += text;
+    const int first = typed_.size() > 1 ? index : index + 1;
+    for (const bool atStart : {true, false})
+        for (int i = 0; i < Count(); ++i) {
+            const int each = (first - 1 + i) % Count() + 1;
+            const QString name = Button(each)->accessibleName();
+            if (atStart ? name.startsWith(typed_, Qt::CaseInsensitive) : name.contains(typed_, Qt::CaseInsensitive))
+                return each;
+        }
+    return index;
+}
+
 void Toolbox::resizeEvent(QResizeEvent*) { Arrange(); }
 
 bool Toolbox::eventFilter(QObject* watched, QEvent* event) {
@@ -119,7 +143,8 @@ bool Toolbox::eventFilter(QObject* watched, QEvent* event) {
     const int index = static_cast<int>(found - buttons_.begin()) + 1;
     const int columns = qMin(columns_, Count());
     int next = index;
-    switch (static_cast<QKeyEvent*>(event)->key()) {
+    const auto& key = *static_cast<QKeyEvent*>(event);
+    switch (key.key()) {
         case Qt::Key_Left:
             next = index - 1;
             break;
@@ -132,6 +157,12 @@ bool Toolbox::eventFilter(QObject* watched, QEvent* event) {
         case Qt::Key_Down:
             next = index + columns;
             break;
+        case Qt::Key_PageUp:
+            next = qMax((index - 1) % columns + 1, index - columns * RowsInSight());
+            break;
+        case Qt::Key_PageDown:
+            next = qMin(Count(), index + columns * RowsInSight());
+            break;
         case Qt::Key_Home:
             next = 1;
             break;
@@ -143,7 +174,9 @@ bool Toolbox::eventFilter(QObject* watched, QEvent* event) {
             buttons_[static_cast<std::size_t>(index - 1)]->animateClick();
             return true;
         default:
-            return false;
+            if (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return false;
+            next = Typed(key.text(), index);
+            if (next == 0) return false;
     }
     if (InRange(next) && next != index) {
         UpdateTabStop(next);

@@ -1,8 +1,9 @@
-// Picture buttons in a grid of which one is current (asxToolbox, asxToolbar). One button takes the Tab key, arrow keys
-// walk.
+// Picture buttons in a grid of which one is current. One button takes the Tab key; arrow and page keys walk, and who
+// types a name is led to its button.
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QElapsedTimer>
 #include <QPixmap>
 #include <QString>
 #include <QWidget>
@@ -66,9 +67,13 @@ class Toolbox : public QWidget {
     int margin_ = 1;
     int gap_ = 1;
     int current_ = 0;
+    QString typed_;  ///< of a name, so far
+    QElapsedTimer sinceTyped_;
 
     void Arrange();
     void UpdateTabStop(int index);
+    int RowsInSight() const;
+    int Typed(const QString& text, int index);
     void Press(int index);
     bool InRange(int index) const { return index >= 1 && index <= Count(); }
 };

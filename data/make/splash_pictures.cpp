@@ -14,12 +14,11 @@
 #include <functional>
 #include <random>
 
-#include "canvas/surface.h"
 #include "controls/theme/icons.h"
 #include "controls/theme/theme.h"
 #include "data/make/look.h"
 #include "effects/catalogue/catalogue.h"
-#include "effects/catalogue/pix_twix.h"
+#include "effects/catalogue/render_onto.h"
 #include "platform/error.h"
 
 namespace kelu {
@@ -52,7 +51,7 @@ const std::array<Recipe, kSplashPictures>& Recipes() {
     static const std::array<Recipe, kSplashPictures> recipes{{
         {"pier.jpg", 0.5, 33, [](EffectInputs& in) { in.slider[0] = 16; },
          {{-0.02, 0.34, 1.04, 0.56}, -6, 4, 170}, true},
-        {"canyon.jpg", 0.4, kNeon, Nothing, {{0.50, -0.02, 0.46, 0.92}, 68, 4, 170}, false},
+        {"canyon.jpg", 0.4, 48, Nothing, {{0.50, -0.02, 0.46, 0.92}, 68, 4, 170}, false},
         {"dandelion.jpg", 0.5, 41, Nothing, {{0.01, 0.03, 0.42, 0.58}, -24, 5, 130}, false},
         {"capsule.jpg", 0.5, 31, [](EffectInputs& in) { in.slider[0] = in.slider[1] = 24; },
          {{0.30, 0.40, 0.68, 0.46}, -14, 4, 140}, true},
@@ -80,20 +79,10 @@ QImage Photo(const QString& path, double left) {
 }
 
 QImage Render(const QImage& photo, const Recipe& recipe) {
-    if (recipe.effect == kNeon) {
-        Surface surface;
-        surface.SetPicture(photo);
-        surface.NeonFilter();
-        return surface.Picture();
-    }
     const Effect* effect = FindEffect(recipe.effect);
     EffectInputs inputs = effect->Defaults();
     recipe.set(inputs);
-    PixTwix engine;
-    engine.SetPicture(photo);
-    if (!RenderEffect(*effect, inputs, engine))
-        throw Error(kInvalidPicture, QString::fromLatin1(effect->listText) + QStringLiteral(" did not render"));
-    return engine.Picture();
+    return RenderOnto(*effect, inputs, photo);
 }
 
 // The middle line of the strokes: passes to and fro across the area, round at the turns.

@@ -1,6 +1,6 @@
-// The 48 effects as rows of one table: number, texts, inputs, what the panel places elsewhere, help page and engine
-// call. Everything that differs from effect to effect stands here; selectors, panel, application and command line read
-// it.
+// The effects as rows: number, texts, inputs, what the panel places elsewhere, help page and render. Everything that
+// differs from effect to effect stands in its row; selectors, panel, application, command line, help and tests walk the
+// rows. They lie beside this file, a file for each family.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -14,21 +14,34 @@
 
 namespace kelu {
 
-class PixTwix;
+namespace engine {
+struct ImageView;
+struct MutableImageView;
+struct Run;
+}  // namespace engine
 
-inline constexpr int kEffectCount = 48;
-inline constexpr int kNeon = 48;                  ///< the one effect that the pen surface renders itself
 inline constexpr int kCoordinateMax = 999;        ///< largest number that a coordinate box takes
 inline constexpr int kFarthestPoint = 1'000'000;  ///< largest coordinate, to either side, that a script may give
 inline constexpr int kDefaultX = 250;             ///< the point that most effects with coordinates start from
 inline constexpr int kDefaultY = 100;
 inline constexpr int kDefaultDirection = 3;  ///< compass button at program start
+/// Tips of the compass buttons 1 to 8.
+inline constexpr const char* kCompassTips[] = {"North West", "North",      "North Est", "West",
+                                               "East",       "South West", "South",     "South East"};
+
+/// What a slider stands at in a small picture that shows what the effect does, where its own start would not show.
+struct EffectPreview {
+    enum class Kind { AsOnPanel, Plain, Pixels };
+    Kind kind = Kind::AsOnPanel;
+    int value = 0;
+};
 
 struct EffectSlider {
     const char* label = nullptr;  ///< what it sets, for accessible names, tips and the command line; null: not used
     int min = 0;
     int max = 0;
     int value = 0;  ///< taken each time the effect is selected
+    EffectPreview preview{};
 };
 
 struct EffectColor {
@@ -40,9 +53,11 @@ struct EffectColor {
 struct EffectChoice {
     enum class Kind { None, Options, List, Compass };
     Kind kind = Kind::None;
-    std::span<const char* const> names;             ///< captions, rows or tips, in order
-    int initial = 0;                                ///< counted from 1; the compass only starts with it
-    std::int16_t SharedState::*variable = nullptr;  ///< where the picked number is kept, counted from 1
+    std::span<const char* const> names;  ///< captions, rows or tips, in order
+    int initial = 0;                     ///< counted from 1; the compass only starts with it
+    /// Where the picked number is kept, counted from 1. Options and lists are set anew with their effect, so that
+    /// effects may share one.
+    std::int16_t SharedState::*variable = nullptr;
 };
 
 enum class Coordinates {
@@ -64,6 +79,9 @@ struct PanelTops {
     int lblGS1 = 0;
 };
 
+/// Whose picture Apply renders: that of the engine, which the pen then takes over, or the pen's own, in place.
+enum class Fills { Engine, Pen };
+
 struct Effect {
     int number = 0;
     const char* listText = nullptr;
@@ -77,8 +95,10 @@ struct Effect {
     EffectColor color2{};
     EffectChoice choice{};
     PanelTops tops{};
-    /// Runs the engine's operation; true when its picture holds the render. Null for Neon.
-    bool (*call)(PixTwix& engine, const EffectInputs& inputs) = nullptr;
+    Fills fills = Fills::Engine;
+    /// Renders into a target of the source's size. The choice lies within the effect's own; see RenderOnto.
+    void (*render)(const engine::ImageView& source, const engine::MutableImageView& target, const EffectInputs& inputs,
+                   const engine::Run& run) = nullptr;
 
     /// Captions: a doubled ampersand stands for one on the screen.
     QString ButtonTip() const { return QString::fromLatin1(buttonTip ? buttonTip : listText); }
@@ -96,17 +116,18 @@ struct Effect {
     EffectInputs Defaults() const;
 };
 
-/// All rows, in the order of their numbers.
+/// The rows of one kind, under the heading that the help gives them.
+struct EffectFamily {
+    const char* heading = nullptr;
+    std::span<const Effect> rows;
+};
+
+/// All families, in the order of the help's index.
+std::span<const EffectFamily> Families();
+/// All rows, in the order of their numbers, which count from 1.
 std::span<const Effect> Catalogue();
-/// The row of `number`, 1 to 48; null for any other number.
+/// The row of `number`; null for a number that no effect has.
 const Effect* FindEffect(int number);
-
-/// Tips of the compass buttons 1 to 8.
-std::span<const char* const> CompassTips();
-
-/// Renders the engine's picture with the given inputs. False when the choice lies outside the effect's own (no
-/// engine call then), when the engine refuses, and for Neon, which the engine doesn't know.
-bool RenderEffect(const Effect& effect, const EffectInputs& inputs, PixTwix& engine);
 
 /// A caption as it is read on the screen.
 QString ShownCaption(QString caption);

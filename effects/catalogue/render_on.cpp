@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "effects/catalogue/render_on.h"
 
-#include "canvas/surface.h"
 #include "effects/catalogue/catalogue.h"
-#include "effects/catalogue/pix_twix.h"
+#include "effects/catalogue/render_onto.h"
 #include "platform/error.h"
 
 namespace kelu {
@@ -31,18 +30,7 @@ QImage RenderEffectOn(const QImage& picture, int number, const EffectInputs& inp
         throw Error(kInvalidProperty, QStringLiteral("There is no effect %1").arg(number),
                     QStringLiteral("RenderEffectOn"));
     CheckInputs(*effect, inputs);
-    if (effect->number == kNeon) {
-        Surface pen;
-        pen.SetPicture(picture);
-        pen.NeonFilter();
-        return pen.Picture();
-    }
-    PixTwix engine;
-    engine.SetPicture(picture);
-    if (!RenderEffect(*effect, inputs, engine))
-        throw Error(kOutOfMemory, QStringLiteral("%1 could not be rendered").arg(QString::fromLatin1(effect->listText)),
-                    QStringLiteral("RenderEffectOn"));
-    return engine.Picture();
+    return RenderOnto(*effect, inputs, picture);
 }
 
 }  // namespace kelu

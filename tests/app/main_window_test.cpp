@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "controls/list_ex/list_ex.h"
+#include "effects/catalogue/catalogue.h"
 #include "pictures/picture_file.h"
 #include "tests/app/main_window_fixture.h"
 
@@ -117,7 +118,7 @@ TEST_F(MainWindowTest, ThereIsAlwaysAWayOutOfTheCompareView) {
 TEST_F(MainWindowTest, TheSelectorSettingChoosesListOrToolbar) {
     EXPECT_TRUE(window.controls.selectors->TBSFX->isVisible());
     EXPECT_FALSE(window.controls.selectors->lstSFX->isVisible());
-    EXPECT_EQ(window.controls.selectors->lstSFX->Count(), 48);
+    EXPECT_EQ(window.controls.selectors->lstSFX->Count(), static_cast<int>(Catalogue().size()));
     EXPECT_EQ(window.controls.Button(Command::Restore).Tip(), "Maximize");
     window.Run(Command::Restore);
     EXPECT_EQ(window.controls.Button(Command::Restore).Tip(), "Restore Down");

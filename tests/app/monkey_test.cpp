@@ -7,6 +7,7 @@
 #include <random>
 
 #include "controls/progress_bar/xp_progress_bar.h"
+#include "effects/catalogue/catalogue.h"
 #include "pictures/picture_file.h"
 #include "tests/app/main_window_fixture.h"
 
@@ -35,7 +36,8 @@ struct Monkey : MainWindowFixture, testing::WithParamInterface<unsigned> {
         if (answer != MsgDialog::kCancel) opened = ReadPicture(path);
     }
     void ApplyOne() {
-        QTest::mouseClick(window.controls.selectors->TBSFX->Button(1 + Below(48)), Qt::LeftButton);
+        QTest::mouseClick(window.controls.selectors->TBSFX->Button(1 + Below(static_cast<int>(Catalogue().size()))),
+                          Qt::LeftButton);
         for (LsSlider* slider : panel.sldValue)
             if (slider->isVisible()) slider->SetValue(slider->Min() + Below(slider->Max() - slider->Min() + 1));
         Apply();

@@ -30,25 +30,6 @@ class EffectPanelTest : public testing::Test {
  protected:
     EffectPanelTest() : panel(state) { panel.show(); }
 
-    int Top(const QWidget* control) const { return PixelsToTwips(control->y()); }
-
-    // What shows besides the controls that every effect shows: s sliders, c coordinates, p pickers, o options, d
-    // direction, l list.
-    std::string Shown() const {
-        std::string shown;
-        for (const LsSlider* slider : panel.sldValue) shown += slider->isVisible() ? "s" : "";
-        shown +=
-            panel.txtXCoord->isVisible() && panel.txtYCoord->isVisible() && panel.lblCoords->isVisible() ? "c" : "";
-        for (const ColorPicker* picker : panel.CPicker) shown += picker->isVisible() ? "p" : "";
-        shown += panel.OptGS[0]->isVisible() && panel.OptGS[1]->isVisible() && panel.lblGS[0]->isVisible() &&
-                         panel.lblGS[1]->isVisible()
-                     ? "o"
-                     : "";
-        shown += panel.PagerCompass->isVisible() ? "d" : "";
-        shown += panel.lstValue->isVisible() ? "l" : "";
-        return shown;
-    }
-
     SharedState state;
     EffectPanel panel;
 };
@@ -62,66 +43,46 @@ TEST_F(EffectPanelTest, NothingShowsBeforeTheFirstSelection) {
     EXPECT_EQ(state.CurrentSFX, 0);
 }
 
-TEST_F(EffectPanelTest, EachEffectShowsItsOwnControls) {
-    const char* const expected[] = {"o",  "s",  "s",  "s",   "s",  "",    "ss", "s",  "sc",  "sc",   //  1 to 10
-                                    "s",  "sc", "s",  "sc",  "pp", "d",   "p",  "pp", "",    "ssd",  // 11 to 20
-                                    "sp", "sc", "sp", "p",   "l",  "scp", "sp", "so", "so",  "",     // 21 to 30
-                                    "ss", "",   "s",  "sss", "",   "s",   "sc", "ss", "sss", "sl",   // 31 to 40
-                                    "",   "s",  "l",  "ss",  "p",  "",    "ss", ""};                 // 41 to 48
-    // Up and down, so that each is chosen after two different neighbours.
-    for (int step = 0; step < 96; ++step) {
-        const int number = step < 48 ? step + 1 : 96 - step;
-        panel.SetUp(number);
-        EXPECT_EQ(Shown(), expected[number - 1]) << "effect " << number;
-        EXPECT_TRUE(panel.lblBS->isVisible() && panel.sldBrushSize->isVisible() && panel.lblDesc->isVisible() &&
-                    panel.cmdApply->isVisible());
-        EXPECT_EQ(state.CurrentSFX, number);
-        const bool nothingToSet =
-            panel.lblDesc->text().endsWith(QStringLiteral("No Settings. Click on 'Apply' button."));
-        EXPECT_EQ(nothingToSet, Shown().empty()) << "effect " << number;
-    }
-}
-
-TEST_F(EffectPanelTest, SlidersTakeRangeAndDefaultAgainAtEachSelection) {
-    using Range = std::array<int, 3>;
-    const struct {
-        int number;
-        std::vector<Range> sliders;
-    } cases[] = {{2, {{0, 100, 30}}},
-                 {3, {{0, 255, 160}}},
-                 {5, {{2, 100, 50}}},
-                 {7, {{1, 100, 10}, {1, 100, 6}}},
-                 {12, {{-100, 100, -100}}},
-                 {20, {{1, 10, 2}, {0, 255, 127}}},
-                 {27, {{0, 200, 20}}},
-                 {34, {{1, 8, 2}, {1, 8, 2}, {1, 8, 2}}},
-                 {38, {{0, 100, 100}, {0, 100, 50}}},
-                 {39, {{0, 255, 140}, {0, 255, 140}, {0, 255, 140}}},
-                 {42, {{2, 100, 15}}},
-                 {44, {{1, 100, 100}, {1, 100, 40}}},
-                 {47, {{-100, 100, 25}, {-100, 100, -10}}}};
-    for (int round = 0; round < 2; ++round)
-        for (const auto& [number, sliders] : cases) {
-            panel.SetUp(number);
-            for (std::size_t i = 0; i < sliders.size(); ++i) {
-                LsSlider& slider = *panel.sldValue[i];
-                EXPECT_THAT((Range{slider.Min(), slider.Max(), slider.Value()}), sliders[i]) << "effect " << number;
-                slider.SetValue(slider.Max());  // what the user set is lost
-            }
+TEST_F(EffectPanelTest, ShowsTheInputsOfTheRowAndNoOthersAtTheirStart) {
+    std::vector<const Effect*> upAndDown;  // so that each is chosen after two different neighbours
+    for (const Effect& effect : Catalogue()) upAndDown.push_back(&effect);
+    for (std::size_t i = upAndDown.size(); i-- > 0;) upAndDown.push_back(upAndDown[i]);
+    for (const Effect* row : upAndDown) {
+        SCOPED_TRACE(row->listText);
+        panel.SetUp(row->number);
+        EXPECT_EQ(state.CurrentSFX, row->number);
+        EXPECT_EQ(panel.lblDesc->text(), ShownCaption(row->PanelCaption()).remove('\r'));
+        for (const QWidget* always : {static_cast<QWidget*>(panel.lblBS), static_cast<QWidget*>(panel.sldBrushSize),
+                                      static_cast<QWidget*>(panel.lblDesc), static_cast<QWidget*>(panel.cmdApply)})
+            EXPECT_TRUE(always->isVisible());
+        for (std::size_t i = 0; i < row->sliders.size(); ++i) {
+            LsSlider& slider = *panel.sldValue[i];
+            const EffectSlider& input = row->sliders[i];
+            ASSERT_EQ(slider.isVisible(), input.label != nullptr);
+            if (!input.label) continue;
+            EXPECT_EQ((std::array{slider.Min(), slider.Max(), slider.Value()}),
+                      (std::array{input.min, input.max, input.value}));
+            slider.SetValue(input.max);  // what the user set is lost
         }
-}
-
-TEST_F(EffectPanelTest, ColorsAreThoseOfTheEffect) {
-    const struct {
-        int number;
-        qint32 color1, color2;
-    } cases[] = {{15, 0x2f2f2f, 0xf3ffff}, {17, 0x0000ff, -1}, {18, 0x001414, 0x3264c8},
-                 {24, 0xffffff, -1},       {26, 0x000000, -1}, {45, 0xff64ff, -1}};
-    for (const auto& [number, color1, color2] : cases) {
-        panel.SetUp(number);
-        EXPECT_EQ(panel.PickerValue(1), color1) << "effect " << number;
-        if (color2 >= 0) {
-            EXPECT_EQ(panel.PickerValue(2), color2) << "effect " << number;
+        for (const auto& [picker, input] : {std::pair{1, row->color1}, {2, row->color2}}) {
+            ColorPicker& control = *panel.CPicker[static_cast<std::size_t>(picker - 1)];
+            ASSERT_EQ(control.isVisible(), input.label != nullptr);
+            if (!input.label) continue;
+            EXPECT_EQ(panel.PickerValue(picker), input.value);
+            control.SetColor(0x123456);
+        }
+        for (const QWidget* part : {static_cast<QWidget*>(panel.lblCoords), static_cast<QWidget*>(panel.txtXCoord),
+                                    static_cast<QWidget*>(panel.txtYCoord)})
+            EXPECT_EQ(part->isVisible(), row->ShowsCoordinates());
+        using Kind = EffectChoice::Kind;
+        EXPECT_EQ(panel.PagerCompass->isVisible(), row->choice.kind == Kind::Compass);
+        EXPECT_EQ(panel.lstValue->isVisible(), row->choice.kind == Kind::List);
+        for (std::size_t i = 0; i < 2; ++i) {
+            EXPECT_EQ(panel.OptGS[i]->isVisible(), row->choice.kind == Kind::Options);
+            EXPECT_EQ(panel.lblGS[i]->isVisible(), row->choice.kind == Kind::Options);
+        }
+        if (row->choice.variable) {
+            EXPECT_EQ(state.*row->choice.variable, row->choice.initial) << "without any click";
         }
     }
 }
@@ -137,23 +98,6 @@ TEST_F(EffectPanelTest, MovedSliderAndPickerStayWhereTheLastEffectPutThem) {
     panel.SetUp(15);
     EXPECT_EQ(panel.CPicker[0]->y(), TwipsToPixels(1400));
     EXPECT_EQ(panel.CPicker[1]->y(), TwipsToPixels(1560));
-}
-
-TEST_F(EffectPanelTest, TopsThatEffectsWrite) {
-    panel.SetUp(16);
-    EXPECT_EQ(panel.PagerCompass->y(), TwipsToPixels(1200));
-    panel.SetUp(20);
-    EXPECT_EQ(panel.PagerCompass->y(), TwipsToPixels(2130));
-    panel.SetUp(40);
-    EXPECT_EQ(panel.lstValue->y(), TwipsToPixels(1500));
-    panel.SetUp(43);
-    EXPECT_EQ(panel.lstValue->y(), TwipsToPixels(1200));
-    panel.SetUp(29);
-    EXPECT_EQ(panel.OptGS[0]->y(), TwipsToPixels(1720));
-    EXPECT_EQ(panel.lblGS[1]->y(), TwipsToPixels(2040));
-    panel.SetUp(1);
-    EXPECT_EQ(panel.OptGS[1]->y(), TwipsToPixels(1440));
-    EXPECT_EQ(panel.lblGS[0]->y(), TwipsToPixels(1215));
 }
 
 TEST_F(EffectPanelTest, OptionsWriteAllThreeVariablesAndStartAnewWithTheEffect) {
@@ -289,12 +233,13 @@ class EffectSelectorsTest : public testing::Test {
 };
 
 TEST_F(EffectSelectorsTest, BothLeadToTheSameNumbers) {
-    EXPECT_EQ(selectors.lstSFX->Count(), 48);
     EXPECT_EQ(selectors.lstSFX->ListIndex(), 0);
-    EXPECT_EQ(selectors.lstSFX->Text(3), QStringLiteral("B&W Dithered"));
     EXPECT_EQ(selectors.TBSFX->Key(48), QStringLiteral("keySFX48"));
     state.ImageActive = true;
-    for (int number : {1, 2, 24, 48, 48}) {
+    for (const Effect& effect : Catalogue()) {
+        const int number = effect.number;
+        EXPECT_EQ(selectors.lstSFX->Text(number - 1), QString::fromLatin1(effect.listText));
+        EXPECT_EQ(selectors.TBSFX->Tip(number), effect.ButtonTip());
         chosen.clear();
         selectors.lstSFX->SetListIndex(number - 1);
         EXPECT_EQ(LastChosen(), number);
@@ -302,7 +247,6 @@ TEST_F(EffectSelectorsTest, BothLeadToTheSameNumbers) {
         QTest::mouseClick(selectors.TBSFX->Button(number), Qt::LeftButton);
         EXPECT_EQ(LastChosen(), number);
     }
-    EXPECT_EQ(selectors.TBSFX->Tip(29), QStringLiteral("Minmum"));
 }
 
 TEST_F(EffectSelectorsTest, RefuseWithoutAPictureDuringARenderAndDuringCapture) {

@@ -8,26 +8,35 @@
 #include <QTemporaryDir>
 #include <set>
 
+#include "canvas/surface.h"
+#include "document/shared_state.h"
 #include "effects/catalogue/catalogue.h"
+#include "effects/catalogue/render_onto.h"
+#include "engine/copy.h"
 #include "tests/effects/sample_picture.h"
 
 namespace kelu {
 namespace {
 
+const int kAll = static_cast<int>(Catalogue().size());
+
 // The part of a button picture that holds the photograph, without its rounded rim.
 QImage Photo(const QImage& picture, int ratio) { return picture.copy(8 * ratio, 8 * ratio, 100 * ratio, 62 * ratio); }
 
 TEST(EffectPictures, EveryEffectCanBeToldFromThePlainPhotographAndFromTheOthers) {
-    const QImage photograph = SamplePicture(200, 180);
+    const QImage picture = SamplePicture(200, 180);
+    const Effect copy{.listText = "", .render = [](auto& source, auto& target, auto&, auto& run) {
+                          engine::Copy(source, target, run);
+                      }};
     for (int ratio : {1, 2}) {
-        const QImage plain =
-            Photo(DrawEffectPicture(Effect{.listText = "", .call = nullptr}, photograph, ratio), ratio);
+        const PreviewPhoto photograph = TakePreview(picture, ratio);
+        const QImage plain = Photo(DrawEffectPicture(copy, photograph, ratio), ratio);
         std::set<QByteArray> seen{QByteArray(reinterpret_cast<const char*>(plain.constBits()), plain.sizeInBytes())};
         for (const Effect& effect : Catalogue()) {
-            const QImage picture = DrawEffectPicture(effect, photograph, ratio);
-            EXPECT_EQ(picture.size(), kEffectPictureSize * ratio);
-            EXPECT_EQ(picture.devicePixelRatio(), ratio);
-            const QImage photo = Photo(picture, ratio);
+            const QImage drawn = DrawEffectPicture(effect, photograph, ratio);
+            EXPECT_EQ(drawn.size(), kEffectPictureSize * ratio);
+            EXPECT_EQ(drawn.devicePixelRatio(), ratio);
+            const QImage photo = Photo(drawn, ratio);
             EXPECT_TRUE(
                 seen.insert(QByteArray(reinterpret_cast<const char*>(photo.constBits()), photo.sizeInBytes())).second)
                 << effect.listText << " looks like another one";
@@ -43,12 +52,53 @@ TEST(EffectPictures, ArriveInOrderAlsoWithoutAPhotograph) {
         EffectPictures pictures;
         QSignalSpy ready(&pictures, &EffectPictures::PictureReady);
         pictures.Start(photograph, 1);
-        while (ready.count() < 48) ASSERT_TRUE(ready.wait(10000));
-        for (int i = 0; i < 48; ++i) {
+        while (ready.count() < kAll) ASSERT_TRUE(ready.wait(10000));
+        for (int i = 0; i < kAll; ++i) {
             EXPECT_EQ(ready[i][0].toInt(), i + 1);
             EXPECT_EQ(ready[i][1].value<QImage>().size(), kEffectPictureSize);
         }
     }
+}
+
+TEST(EffectPictures, ShowTheOpenPictureAndWhatIsPaintedOnIt) {
+    Surface canvas;
+    SharedState state;
+    EffectPictures pictures;
+    pictures.Follow(canvas, state);
+    QSignalSpy ready(&pictures, &EffectPictures::PictureReady);
+    pictures.Start(QStringLiteral("missing.png"), 1);
+    while (ready.count() < kAll) ASSERT_TRUE(ready.wait(10000));
+    const auto shows = [&](const QImage& picture) {
+        ready.clear();
+        while (ready.count() < kAll) ASSERT_TRUE(ready.wait(10000));
+        const QImage expected = DrawEffectPicture(*FindEffect(1), TakePreview(picture, 1), 1);
+        EXPECT_EQ(ready[0][1].value<QImage>(), expected);
+        EXPECT_NE(expected, DrawEffectPicture(*FindEffect(1), {}, 1));
+    };
+    canvas.SetPicture(SamplePicture(1200, 700));  // the placeholder of a program without a picture
+    EXPECT_FALSE(ready.wait(200) && ready.count() > kAll);
+    state.CurrentFileName = QStringLiteral("photo.jpg");
+    canvas.SetPicture(SamplePicture(1300, 900));
+    shows(SamplePicture(1300, 900));
+
+    QImage patch(600, 500, QImage::Format_RGB32);
+    patch.fill(Qt::white);
+    canvas.DrawBitmap(patch, 300, 200, 255);
+    const uchar* const pixels = canvas.Picture().constBits();
+    shows(canvas.Picture());
+    canvas.DrawBitmap(patch, 0, 0, 255);
+    EXPECT_EQ(canvas.Picture().constBits(), pixels) << "nobody holds the picture that strokes go on with";
+}
+
+// A length that Apply would make visible is promised as it will be; a shorter one is drawn so that it shows.
+TEST(EffectPictures, PromiseTheLengthsThatApplyGives) {
+    const Effect& tile = *FindEffect(44);
+    const int least = tile.sliders[0].preview.value;
+    EXPECT_EQ(PreviewInputs(tile, {115, 77}, 1, 0.01).slider[0], least);
+    EXPECT_EQ(PreviewInputs(tile, {115, 77}, 1, 0.2).slider[0], 20);
+    EXPECT_EQ(PreviewInputs(tile, {115, 77}, 1, 0.6).slider[0], 26) << "three of them fit";
+    EXPECT_EQ(PreviewInputs(tile, {230, 154}, 2, 0).slider[0], 2 * least);
+    EXPECT_EQ(PreviewInputs(*FindEffect(47), {115, 77}, 1, 0.01).slider[1], -10) << "a length may point backward";
 }
 
 TEST(EffectPictures, StartingOverAndLeavingEarlyEndTheRunBefore) {
@@ -56,8 +106,8 @@ TEST(EffectPictures, StartingOverAndLeavingEarlyEndTheRunBefore) {
     QSignalSpy ready(&pictures, &EffectPictures::PictureReady);
     pictures.Start(QStringLiteral("missing.png"), 1);
     pictures.Start(QStringLiteral("missing.png"), 2);
-    while (ready.count() < 48) ASSERT_TRUE(ready.wait(10000));
-    EXPECT_EQ(ready.count(), 48);
+    while (ready.count() < kAll) ASSERT_TRUE(ready.wait(10000));
+    EXPECT_EQ(ready.count(), kAll);
     EXPECT_EQ(ready[0][1].value<QImage>().devicePixelRatio(), 2);
     pictures.Start(QStringLiteral("missing.png"), 2);  // left behind by the destructor
 }

@@ -23,7 +23,7 @@ double Weight(const Picture& source, Point at, int x, int y) {
 }
 
 EffectRow Brightness2Row(const std::string& name, Point at, int amount) {
-    return {"Brightness2_" + name, [=](auto& s, auto& t, auto& run) { Brightness2(s, t, at, amount, run); },
+    return {"Brightness2_" + name, With<Brightness2>(at, amount),
             EachPixel([=](const Picture& source, int x, int y) -> std::array<double, 3> {
                 const Rgba p = source.At(x, y);
                 const double change = 2.55 * amount * Weight(source, at, x, y);
@@ -34,7 +34,7 @@ EffectRow Brightness2Row(const std::string& name, Point at, int amount) {
 
 EffectRow Saturation2Row(const std::string& name, Point at, int amount, int tolerance) {
     return {
-        "Saturation2_" + name, [=](auto& s, auto& t, auto& run) { Saturation2(s, t, at, amount, run); },
+        "Saturation2_" + name, With<Saturation2>(at, amount),
         EachPixel([=](const Picture& source, int x, int y) -> std::array<double, 3> {
             const Rgba p = source.At(x, y);
             const double luma = Luma(p), factor = 1 + amount / 100.0 * Weight(source, at, x, y);
@@ -63,7 +63,7 @@ std::array<double, 3> Hue(double turn) {
 }
 
 EffectRow ColorGradientRow(const std::string& name, Point at, int strength, int tolerance) {
-    return {"ColorGradient_" + name, [=](auto& s, auto& t, auto& run) { ColorGradient(s, t, at, strength, run); },
+    return {"ColorGradient_" + name, With<ColorGradient>(at, strength),
             EachPixel([=](const Picture& source, int x, int y) -> std::array<double, 3> {
                 const double kPi = std::acos(-1.0);
                 const Rgba p = source.At(x, y);
@@ -87,22 +87,12 @@ EffectRow ColorGradientRow(const std::string& name, Point at, int strength, int 
 }  // namespace
 
 std::vector<EffectRow> AroundPointRows() {
-    EffectRow neutral = Brightness2Row("neutral", {10, 10}, 0);
-    neutral.definition = Unchanged();
-    neutral.tolerance = 0;
     return {
-        neutral,
-        Brightness2Row("spotlight", {62, 100}, -100),
-        Brightness2Row("brighter", {20, 10}, 80),
-        Brightness2Row("outside", {999, 999}, 100),
-        Brightness2Row("far_outside", {-100000, 40}, -60),
-        Saturation2Row("default", {60, 50}, -100, 1),
-        Saturation2Row("outside", {-40, 500}, 100, 1),
-        Saturation2Row("neutral", {60, 50}, 0, 0),
-        ColorGradientRow("anticlockwise", {62, 50}, -100, 1),
-        ColorGradientRow("clockwise", {10, 90}, 100, 1),
+        Brightness2Row("spotlight", {62, 100}, -100),         Brightness2Row("brighter", {20, 10}, 80),
+        Brightness2Row("outside", {999, 999}, 100),           Brightness2Row("far_outside", {-100000, 40}, -60),
+        Saturation2Row("default", {60, 50}, -100, 1),         Saturation2Row("outside", {-40, 500}, 100, 1),
+        ColorGradientRow("anticlockwise", {62, 50}, -100, 1), ColorGradientRow("clockwise", {10, 90}, 100, 1),
         ColorGradientRow("faint", {250, 100}, 30, 1),
-        ColorGradientRow("neutral", {62, 50}, 0, 0),
     };
 }
 

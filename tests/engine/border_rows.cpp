@@ -104,35 +104,13 @@ EffectRow ErodeRow(int depth, Color color) {
         });
 }
 
-EffectRow Neutral(const std::string& name, Render render) {
-    return {name + "_neutral", std::move(render), Unchanged()};
-}
-
 }  // namespace
 
 std::vector<EffectRow> BorderRows() {
     return {
-        FadeRow(1, {255, 255, 255}),
-        FadeRow(30, {200, 100, 0}),
-        FadeRow(255, {0, 0, 255}),
-        IrregularRow(1, {255, 255, 255}),
-        IrregularRow(20, {255, 200, 0}),
-        IrregularRow(200, {0, 0, 0}),
-        ErodeRow(1, {255, 255, 255}),
-        ErodeRow(20, {255, 200, 0}),
-        ErodeRow(255, {10, 0, 0}),
-        Neutral("IrregularBorders",
-                [](auto& s, auto& t, auto& run) {
-                    IrregularBorders(s, t, 0, {255, 255, 255}, run);
-                }),
-        Neutral("ErodeBorder",
-                [](auto& s, auto& t, auto& run) {
-                    ErodeBorder(s, t, 0, {255, 255, 255}, run);
-                }),
-        Neutral("FadeBorders",
-                [](auto& s, auto& t, auto& run) {
-                    FadeBorders(s, t, 0, {255, 255, 255}, run);
-                }),
+        FadeRow(1, {255, 255, 255}),      FadeRow(30, {200, 100, 0}),      FadeRow(255, {0, 0, 255}),
+        IrregularRow(1, {255, 255, 255}), IrregularRow(20, {255, 200, 0}), IrregularRow(200, {0, 0, 0}),
+        ErodeRow(1, {255, 255, 255}),     ErodeRow(20, {255, 200, 0}),     ErodeRow(255, {10, 0, 0}),
     };
 }
 

@@ -17,10 +17,6 @@ Definition EachPixel(ColorDefinition color) {
     };
 }
 
-Definition Unchanged() {
-    return [](const Picture& source, Picture& expected) { expected = source; };
-}
-
 std::vector<EffectRow> AllRows() {
     std::vector<EffectRow> rows;
     for (const auto& family : {
@@ -30,6 +26,7 @@ std::vector<EffectRow> AllRows() {
              DrawnRows,
              LumaMapRows,
              NeighbourhoodRows,
+             NeutralRows,
              RandomRows,
              ScatterRows,
              WarpRows,

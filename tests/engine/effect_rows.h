@@ -34,8 +34,11 @@ inline std::ostream& operator<<(std::ostream& out, const EffectRow& row) { retur
 using ColorDefinition = std::function<std::array<double, 3>(const Picture& source, int x, int y)>;
 Definition EachPixel(ColorDefinition color);
 
-/// The picture itself: the definition of neutral inputs.
-Definition Unchanged();
+/// A kernel with its inputs.
+template <auto kernel, class... Inputs>
+Render With(Inputs... inputs) {
+    return [=](auto& source, auto& target, auto& run) { kernel(source, target, inputs..., run); };
+}
 
 std::vector<EffectRow> AroundPointRows();
 std::vector<EffectRow> BorderRows();
@@ -43,6 +46,7 @@ std::vector<EffectRow> ChannelMapRows();
 std::vector<EffectRow> DrawnRows();
 std::vector<EffectRow> LumaMapRows();
 std::vector<EffectRow> NeighbourhoodRows();
+std::vector<EffectRow> NeutralRows();  // inputs that mean nothing
 std::vector<EffectRow> RandomRows();
 std::vector<EffectRow> ScatterRows();
 std::vector<EffectRow> WarpRows();

@@ -9,7 +9,7 @@ namespace {
 using namespace engine;
 
 EffectRow GrayscaleRow(const std::string& name, int weighted) {
-    return {name, [=](auto& s, auto& t, auto& run) { Grayscale(s, t, weighted, run); },
+    return {name, With<Grayscale>(weighted),
             EachPixel([=](const Picture& source, int x, int y) -> std::array<double, 3> {
                 const Rgba p = source.At(x, y);
                 const double gray = weighted ? Luma(p) : (p.red + p.green + p.blue) / 3.0;
@@ -18,7 +18,7 @@ EffectRow GrayscaleRow(const std::string& name, int weighted) {
 }
 
 EffectRow SepiaRow(int strength) {
-    return {"Sepia_" + std::to_string(strength), [=](auto& s, auto& t, auto& run) { Sepia(s, t, strength, run); },
+    return {"Sepia_" + std::to_string(strength), With<Sepia>(strength),
             EachPixel([=](const Picture& source, int x, int y) -> std::array<double, 3> {
                 const double luma = Luma(source.At(x, y));
                 const double left = 1 - strength / 100.0, tint = (1 - left * left) * 2.4 * luma * (255 - luma) / 255;
@@ -28,8 +28,7 @@ EffectRow SepiaRow(int strength) {
 }
 
 EffectRow BlackWhiteRow(int threshold) {
-    return {"BlackWhite_" + std::to_string(threshold),
-            [=](auto& s, auto& t, auto& run) { BlackWhite(s, t, threshold, run); },
+    return {"BlackWhite_" + std::to_string(threshold), With<BlackWhite>(threshold),
             EachPixel([=](const Picture& source, int x, int y) -> std::array<double, 3> {
                 const double value = Luma(source.At(x, y)) >= threshold ? 255 : 0;
                 return {value, value, value};
@@ -37,7 +36,7 @@ EffectRow BlackWhiteRow(int threshold) {
 }
 
 EffectRow ColorizeRow(const std::string& name, Color color) {
-    return {"Colorize_" + name, [=](auto& s, auto& t, auto& run) { Colorize(s, t, color, run); },
+    return {"Colorize_" + name, With<Colorize>(color),
             EachPixel([=](const Picture& source, int x, int y) -> std::array<double, 3> {
                 const double luma = Luma(source.At(x, y)), own = Luma({color.red, color.green, color.blue});
                 const auto ramp = [=](double c) {
@@ -51,7 +50,7 @@ EffectRow ColorizeRow(const std::string& name, Color color) {
 }
 
 EffectRow FalseColorRow(const std::string& name, Color dark, Color bright) {
-    return {"FalseColor_" + name, [=](auto& s, auto& t, auto& run) { FalseColor(s, t, dark, bright, run); },
+    return {"FalseColor_" + name, With<FalseColor>(dark, bright),
             EachPixel([=](const Picture& source, int x, int y) -> std::array<double, 3> {
                 const double luma = Luma(source.At(x, y));
                 const auto ramp = [=](double from, double to) { return from + (to - from) * luma / 255; };
@@ -62,7 +61,7 @@ EffectRow FalseColorRow(const std::string& name, Color dark, Color bright) {
 
 EffectRow Saturation1Row(const std::string& name, int amount, int tolerance) {
     return {
-        "Saturation1_" + name, [=](auto& s, auto& t, auto& run) { Saturation1(s, t, amount, run); },
+        "Saturation1_" + name, With<Saturation1>(amount),
         EachPixel([=](const Picture& source, int x, int y) -> std::array<double, 3> {
             const Rgba p = source.At(x, y);
             const double luma = Luma(p), factor = (100 + amount) / 100.0;

@@ -10,6 +10,10 @@
 #include <thread>
 #include <vector>
 
+#if defined(__linux__)
+#include <sys/mman.h>
+#endif
+
 namespace kelu::engine {
 namespace {
 
@@ -34,6 +38,24 @@ TEST(PixelMemory, AReturnedBlockServesThePictureOfTheSameSize) {
     EXPECT_EQ(TakePixelMemory(8 * kMegabyte - 100).get(), address);
     EXPECT_NE(TakePixelMemory(2 * kMegabyte).get(), address) << "a small picture must not hold a large block";
 }
+
+#if defined(__linux__)
+TEST(PixelMemory, OfThreeIdleBlocksTheOldestGoesBackToTheSystem) {
+    ReleaseIdlePixelMemory();
+    std::vector<std::shared_ptr<std::uint8_t>> blocks;
+    std::vector<std::uint8_t*> places;
+    for (int i = 0; i < 3; ++i) {
+        blocks.push_back(TakePixelMemory(4 * kMegabyte));
+        places.push_back(blocks.back().get());
+    }
+    for (auto& block : blocks) block.reset();
+    const auto mapped = [](std::uint8_t* place) { return msync(place, 1, MS_ASYNC) == 0; };
+    EXPECT_FALSE(mapped(places[0])) << "what nobody uses would pile up";
+    EXPECT_TRUE(mapped(places[1]) && mapped(places[2]));
+    ReleaseIdlePixelMemory();
+    EXPECT_FALSE(mapped(places[1]) || mapped(places[2]));
+}
+#endif
 
 TEST(PixelMemory, AbsurdSizesFailCleanly) {
     EXPECT_THROW(TakePixelMemory(std::numeric_limits<std::size_t>::max()), std::bad_alloc);

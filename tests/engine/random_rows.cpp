@@ -1,11 +1,22 @@
-// Rows of the effects that have no definition pixel by pixel: Noise and the dither. Their own tests stand in
-// noise_test.cpp and dither_test.cpp.
+// Rows without a definition pixel by pixel, whose own tests stand beside this file, and the inputs that mean nothing.
 // SPDX-License-Identifier: MIT
+#include "engine/around_point.h"
+#include "engine/blurs.h"
+#include "engine/borders.h"
+#include "engine/channel_maps.h"
 #include "engine/dither.h"
+#include "engine/extremes.h"
+#include "engine/mosaic.h"
 #include "engine/noise.h"
+#include "engine/oil_painting.h"
+#include "engine/radial_warps.h"
+#include "engine/rearrange.h"
+#include "engine/wind.h"
 #include "tests/engine/effect_rows.h"
 
 namespace kelu::engine_test {
+
+using namespace engine;
 
 std::vector<EffectRow> RandomRows() {
     const auto threshold = EachPixel([](const Picture& source, int x, int y) -> std::array<double, 3> {
@@ -13,14 +24,54 @@ std::vector<EffectRow> RandomRows() {
         return {value, value, value};
     });
     return {
-        {"BlackWhiteDither_0", [](auto& s, auto& t, auto& run) { engine::BlackWhiteDither(s, t, 0, run); }, {}},
-        {"BlackWhiteDither_40", [](auto& s, auto& t, auto& run) { engine::BlackWhiteDither(s, t, 40, run); }, {}},
-        {"BlackWhiteDither_100", [](auto& s, auto& t, auto& run) { engine::BlackWhiteDither(s, t, 100, run); },
-         threshold},
-        {"Noise_colored", [](auto& s, auto& t, auto& run) { engine::Noise(s, t, 50, true, run); }, {}},
-        {"Noise_gray", [](auto& s, auto& t, auto& run) { engine::Noise(s, t, 100, false, run); }, {}},
-        {"Noise_neutral", [](auto& s, auto& t, auto& run) { engine::Noise(s, t, 0, true, run); }, Unchanged()},
+        {"BlackWhiteDither_0", With<BlackWhiteDither>(0), {}},
+        {"BlackWhiteDither_40", With<BlackWhiteDither>(40), {}},
+        {"BlackWhiteDither_100", With<BlackWhiteDither>(100), threshold},
+        {"Noise_colored", With<engine::Noise>(50, true), {}},
+        {"Noise_gray", With<engine::Noise>(100, false), {}},
+        {"Blur2_4", With<Blur2>(Point{250, 100}, 4), {}, 0, false},
+        {"Blur2_100", With<Blur2>(Point{20, 999}, 100), {}, 0, false},
+        {"Blur3_100", With<Blur3>(Point{250, 100}, 100), {}, 0, false},
+        {"Scramble_100_50", With<Scramble>(100, 50), {}, 0, false},
+        {"Scramble_3_100", With<Scramble>(3, 100), {}, 0, false},
     };
+}
+
+std::vector<EffectRow> NeutralRows() {
+    const Color white{255, 255, 255}, black{0, 0, 0};
+    std::vector<EffectRow> rows{
+        {"Blur1", With<Blur1>(0), {}},
+        {"Blur2", With<Blur2>(Point{2, 1}, 0), {}},
+        {"Blur3", With<Blur3>(Point{2, 1}, 0), {}},
+        {"Brightness1", With<Brightness1>(0), {}},
+        {"Brightness2", With<Brightness2>(Point{10, 10}, 0), {}},
+        {"ColorCorrection", With<ColorCorrection>(black, white), {}},
+        {"ColorGradient", With<ColorGradient>(Point{62, 50}, 0), {}},
+        {"ErodeBorder", With<ErodeBorder>(0, white), {}},
+        {"Explode", With<Explode>(Point{5, 5}, 0), {}},
+        {"FadeBorders", With<FadeBorders>(0, white), {}},
+        {"Implode", With<Implode>(Point{5, 5}, 0, black), {}},
+        {"IrregularBorders", With<IrregularBorders>(0, white), {}},
+        {"Maximum", With<Maximum>(0, 0), {}},
+        {"Minimum", With<Minimum>(1, -5), {}},
+        {"Mosaic", With<Mosaic>(1, 1), {}},
+        {"Negative", With<Negative>(false, false, false), {}},
+        {"Noise", With<engine::Noise>(0, true), {}},
+        {"OilPainting", With<OilPainting>(0), {}},
+        {"Posterize", With<Posterize>(8, 8, 8), {}},
+        {"Saturation2", With<Saturation2>(Point{60, 50}, 0), {}},
+        {"Scramble_of_no_side", With<Scramble>(0, 50), {}},
+        {"Scramble_of_none", With<Scramble>(5, 0), {}},
+        {"Spray", With<Spray>(0), {}},
+        {"Tile", With<Tile>(9, 0), {}},
+        {"Tint", With<Tint>(white), {}},
+        {"Wind", With<Wind>(0, 0), {}},
+    };
+    for (EffectRow& row : rows) {
+        row.name += "_neutral";
+        row.definition = [](const Picture& source, Picture& expected) { expected = source; };
+    }
+    return rows;
 }
 
 }  // namespace kelu::engine_test

@@ -227,30 +227,9 @@ EffectRow BlobsRow(int radius, int spacing) {
 
 std::vector<EffectRow> ScatterRows() {
     return {
-        ReverseRow(),
-        TileRow(100, 40),
-        TileRow(7, 100),
-        TileRow(1, 50),
-        SprayRow(2),
-        SprayRow(15),
-        SprayRow(100),
-        WindRow(25, -10),
-        WindRow(-100, 0),
-        WindRow(-40, 40),
-        WindRow(3, 50),
-        WindRow(-20, -61),
-        WindRow(1, 0),
-        BlobsRow(10, 6),
-        BlobsRow(3, 20),
-        BlobsRow(100, 40),
-        {"Tile_still", [](auto& s, auto& t, auto& run) { Tile(s, t, 9, 0, run); }, Unchanged()},
-        {"Spray_neutral", [](auto& s, auto& t, auto& run) { Spray(s, t, 0, run); }, Unchanged()},
-        {"Wind_neutral", [](auto& s, auto& t, auto& run) { Wind(s, t, 0, 0, run); }, Unchanged()},
-        // What it does is in scramble_test.cpp.
-        {"Scramble_100_50", [](auto& s, auto& t, auto& run) { Scramble(s, t, 100, 50, run); }, {}, 0, false},
-        {"Scramble_3_100", [](auto& s, auto& t, auto& run) { Scramble(s, t, 3, 100, run); }, {}, 0, false},
-        {"Scramble_of_no_side", [](auto& s, auto& t, auto& run) { Scramble(s, t, 0, 50, run); }, Unchanged()},
-        {"Scramble_of_none", [](auto& s, auto& t, auto& run) { Scramble(s, t, 5, 0, run); }, Unchanged()},
+        ReverseRow(),  TileRow(100, 40), TileRow(7, 100),  TileRow(1, 50),    SprayRow(2),    SprayRow(15),
+        SprayRow(100), WindRow(25, -10), WindRow(-100, 0), WindRow(-40, 40),  WindRow(3, 50), WindRow(-20, -61),
+        WindRow(1, 0), BlobsRow(10, 6),  BlobsRow(3, 20),  BlobsRow(100, 40),
     };
 }
 

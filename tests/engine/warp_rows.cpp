@@ -142,16 +142,6 @@ std::vector<EffectRow> WarpRows() {
         ImplodeRow({30, 20}, 10, {0, 0, 0}),
         ImplodeRow({250, 100}, 60, {255, 10, 100}),
         FishEyeRow({255, 255, 255}),
-        {"Explode_neutral",
-         [](auto& s, auto& t, auto& run) {
-             Explode(s, t, {5, 5}, 0, run);
-         },
-         Unchanged()},
-        {"Implode_neutral",
-         [](auto& s, auto& t, auto& run) {
-             Implode(s, t, {5, 5}, 0, {}, run);
-         },
-         Unchanged()},
     };
 }
 

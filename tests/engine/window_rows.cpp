@@ -168,43 +168,6 @@ std::vector<EffectRow> WindowRows() {
         OilPaintingRow(1),
         OilPaintingRow(5),
         OilPaintingRow(11),
-        {"Blur1_neutral", [](auto& s, auto& t, auto& run) { Blur1(s, t, 0, run); }, Unchanged()},
-        {"Maximum_neutral", [](auto& s, auto& t, auto& run) { Maximum(s, t, 0, 0, run); }, Unchanged()},
-        {"Minimum_neutral", [](auto& s, auto& t, auto& run) { Minimum(s, t, 1, -5, run); }, Unchanged()},
-        {"Mosaic_neutral", [](auto& s, auto& t, auto& run) { Mosaic(s, t, 1, 1, run); }, Unchanged()},
-        {"OilPainting_neutral", [](auto& s, auto& t, auto& run) { OilPainting(s, t, 0, run); }, Unchanged()},
-        // Their bounds are in path_blur_test.cpp.
-        {"Blur2_4",
-         [](auto& s, auto& t, auto& run) {
-             Blur2(s, t, {250, 100}, 4, run);
-         },
-         {},
-         0,
-         false},
-        {"Blur2_100",
-         [](auto& s, auto& t, auto& run) {
-             Blur2(s, t, {20, 999}, 100, run);
-         },
-         {},
-         0,
-         false},
-        {"Blur3_100",
-         [](auto& s, auto& t, auto& run) {
-             Blur3(s, t, {250, 100}, 100, run);
-         },
-         {},
-         0,
-         false},
-        {"Blur2_neutral",
-         [](auto& s, auto& t, auto& run) {
-             Blur2(s, t, {2, 1}, 0, run);
-         },
-         Unchanged()},
-        {"Blur3_neutral",
-         [](auto& s, auto& t, auto& run) {
-             Blur3(s, t, {2, 1}, 0, run);
-         },
-         Unchanged()},
     };
 }
 

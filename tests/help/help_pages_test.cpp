@@ -41,7 +41,6 @@ QStringList Matches(const QString& page, const char* pattern) {
 
 TEST(HelpPages, EveryLinkLeadsSomewhere) {
     const QList<HelpTopic> topics = AllTopics();
-    ASSERT_EQ(topics.size(), 48);
     QMap<QString, QString> pages{{"index.html", IndexPage(topics)},
                                  {"settings.html", PlainPage(ReadAll(kTexts.filePath("settings.html")))}};
     QSet<QString> pictures;
@@ -51,14 +50,14 @@ TEST(HelpPages, EveryLinkLeadsSomewhere) {
         EXPECT_TRUE(QFileInfo::exists(QStringLiteral(KELU_SOURCE_DIR "/Gallery/") + topic.text.photo + ".jpg"))
             << topic.stem.toStdString();
     }
-    ASSERT_EQ(pages.size(), 50);
+    ASSERT_EQ(pages.size(), topics.size() + 2);
     for (auto page = pages.begin(); page != pages.end(); ++page) {
         for (const QString& link : Matches(*page, "<a href=\"([^\"]*)\""))
             EXPECT_TRUE(pages.contains(link)) << page.key().toStdString() << " to " << link.toStdString();
         for (const QString& picture : Matches(*page, "<img src=\"([^\"]*)\""))
             EXPECT_TRUE(pictures.contains(picture)) << page.key().toStdString() << " shows " << picture.toStdString();
     }
-    EXPECT_EQ(Matches(pages["index.html"], "<img src=\"([^\"]*)\"").size(), 48);
+    EXPECT_EQ(Matches(pages["index.html"], "<img src=\"([^\"]*)\"").size(), topics.size());
 }
 
 TEST(HelpPages, TellTheRangesOfTheCatalogue) {

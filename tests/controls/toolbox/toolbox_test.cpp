@@ -83,6 +83,31 @@ TEST_F(ToolboxTest, ArrowKeysWalkTheGridSpaceAndEnterPress) {
     EXPECT_EQ(clicks.last(), QStringLiteral("1 keySFX1 current 1"));
 }
 
+TEST_F(ToolboxTest, TypedNamesAndPagesLeadToButtons) {
+    const char* const names[] = {"Blobs", "Blur 1", "Blur 2", "Fish Eye", "Mosaic", "Oil Painting", "Negative", "Neon"};
+    for (int i = 0; i < 8; ++i) box.SetTip(i + 1, QString::fromLatin1(names[i]));
+    box.Button(1)->setFocus(Qt::TabFocusReason);
+    const auto type = [&](const char* text) {
+        QTest::qWait(QApplication::keyboardInputInterval() + 50);
+        for (; *text; ++text) QTest::keyClick(QApplication::focusWidget(), *text);
+        return Focused();
+    };
+    EXPECT_EQ(type("neo"), 8);
+    EXPECT_EQ(type("blur 2"), 3) << "a blank within a name does not press";
+    EXPECT_EQ(type("b"), 1) << "the next of that letter, and round";
+    EXPECT_EQ(type("b"), 2);
+    EXPECT_EQ(type("paint"), 6) << "a word within a name";
+    EXPECT_EQ(type("zz"), 6);
+    EXPECT_TRUE(clicks.isEmpty());
+    QTest::qWait(QApplication::keyboardInputInterval() + 50);
+    Keys({Qt::Key_Space});
+    EXPECT_EQ(clicks.size(), 1);
+    Keys({Qt::Key_PageUp});
+    EXPECT_LE(Focused(), 3) << "the first row";
+    Keys({Qt::Key_PageDown, Qt::Key_PageDown, Qt::Key_PageDown});
+    EXPECT_EQ(Focused(), 8);
+}
+
 TEST_F(ToolboxTest, OneButtonTakesTab) {
     const auto stops = [&] {
         std::vector<int> found;
