@@ -59,7 +59,7 @@ class PaintingSession : private EffectControls, private RenderWindow {
             document.Open(path, Below(8) ? Document::Source::Browse : Document::Source::Capture);
     }
     void Apply(int effect = 0) {
-        if (effect == 0) effect = 1 + Below(kEffectCount);
+        if (effect == 0) effect = 1 + Below(static_cast<int>(Catalogue().size()));
         const Effect& row = *FindEffect(effect);
         state.CurrentSFX = static_cast<std::int16_t>(row.number);
         for (std::size_t i = 0; i < 3; ++i)
