@@ -60,10 +60,10 @@ void StartUp::TidyTemp() { QFile::remove(QDir(TemporaryFolder()).filePath(QStrin
 void StartUp::ExitApp() {
     if (state_.ImageDirty) {
         switch (openSave_.AskToSave(/*beep=*/true)) {
-            case MsgDialog::kYes:
+            case MsgAnswer::Yes:
                 openSave_.SaveImageNow();
                 break;
-            case MsgDialog::kNo:
+            case MsgAnswer::No:
                 break;
             default:
                 return;

@@ -12,8 +12,7 @@ namespace kelu {
 
 namespace {
 
-constexpr int kShooterTime = 50;      // ms
-constexpr int kPlainErrorStyle = 16;  // an error with one OK button
+constexpr int kShooterTime = 50;  // ms
 const char kNoDevice[] =
     QT_TRANSLATE_NOOP("kelu::CameraCapture", "Unable to find a capture device!\r\nThis feature will be disabled.");
 
@@ -58,9 +57,9 @@ void CameraCapture::DevicesFound() {
             if (error.Number() != kNoCamera) throw;
             state_.CameraMissing = true;
             entersLater_ = false;  // the message answers the key as well
-            services_.dialog.SetShowCheckbox(false);
-            services_.dialog.SetAboutStyle(false);
-            services_.dialog.ShowMessage(tr("Error"), tr(kNoDevice), kPlainErrorStyle, tr("Error"), MsgIcon::Error);
+            Message message{tr("Error"), tr(kNoDevice), MsgIcon::Error};
+            message.title = tr("Error");
+            services_.dialog.ShowMessage(message);
         }
     });
     if (std::exchange(loadsLater_, false)) {
@@ -121,7 +120,7 @@ void CameraCapture::WebCamClick() {
     }
     LookAnew();
     if (state_.CameraMissing) {
-        ShowPlainMessage(services_.dialog, tr("Error"), tr(kNoDevice), MsgDialog::kOk, MsgIcon::Error);
+        services_.dialog.ShowMessage({tr("Error"), tr(kNoDevice), MsgIcon::Error});
         return;
     }
     if (std::exchange(capturing_, true)) return;
@@ -156,8 +155,7 @@ void CameraCapture::ShowFailure(const QString& why) {
     failureTold_ = true;
     tmrShooter_.stop();
     if (!live_) Leave();
-    ShowPlainMessage(services_.dialog, tr("Error"), tr("The camera gives no picture.\r\n%1.").arg(why), MsgDialog::kOk,
-                     MsgIcon::Error);
+    services_.dialog.ShowMessage({tr("Error"), tr("The camera gives no picture.\r\n%1.").arg(why), MsgIcon::Error});
     if (capturing_) tmrShooter_.start();
 }
 

@@ -16,19 +16,21 @@ OpenSave::OpenSave(Document& document, SharedState& state, MsgDialog& dialog, Sa
       showBrowse_(std::move(showBrowse)),
       createPdf_(std::move(createPdf)) {}
 
-int OpenSave::AskToSave(bool beep) {
+MsgAnswer OpenSave::AskToSave(bool beep) {
     if (beep) dialog_.Beep();
-    return ShowPlainMessage(dialog_, QStringLiteral("Confirm"),
-                            QStringLiteral("Save changes to '%1'?\r\n").arg(state_.CurrentFileName),
-                            MsgDialog::kYesNoCancel, MsgIcon::Exclamation);
+    return dialog_
+        .ShowMessage({QStringLiteral("Confirm"),
+                      QStringLiteral("Save changes to '%1'?\r\n").arg(state_.CurrentFileName), MsgIcon::Exclamation,
+                      MsgButtons::YesNoCancel})
+        .answer;
 }
 
 bool OpenSave::SettleChanges() {
     switch (AskToSave()) {
-        case MsgDialog::kYes:
+        case MsgAnswer::Yes:
             SaveImageNow();
             break;
-        case MsgDialog::kNo:
+        case MsgAnswer::No:
             break;
         default:
             return false;

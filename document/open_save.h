@@ -36,8 +36,8 @@ class OpenSave {
     OpenSave(Document& document, SharedState& state, MsgDialog& dialog, SaveDialog& saveDialog,
              std::function<void()> showBrowse, std::function<void(const QString&)> createPdf);
 
-    /// "Save changes to ...?", answered with MsgDialog::kYes, kNo or kCancel.
-    int AskToSave(bool beep = false);
+    /// "Save changes to ...?": Yes, No or Cancel.
+    MsgAnswer AskToSave(bool beep = false);
 
     void OpenImageNow();
     /// A file was dropped on the canvas.

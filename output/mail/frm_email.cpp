@@ -185,10 +185,10 @@ void frmEmail::Send() {
 
 bool frmEmail::RecipientRefused(const QString& to) {
     if (ValidEmailAddress(to)) return false;
-    ShowPlainMessage(dialog_, QStringLiteral("Error"),
-                     QStringLiteral("The following error(s) have occured:\r\n\r\n"
-                                    "No e-mail address or an invalid e-mail address has been entered.\r\n"),
-                     MsgDialog::kOk, MsgIcon::Error);
+    dialog_.ShowMessage({QStringLiteral("Error"),
+                         QStringLiteral("The following error(s) have occured:\r\n\r\n"
+                                        "No e-mail address or an invalid e-mail address has been entered.\r\n"),
+                         MsgIcon::Error});
     return true;
 }
 
@@ -204,8 +204,7 @@ void frmEmail::SendAndUnload(const std::function<void()>& send) {
     const bool sent = RunShowingErrors(dialog_, [&] {
         send();
         QCoreApplication::processEvents();
-        ShowPlainMessage(dialog_, QStringLiteral("Information"), QStringLiteral("E-mail Sent!\r\n"), MsgDialog::kOk,
-                         MsgIcon::Information);
+        dialog_.ShowMessage({QStringLiteral("Information"), QStringLiteral("E-mail Sent!\r\n"), MsgIcon::Information});
     });
     if (!sent) smtp_.Disconnect();
     SetSending(false);

@@ -229,11 +229,9 @@ TEST_F(AccessibleWindows, Messages) {
         });
     };
     look("Yes, No, Cancel");
-    ShowPlainMessage(realDialog, "Heading", "Text", MsgDialog::kYesNoCancel, MsgIcon::Exclamation);
-    realDialog.SetShowCheckbox(true);
-    realDialog.SetCheckboxCaption("Don't Show This Again");
+    realDialog.ShowMessage({"Heading", "Text", MsgIcon::Exclamation, MsgButtons::YesNoCancel});
     look("Don't Show This Again, OK");
-    realDialog.ShowMessage("Heading", "Text", MsgDialog::kOk, "Kelu", MsgIcon::Information);
+    realDialog.ShowMessage({"Heading", "Text", MsgIcon::Information, MsgButtons::Ok, "Don't Show This Again"});
     look("About Kelu..., OK");
     ShowAboutMsg(realDialog);
 }

@@ -89,7 +89,7 @@ TEST_F(RenderWalk, NothingReachesTheWindowMeanwhile) {
     // Afterwards all is open again.
     Key(Qt::Key_Y, Qt::ControlModifier);
     EXPECT_NE(Canvas(), canvasBefore);
-    dialog.answers = {MsgDialog::kNo};
+    dialog.answers = {MsgAnswer::No};
     EXPECT_TRUE(window.close());
 }
 

@@ -106,7 +106,6 @@ TEST_F(StartUpTest, AFailingStepEndsTheStartWithTheStandardMessage) {
     ASSERT_EQ(dialog.shown.size(), 1u);
     EXPECT_EQ(dialog.shown[0].heading, "Error");
     EXPECT_EQ(dialog.shown[0].text, "The following error has occured:\r\nno such file (57)\r\n");
-    EXPECT_EQ(dialog.shown[0].style, MsgDialog::kOk);
 }
 
 TEST_F(StartUpTest, SettingsAreReadInOrderAndAMissingCameraIsSilent) {
@@ -129,15 +128,15 @@ TEST_F(StartUpTest, SettingsAreReadInOrderAndAMissingCameraIsSilent) {
 TEST_F(StartUpTest, LeavingAsksWhenThereAreChanges) {
     struct Row {
         bool dirty;
-        int answer;
+        MsgAnswer answer;
         bool unloads;
         int saveDialogs;
     };
     const Row rows[] = {
-        {false, 0, true, 0},
-        {true, MsgDialog::kYes, true, 1},  // a cancelled save dialog does not stop the exit
-        {true, MsgDialog::kNo, true, 0},
-        {true, MsgDialog::kCancel, false, 0},
+        {false, MsgAnswer::Ok, true, 0},
+        {true, MsgAnswer::Yes, true, 1},  // a cancelled save dialog does not stop the exit
+        {true, MsgAnswer::No, true, 0},
+        {true, MsgAnswer::Cancel, false, 0},
     };
     for (const Row& row : rows) {
         steps.calls.clear();
@@ -148,8 +147,8 @@ TEST_F(StartUpTest, LeavingAsksWhenThereAreChanges) {
         state.CurrentFileName = QStringLiteral("cat.jpg");
         dialog.answers = {row.answer};
         startUp.ExitApp();
-        EXPECT_EQ(steps.calls.contains("Unload"), row.unloads) << row.answer;
-        EXPECT_EQ(saveDialog.shown, row.saveDialogs) << row.answer;
+        EXPECT_EQ(steps.calls.contains("Unload"), row.unloads) << int(row.answer);
+        EXPECT_EQ(saveDialog.shown, row.saveDialogs) << int(row.answer);
         EXPECT_EQ(dialog.beeps, row.dirty ? 1 : 0);
         if (row.dirty) {
             ASSERT_EQ(dialog.shown.size(), 1u);
@@ -163,8 +162,7 @@ TEST_F(StartUpTest, TheReminderStopsOnceItsBoxIsTicked) {
     reminder.PrepareReminder();
     ASSERT_EQ(dialog.shown.size(), 1u);
     EXPECT_EQ(dialog.shown[0].heading, "Information");
-    EXPECT_TRUE(dialog.shown[0].checkbox);
-    EXPECT_EQ(dialog.shown[0].checkboxCaption, "Don't Show This Again");
+    EXPECT_EQ(dialog.shown[0].checkbox, "Don't Show This Again");
     EXPECT_EQ(settings.Read(settings::kReminder), "1");
 
     dialog.ticks = true;

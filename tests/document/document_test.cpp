@@ -135,18 +135,18 @@ TEST_F(DocumentTest, OpenAsksWhenThereAreChanges) {
     EXPECT_TRUE(dialog.shown.empty());
 
     state.ImageDirty = true;
-    dialog.answers = {MsgDialog::kCancel};
+    dialog.answers = {MsgAnswer::Cancel};
     openSave.OpenImageNow();
     EXPECT_EQ(browses, 1);
     EXPECT_TRUE(state.ImageDirty);
 
-    dialog.answers = {MsgDialog::kNo};
+    dialog.answers = {MsgAnswer::No};
     openSave.OpenImageNow();
     EXPECT_EQ(browses, 2);
     EXPECT_FALSE(state.ImageDirty);
 
     state.ImageDirty = true;
-    dialog.answers = {MsgDialog::kYes};
+    dialog.answers = {MsgAnswer::Yes};
     openSave.OpenImageNow();
     EXPECT_EQ(saveDialog.shown, 1);
     EXPECT_EQ(browses, 3) << "a cancelled save dialog does not stop the opening";
@@ -162,11 +162,11 @@ TEST_F(DocumentTest, DropAsksAndThenShowsTheLongText) {
     const QString other = MakePicture(20, 10, QStringLiteral("b.png"));
     QSignalSpy texts(&document, &Document::StatusTextChanged);
     Paint();
-    dialog.answers = {MsgDialog::kCancel};
+    dialog.answers = {MsgAnswer::Cancel};
     openSave.Drop(other);
     EXPECT_EQ(surfaces.picCanvas.ImageWidth(), 40);
     EXPECT_TRUE(state.ImageDirty);
-    dialog.answers = {MsgDialog::kNo};
+    dialog.answers = {MsgAnswer::No};
     openSave.Drop(other);
     EXPECT_EQ(surfaces.picCanvas.ImageWidth(), 20);
     EXPECT_FALSE(state.ImageDirty);

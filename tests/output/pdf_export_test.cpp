@@ -141,13 +141,12 @@ TEST_F(PdfTest, AFailureLeavesNothingBehindAndIsTold) {
     ASSERT_EQ(dialog.shown.size(), 2u);
     EXPECT_EQ(dialog.shown[1].text, "PDF file 'page.png' created successfully!");
     EXPECT_EQ(dialog.shown[1].title, "Information");
-    EXPECT_EQ(dialog.shown[1].checkboxCaption, "View PDF File");
+    EXPECT_EQ(dialog.shown[1].checkbox, "View PDF File");
     EXPECT_EQ(dialog.beeps, 1);
     EXPECT_TRUE(opened.isEmpty());
     dialog.ticks = true;
     pdf.CreatePDF(odd);
     EXPECT_EQ(opened, QStringList{odd});
-    EXPECT_FALSE(dialog.CheckboxValue());
     QFile file(odd);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_TRUE(file.readAll().startsWith("%PDF-"));
