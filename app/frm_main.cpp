@@ -10,8 +10,6 @@
 #include "app/interface_language.h"
 #include "app/window_layout.h"
 #include "capture/capture_panel.h"
-#include "controls/list_ex/list_ex.h"
-#include "controls/pager/pager.h"
 #include "controls/progress_bar/xp_progress_bar.h"
 #include "controls/slider/ls_slider.h"
 #include "controls/status_bar/status_bar.h"
@@ -73,7 +71,8 @@ frmMain::frmMain(SharedState& state, const MainServices& services)
       splash_(*controls.picCover, state, services.settings, services.dialog, BesideProgram("data")),
       chrome_(*this, state),
       keys_(*this),
-      startUp_(*this, state, services.settings, services.dialog, openSave_) {
+      startUp_(controls, surfaces.picCanvas, capture_, splash_, state, services.settings, services.dialog,
+               BesideProgram("data")) {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QStringLiteral("Kelu"));
     setWindowIcon(theme::Icon(QStringLiteral("kelu")));
@@ -121,7 +120,7 @@ void frmMain::Connect() {
 
     connect(controls.selectors, &EffectSelectors::EffectChosen, controls.pnlSettings, &EffectPanel::SetUp);
     connect(controls.pnlSettings->sldBrushSize, &LsSlider::ValueChanged, this, [this] { painter_.SetUpBrush(); });
-    connect(controls.pnlSettings->cmdApply, &ToolButton::clicked, &application_, &EffectApplication::ApplyClick);
+    connect(controls.pnlSettings->cmdApply, &ToolButton::clicked, this, [this] { Run(Command::Apply); });
 
     ConnectCapture();
     connect(&buttonPictures_, &EffectPictures::PictureReady, controls.selectors, &EffectSelectors::ShowPicture);
@@ -130,7 +129,7 @@ void frmMain::Connect() {
     chrome_.AddHandle(*controls.picCover, /*maximises=*/false);
     connect(&chrome_, &WindowChrome::MaximisedChanged, this, [this](bool maximised) {
         controls.Button(Command::Restore).SetIconName(maximised ? QStringLiteral("restore") : QStringLiteral("max"));
-        LoadLanguage();
+        LoadLanguage(controls, state_);
     });
 
     tmrSplash_.setSingleShot(true);
@@ -161,8 +160,11 @@ void frmMain::ConnectCapture() {
 }
 
 bool frmMain::Start() {
+    if (services_.anotherInstanceRuns && services_.anotherInstanceRuns()) return false;
     startUp_.SetMeUp();
-    return !unloading_;
+    // Not on the screen yet, so this costs nobody a click; once shown, the window keeps the place the user gives it.
+    lower();
+    return true;
 }
 
 void frmMain::EndSplash() {
@@ -210,7 +212,7 @@ void frmMain::Run(Command command) {
             chrome_.ToggleMaximised();
             break;
         case Command::Close:
-            startUp_.ExitApp();
+            ExitApp();
             break;
         case Command::Print:
             PrintImage();
@@ -226,6 +228,12 @@ void frmMain::Run(Command command) {
             break;
         case Command::Help:
             help_.LoadCHMFile();
+            break;
+        case Command::Apply:
+            application_.ApplyClick();
+            break;
+        case Command::ChooseEffect:  // these two need to be told which
+        case Command::Drop:
             break;
     }
 }
@@ -247,7 +255,7 @@ void frmMain::ShowOptions() {
 }
 
 void frmMain::PrintImage() {
-    if (state_.CaptureBusy || !state_.ImageActive) return;
+    if (!Enabled(Command::Print, state_)) return;
     RunShowingErrors(services_.dialog, [this] {
         frmPrint(surfaces.picCanvas.Picture(), services_.printing, services_.settings, services_.dialog, this).exec();
     });
@@ -283,40 +291,12 @@ void frmMain::keyReleaseEvent(QKeyEvent* event) {
 void frmMain::closeEvent(QCloseEvent* event) {
     // The window system's own close request, Alt+F4 among its causes: ask as the close button does. A close() made
     // while this event is under way does nothing by itself, so the event carries the answer.
-    if (!unloading_) startUp_.ExitApp();
+    if (!unloading_) ExitApp();
     event->setAccepted(unloading_);
 }
 
-void frmMain::PlaceCompassInPager() { controls.pnlSettings->PagerCompass->SetChild(controls.pnlSettings->TBCompass); }
-
-void frmMain::SetUpSFXList() { controls.selectors->SetUpSFXList(); }
-
-void frmMain::AddDropShadow() {
-    // The window system draws shadows as its user wishes; there is nothing to ask for.
-}
-
-void frmMain::PrepareCanvasBackground() {
-    const QBrush canvasBackBrush(theme::kHatch, Qt::DiagCrossPattern);
-    controls.picCanvas->SetBackgroundHatch(canvasBackBrush);
-    controls.picOriginal->SetBackgroundHatch(canvasBackBrush);
-}
-
-void frmMain::LoadPlaceholder() {
-    surfaces.picCanvas.LoadFile(BesideProgram("data/ploader.rs"));
-    controls.picCanvas->SetViewAnchor(5);
-}
-
-void frmMain::LoadLanguage() { kelu::LoadLanguage(controls, state_); }
-
-void frmMain::SendToBack() {
-    // Not on the screen yet, so this costs nobody a click; once shown, the window keeps the place the user gives it.
-    lower();
-}
-
-void frmMain::SetSelector(const QString& code) {
-    if (code != u"0" && code != u"1") return;
-    controls.selectors->lstSFX->setVisible(code == u"0");
-    controls.selectors->pagerTB1->setVisible(code == u"1");
+void frmMain::ExitApp() {
+    if (openSave_.SettleBeforeExit()) Unload();
 }
 
 void frmMain::Unload() {

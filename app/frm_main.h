@@ -47,7 +47,7 @@ struct MainServices {
     std::function<void(const QString& path)> playSound;
 };
 
-class frmMain : public QWidget, private StartUpSteps {
+class frmMain : public QWidget {
     Q_OBJECT
 
  public:
@@ -56,6 +56,8 @@ class frmMain : public QWidget, private StartUpSteps {
 
     /// The start-up steps. False when the window is not to be shown, since another instance runs.
     bool Start();
+    /// The close command: asks when there are unsaved changes.
+    void ExitApp();
     /// Opens a picture as if it had been dropped on the canvas.
     void OpenPicture(const QString& path) { openSave_.Drop(path); }
 
@@ -82,22 +84,8 @@ class frmMain : public QWidget, private StartUpSteps {
     void ShowOptions();
     void PrintImage();
 
-    // Steps of the start.
-    bool AnotherInstanceRuns() override { return services_.anotherInstanceRuns && services_.anotherInstanceRuns(); }
-    void Connect2Camera() override { capture_.Connect2Camera(); }
-    void PlaceCompassInPager() override;
-    void SetUpSFXList() override;
-    void LoadSplash() override { splash_.LoadSplash(); }
-    void AddDropShadow() override;
-    void PrepareCanvasBackground() override;
-    void LoadPlaceholder() override;
-    void LoadLanguage() override;
-    void SendToBack() override;
-    void SetVideoSize(const QString& code) override { capture_.SetVideoSize(code); }
-    void SetSelector(const QString& code) override;
-    void LoadDevices() override { capture_.LoadDevices(); }
-    void SelectDevice(int index) override { capture_.SelectDevice(index); }
-    void Unload() override;
+    /// Closes the window, and with it the program.
+    void Unload();
 
     SharedState& state_;
     MainServices services_;

@@ -4,7 +4,7 @@
 namespace kelu {
 
 void PaintReminder::PrepareReminder() {
-    if (settings_.Read(settings::kReminder) == u"1") RemindToPaint();
+    if (settings_.Read(settings::kReminder) == true) RemindToPaint();
 }
 
 void PaintReminder::RemindToPaint() {
@@ -12,7 +12,7 @@ void PaintReminder::RemindToPaint() {
         {QStringLiteral("Information"),
          QStringLiteral("You are ready to go! Simply apply the chosen effect by 'brushing' over the image.\r\n"),
          MsgIcon::Information, MsgButtons::Ok, QStringLiteral("Don't Show This Again")});
-    settings_.Write(settings::kReminder, reply.ticked ? QStringLiteral("0") : QStringLiteral("1"));
+    settings_.Write(settings::kReminder, !reply.ticked);
 }
 
 }  // namespace kelu

@@ -16,16 +16,11 @@ constexpr int kShooterTime = 50;  // ms
 const char kNoDevice[] =
     QT_TRANSLATE_NOOP("kelu::CameraCapture", "Unable to find a capture device!\r\nThis feature will be disabled.");
 
-struct CaptureSize {
-    const char* code;
-    int width;  // image pixels
-    int height;
-};
-constexpr CaptureSize kSizes[] = {{"0", 160, 120}, {"1", 320, 240}, {"2", 640, 480}};
-
-void ShowFitted(SurfaceView& view) {
-    view.SetViewAnchor(5);
-    view.SetViewMode(2);
+/// Image pixels.
+QSize SizeOf(CaptureSize size) {
+    return size == CaptureSize::Small    ? QSize(160, 120)
+           : size == CaptureSize::Middle ? QSize(320, 240)
+                                         : QSize(640, 480);
 }
 
 }  // namespace
@@ -145,7 +140,7 @@ void CameraCapture::ShowFrame(const QImage& frame) {
         live_ = true;
         failureTold_ = false;
     }
-    ShowFitted(canvasView_);
+    canvasView_.ShowWhole();
 }
 
 // A failing tick is passed over, as the next one may succeed, but not in silence: the first of a row tells why the
@@ -165,14 +160,14 @@ void CameraCapture::CaptureNow() {
     RunShowingErrors(services_.dialog, [this] {
         if (services_.playSound) services_.playSound(QDir(services_.dataFolder).filePath(QStringLiteral("kelu.snd")));
         Surface& canvas = document_.Canvas();
-        for (const CaptureSize& size : kSizes) {
-            if (txtVideoSize_ != QLatin1String(size.code)) continue;
-            canvas.ResizeImage(size.width, size.height);
+        if (videoSize_) {
+            const QSize size = SizeOf(*videoSize_);
+            canvas.ResizeImage(size.width(), size.height());
             canvas.SaveFile(SnapshotPath());
         }
-        ShowFitted(canvasView_);
+        canvasView_.ShowWhole();
         preview_.SetPicture(canvas.Picture());
-        ShowFitted(previewView_);
+        previewView_.ShowWhole();
         Q_EMIT PreviewShown(true);
         state_.ImageActive = true;
         state_.CaptureReady = true;
@@ -195,7 +190,7 @@ void CameraCapture::CancelClick() {
         state_.CaptureReady = false;
         Leave();
         document_.Canvas().LoadFile(QDir(services_.dataFolder).filePath(QStringLiteral("ploader.rs")));
-        canvasView_.SetViewAnchor(5);
+        canvasView_.SetViewAnchor(Anchor::Fitted);
         Q_EMIT ZoomButtonsShown(false);
     });
 }

@@ -10,11 +10,6 @@ constexpr int kLandscapeWidth = 800;
 constexpr int kPortraitLimit = 1536;
 constexpr int kPortraitWidth = 600;
 
-void ShowFitted(SurfaceView& view) {
-    view.SetViewAnchor(5);
-    view.SetViewMode(2);
-}
-
 }  // namespace
 
 void ShrinkLargePicture(Surface& surface) {
@@ -38,10 +33,10 @@ void Document::Open(const QString& path, Source source, bool wasDirty) {
     if (source != Source::Capture && state_.ResizeOnOpen == 1) ShrinkLargePicture(opened);
 
     Canvas().SetPicture(opened.Picture());
-    ShowFitted(canvasView_);
+    canvasView_.ShowWhole();
     Pen().SetPicture(Canvas().Picture());
     Original().SetPicture(Canvas().Picture());
-    ShowFitted(originalView_);
+    originalView_.ShowWhole();
 
     state_.ImageActive = true;
     if (source == Source::Browse) state_.EffectReady = false;

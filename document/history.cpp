@@ -5,20 +5,17 @@
 
 namespace kelu {
 
-void History::Perform(void (Surface::*step)()) {
-    if (state_.CaptureBusy) return;
+void History::Perform(Command command, void (Surface::*step)()) {
+    if (!Enabled(command, state_)) return;
     Attempt([&] {
         (canvas_.*step)();
-        canvasView_.SetViewAnchor(5);
-        canvasView_.SetViewMode(2);
+        canvasView_.ShowWhole();
         state_.ImageDirty = true;
     });
 }
 
 void History::ToggleOriginal() {
-    const bool wayBack = state_.ShowingOriginal && state_.ImageActive;  // another picture was opened meanwhile
-    if (state_.CaptureBusy || !(state_.ImageDirty || wayBack)) return;
-    SetOriginalShown(!state_.ShowingOriginal);
+    if (Enabled(Command::Original, state_)) SetOriginalShown(!state_.ShowingOriginal);
 }
 
 void History::SetOriginalShown(bool shown) {

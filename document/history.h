@@ -6,6 +6,7 @@
 
 #include "canvas/surface.h"
 #include "canvas/surface_view.h"
+#include "document/commands.h"
 #include "document/shared_state.h"
 
 namespace kelu {
@@ -19,8 +20,8 @@ class History : public QObject {
 
     /// One level back or forward, shown in the fitted view; the picture counts as changed. With no level left, or
     /// while the camera is in use, nothing happens.
-    void PerformUndo() { Perform(&Surface::Undo); }
-    void PerformRedo() { Perform(&Surface::Redo); }
+    void PerformUndo() { Perform(Command::Undo, &Surface::Undo); }
+    void PerformRedo() { Perform(Command::Redo, &Surface::Redo); }
 
     /// Swaps canvas and original on the screen. Needs a changed picture, but for the way back from one that was
     /// opened meanwhile.
@@ -33,7 +34,7 @@ class History : public QObject {
     void OriginalShown(bool shown);
 
  private:
-    void Perform(void (Surface::*step)());
+    void Perform(Command command, void (Surface::*step)());
     void SetOriginalShown(bool shown);
 
     Surface& canvas_;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "document/open_save.h"
 
+#include "document/commands.h"
 #include "pictures/picture_format.h"
 
 namespace kelu {
@@ -16,44 +17,40 @@ OpenSave::OpenSave(Document& document, SharedState& state, MsgDialog& dialog, Sa
       showBrowse_(std::move(showBrowse)),
       createPdf_(std::move(createPdf)) {}
 
-MsgAnswer OpenSave::AskToSave(bool beep) {
-    if (beep) dialog_.Beep();
-    return dialog_
-        .ShowMessage({QStringLiteral("Confirm"),
-                      QStringLiteral("Save changes to '%1'?\r\n").arg(state_.CurrentFileName), MsgIcon::Exclamation,
-                      MsgButtons::YesNoCancel})
-        .answer;
+bool OpenSave::SettleChanges() {
+    const MsgReply reply = dialog_.ShowMessage({QStringLiteral("Confirm"),
+                                                QStringLiteral("Save changes to '%1'?\r\n").arg(state_.CurrentFileName),
+                                                MsgIcon::Exclamation, MsgButtons::YesNoCancel});
+    if (reply.answer == MsgAnswer::Yes) SaveImageNow();
+    return reply.answer != MsgAnswer::Cancel;
 }
 
-bool OpenSave::SettleChanges() {
-    switch (AskToSave()) {
-        case MsgAnswer::Yes:
-            SaveImageNow();
-            break;
-        case MsgAnswer::No:
-            break;
-        default:
-            return false;
-    }
+bool OpenSave::GiveWay() {
+    if (!state_.ImageDirty) return true;
+    if (!SettleChanges()) return false;
     state_.ImageDirty = false;  // whatever came of the save
     return true;
 }
 
+bool OpenSave::SettleBeforeExit() {
+    if (!state_.ImageDirty) return true;
+    dialog_.Beep();
+    return SettleChanges();
+}
+
 void OpenSave::OpenImageNow() {
-    if (state_.CaptureBusy) return;
-    if (state_.ImageDirty && !SettleChanges()) return;
-    showBrowse_();
+    if (Enabled(Command::Open, state_) && GiveWay()) showBrowse_();
 }
 
 void OpenSave::Drop(const QString& path) {
-    if (state_.CaptureBusy) return;
+    if (!Enabled(Command::Drop, state_)) return;
     const bool wasDirty = state_.ImageDirty;
-    if (wasDirty && !SettleChanges()) return;
+    if (!GiveWay()) return;
     RunShowingErrors(dialog_, [&] { document_.Open(path, Document::Source::Drop, wasDirty); });
 }
 
 void OpenSave::PerformSave() {
-    if (state_.CaptureBusy || !state_.ImageDirty) return;
+    if (!Enabled(Command::Save, state_)) return;
     SaveImageNow();
     if (state_.ImageActive) SaveImageNow();
 }
@@ -73,7 +70,7 @@ void OpenSave::SaveImageNow() {
 }
 
 void OpenSave::Copy() {
-    if (state_.ImageActive) document_.Canvas().CopyToClipboard();
+    if (Enabled(Command::Copy, state_)) document_.Canvas().CopyToClipboard();
 }
 
 }  // namespace kelu

@@ -36,22 +36,23 @@ class OpenSave {
     OpenSave(Document& document, SharedState& state, MsgDialog& dialog, SaveDialog& saveDialog,
              std::function<void()> showBrowse, std::function<void(const QString&)> createPdf);
 
-    /// "Save changes to ...?": Yes, No or Cancel.
-    MsgAnswer AskToSave(bool beep = false);
-
     void OpenImageNow();
     /// A file was dropped on the canvas.
     void Drop(const QString& path);
     /// The Save command: nothing without changes; the dialog comes a second time after a first Cancel.
     void PerformSave();
+    /// Asks, with a beep, when there are unsaved changes; a refused save stops nothing. False: the user stays.
+    bool SettleBeforeExit();
     /// One round of the save dialog and the write.
     void SaveImageNow();
     /// The canvas's picture on the clipboard.
     void Copy();
 
  private:
-    /// False when the user cancelled; otherwise the changes are saved or given up.
+    /// "Save changes to ...?" Yes saves. False when the user cancelled.
     bool SettleChanges();
+    /// The same before another picture takes the place of a changed one; then nothing counts as changed any more.
+    bool GiveWay();
 
     Document& document_;
     SharedState& state_;

@@ -7,7 +7,6 @@
 namespace kelu {
 
 namespace {
-constexpr int kCustomCursor = 99;
 constexpr int kFullStrength = 255;
 }  // namespace
 
@@ -21,16 +20,13 @@ Painter::Painter(Document& document, SurfaceView& canvasView, SharedState& state
       brushSize_(std::move(brushSize)) {}
 
 void Painter::SetUpBrush() {
-    const QString style = settings_.Read(settings::kCursorStyle);
-    const BrushCursor* cursor = style == u"1"   ? &cursors_.picBrush
-                                : style == u"2" ? &cursors_.picSmudge
-                                : style == u"3" ? &cursors_.picCross
-                                                : nullptr;
-    if (!cursor) return;
+    const std::optional<CursorStyle> style = settings_.Read(settings::kCursorStyle);
+    if (!style) return;
     render_ = document_.Pen().MakeBrush(brushSize_());
     TakeBrush(Paint::Render);
-    canvasView_.SetCursorPicture(cursor->picture, cursor->hotSpot);
-    canvasView_.SetCursorStyle(kCustomCursor);
+    const BrushCursor& cursor = cursors_.Of(*style);
+    canvasView_.SetCursorPicture(cursor.picture, cursor.hotSpot);
+    canvasView_.SetCursorStyle(SurfaceCursor::Custom);
     ShowBrushTip();
 }
 

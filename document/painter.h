@@ -20,11 +20,14 @@ struct BrushCursor {
     QPoint hotSpot;
 };
 
-/// The cursors of the styles "1", "2" and "3".
 struct BrushCursors {
     BrushCursor picBrush;
     BrushCursor picSmudge;
     BrushCursor picCross;
+
+    const BrushCursor& Of(CursorStyle style) const {
+        return style == CursorStyle::Smudge ? picSmudge : style == CursorStyle::Cross ? picCross : picBrush;
+    }
 };
 
 class Painter {
@@ -33,8 +36,8 @@ class Painter {
     Painter(Document& document, SurfaceView& canvasView, SharedState& state, const Settings& settings,
             BrushCursors cursors, std::function<int()> brushSize);
 
-    /// Makes the brush from the pen's picture at the present size and shows the cursor of the chosen style. A style
-    /// other than "1" to "3" leaves brush and cursor as they were. Called after each render and when the size changes.
+    /// Makes the brush from the pen's picture at the present size and shows the cursor of the chosen style. An
+    /// unknown style leaves brush and cursor as they were. Called after each render and when the size changes.
     void SetUpBrush();
     /// The brush shows round the pointer while painting is on, with the render under it.
     void ShowBrushTip();

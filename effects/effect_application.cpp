@@ -5,6 +5,7 @@
 #include <QScopedValueRollback>
 
 #include "canvas/surface.h"
+#include "document/commands.h"
 #include "effects/catalogue/catalogue.h"
 #include "effects/catalogue/pix_twix.h"
 #include "effects/effect_controls.h"
@@ -33,7 +34,7 @@ EffectApplication::EffectApplication(Surface& canvas, Surface& pen, PixTwix& eng
 }
 
 void EffectApplication::ApplyClick() {
-    if (!state_.ImageActive) return;
+    if (!Enabled(Command::Apply, state_)) return;
     if (const Effect* effect = FindEffect(state_.CurrentSFX)) ApplySFX(*effect);
 }
 

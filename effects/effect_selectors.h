@@ -5,6 +5,7 @@
 #include <QImage>
 #include <QObject>
 
+#include "document/commands.h"
 #include "document/shared_state.h"
 
 class QWidget;
@@ -42,7 +43,7 @@ class EffectSelectors : public QObject {
  private:
     void ListSelected();
     void ToolbarClicked(const QString& key);
-    bool Refused() const { return !state_.ImageActive || state_.CaptureBusy; }
+    bool Refused() const { return !Enabled(Command::ChooseEffect, state_); }
 
     SharedState& state_;
     int marked_ = 0;  ///< button of the last click that was not refused; 0: none

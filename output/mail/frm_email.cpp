@@ -28,9 +28,6 @@ namespace kelu {
 namespace {
 
 // The settings' values for the ways of sending.
-const QString kOwnDelivery = QStringLiteral("1");
-const QString kClient = QStringLiteral("2");
-const QString kAccount = QStringLiteral("3");
 
 const QString kFirstSubject = QStringLiteral("Kelu");
 
@@ -159,11 +156,11 @@ void frmEmail::MakeFrameGmail() {
 
 void frmEmail::LoadMySettings() {
     RunShowingErrors(dialog_, [&] {
-        txtSettings_ = settings_.Read(settings::kMailMethod);
-        const bool isAccount = txtSettings_ == kAccount;
+        method_ = settings_.Read(settings::kMailMethod);
+        const bool isAccount = method_ == MailMethod::Account;
         FrameEmail->setVisible(!isAccount);
         FrameGmail->setVisible(isAccount);
-        if (txtSettings_ == kClient) txtFrom1->setText(settings_.Read(settings::kMailSender));
+        if (method_ == MailMethod::Client) txtFrom1->setText(settings_.Read(settings::kMailSender));
         if (!isAccount) return;
         txtUserName2_ = settings_.Read(settings::kAccountUser);
         txtFrom2->setText(txtUserName2_);
@@ -178,9 +175,9 @@ void frmEmail::SaveMySettings() {
 
 void frmEmail::Send() {
     if (sending_) return;
-    if (txtSettings_ == kOwnDelivery) SendviaKelumail();
-    if (txtSettings_ == kClient) SendviaMAPI();
-    if (txtSettings_ == kAccount) SendviaGmail();
+    if (method_ == MailMethod::OwnDelivery) SendviaKelumail();
+    if (method_ == MailMethod::Client) SendviaMAPI();
+    if (method_ == MailMethod::Account) SendviaGmail();
 }
 
 bool frmEmail::RecipientRefused(const QString& to) {

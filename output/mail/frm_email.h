@@ -5,10 +5,12 @@
 #include <QDialog>
 #include <QString>
 #include <functional>
+#include <optional>
 
 #include "document/settings.h"
 #include "output/mail/mail_client.h"
 #include "output/mail/smtp_sender.h"
+#include "output/output_settings.h"
 #include "platform/msg_dialog.h"
 
 class QGroupBox;
@@ -82,9 +84,9 @@ class frmEmail : public QDialog {
     Settings& settings_;
     const QString attachment_;
     const MailPorts ports_;
-    QString txtSettings_;   ///< the way of sending
-    QString txtUserName2_;  ///< of the account
-    QString txtPassword2_;  ///< of the account, readable
+    std::optional<MailMethod> method_;  ///< none: the setting holds an unknown one
+    QString txtUserName2_;              ///< of the account
+    QString txtPassword2_;              ///< of the account, readable
     bool sending_ = false;
 };
 

@@ -196,9 +196,9 @@ TEST_F(AccessibleWindows, Print) {
 }
 
 TEST_F(AccessibleWindows, Email) {
-    const std::pair<const char*, const char*> ways[] = {
-        {"1", "txtFrom1, txtTo1, txtSubject1, txtText1, Send, Cancel"},
-        {"3", "txtFrom2, txtTo2, txtCC2, txtSubject2, txtText2, Send, Cancel"}};
+    const std::pair<MailMethod, const char*> ways[] = {
+        {MailMethod::OwnDelivery, "txtFrom1, txtTo1, txtSubject1, txtText1, Send, Cancel"},
+        {MailMethod::Account, "txtFrom2, txtTo2, txtCC2, txtSubject2, txtText2, Send, Cancel"}};
     for (const auto& [way, order] : ways) {
         settings.Write(settings::kMailMethod, way);
         SmtpSender smtp;

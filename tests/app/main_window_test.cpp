@@ -14,7 +14,7 @@ using MainWindowTest = MainWindowFixture;
 TEST_F(MainWindowTest, BrushesAnEffectOnTakesItBackAndSavesIt) {
     OpenPhoto();
     const QImage original = Canvas();
-    settings.Write(settings::kReminder, "1");
+    settings.Write(settings::kReminder, true);
     Arm();
     EXPECT_EQ(dialog.shown.size(), 1u) << "the reminder";
     EXPECT_FALSE(state.ImageDirty) << "a render changes nothing that the user sees";
@@ -88,7 +88,7 @@ TEST_F(MainWindowTest, StatusBarTellsThePictureTheVersionAndThePercentShown) {
     Stroke({{150, 150}, {180, 150}});
     window.Run(Command::Undo);
     EXPECT_EQ(Status(), "photo.png - [400 x 300 / 24 bits / 100%]") << "undo shows the whole picture";
-    dialog.answers = {MsgDialog::kNo};
+    dialog.answers = {MsgAnswer::No};
     OpenPhoto(4000, 1000);
     window.Run(Command::ZoomReset);
     const int before = canvas.ZoomPercent();
@@ -104,7 +104,7 @@ TEST_F(MainWindowTest, ThereIsAlwaysAWayOutOfTheCompareView) {
     Stroke({{50, 50}, {90, 90}});
     Click(Command::Original);
     ASSERT_TRUE(window.controls.picOriginal->isVisible());
-    dialog.answers = {MsgDialog::kNo};
+    dialog.answers = {MsgAnswer::No};
     Drop(MakePhoto("next.png", 120, 90), *window.controls.picOriginal);
     EXPECT_EQ(window.surfaces.picOriginal.ImageWidth(), 120) << "the original takes drops, too";
     EXPECT_FALSE(canvas.isVisible());

@@ -81,7 +81,7 @@ TEST_P(EveryView, StrokesLieUnderThePointer) {
         Key(Qt::Key_Z, Qt::ControlModifier);
         EXPECT_EQ(Canvas(), picture);
         // Undo goes back to the fitted view; the next stroke is to lie in this test's own.
-        canvas.SetViewMode(view.zoomButtons || view.ctrlNotches ? 0 : 2);
+        canvas.SetViewMode(view.zoomButtons || view.ctrlNotches ? ViewKind::Free : ViewKind::Fitted);
     }
 }
 

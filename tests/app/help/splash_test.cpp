@@ -31,13 +31,13 @@ class SplashTest : public testing::Test {
 
     // One start of the program with the stored number; the picture's number, or 0.
     int Start(const QString& stored) {
-        settings_.Write(settings::kSplashNumber, stored);
+        settings_.WriteText(settings::kSplashNumber.key, stored);
         QLabel cover;
         Splash splash(cover, state_, settings_, dialog_, folder_.path());
         splash.LoadSplash();
         return cover.pixmap().isNull() ? 0 : (qRed(cover.pixmap().toImage().pixel(50, 50)) + 10) / 20;
     }
-    QString Stored() { return settings_.Read(settings::kSplashNumber); }
+    QString Stored() { return settings_.ReadText(settings::kSplashNumber); }
 
     QTemporaryDir folder_;
     SharedState state_;
