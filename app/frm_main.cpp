@@ -10,6 +10,7 @@
 #include "app/interface_language.h"
 #include "app/window_layout.h"
 #include "capture/capture_panel.h"
+#include "controls/note/note_bar.h"
 #include "controls/progress_bar/xp_progress_bar.h"
 #include "controls/slider/ls_slider.h"
 #include "controls/status_bar/status_bar.h"
@@ -50,9 +51,9 @@ frmMain::frmMain(SharedState& state, const MainServices& services)
       state_(state),
       services_(services),
       document_(surfaces, *controls.picCanvas, *controls.picOriginal, state),
-      painter_(document_, *controls.picCanvas, state, services.settings, Cursors(devicePixelRatioF()),
+      painter_(document_, *controls.picCanvas, state, services.settings, *controls.note, Cursors(devicePixelRatioF()),
                [this] { return controls.pnlSettings->sldBrushSize->Value(); }),
-      history_(surfaces.picCanvas, *controls.picCanvas, state),
+      history_(surfaces.picCanvas, *controls.picCanvas, state, *controls.note),
       zoomView_(document_, *controls.picCanvas, state),
       pdfExport_(surfaces.picCanvas, services.dialog, services.openDocument),
       openSave_(
@@ -62,6 +63,7 @@ frmMain::frmMain(SharedState& state, const MainServices& services)
       renderWindow_(*this, *controls.pBar1),
       application_(surfaces.picCanvas, surfaces.picPen, PixTwix1_, state, *controls.pnlSettings, renderWindow_,
                    {[this] { painter_.SetUpBrush(); }, [this] { reminder_.PrepareReminder(); }}),
+      commandLook_(controls, surfaces.picCanvas, state, application_),
       capture_(document_, capturePreview, *controls.picCanvas, *controls.picCapPreview, state,
                {services.camera, services.dialog, services.playSound, BesideProgram("data")}),
       mail_(
@@ -90,7 +92,10 @@ void frmMain::Connect() {
 
     connect(controls.picCanvas, &ImageX::MousePressed, this,
             [this](Qt::MouseButton, Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers, int, int,
-                   const QPoint& imagePixel) { painter_.Press(buttons, modifiers, imagePixel); });
+                   const QPoint& imagePixel) {
+                painter_.Press(buttons, modifiers, imagePixel);
+                TellStaleRender();
+            });
     connect(controls.picCanvas, &ImageX::MouseMoved, this,
             [this](Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers, int, int, const QPoint& imagePixel) {
                 painter_.Move(buttons, modifiers, imagePixel);
@@ -142,6 +147,14 @@ void frmMain::Connect() {
         startUp_.LoadMySettings();
         startUp_.PrepareImageResize();
     });
+}
+
+void frmMain::TellStaleRender() {
+    const bool stale = state_.EffectReady && application_.InputsChanged();
+    if (stale && !staleTold_)
+        controls.note->Show({tr("The inputs have changed: Apply to paint with them"),
+                             {{tr("Apply"), [this] { Run(Command::Apply); }}}});
+    staleTold_ = stale;
 }
 
 void frmMain::ConnectCapture() {

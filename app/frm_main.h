@@ -9,6 +9,7 @@
 #include <memory>
 
 #include "app/command_keys.h"
+#include "app/command_look.h"
 #include "app/help_topics.h"
 #include "app/main_controls.h"
 #include "app/paint_reminder.h"
@@ -79,6 +80,8 @@ class frmMain : public QWidget {
  private:
     void Connect();
     void ConnectCapture();
+    /// Once for each change: the brush still paints what was rendered before it.
+    void TellStaleRender();
 
     void ShowBrowse();
     void ShowOptions();
@@ -99,6 +102,7 @@ class frmMain : public QWidget {
     PaintReminder reminder_;
     FormRenderWindow renderWindow_;
     EffectApplication application_;
+    CommandLook commandLook_;
     EffectPictures buttonPictures_;
     CameraCapture capture_;
     MailImage mail_;
@@ -109,6 +113,7 @@ class frmMain : public QWidget {
     StartUp startUp_;
     QTimer tmrSplash_;
     QTimer tmrSettings_;
+    bool staleTold_ = false;
     bool unloading_ = false;
 };
 

@@ -35,6 +35,8 @@ class SurfaceView {
     virtual bool ViewScrollable() const = 0;
     virtual void SetViewScrollable(bool scrollable) = 0;
     virtual void Redraw() = 0;
+    /// From true to false several changes count as one: the view is laid out once, for what they come to.
+    virtual void HoldLayout(bool hold) = 0;
 
     /// The cursor shown while the style is Custom; its hot spot is its middle unless one is given.
     virtual void SetCursorPicture(const QPixmap& picture, const QPoint& hotSpot = QPoint(-1, -1)) = 0;
@@ -47,8 +49,10 @@ class SurfaceView {
     void ShowWhole() { SetViewAnchor(Anchor::Fitted), SetViewMode(ViewKind::Fitted); }
     /// The whole picture, and no scrolling.
     void SetFittedView() { ShowWhole(), SetViewScrollable(false); }
-    /// The picture at ZoomPercent. Scrolling first: a view that can't scroll lays its picture out in the middle.
-    void SetFreeView() { SetViewAnchor(Anchor::Corner), SetViewScrollable(true), SetViewMode(ViewKind::Free); }
+    /// The picture at ZoomPercent, again where it was scrolled to.
+    void ShowPart() { SetViewAnchor(Anchor::Corner), SetViewMode(ViewKind::Free); }
+    /// The same, and scrolling. That first: a view that can't scroll lays its picture out in the middle.
+    void SetFreeView() { SetViewScrollable(true), ShowPart(); }
 };
 
 /// A view without a screen: keeps what it is told.
@@ -63,6 +67,7 @@ class NullView : public SurfaceView {
     bool ViewScrollable() const override { return viewScrollable_; }
     void SetViewScrollable(bool scrollable) override { viewScrollable_ = scrollable; }
     void Redraw() override {}
+    void HoldLayout(bool) override {}
     void SetCursorPicture(const QPixmap&, const QPoint&) override {}
     void SetCursorStyle(SurfaceCursor) override {}
     void SetBrushTip(const BrushTip&) override {}

@@ -2,6 +2,7 @@
 #include "document/commands.h"
 
 #include <QCoreApplication>
+#include <QKeySequence>
 
 namespace kelu {
 
@@ -26,6 +27,11 @@ unsigned NeedsOf(Command command) {
 }
 
 }  // namespace
+
+QString KeyText(const CommandKey& key) {
+    if (key.key == Qt::Key_unknown) return {};
+    return QKeySequence(key.modifiers.value_or(Qt::NoModifier) | key.key).toString(QKeySequence::NativeText);
+}
 
 std::optional<Command> CommandOfKey(int key, Qt::KeyboardModifiers modifiers) {
     // Keys of the number pad carry a flag of their own that is no shift state.

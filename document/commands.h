@@ -78,6 +78,8 @@ inline constexpr CommandRow kCommands[] = {
     {Command::Close, "cmdX", "Close", "close", {Qt::Key_F4, Qt::AltModifier}, kNothing},
 };
 
+/// "Ctrl+S", as the desktop writes it; empty without a key.
+QString KeyText(const CommandKey& key);
 /// The command of a key that was released.
 std::optional<Command> CommandOfKey(int key, Qt::KeyboardModifiers modifiers);
 

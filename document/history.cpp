@@ -9,7 +9,11 @@ void History::Perform(Command command, void (Surface::*step)()) {
     if (!Enabled(command, state_)) return;
     Attempt([&] {
         (canvas_.*step)();
+        const ViewKind before = canvasView_.ViewMode();
+        canvasView_.HoldLayout(true);
         canvasView_.ShowWhole();
+        if (before == ViewKind::Free) canvasView_.ShowPart();
+        canvasView_.HoldLayout(false);
         state_.ImageDirty = true;
     });
 }
@@ -22,6 +26,10 @@ void History::SetOriginalShown(bool shown) {
     if (shown == state_.ShowingOriginal) return;
     state_.ShowingOriginal = shown;
     Q_EMIT OriginalShown(shown);
+    if (shown)
+        notes_.Show({tr("Showing the original"), {{tr("Back"), [this] { ShowCanvas(); }}}, true});
+    else
+        notes_.Clear();
 }
 
 }  // namespace kelu

@@ -8,6 +8,7 @@
 #include "canvas/surface_view.h"
 #include "document/commands.h"
 #include "document/shared_state.h"
+#include "platform/notes.h"
 
 namespace kelu {
 
@@ -15,16 +16,17 @@ class History : public QObject {
     Q_OBJECT
 
  public:
-    History(Surface& canvas, SurfaceView& canvasView, SharedState& state)
-        : canvas_(canvas), canvasView_(canvasView), state_(state) {}
+    History(Surface& canvas, SurfaceView& canvasView, SharedState& state, Notes& notes)
+        : canvas_(canvas), canvasView_(canvasView), state_(state), notes_(notes) {}
 
-    /// One level back or forward, shown in the fitted view; the picture counts as changed. With no level left, or
-    /// while the camera is in use, nothing happens.
+    /// One level back or forward; the picture counts as changed. The fitted view shows the whole picture, a free one
+    /// stays where the user looks. With no level left, or while the camera is in use, nothing happens.
     void PerformUndo() { Perform(Command::Undo, &Surface::Undo); }
     void PerformRedo() { Perform(Command::Redo, &Surface::Redo); }
 
     /// Swaps canvas and original on the screen. Needs a changed picture, but for the way back from one that was
-    /// opened meanwhile.
+    /// opened meanwhile. A note
+    /// tells as long as the original shows.
     void ToggleOriginal();
     /// Back to the canvas, whatever the picture's state.
     void ShowCanvas() { SetOriginalShown(false); }
@@ -40,6 +42,7 @@ class History : public QObject {
     Surface& canvas_;
     SurfaceView& canvasView_;
     SharedState& state_;
+    Notes& notes_;
 };
 
 }  // namespace kelu

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "document/commands.h"
+
 namespace kelu {
 
 namespace {
@@ -11,11 +13,12 @@ constexpr int kFullStrength = 255;
 }  // namespace
 
 Painter::Painter(Document& document, SurfaceView& canvasView, SharedState& state, const Settings& settings,
-                 BrushCursors cursors, std::function<int()> brushSize)
+                 Notes& notes, BrushCursors cursors, std::function<int()> brushSize)
     : document_(document),
       canvasView_(canvasView),
       state_(state),
       settings_(settings),
+      notes_(notes),
       cursors_(std::move(cursors)),
       brushSize_(std::move(brushSize)) {}
 
@@ -64,12 +67,22 @@ void Painter::Segment(const QPoint& from, const QPoint& to) {
 
 void Painter::Press(Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers, const QPoint& imagePixel) {
     const Paint paint = modifiers & Qt::ControlModifier ? Paint::Original : Paint::Render;
-    if (!CanPaint(paint)) return;
+    if (!CanPaint(paint)) return TellWhatIsMissing(paint);
     if (paint != taken_) TakeBrush(paint);
     document_.Canvas().PushUndo();
     state_.ImageDirty = true;
     lastBrush_ = imagePixel;
     if (buttons == Qt::LeftButton && (modifiers & Qt::ShiftModifier) && strokeEnd_) Segment(*strokeEnd_, imagePixel);
+}
+
+void Painter::TellWhatIsMissing(Paint paint) {
+    if (state_.CaptureBusy) return;
+    if (!state_.ImageActive)
+        notes_.Show({ObstacleText(ObstacleTo(Command::Apply, state_))});
+    else if (paint == Paint::Original)
+        notes_.Show({ObstacleText(Obstacle::NoChanges)});
+    else
+        notes_.Show({tr("Nothing painted yet: choose an effect, Apply, then brush")});
 }
 
 void Painter::Move(Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers, const QPoint& imagePixel) {

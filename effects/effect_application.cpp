@@ -31,6 +31,8 @@ EffectApplication::EffectApplication(Surface& canvas, Surface& pen, PixTwix& eng
       lastSteps_(std::move(lastSteps)) {
     connect(&engine_, &PixTwix::FxProgress, this, &EffectApplication::EngineProgress);
     connect(&pen_, &Surface::Progress, this, &EffectApplication::PenProgress);
+    connect(&canvas_, &Surface::PictureReplaced, this, [this] { canvasChanged_ = true; });
+    connect(&canvas_, &Surface::PictureChanged, this, [this] { canvasChanged_ = true; });
 }
 
 void EffectApplication::ApplyClick() {
@@ -46,20 +48,23 @@ void EffectApplication::ApplySFX(const Effect& effect) {
         ApplyNeon();
     else
         ApplyEngineEffect(effect);
+    renderedEffect_ = effect.number;
+    canvasChanged_ = false;
 }
 
 void EffectApplication::ApplyEngineEffect(const Effect& effect) {
     EffectInputs inputs;
-    if (effect.ShowsCoordinates()) {
-        Attempt([&] { inputs.x = controls_.XCoordinate(); });
-        Attempt([&] { inputs.y = controls_.YCoordinate(); });
-    }
+    ReadPoint(effect, inputs);
     effectResult_ = false;
     // Sharing, not copying: a picture costs memory only once one of its holders is written.
     Attempt([&] { pen_.SetPicture(canvas_.Picture()); });
     Attempt([&] { engine_.SetPicture(pen_.Picture()); });
     ReadColors(effect, inputs);
-    Attempt([&] { effectResult_ = CallEngine(effect, inputs); });
+    Attempt([&] {
+        ReadRest(effect, inputs);
+        effectResult_ = RenderEffect(effect, inputs, engine_);
+    });
+    renderedInputs_ = inputs;
     if (formShut_) EngineProgress(kEngineDone);  // an operation that ended without its last report
     Attempt([&] { window_.RunEventLoopOnce(); });
     if (effectResult_) Attempt([&] { pen_.SetPicture(engine_.Picture()); });
@@ -67,10 +72,17 @@ void EffectApplication::ApplyEngineEffect(const Effect& effect) {
 }
 
 void EffectApplication::ApplyNeon() {
+    renderedInputs_ = {};
     Attempt([&] { pen_.SetPicture(canvas_.Picture()); });
     Attempt([&] { pen_.NeonFilter(); });
     if (formShut_) PenProgress(kPenDone);
     ArmBrush();
+}
+
+void EffectApplication::ReadPoint(const Effect& effect, EffectInputs& inputs) const {
+    if (!effect.ShowsCoordinates()) return;
+    Attempt([&] { inputs.x = controls_.XCoordinate(); });
+    Attempt([&] { inputs.y = controls_.YCoordinate(); });
 }
 
 void EffectApplication::ReadColors(const Effect& effect, EffectInputs& inputs) const {
@@ -78,11 +90,23 @@ void EffectApplication::ReadColors(const Effect& effect, EffectInputs& inputs) c
     if (effect.color2.label) Attempt([&] { inputs.color2 = SplitColor(controls_.PickerValue(2)); });
 }
 
-bool EffectApplication::CallEngine(const Effect& effect, EffectInputs& inputs) {
+void EffectApplication::ReadRest(const Effect& effect, EffectInputs& inputs) const {
     for (std::size_t i = 0; i < effect.sliders.size(); ++i)
         if (effect.sliders[i].label) inputs.slider[i] = controls_.SliderValue(static_cast<int>(i) + 1);
     if (effect.choice.variable) inputs.choice = state_.*effect.choice.variable;
-    return RenderEffect(effect, inputs, engine_);
+}
+
+EffectInputs EffectApplication::InputsNow(const Effect& effect) const {
+    EffectInputs inputs;
+    ReadPoint(effect, inputs);
+    ReadColors(effect, inputs);
+    Attempt([&] { ReadRest(effect, inputs); });
+    return inputs;
+}
+
+bool EffectApplication::InputsChanged() const {
+    const Effect* effect = FindEffect(state_.CurrentSFX);
+    return effect && (effect->number != renderedEffect_ || InputsNow(*effect) != renderedInputs_);
 }
 
 void EffectApplication::ArmBrush() {

@@ -6,6 +6,7 @@
 #include <functional>
 
 #include "document/shared_state.h"
+#include "effects/catalogue/effect_inputs.h"
 
 namespace kelu {
 
@@ -14,7 +15,6 @@ class PixTwix;
 class RenderWindow;
 class Surface;
 struct Effect;
-struct EffectInputs;
 
 /// The render starts from the canvas as painted so far and ends on the pen; the canvas is only read. A step that fails
 /// is passed over in silence: at worst the pen holds a copy of the canvas, and painting changes nothing visible.
@@ -39,11 +39,19 @@ class EffectApplication : public QObject {
     /// What the last engine operation answered.
     bool EffectResult() const { return effectResult_; }
 
+    /// Whether effect or inputs differ from those of the last render.
+    bool InputsChanged() const;
+    /// Whether Apply would give the pen another picture: effect, inputs or canvas differ from those of the last render,
+    /// or there was none.
+    bool Due() const { return canvasChanged_ || InputsChanged(); }
+
  private:
     void ApplyEngineEffect(const Effect& effect);
     void ApplyNeon();
+    void ReadPoint(const Effect& effect, EffectInputs& inputs) const;
     void ReadColors(const Effect& effect, EffectInputs& inputs) const;
-    bool CallEngine(const Effect& effect, EffectInputs& inputs);
+    void ReadRest(const Effect& effect, EffectInputs& inputs) const;
+    EffectInputs InputsNow(const Effect& effect) const;
     void ArmBrush();
 
     void EngineProgress(int percent);
@@ -58,6 +66,9 @@ class EffectApplication : public QObject {
     const EffectControls& controls_;
     RenderWindow& window_;
     LastSteps lastSteps_;
+    int renderedEffect_ = 0;  // of the last render, as the next two
+    EffectInputs renderedInputs_;
+    bool canvasChanged_ = true;
     bool effectResult_ = false;
     bool applying_ = false;
     bool formShut_ = false;

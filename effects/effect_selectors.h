@@ -30,6 +30,8 @@ class EffectSelectors : public QObject {
     void LoadTips();
     /// The picture of one toolbar button, 1 to 48; its looks under the pointer and pressed follow from it.
     void ShowPicture(int number, const QImage& picture);
+    /// Shows what is in the way of a choice; empty: nothing.
+    void SetObstacle(const QString& obstacle);
 
     ListEx* const lstSFX;
     Pager* const pagerTB1;

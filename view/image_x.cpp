@@ -140,6 +140,11 @@ void ImageX::Redraw() {
     update();
 }
 
+void ImageX::HoldLayout(bool hold) {
+    held_ = hold;
+    if (!held_) LayOut(Focus());
+}
+
 // ---- geometry: device pixels of the scaled picture, device-independent pixels of the widget
 
 QRectF ImageX::ImageRect() const {
@@ -171,6 +176,7 @@ QPointF ImageX::Focus() const { return zoomFocus_ ? *zoomFocus_ : QPointF(width(
 bool ImageX::CanScroll() const { return !horizontal_->isHidden() || !vertical_->isHidden(); }
 
 void ImageX::LayOut(const QPointF& focus) {
+    if (held_) return;
     const QRectF before = ImageRect();
     const double ratio = devicePixelRatioF();
     const QSize picture(surface_.ImageWidth(), surface_.ImageHeight());

@@ -39,6 +39,7 @@ class ImageX : public QWidget, public SurfaceView {
     bool ViewScrollable() const override { return viewScrollable_; }
     void SetViewScrollable(bool scrollable) override;
     void Redraw() override;
+    void HoldLayout(bool hold) override;
 
     /// Image pixel under a pixel of the widget (device-independent); also outside the picture.
     int ScreenToImageX(int x) const;
@@ -119,6 +120,7 @@ class ImageX : public QWidget, public SurfaceView {
     QSize scaled_;    ///< the whole picture at the view's scale, device pixels
     QPoint origin_;   ///< its upper left corner in the widget, device pixels
     bool laysOut_ = false;
+    bool held_ = false;
 
     int zoomPercent_ = 100;
     Anchor viewAnchor_ = Anchor::Fitted;

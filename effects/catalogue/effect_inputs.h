@@ -31,6 +31,8 @@ struct EffectInputs {
     ColorBytes color1;
     ColorBytes color2;
     int choice = 0;  ///< option button, list row or compass button, counted from 1; 0 none
+
+    bool operator==(const EffectInputs&) const = default;
 };
 
 }  // namespace kelu

@@ -12,6 +12,7 @@
 #include "document/open_save.h"
 #include "document/zoom_view.h"
 #include "platform/error.h"
+#include "tests/support/kept_notes.h"
 #include "tests/support/scripted_dialog.h"
 #include "tests/support/scripted_save_dialog.h"
 
@@ -31,7 +32,8 @@ struct DocumentTest : testing::Test {
     Document document{surfaces, view, originalView, state};
     OpenSave openSave{
         document, state, dialog, saveDialog, [this] { ++browses; }, [this](const QString& path) { pdfs << path; }};
-    History history{surfaces.picCanvas, view, state};
+    KeptNotes notes;
+    History history{surfaces.picCanvas, view, state, notes};
     ZoomView zoom{document, view, state};
 
     QString MakePicture(int width, int height, const QString& name = QStringLiteral("a.png"), QRgb color = 0xff336699) {
@@ -172,7 +174,7 @@ TEST_F(DocumentTest, AFailedSaveKeepsTheChanges) {
     EXPECT_TRUE(state.ImageActive);
 }
 
-TEST_F(DocumentTest, UndoShowsTheWholePictureAndCompareToggles) {
+TEST_F(DocumentTest, UndoKeepsTheViewAndCompareIsTold) {
     document.Open(MakePicture(40, 30), Document::Source::Browse);
     QSignalSpy shown(&history, &History::OriginalShown);
     history.PerformUndo();
@@ -185,14 +187,17 @@ TEST_F(DocumentTest, UndoShowsTheWholePictureAndCompareToggles) {
     history.PerformUndo();
     EXPECT_EQ(surfaces.picCanvas.Picture(), before);
     EXPECT_TRUE(state.ImageDirty);
-    EXPECT_EQ(view.ViewMode(), ViewKind::Fitted);
-    EXPECT_TRUE(view.ViewScrollable()) << "the view goes back to fitted, scrolling stays as it was";
+    EXPECT_EQ(view.ViewMode(), ViewKind::Free) << "the user keeps looking where he looks";
+    EXPECT_TRUE(view.ViewScrollable());
     history.PerformRedo();
     EXPECT_EQ(surfaces.picCanvas.Picture(), after);
 
     history.ToggleOriginal();
     history.ToggleOriginal();
     ASSERT_EQ(shown.size(), 2);
+    ASSERT_EQ(notes.shown.size(), 1u);
+    EXPECT_TRUE(notes.shown[0].stays);
+    EXPECT_EQ(notes.cleared, 1);
     EXPECT_TRUE(shown[0][0].toBool());
     EXPECT_FALSE(shown[1][0].toBool());
 }
