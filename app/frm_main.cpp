@@ -20,6 +20,7 @@
 #include "controls/toolbox/toolbox.h"
 #include "dialogs/browse/frm_browse.h"
 #include "dialogs/options/frm_options.h"
+#include "effects/catalogue/catalogue.h"
 #include "effects/effect_panel.h"
 #include "effects/effect_selectors.h"
 #include "output/frm_print.h"
@@ -56,9 +57,9 @@ frmMain::frmMain(SharedState& state, const MainServices& services)
       history_(surfaces.picCanvas, *controls.picCanvas, state, *controls.note),
       zoomView_(document_, *controls.picCanvas, state),
       pdfExport_(surfaces.picCanvas, services.dialog, services.openDocument),
-      openSave_(
-          document_, state, services.dialog, services.saveDialog, [this] { ShowBrowse(); },
-          [this](const QString& path) { pdfExport_.CreatePDF(path); }),
+      openSave_(document_, state, services.dialog, services.saveDialog, *controls.note,
+                {[this] { ShowBrowse(); }, [this](const QString& path) { pdfExport_.CreatePDF(path); },
+                 [this] { return RenderedEffectName(); }, services.openDocument}),
       reminder_(services.dialog, services.settings),
       renderWindow_(*this, *controls.pBar1),
       application_(surfaces.picCanvas, surfaces.picPen, PixTwix1_, state, *controls.pnlSettings, renderWindow_,
@@ -256,6 +257,12 @@ void frmMain::ShowBrowse() {
         services_.settings, services_.dialog,
         [this](const QString& path) { document_.Open(path, Document::Source::Browse); }, this)
         .exec();
+    openSave_.TellMadeSmaller();
+}
+
+QString frmMain::RenderedEffectName() const {
+    const Effect* effect = FindEffect(application_.RenderedEffect());
+    return effect ? QString::fromLatin1(effect->listText) : QString();
 }
 
 void frmMain::ShowOptions() {

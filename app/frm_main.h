@@ -86,6 +86,7 @@ class frmMain : public QWidget {
     void ShowBrowse();
     void ShowOptions();
     void PrintImage();
+    QString RenderedEffectName() const;
 
     /// Closes the window, and with it the program.
     void Unload();

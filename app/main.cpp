@@ -35,7 +35,7 @@ int Run(kelu::Application& application, const QString& picture) {
     kelu::MsgDialogWindow dialog;
     application.ShowErrorsIn(&dialog);
     const auto noDialog = qScopeGuard([&] { application.ShowErrorsIn(nullptr); });
-    kelu::SaveFileDialog saveDialog;
+    kelu::SaveFileDialog saveDialog(dialog);
     kelu::SystemPrintService printing;
     kelu::GstDeviceList cameras;
     kelu::GstVideoCapX camera(cameras);

@@ -26,11 +26,12 @@ QString FileNameOfPath(const QString& path) {
 Document::Document(Surfaces& surfaces, SurfaceView& canvasView, SurfaceView& originalView, SharedState& state)
     : surfaces_(surfaces), canvasView_(canvasView), originalView_(originalView), state_(state) {}
 
-void Document::Open(const QString& path, Source source, bool wasDirty) {
+void Document::Open(const QString& path, Source source, bool wasDirty, Size size) {
     // Read and shrink beside the document, so that a failure at any step leaves it whole.
     Surface opened;
     opened.LoadFile(path);
-    if (source != Source::Capture && state_.ResizeOnOpen == 1) ShrinkLargePicture(opened);
+    const QSize inFile = opened.Picture().size();
+    if (size == Size::AsSet && source != Source::Capture && state_.ResizeOnOpen == 1) ShrinkLargePicture(opened);
 
     Canvas().SetPicture(opened.Picture());
     canvasView_.ShowWhole();
@@ -41,6 +42,10 @@ void Document::Open(const QString& path, Source source, bool wasDirty) {
     state_.ImageActive = true;
     if (source == Source::Browse) state_.EffectReady = false;
     state_.CurrentFileName = FileNameOfPath(path);
+    openedPath_ = path;
+    openedBy_ = source;
+    sizeInFile_ = inFile;
+    openedSize_ = Canvas().Picture().size();
     ShowStatusText(/*longForm=*/source != Source::Drop || wasDirty);
     Q_EMIT Opened();
 }

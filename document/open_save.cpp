@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "document/open_save.h"
 
+#include <QDir>
+#include <QFileInfo>
+
 #include "document/commands.h"
 #include "pictures/picture_format.h"
 
@@ -8,14 +11,22 @@ namespace kelu {
 
 QString SaveDialog::Filter() { return SaveFilters() + QStringLiteral("|PDF Files (*.pdf)|*.pdf"); }
 
-OpenSave::OpenSave(Document& document, SharedState& state, MsgDialog& dialog, SaveDialog& saveDialog,
-                   std::function<void()> showBrowse, std::function<void(const QString&)> createPdf)
+namespace {
+
+QString Size(const QSize& pixels) {
+    return QStringLiteral("%1 \u00D7 %2").arg(QString::number(pixels.width()), QString::number(pixels.height()));
+}
+
+}  // namespace
+
+OpenSave::OpenSave(Document& document, SharedState& state, MsgDialog& dialog, SaveDialog& saveDialog, Notes& notes,
+                   OpenSaveHelpers helpers)
     : document_(document),
       state_(state),
       dialog_(dialog),
       saveDialog_(saveDialog),
-      showBrowse_(std::move(showBrowse)),
-      createPdf_(std::move(createPdf)) {}
+      notes_(notes),
+      helpers_(std::move(helpers)) {}
 
 bool OpenSave::SettleChanges() {
     const MsgReply reply = dialog_.ShowMessage({QStringLiteral("Confirm"),
@@ -39,14 +50,63 @@ bool OpenSave::SettleBeforeExit() {
 }
 
 void OpenSave::OpenImageNow() {
-    if (Enabled(Command::Open, state_) && GiveWay()) showBrowse_();
+    if (Enabled(Command::Open, state_) && GiveWay()) helpers_.showBrowse();
 }
 
 void OpenSave::Drop(const QString& path) {
     if (!Enabled(Command::Drop, state_)) return;
     const bool wasDirty = state_.ImageDirty;
     if (!GiveWay()) return;
-    RunShowingErrors(dialog_, [&] { document_.Open(path, Document::Source::Drop, wasDirty); });
+    RunShowingErrors(dialog_, [&] {
+        document_.Open(path, Document::Source::Drop, wasDirty);
+        TellMadeSmaller();
+    });
+}
+
+void OpenSave::OpenAgain(const QString& path, Document::Source source) {
+    if (!Enabled(Command::Drop, state_) || !GiveWay()) return;
+    RunShowingErrors(dialog_, [&] { document_.Open(path, source, /*wasDirty=*/false, Document::Size::Full); });
+}
+
+void OpenSave::TellMadeSmaller() {
+    if (!document_.MadeSmaller()) return;
+    const auto openFull = [this, path = document_.OpenedPath(), source = document_.OpenedBy()] {
+        OpenAgain(path, source);
+    };
+    notes_.Show({tr("Made smaller, %1 to %2").arg(Size(document_.SizeInFile()), Size(document_.OpenedSize())),
+                 {{tr("Open in full size"), openFull}}});
+}
+
+QString OpenSave::ProposedName() const {
+    if (document_.OpenedPath().isEmpty()) return {};
+    const QFileInfo opened(document_.OpenedPath());
+    QString name = opened.completeBaseName();
+    const QString effect = helpers_.effectName ? helpers_.effectName() : QString();
+    if (!effect.isEmpty()) name += QStringLiteral(" - ") + effect;
+    name = name.replace(u'/', u'-') + QStringLiteral(".png");
+    // A snapshot lies among the temporary files, where nobody keeps anything.
+    return document_.OpenedBy() == Document::Source::Capture ? name : opened.absoluteDir().filePath(name);
+}
+
+bool OpenSave::MayReplace(const QString& path) {
+    const QString opened = QFileInfo(document_.OpenedPath()).canonicalFilePath();
+    if (!document_.MadeSmaller() || opened.isEmpty() || QFileInfo(path).canonicalFilePath() != opened) return true;
+    return dialog_
+               .ShowMessage(
+                   {tr("Confirm"),
+                    tr("'%1' was made smaller when it was opened, from %2 to %3 pixels. Saved over it, its "
+                       "full size is lost.\r\n\r\nSave over it all the same?\r\n")
+                        .arg(state_.CurrentFileName, Size(document_.SizeInFile()), Size(document_.OpenedSize())),
+                    MsgIcon::Exclamation, MsgButtons::YesNo})
+               .answer == MsgAnswer::Yes;
+}
+
+void OpenSave::TellSaved(const QString& path) {
+    std::vector<NoteButton> buttons{{tr("Go on with it"), [this, path] { OpenAgain(path, Document::Source::Drop); }}};
+    if (helpers_.showFolder)
+        buttons.push_back(
+            {tr("Show in folder"), [this, path] { helpers_.showFolder(QFileInfo(path).absolutePath()); }});
+    notes_.Show({tr("Saved as %1").arg(QFileInfo(path).fileName()), buttons});
 }
 
 void OpenSave::PerformSave() {
@@ -57,15 +117,17 @@ void OpenSave::PerformSave() {
 
 void OpenSave::SaveImageNow() {
     RunShowingErrors(dialog_, [&] {
-        QString fileName;
+        QString fileName = ProposedName();
         int filterIndex = SaveDialog::kPngFilter;
-        if (!saveDialog_.Show(fileName, filterIndex)) return;
+        if (!saveDialog_.Show(fileName, filterIndex) || !MayReplace(fileName)) return;
+        const bool isPicture = filterIndex >= 1 && filterIndex < SaveDialog::kPdfFilter;
         if (filterIndex == SaveDialog::kPdfFilter)
-            createPdf_(fileName);
-        else if (filterIndex >= 1 && filterIndex < SaveDialog::kPdfFilter)
+            helpers_.createPdf(fileName);
+        else if (isPicture)
             document_.Canvas().SaveFile(fileName);
         state_.ImageDirty = false;
         state_.ImageActive = false;
+        if (isPicture) TellSaved(fileName);
     });
 }
 

@@ -39,6 +39,8 @@ class EffectApplication : public QObject {
     /// What the last engine operation answered.
     bool EffectResult() const { return effectResult_; }
 
+    /// Number of the effect that was rendered last; 0: none.
+    int RenderedEffect() const { return renderedEffect_; }
     /// Whether effect or inputs differ from those of the last render.
     bool InputsChanged() const;
     /// Whether Apply would give the pen another picture: effect, inputs or canvas differ from those of the last render,

@@ -45,7 +45,7 @@ class MainWindowFixture : public testing::Test {
     ScriptedDialog dialog;
     ScriptedSaveDialog saveDialog;
     MsgDialogWindow realDialog;
-    SaveFileDialog realSaveDialog;
+    SaveFileDialog realSaveDialog{realDialog};
     PaperOnlyPrinting printing;
     ScriptedCamera camera;
     bool anotherRuns = false;

@@ -27,12 +27,17 @@ struct DocumentTest : testing::Test {
     NullView originalView;
     ScriptedDialog dialog;
     ScriptedSaveDialog saveDialog;
-    QStringList pdfs;
+    QStringList pdfs, folders;
     int browses = 0;
     Document document{surfaces, view, originalView, state};
-    OpenSave openSave{
-        document, state, dialog, saveDialog, [this] { ++browses; }, [this](const QString& path) { pdfs << path; }};
     KeptNotes notes;
+    OpenSave openSave{document,
+                      state,
+                      dialog,
+                      saveDialog,
+                      notes,
+                      {[this] { ++browses; }, [this](const QString& path) { pdfs << path; },
+                       [] { return QStringLiteral("B/W"); }, [this](const QString& path) { folders << path; }}};
     History history{surfaces.picCanvas, view, state, notes};
     ZoomView zoom{document, view, state};
 
@@ -161,6 +166,38 @@ TEST_F(DocumentTest, SaveFollowsTheExtensionAndSettlesTheState) {
     openSave.PerformSave();
     EXPECT_EQ(pdfs, QStringList{folder.filePath("page.png")});
     EXPECT_FALSE(state.ImageDirty);
+}
+
+TEST_F(DocumentTest, ASavedPictureIsToldAndCanBeGoneOnWith) {
+    state.ResizeOnOpen = 1;
+    openSave.Drop(MakePicture(3000, 2000, QStringLiteral("big cat.jpg")));
+    ASSERT_EQ(notes.shown.size(), 1u);
+    EXPECT_EQ(notes.shown[0].text, QString::fromUtf8("Made smaller, 3000 × 2000 to 800 × 533"));
+    const std::function<void()> inFullSize = notes.shown[0].buttons.at(0).run;
+    Paint();
+    // Over the opened file only after a warning; No leads back to the dialog.
+    saveDialog.names = {folder.filePath("big cat.jpg"), folder.filePath("out.png")};
+    dialog.answers = {MsgAnswer::No};
+    openSave.PerformSave();
+    EXPECT_EQ(saveDialog.offeredName, folder.filePath("big cat - B-W.png"));
+    ASSERT_EQ(dialog.shown.size(), 1u);
+    EXPECT_TRUE(dialog.shown[0].text.contains(QString::fromUtf8("3000 × 2000")));
+    EXPECT_EQ(QImage(folder.filePath("big cat.jpg")).width(), 3000);
+    ASSERT_EQ(notes.shown.size(), 2u);
+    const Note saved = notes.shown[1];
+    EXPECT_EQ(saved.text, "Saved as out.png");
+    saved.buttons.at(1).run();
+    EXPECT_EQ(folders, QStringList{folder.path()});
+    saved.buttons.at(0).run();
+    EXPECT_EQ(state.CurrentFileName, "out.png");
+    EXPECT_TRUE(state.ImageActive);
+
+    inFullSize();
+    EXPECT_EQ(surfaces.picCanvas.ImageWidth(), 3000);
+    Paint();
+    saveDialog.names = {folder.filePath("big cat.jpg")};
+    openSave.PerformSave();
+    EXPECT_EQ(dialog.shown.size(), 1u) << "nothing is lost, nothing to warn of";
 }
 
 TEST_F(DocumentTest, AFailedSaveKeepsTheChanges) {
