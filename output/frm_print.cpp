@@ -107,15 +107,9 @@ void frmPrint::LayOut() {
     middle->addLayout(choices);
     middle->addWidget(picPrint, 0, Qt::AlignTop);
 
-    auto* buttons = new QHBoxLayout;
-    buttons->setSpacing(theme::kSpacing);
-    buttons->addStretch();
-    buttons->addWidget(cmdOK);
-    buttons->addWidget(cmdCancel);
-
     QVBoxLayout* content = MakeDialogFrame(*this);
     content->addLayout(middle);
-    content->addLayout(buttons);
+    content->addLayout(ButtonRow({}, {cmdOK, cmdCancel}));
 }
 
 void frmPrint::GetPrinters() {

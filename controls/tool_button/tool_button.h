@@ -1,4 +1,4 @@
-// A flat picture button of the tool strips (asxToolButton): icon, optional caption, a plate under the pointer.
+// A flat picture button of the tool strips: icon, optional caption, a plate under the pointer.
 // SPDX-License-Identifier: MIT
 #pragma once
 

@@ -1,4 +1,4 @@
-// Picture buttons in a grid of which one is current (asxToolbox, asxToolbar). One button takes the Tab key, arrow keys
+// Picture buttons in a grid of which one is current. One button takes the Tab key, arrow keys
 // walk.
 // SPDX-License-Identifier: MIT
 #pragma once

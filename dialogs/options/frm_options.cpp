@@ -157,18 +157,11 @@ void frmOptions::LayOut() {
     middle->addLayout(menu);
     middle->addWidget(pages);
 
-    auto* buttons = new QHBoxLayout;
-    buttons->setSpacing(theme::kSpacing);
-    buttons->addWidget(cmdHelp);
-    buttons->addWidget(cmdAbout);
-    buttons->addStretch();
-    buttons->addWidget(cmdOK);
-    buttons->addWidget(cmdCancel);
     cmdOK->setDefault(true);
 
     QVBoxLayout* content = MakeDialogFrame(*this);
     content->addLayout(middle);
-    content->addLayout(buttons);
+    content->addLayout(ButtonRow({cmdHelp, cmdAbout}, {cmdOK, cmdCancel}));
 }
 
 void frmOptions::LayOutPages() {
