@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "app/frm_main.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QDir>
 #include <QKeyEvent>
+#include <QScreen>
+#include <QWindow>
 
 #include "app/about_message.h"
 #include "app/interface_language.h"
@@ -33,10 +36,19 @@ namespace {
 
 constexpr int kSplashTime = 3500;  // ms
 constexpr int kSettingsTime = 2;   // ms
+constexpr int kShutTime = 200;     // ms between two looks at whether the window is free
 
 /// A file or folder that lies beside the executable: data, Gallery, help.
 QString BesideProgram(const char* name) {
     return QDir(QCoreApplication::applicationDirPath()).filePath(QLatin1String(name));
+}
+
+QSize InPixels(const WindowSize& twips) { return {TwipsToPixels(twips.width), TwipsToPixels(twips.height)}; }
+
+/// What the window's screen has for windows, in twips.
+WindowSize Room(const QWidget& window) {
+    const QSize room = window.screen()->availableSize();
+    return {PixelsToTwips(room.width()), PixelsToTwips(room.height())};
 }
 
 BrushCursors Cursors(qreal ratio) {
@@ -80,7 +92,8 @@ frmMain::frmMain(SharedState& state, const MainServices& services)
     setWindowTitle(QStringLiteral("Kelu"));
     setWindowIcon(theme::Icon(QStringLiteral("kelu")));
     setAutoFillBackground(true);
-    resize(TwipsToPixels(kDesignSize.width), TwipsToPixels(kDesignSize.height));
+    resize(
+        InPixels({std::min(kDesignSize.width, Room(*this).width), std::min(kDesignSize.height, Room(*this).height)}));
     controls.ShowTools(false);
     Connect();
 }
@@ -116,6 +129,7 @@ void frmMain::Connect() {
         if (panel == 1) ShowAboutMsg(services_.dialog);
     });
     connect(&document_, &Document::Opened, this, [this] {
+        IdleMemory::Release();
         controls.picZoomContainer->show();
         painter_.ShowBrushTip();
     });
@@ -138,6 +152,7 @@ void frmMain::Connect() {
         LoadLanguage(controls, state_);
     });
 
+    controls.picCover->installEventFilter(this);
     tmrSplash_.setSingleShot(true);
     tmrSplash_.setInterval(kSplashTime);
     connect(&tmrSplash_, &QTimer::timeout, this, &frmMain::EndSplash);
@@ -183,11 +198,19 @@ bool frmMain::Start() {
 
 void frmMain::EndSplash() {
     tmrSplash_.stop();
+    controls.picCover->removeEventFilter(this);
     splash_.End();
     controls.ShowTools(true);
     tmrSettings_.start();
     controls.picLogo->hide();
     controls.picCanvas->setFocus();
+}
+
+void frmMain::TakePicture(const QString& path) {
+    if (!isEnabled() || QApplication::activeModalWidget())
+        QTimer::singleShot(kShutTime, this, [this, path] { TakePicture(path); });
+    else
+        OpenPicture(path);
 }
 
 void frmMain::Run(Command command) {
@@ -284,9 +307,8 @@ void frmMain::PrintImage() {
 void frmMain::resizeEvent(QResizeEvent*) {
     if (isMinimized()) return;
     const WindowSize now{PixelsToTwips(width()), PixelsToTwips(height())};
-    if (const WindowSize allowed = AllowedSize(now); allowed != now) {
-        const QSize size(TwipsToPixels(allowed.width), TwipsToPixels(allowed.height));
-        if (size != this->size()) {
+    if (const WindowSize allowed = AllowedSize(now, Room(*this)); allowed != now) {
+        if (const QSize size = InPixels(allowed); size != this->size()) {
             resize(size);
             return;
         }
@@ -295,10 +317,32 @@ void frmMain::resizeEvent(QResizeEvent*) {
 }
 
 void frmMain::showEvent(QShowEvent* event) {
+    // For the window manager alone: what it asks for all the same is answered by the window itself.
+    windowHandle()->setMinimumSize(InPixels(LeastSize(Room(*this))));
     // The toolbar's pictures are drawn behind the splash, once the window itself has been painted.
     if (!event->spontaneous())
         QTimer::singleShot(0, this,
                            [this] { buttonPictures_.Start(BesideProgram("Gallery/cat.jpg"), devicePixelRatioF()); });
+}
+
+void frmMain::keyPressEvent(QKeyEvent* event) {
+    const int key = event->key();
+    const bool ends = key == Qt::Key_Escape || key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter;
+    if (ends && tmrSplash_.isActive())
+        EndSplash();
+    else
+        QWidget::keyPressEvent(event);
+}
+
+bool frmMain::eventFilter(QObject*, QEvent* event) {
+    // The cover is a handle to drag the window by: a click is a press that went nowhere.
+    if (event->type() == QEvent::MouseButtonPress)
+        coverPress_ = static_cast<QMouseEvent*>(event)->globalPosition().toPoint();
+    if (event->type() == QEvent::MouseButtonRelease) {
+        const QPoint way = static_cast<QMouseEvent*>(event)->globalPosition().toPoint() - coverPress_;
+        if (way.manhattanLength() < QApplication::startDragDistance()) EndSplash();
+    }
+    return false;
 }
 
 void frmMain::keyReleaseEvent(QKeyEvent* event) {

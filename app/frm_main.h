@@ -11,6 +11,7 @@
 #include "app/command_keys.h"
 #include "app/command_look.h"
 #include "app/help_topics.h"
+#include "app/idle_memory.h"
 #include "app/main_controls.h"
 #include "app/paint_reminder.h"
 #include "app/splash.h"
@@ -61,9 +62,11 @@ class frmMain : public QWidget {
     void ExitApp();
     /// Opens a picture as if it had been dropped on the canvas.
     void OpenPicture(const QString& path) { openSave_.Drop(path); }
+    /// The same for a picture that another start gave; it waits while a dialog or a render shuts the window.
+    void TakePicture(const QString& path);
 
     void Run(Command command);
-    /// Uncovers the tools; runs by itself 3.5 s after the window was made.
+    /// Uncovers the tools; runs by itself 3.5 s after the window was made, or at a click, Escape, Space or Enter.
     void EndSplash();
 
     // For those who drive the window from outside: dialogs and tests.
@@ -74,7 +77,9 @@ class frmMain : public QWidget {
  protected:
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
  private:
@@ -112,9 +117,11 @@ class frmMain : public QWidget {
     WindowChrome chrome_;
     CommandKeys keys_;
     StartUp startUp_;
+    IdleMemory idleMemory_;
     QTimer tmrSplash_;
     QTimer tmrSettings_;
     bool staleTold_ = false;
+    QPoint coverPress_;  // on the screen
     bool unloading_ = false;
 };
 

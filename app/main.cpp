@@ -16,6 +16,7 @@
 #include "controls/system_look/system_colors.h"
 #include "controls/theme/theme.h"
 #include "dialogs/save_file_dialog.h"
+#include "platform/hand_over.h"
 #include "platform/language.h"
 #include "platform/registry_access.h"
 #include "platform/registry_file.h"
@@ -44,7 +45,13 @@ int Run(kelu::Application& application, const QString& picture) {
                                  [&] { return !instance.IsFirst(); }, kelu::PlaySoundFile});
     dialog.SetParent(&window);
     saveDialog.SetParent(&window);
-    if (!window.Start()) return 0;
+    const QString socket = kelu::HandOverSocket(QFileInfo(kelu::RegistryFile::UserPath()).path());
+    if (!window.Start()) {
+        if (!picture.isEmpty()) kelu::GivePicture(socket, picture);
+        return 0;
+    }
+    const kelu::HandOver handOver(socket);
+    QObject::connect(&handOver, &kelu::HandOver::PictureGiven, &window, &kelu::frmMain::TakePicture);
     window.show();
     if (!picture.isEmpty()) window.OpenPicture(picture);
     return QApplication::exec();

@@ -69,7 +69,7 @@ MainControls::MainControls(QWidget& window, Surfaces& surfaces, Surface& capture
       picCover(Named(new QLabel(&window), "picCover")),
       window_(window) {
     // Tab goes round as the eye does: strip, picture, effects, panel, zoom, status. What is made later comes later.
-    sBar1->SetPanelWidths(220, 400);
+    sBar1->SetPanelWidths({220, 400});
     sBar1->SetPanelClickable(1, true);
     MakeButtons(window);
     SetTabOrder(

@@ -15,11 +15,14 @@ void PrintTo(const TwipsRect& r, std::ostream* out) {
 namespace {
 
 TEST(WindowLayout, SmallSizesBecomeExactlyTheMinimum) {
-    EXPECT_EQ(AllowedSize({13300, 9510}), (WindowSize{13300, 9510}));
-    EXPECT_EQ(AllowedSize({13305, 9510}), (WindowSize{13305, 9510}));
-    EXPECT_EQ(AllowedSize({15000, 9000}), (WindowSize{13300, 9510}));
-    EXPECT_EQ(AllowedSize({13299, 20000}), (WindowSize{13300, 9510}));
-    EXPECT_EQ(AllowedSize({28800, 16200}), (WindowSize{28800, 16200}));
+    const WindowSize large{28800, 16200}, low{14400, 8100};
+    EXPECT_EQ(AllowedSize({13300, 9510}, large), (WindowSize{13300, 9510}));
+    EXPECT_EQ(AllowedSize({13305, 9510}, large), (WindowSize{13305, 9510}));
+    EXPECT_EQ(AllowedSize({15000, 9000}, large), (WindowSize{13300, 9510}));
+    EXPECT_EQ(AllowedSize({13299, 20000}, large), (WindowSize{13300, 9510}));
+    EXPECT_EQ(AllowedSize(large, large), large);
+    EXPECT_EQ(AllowedSize(low, low), low) << "a screen of 1920 x 1080 pixels at ratio 2";
+    EXPECT_EQ(AllowedSize({14000, 8000}, low), (WindowSize{13300, 8100}));
 }
 
 TEST(WindowLayout, PlacesEveryControlFromTheEdges) {
