@@ -16,7 +16,10 @@ CommandLook::CommandLook(MainControls& controls, const Surface& canvas, const Sh
                          const EffectApplication& application)
     : controls_(controls), canvas_(canvas), state_(state), application_(application) {
     controls_.Button(Command::Original).setCheckable(true);
-    connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this, &CommandLook::Refresh);
+    // Either is raised in each turn of the event loop, depending on whether it may wait.
+    const auto* loop = QAbstractEventDispatcher::instance();
+    connect(loop, &QAbstractEventDispatcher::aboutToBlock, this, &CommandLook::Refresh);
+    connect(loop, &QAbstractEventDispatcher::awake, this, &CommandLook::Refresh);
 }
 
 QString CommandLook::WhatIsInTheWay(Command command) const {

@@ -13,7 +13,7 @@ class EffectApplication;
 class MainControls;
 class Surface;
 
-/// Looks at the state each time the event loop has nothing left to do, so that nobody has to tell it of a change.
+/// Looks at the state in each turn of the event loop, so that nobody has to tell it of a change.
 class CommandLook : public QObject {
     Q_OBJECT
 

@@ -91,7 +91,7 @@ TEST_F(PaintWalk, TheWheelScrollsAndWithCtrlItZooms) {
     EXPECT_EQ(Screen(), fitted) << "nothing to scroll";
     const int start = canvas.ZoomPercent();
 
-    const QPoint pointer(500, 120);
+    const QPoint pointer(350, 200);
     const QPoint under(canvas.ScreenToImageX(pointer.x()), canvas.ScreenToImageY(pointer.y()));
     Wheel(pointer, 10, Qt::ControlModifier);
     EXPECT_EQ(canvas.ZoomPercent(), start + 100);
