@@ -45,11 +45,9 @@ void EffectApplication::ApplySFX(const Effect& effect) {
     if (applying_) return;
     const QScopedValueRollback<bool> once(applying_, true);
     if (effect.number == kNeon)
-        ApplyNeon();
+        ApplyNeon(effect);
     else
         ApplyEngineEffect(effect);
-    renderedEffect_ = effect.number;
-    canvasChanged_ = false;
 }
 
 void EffectApplication::ApplyEngineEffect(const Effect& effect) {
@@ -64,19 +62,17 @@ void EffectApplication::ApplyEngineEffect(const Effect& effect) {
         ReadRest(effect, inputs);
         effectResult_ = RenderEffect(effect, inputs, engine_);
     });
-    renderedInputs_ = inputs;
     if (formShut_) EngineProgress(kEngineDone);  // an operation that ended without its last report
     Attempt([&] { window_.RunEventLoopOnce(); });
     if (effectResult_) Attempt([&] { pen_.SetPicture(engine_.Picture()); });
-    ArmBrush();
+    ArmBrush(effect, inputs);
 }
 
-void EffectApplication::ApplyNeon() {
-    renderedInputs_ = {};
+void EffectApplication::ApplyNeon(const Effect& effect) {
     Attempt([&] { pen_.SetPicture(canvas_.Picture()); });
     Attempt([&] { pen_.NeonFilter(); });
     if (formShut_) PenProgress(kPenDone);
-    ArmBrush();
+    ArmBrush(effect, {});
 }
 
 void EffectApplication::ReadPoint(const Effect& effect, EffectInputs& inputs) const {
@@ -109,7 +105,10 @@ bool EffectApplication::InputsChanged() const {
     return effect && (effect->number != renderedEffect_ || InputsNow(*effect) != renderedInputs_);
 }
 
-void EffectApplication::ArmBrush() {
+void EffectApplication::ArmBrush(const Effect& effect, const EffectInputs& inputs) {
+    renderedEffect_ = effect.number;
+    renderedInputs_ = inputs;
+    canvasChanged_ = false;
     state_.EffectReady = true;
     Attempt(lastSteps_.setUpBrush);
     Attempt(lastSteps_.prepareReminder);

@@ -49,12 +49,12 @@ class EffectApplication : public QObject {
 
  private:
     void ApplyEngineEffect(const Effect& effect);
-    void ApplyNeon();
+    void ApplyNeon(const Effect& effect);
     void ReadPoint(const Effect& effect, EffectInputs& inputs) const;
     void ReadColors(const Effect& effect, EffectInputs& inputs) const;
     void ReadRest(const Effect& effect, EffectInputs& inputs) const;
     EffectInputs InputsNow(const Effect& effect) const;
-    void ArmBrush();
+    void ArmBrush(const Effect& effect, const EffectInputs& inputs);
 
     void EngineProgress(int percent);
     void PenProgress(int percent);
