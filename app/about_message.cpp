@@ -38,10 +38,10 @@ QString Body() {
 }  // namespace
 
 void ShowAboutMsg(MsgDialog& dialog) {
-    dialog.SetShowCheckbox(false);
-    dialog.SetAboutStyle(true);
-    dialog.ShowMessage(Heading(), Body(), MsgDialog::kOk, QStringLiteral("About Kelu..."), MsgIcon::Kelu);
-    dialog.SetAboutStyle(false);
+    Message about{Heading(), Body(), MsgIcon::Kelu};
+    about.title = QStringLiteral("About Kelu...");
+    about.look = MsgLook::About;
+    dialog.ShowMessage(about);
 }
 
 }  // namespace kelu

@@ -6,7 +6,6 @@
 
 namespace kelu {
 
-/// Leaves the dialog's About look switched off for the next message.
 void ShowAboutMsg(MsgDialog& dialog);
 
 }  // namespace kelu

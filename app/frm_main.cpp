@@ -1,17 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "app/frm_main.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QDir>
 #include <QKeyEvent>
+#include <QScreen>
+#include <QWindow>
 
 #include "app/about_message.h"
 #include "app/interface_language.h"
 #include "app/window_layout.h"
 #include "capture/capture_panel.h"
-#include "controls/list_ex/list_ex.h"
-#include "controls/pager/pager.h"
+#include "controls/note/note_bar.h"
 #include "controls/progress_bar/xp_progress_bar.h"
 #include "controls/slider/ls_slider.h"
 #include "controls/status_bar/status_bar.h"
@@ -21,6 +23,7 @@
 #include "controls/toolbox/toolbox.h"
 #include "dialogs/browse/frm_browse.h"
 #include "dialogs/options/frm_options.h"
+#include "effects/catalogue/catalogue.h"
 #include "effects/effect_panel.h"
 #include "effects/effect_selectors.h"
 #include "output/frm_print.h"
@@ -33,10 +36,19 @@ namespace {
 
 constexpr int kSplashTime = 3500;  // ms
 constexpr int kSettingsTime = 2;   // ms
+constexpr int kShutTime = 200;     // ms between two looks at whether the window is free
 
 /// A file or folder that lies beside the executable: data, Gallery, help.
 QString BesideProgram(const char* name) {
     return QDir(QCoreApplication::applicationDirPath()).filePath(QLatin1String(name));
+}
+
+QSize InPixels(const WindowSize& twips) { return {TwipsToPixels(twips.width), TwipsToPixels(twips.height)}; }
+
+/// What the window's screen has for windows, in twips.
+WindowSize Room(const QWidget& window) {
+    const QSize room = window.screen()->availableSize();
+    return {PixelsToTwips(room.width()), PixelsToTwips(room.height())};
 }
 
 BrushCursors Cursors(qreal ratio) {
@@ -53,18 +65,20 @@ frmMain::frmMain(SharedState& state, const MainServices& services)
       services_(services),
       document_(surfaces, *controls.picCanvas, *controls.picOriginal, state, services.Log()),
       painter_(
-          document_, *controls.picCanvas, state, services.settings, Cursors(devicePixelRatioF()),
+          document_, *controls.picCanvas, state, services.settings, *controls.note, Cursors(devicePixelRatioF()),
           [this] { return controls.pnlSettings->sldBrushSize->Value(); }, services.Log()),
-      history_(surfaces.picCanvas, *controls.picCanvas, state, services.Log()),
+      history_(surfaces.picCanvas, *controls.picCanvas, state, *controls.note, services.Log()),
       zoomView_(document_, *controls.picCanvas, state),
       pdfExport_(surfaces.picCanvas, services.dialog, services.openDocument),
-      openSave_(
-          document_, state, services.dialog, services.saveDialog, [this] { ShowBrowse(); },
-          [this](const QString& path) { return pdfExport_.CreatePDF(path); }, services.Log()),
+      openSave_(document_, state, services.dialog, services.saveDialog, *controls.note,
+                {[this] { ShowBrowse(); }, [this](const QString& path) { return pdfExport_.CreatePDF(path); },
+                 [this] { return RenderedEffectName(); }, services.openDocument},
+                services.Log()),
       reminder_(services.dialog, services.settings),
       renderWindow_(*this, *controls.pBar1),
       application_(surfaces.picCanvas, surfaces.picPen, PixTwix1_, state, *controls.pnlSettings, renderWindow_,
                    {[this] { painter_.SetUpBrush(); }, [this] { reminder_.PrepareReminder(); }}, services.Log()),
+      commandLook_(controls, surfaces.picCanvas, state, application_),
       capture_(document_, capturePreview, *controls.picCanvas, *controls.picCapPreview, state,
                {services.camera, services.dialog, services.playSound, BesideProgram("data")}),
       mail_(surfaces.picCanvas, state, services.dialog,
@@ -75,12 +89,14 @@ frmMain::frmMain(SharedState& state, const MainServices& services)
       splash_(*controls.picCover, state, services.settings, services.dialog, BesideProgram("data")),
       chrome_(*this, state),
       keys_(*this),
-      startUp_(*this, state, services.settings, services.dialog, openSave_) {
+      startUp_(controls, surfaces.picCanvas, capture_, splash_, state, services.settings, services.dialog,
+               BesideProgram("data")) {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QStringLiteral("Kelu"));
     setWindowIcon(theme::Icon(QStringLiteral("kelu")));
     setAutoFillBackground(true);
-    resize(TwipsToPixels(kDesignSize.width), TwipsToPixels(kDesignSize.height));
+    resize(
+        InPixels({std::min(kDesignSize.width, Room(*this).width), std::min(kDesignSize.height, Room(*this).height)}));
     controls.ShowTools(false);
     Connect();
 }
@@ -93,7 +109,10 @@ void frmMain::Connect() {
 
     connect(controls.picCanvas, &ImageX::MousePressed, this,
             [this](Qt::MouseButton, Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers, int, int,
-                   const QPoint& imagePixel) { painter_.Press(buttons, modifiers, imagePixel); });
+                   const QPoint& imagePixel) {
+                painter_.Press(buttons, modifiers, imagePixel);
+                TellStaleRender();
+            });
     connect(controls.picCanvas, &ImageX::MouseMoved, this,
             [this](Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers, int, int, const QPoint& imagePixel) {
                 painter_.Move(buttons, modifiers, imagePixel);
@@ -113,6 +132,7 @@ void frmMain::Connect() {
         if (panel == 1) ShowAboutMsg(services_.dialog);
     });
     connect(&document_, &Document::Opened, this, [this] {
+        IdleMemory::Release();
         controls.picZoomContainer->show();
         painter_.ShowBrushTip();
     });
@@ -123,7 +143,7 @@ void frmMain::Connect() {
 
     connect(controls.selectors, &EffectSelectors::EffectChosen, controls.pnlSettings, &EffectPanel::SetUp);
     connect(controls.pnlSettings->sldBrushSize, &LsSlider::ValueChanged, this, [this] { painter_.SetUpBrush(); });
-    connect(controls.pnlSettings->cmdApply, &ToolButton::clicked, &application_, &EffectApplication::ApplyClick);
+    connect(controls.pnlSettings->cmdApply, &ToolButton::clicked, this, [this] { Run(Command::Apply); });
 
     ConnectCapture();
     connect(&buttonPictures_, &EffectPictures::PictureReady, controls.selectors, &EffectSelectors::ShowPicture);
@@ -133,9 +153,10 @@ void frmMain::Connect() {
     chrome_.AddHandle(*controls.picCover, /*maximises=*/false);
     connect(&chrome_, &WindowChrome::MaximisedChanged, this, [this](bool maximised) {
         controls.Button(Command::Restore).SetIconName(maximised ? QStringLiteral("restore") : QStringLiteral("max"));
-        LoadLanguage();
+        LoadLanguage(controls, state_);
     });
 
+    controls.picCover->installEventFilter(this);
     tmrSplash_.setSingleShot(true);
     tmrSplash_.setInterval(kSplashTime);
     connect(&tmrSplash_, &QTimer::timeout, this, &frmMain::EndSplash);
@@ -146,6 +167,14 @@ void frmMain::Connect() {
         startUp_.LoadMySettings();
         startUp_.PrepareImageResize();
     });
+}
+
+void frmMain::TellStaleRender() {
+    const bool stale = state_.EffectReady && application_.InputsChanged();
+    if (stale && !staleTold_)
+        controls.note->Show({tr("The inputs have changed: Apply to paint with them"),
+                             {{tr("Apply"), [this] { Run(Command::Apply); }}}});
+    staleTold_ = stale;
 }
 
 void frmMain::ConnectCapture() {
@@ -164,17 +193,28 @@ void frmMain::ConnectCapture() {
 }
 
 bool frmMain::Start() {
+    if (services_.anotherInstanceRuns && services_.anotherInstanceRuns()) return false;
     startUp_.SetMeUp();
-    return !unloading_;
+    // Not on the screen yet, so this costs nobody a click; once shown, the window keeps the place the user gives it.
+    lower();
+    return true;
 }
 
 void frmMain::EndSplash() {
     tmrSplash_.stop();
+    controls.picCover->removeEventFilter(this);
     splash_.End();
     controls.ShowTools(true);
     tmrSettings_.start();
     controls.picLogo->hide();
     controls.picCanvas->setFocus();
+}
+
+void frmMain::TakePicture(const QString& path) {
+    if (!isEnabled() || QApplication::activeModalWidget())
+        QTimer::singleShot(kShutTime, this, [this, path] { TakePicture(path); });
+    else
+        OpenPicture(path);
 }
 
 void frmMain::Run(Command command) {
@@ -213,7 +253,7 @@ void frmMain::Run(Command command) {
             chrome_.ToggleMaximised();
             break;
         case Command::Close:
-            startUp_.ExitApp();
+            ExitApp();
             break;
         case Command::Print:
             PrintImage();
@@ -230,6 +270,12 @@ void frmMain::Run(Command command) {
         case Command::Help:
             help_.LoadCHMFile();
             break;
+        case Command::Apply:
+            application_.ApplyClick();
+            break;
+        case Command::ChooseEffect:  // these two need to be told which
+        case Command::Drop:
+            break;
     }
 }
 
@@ -238,6 +284,12 @@ void frmMain::ShowBrowse() {
         services_.settings, services_.dialog,
         [this](const QString& path) { document_.Open(path, Document::Source::Browse); }, this)
         .exec();
+    openSave_.TellMadeSmaller();
+}
+
+QString frmMain::RenderedEffectName() const {
+    const Effect* effect = FindEffect(application_.RenderedEffect());
+    return effect ? QString::fromLatin1(effect->listText) : QString();
 }
 
 void frmMain::ShowOptions() {
@@ -250,7 +302,7 @@ void frmMain::ShowOptions() {
 }
 
 void frmMain::PrintImage() {
-    if (state_.CaptureBusy || !state_.ImageActive) return;
+    if (!Enabled(Command::Print, state_)) return;
     RunShowingErrors(services_.dialog, [this] {
         frmPrint(surfaces.picCanvas.Picture(), services_.printing, services_.settings, services_.dialog, this).exec();
     });
@@ -259,9 +311,8 @@ void frmMain::PrintImage() {
 void frmMain::resizeEvent(QResizeEvent*) {
     if (isMinimized()) return;
     const WindowSize now{PixelsToTwips(width()), PixelsToTwips(height())};
-    if (const WindowSize allowed = AllowedSize(now); allowed != now) {
-        const QSize size(TwipsToPixels(allowed.width), TwipsToPixels(allowed.height));
-        if (size != this->size()) {
+    if (const WindowSize allowed = AllowedSize(now, Room(*this)); allowed != now) {
+        if (const QSize size = InPixels(allowed); size != this->size()) {
             resize(size);
             return;
         }
@@ -270,10 +321,32 @@ void frmMain::resizeEvent(QResizeEvent*) {
 }
 
 void frmMain::showEvent(QShowEvent* event) {
+    // For the window manager alone: what it asks for all the same is answered by the window itself.
+    windowHandle()->setMinimumSize(InPixels(LeastSize(Room(*this))));
     // The toolbar's pictures are drawn behind the splash, once the window itself has been painted.
     if (!event->spontaneous())
         QTimer::singleShot(0, this,
                            [this] { buttonPictures_.Start(BesideProgram("Gallery/cat.jpg"), devicePixelRatioF()); });
+}
+
+void frmMain::keyPressEvent(QKeyEvent* event) {
+    const int key = event->key();
+    const bool ends = key == Qt::Key_Escape || key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter;
+    if (ends && tmrSplash_.isActive())
+        EndSplash();
+    else
+        QWidget::keyPressEvent(event);
+}
+
+bool frmMain::eventFilter(QObject*, QEvent* event) {
+    // The cover is a handle to drag the window by: a click is a press that went nowhere.
+    if (event->type() == QEvent::MouseButtonPress)
+        coverPress_ = static_cast<QMouseEvent*>(event)->globalPosition().toPoint();
+    if (event->type() == QEvent::MouseButtonRelease) {
+        const QPoint way = static_cast<QMouseEvent*>(event)->globalPosition().toPoint() - coverPress_;
+        if (way.manhattanLength() < QApplication::startDragDistance()) EndSplash();
+    }
+    return false;
 }
 
 void frmMain::keyReleaseEvent(QKeyEvent* event) {
@@ -286,40 +359,12 @@ void frmMain::keyReleaseEvent(QKeyEvent* event) {
 void frmMain::closeEvent(QCloseEvent* event) {
     // The window system's own close request, Alt+F4 among its causes: ask as the close button does. A close() made
     // while this event is under way does nothing by itself, so the event carries the answer.
-    if (!unloading_) startUp_.ExitApp();
+    if (!unloading_) ExitApp();
     event->setAccepted(unloading_);
 }
 
-void frmMain::PlaceCompassInPager() { controls.pnlSettings->PagerCompass->SetChild(controls.pnlSettings->TBCompass); }
-
-void frmMain::SetUpSFXList() { controls.selectors->SetUpSFXList(); }
-
-void frmMain::AddDropShadow() {
-    // The window system draws shadows as its user wishes; there is nothing to ask for.
-}
-
-void frmMain::PrepareCanvasBackground() {
-    const QBrush canvasBackBrush(theme::kHatch, Qt::DiagCrossPattern);
-    controls.picCanvas->SetBackgroundHatch(canvasBackBrush);
-    controls.picOriginal->SetBackgroundHatch(canvasBackBrush);
-}
-
-void frmMain::LoadPlaceholder() {
-    surfaces.picCanvas.LoadFile(BesideProgram("data/ploader.rs"));
-    controls.picCanvas->SetViewAnchor(5);
-}
-
-void frmMain::LoadLanguage() { kelu::LoadLanguage(controls, state_); }
-
-void frmMain::SendToBack() {
-    // Not on the screen yet, so this costs nobody a click; once shown, the window keeps the place the user gives it.
-    lower();
-}
-
-void frmMain::SetSelector(const QString& code) {
-    if (code != u"0" && code != u"1") return;
-    controls.selectors->lstSFX->setVisible(code == u"0");
-    controls.selectors->pagerTB1->setVisible(code == u"1");
+void frmMain::ExitApp() {
+    if (openSave_.SettleBeforeExit()) Unload();
 }
 
 void frmMain::Unload() {

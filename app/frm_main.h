@@ -9,7 +9,9 @@
 #include <memory>
 
 #include "app/command_keys.h"
+#include "app/command_look.h"
 #include "app/help_topics.h"
+#include "app/idle_memory.h"
 #include "app/main_controls.h"
 #include "app/paint_reminder.h"
 #include "app/splash.h"
@@ -51,7 +53,7 @@ struct MainServices {
     SessionLog& Log() const { return journal ? *journal : SessionLog::None(); }
 };
 
-class frmMain : public QWidget, private StartUpSteps {
+class frmMain : public QWidget {
     Q_OBJECT
 
  public:
@@ -60,11 +62,15 @@ class frmMain : public QWidget, private StartUpSteps {
 
     /// The start-up steps. False when the window is not to be shown, since another instance runs.
     bool Start();
+    /// The close command: asks when there are unsaved changes.
+    void ExitApp();
     /// Opens a picture as if it had been dropped on the canvas.
     void OpenPicture(const QString& path) { openSave_.Drop(path); }
+    /// The same for a picture that another start gave; it waits while a dialog or a render shuts the window.
+    void TakePicture(const QString& path);
 
     void Run(Command command);
-    /// Uncovers the tools; runs by itself 3.5 s after the window was made.
+    /// Uncovers the tools; runs by itself 3.5 s after the window was made, or at a click, Escape, Space or Enter.
     void EndSplash();
 
     // For those who drive the window from outside: dialogs and tests.
@@ -75,33 +81,24 @@ class frmMain : public QWidget, private StartUpSteps {
  protected:
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
  private:
     void Connect();
     void ConnectCapture();
+    /// Once for each change: the brush still paints what was rendered before it.
+    void TellStaleRender();
 
     void ShowBrowse();
     void ShowOptions();
     void PrintImage();
+    QString RenderedEffectName() const;
 
-    // Steps of the start.
-    bool AnotherInstanceRuns() override { return services_.anotherInstanceRuns && services_.anotherInstanceRuns(); }
-    void Connect2Camera() override { capture_.Connect2Camera(); }
-    void PlaceCompassInPager() override;
-    void SetUpSFXList() override;
-    void LoadSplash() override { splash_.LoadSplash(); }
-    void AddDropShadow() override;
-    void PrepareCanvasBackground() override;
-    void LoadPlaceholder() override;
-    void LoadLanguage() override;
-    void SendToBack() override;
-    void SetVideoSize(const QString& code) override { capture_.SetVideoSize(code); }
-    void SetSelector(const QString& code) override;
-    void LoadDevices() override { capture_.LoadDevices(); }
-    void SelectDevice(int index) override { capture_.SelectDevice(index); }
-    void Unload() override;
+    /// Closes the window, and with it the program.
+    void Unload();
 
     SharedState& state_;
     MainServices services_;
@@ -115,6 +112,7 @@ class frmMain : public QWidget, private StartUpSteps {
     PaintReminder reminder_;
     FormRenderWindow renderWindow_;
     EffectApplication application_;
+    CommandLook commandLook_;
     EffectPictures buttonPictures_;
     CameraCapture capture_;
     MailImage mail_;
@@ -123,8 +121,11 @@ class frmMain : public QWidget, private StartUpSteps {
     WindowChrome chrome_;
     CommandKeys keys_;
     StartUp startUp_;
+    IdleMemory idleMemory_;
     QTimer tmrSplash_;
     QTimer tmrSettings_;
+    bool staleTold_ = false;
+    QPoint coverPress_;  // on the screen
     bool unloading_ = false;
 };
 

@@ -14,9 +14,6 @@ class HelpWindow;
 
 class HelpTopics {
  public:
-    /// Value of CurrentSFX that stands for the settings dialog.
-    static constexpr int kSettingsTopic = 99;
-
     /// `folder` holds the pages.
     HelpTopics(const SharedState& state, MsgDialog& dialog, const QString& folder);
     ~HelpTopics();

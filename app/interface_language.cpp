@@ -14,7 +14,12 @@ namespace kelu {
 QString VersionText() { return QStringLiteral(" v%1  by Tarvane Design").arg(QCoreApplication::applicationVersion()); }
 
 void LoadLanguage(MainControls& controls, const SharedState& state) {
-    for (const CommandRow& row : kCommands) controls.Button(row.command).SetTip(QString::fromLatin1(row.tip));
+    for (const CommandRow& row : kCommands) {
+        const QString tip = QString::fromLatin1(row.tip);
+        const QString key = KeyText(row.key);
+        controls.Button(row.command).SetTip(tip);
+        if (!tip.contains(key)) controls.Button(row.command).SetKey(key);
+    }
     controls.Button(Command::Restore)
         .SetTip(state.WindowMaximised ? QStringLiteral("Restore Down") : QStringLiteral("Maximize"));
     controls.sBar1->SetPanelText(1, VersionText());

@@ -17,6 +17,7 @@
 #include "controls/theme/theme.h"
 #include "dialogs/save_file_dialog.h"
 #include "document/journal_file.h"
+#include "platform/hand_over.h"
 #include "platform/language.h"
 #include "platform/registry_access.h"
 #include "platform/registry_file.h"
@@ -36,7 +37,7 @@ int Run(kelu::Application& application, const QString& picture) {
     kelu::MsgDialogWindow dialog;
     application.ShowErrorsIn(&dialog);
     const auto noDialog = qScopeGuard([&] { application.ShowErrorsIn(nullptr); });
-    kelu::SaveFileDialog saveDialog;
+    kelu::SaveFileDialog saveDialog(dialog);
     kelu::SystemPrintService printing;
     kelu::GstDeviceList cameras;
     kelu::GstVideoCapX camera(cameras);
@@ -46,7 +47,13 @@ int Run(kelu::Application& application, const QString& picture) {
                                  [&] { return !instance.IsFirst(); }, kelu::PlaySoundFile, &journal});
     dialog.SetParent(&window);
     saveDialog.SetParent(&window);
-    if (!window.Start()) return 0;
+    const QString socket = kelu::HandOverSocket(QFileInfo(kelu::RegistryFile::UserPath()).path());
+    if (!window.Start()) {
+        if (!picture.isEmpty()) kelu::GivePicture(socket, picture);
+        return 0;
+    }
+    const kelu::HandOver handOver(socket);
+    QObject::connect(&handOver, &kelu::HandOver::PictureGiven, &window, &kelu::frmMain::TakePicture);
     window.show();
     if (!picture.isEmpty()) window.OpenPicture(picture);
     return QApplication::exec();

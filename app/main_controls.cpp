@@ -9,6 +9,7 @@
 #include "app/window_layout.h"
 #include "capture/capture_panel.h"
 #include "controls/list_ex/list_ex.h"
+#include "controls/note/note_bar.h"
 #include "controls/pager/pager.h"
 #include "controls/progress_bar/xp_progress_bar.h"
 #include "controls/status_bar/status_bar.h"
@@ -64,10 +65,11 @@ MainControls::MainControls(QWidget& window, Surfaces& surfaces, Surface& capture
       picCapPreview(Named(new ImageX(capturePreview, &window), "picCapPreview")),
       sBar1(Named(new StatusBar(&window), "sBar1")),
       pBar1(Named(new XP_ProgressBar(sBar1), "pBar1")),
+      note(new NoteBar(&window)),
       picCover(Named(new QLabel(&window), "picCover")),
       window_(window) {
     // Tab goes round as the eye does: strip, picture, effects, panel, zoom, status. What is made later comes later.
-    sBar1->SetPanelWidths(220, 400);
+    sBar1->SetPanelWidths({220, 400});
     sBar1->SetPanelClickable(1, true);
     MakeButtons(window);
     SetTabOrder(
@@ -157,6 +159,7 @@ void MainControls::ApplyLayout() {
     list.height = at.pagerTB1.height;
     Place(*selectors->lstSFX, list);
     Place(*sBar1, at.sBar1);
+    note->SetPlace(picCanvas->geometry());
 }
 
 void MainControls::ShowTools(bool shown) {

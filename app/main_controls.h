@@ -17,6 +17,7 @@ namespace kelu {
 class CapturePanel;
 class EffectPanel;
 class EffectSelectors;
+class NoteBar;
 class StatusBar;
 class ToolButton;
 class XP_ProgressBar;
@@ -45,6 +46,7 @@ class MainControls {
     ImageX* const picCapPreview;
     StatusBar* const sBar1;
     XP_ProgressBar* const pBar1;
+    NoteBar* const note;  ///< over the lower edge of the canvas
     QLabel* const picCover;
 
  private:

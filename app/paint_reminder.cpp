@@ -4,18 +4,15 @@
 namespace kelu {
 
 void PaintReminder::PrepareReminder() {
-    if (settings_.Read(settings::kReminder) == u"1") RemindToPaint();
+    if (settings_.Read(settings::kReminder) == true) RemindToPaint();
 }
 
 void PaintReminder::RemindToPaint() {
-    dialog_.SetShowCheckbox(true);
-    dialog_.SetAboutStyle(false);
-    dialog_.SetCheckboxCaption(QStringLiteral("Don't Show This Again"));
-    dialog_.ShowMessage(
-        QStringLiteral("Information"),
-        QStringLiteral("You are ready to go! Simply apply the chosen effect by 'brushing' over the image.\r\n"),
-        MsgDialog::kOk, QStringLiteral("Kelu"), MsgIcon::Information);
-    settings_.Write(settings::kReminder, dialog_.CheckboxValue() ? QStringLiteral("0") : QStringLiteral("1"));
+    const MsgReply reply = dialog_.ShowMessage(
+        {QStringLiteral("Information"),
+         QStringLiteral("You are ready to go! Simply apply the chosen effect by 'brushing' over the image.\r\n"),
+         MsgIcon::Information, MsgButtons::Ok, QStringLiteral("Don't Show This Again")});
+    settings_.Write(settings::kReminder, !reply.ticked);
 }
 
 }  // namespace kelu

@@ -46,11 +46,11 @@ Splash::Splash(QLabel& picCover, SharedState& state, Settings& settings, MsgDial
 
 void Splash::LoadSplash() {
     RunShowingErrors(dialog_, [this] {
-        const int number = settings_.ReadInteger(settings::kSplashNumber);
+        const int number = settings_.Read(settings::kSplashNumber);
         if (number >= 1 && number <= kPictures) LoadPicture(number);
         const int next = number < kPictures ? number + 1 : 1;
         state_.SplashNumber = static_cast<std::int16_t>(number < kPictures ? std::max(number, 0) : 1);
-        settings_.Write(settings::kSplashNumber, QString::number(next));
+        settings_.Write(settings::kSplashNumber, next);
     });
 }
 

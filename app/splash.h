@@ -12,6 +12,10 @@ class QLabel;
 
 namespace kelu {
 
+namespace settings {
+inline constexpr NumberSetting kSplashNumber{{"Splash", "Number"}, 1, -0x8000, 0x7FFF};  ///< next picture, 1 to 8
+}
+
 class ucAniGIF;
 
 class Splash {

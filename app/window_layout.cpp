@@ -1,11 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "app/window_layout.h"
 
+#include <algorithm>
+
 namespace kelu {
 
-WindowSize AllowedSize(WindowSize asked) {
-    const bool fits = asked.width >= kMinimumSize.width && asked.height >= kMinimumSize.height;
-    return fits ? asked : kMinimumSize;
+WindowSize LeastSize(WindowSize room) {
+    return {std::min(kMinimumSize.width, room.width), std::min(kMinimumSize.height, room.height)};
+}
+
+WindowSize AllowedSize(WindowSize asked, WindowSize room) {
+    const WindowSize least = LeastSize(room);
+    return asked.width >= least.width && asked.height >= least.height ? asked : least;
 }
 
 WindowLayout LayOut(WindowSize window) {

@@ -23,8 +23,10 @@ inline constexpr WindowSize kDesignSize{13305, 9510};
 inline constexpr WindowSize kMinimumSize{13300, 9510};
 inline constexpr int kStatusBarHeight = 495;
 
-/// The size that a window of the given size takes: itself, or exactly the minimum when either side is below it.
-WindowSize AllowedSize(WindowSize asked);
+/// The least size of the window: the minimum, or the room of a screen that has less.
+WindowSize LeastSize(WindowSize room);
+/// The size that a window of the given size takes: itself, or exactly the least when either side is below it.
+WindowSize AllowedSize(WindowSize asked, WindowSize room);
 
 struct WindowLayout {
     TwipsRect picLogo, picSystem, picTB, picCover, cmdHelp, picPipe1, cmdSettings;

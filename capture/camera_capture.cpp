@@ -13,21 +13,15 @@ namespace kelu {
 
 namespace {
 
-constexpr int kShooterTime = 50;      // ms
-constexpr int kPlainErrorStyle = 16;  // an error with one OK button
+constexpr int kShooterTime = 50;  // ms
 const char kNoDevice[] =
     QT_TRANSLATE_NOOP("kelu::CameraCapture", "Unable to find a capture device!\r\nThis feature will be disabled.");
 
-struct CaptureSize {
-    const char* code;
-    int width;  // image pixels
-    int height;
-};
-constexpr CaptureSize kSizes[] = {{"0", 160, 120}, {"1", 320, 240}, {"2", 640, 480}};
-
-void ShowFitted(SurfaceView& view) {
-    view.SetViewAnchor(5);
-    view.SetViewMode(2);
+/// Image pixels.
+QSize SizeOf(CaptureSize size) {
+    return size == CaptureSize::Small    ? QSize(160, 120)
+           : size == CaptureSize::Middle ? QSize(320, 240)
+                                         : QSize(640, 480);
 }
 
 }  // namespace
@@ -59,9 +53,9 @@ void CameraCapture::DevicesFound() {
             if (error.Number() != kNoCamera) throw;
             state_.CameraMissing = true;
             entersLater_ = false;  // the message answers the key as well
-            services_.dialog.SetShowCheckbox(false);
-            services_.dialog.SetAboutStyle(false);
-            services_.dialog.ShowMessage(tr("Error"), tr(kNoDevice), kPlainErrorStyle, tr("Error"), MsgIcon::Error);
+            Message message{tr("Error"), tr(kNoDevice), MsgIcon::Error};
+            message.title = tr("Error");
+            services_.dialog.ShowMessage(message);
         }
     });
     if (std::exchange(loadsLater_, false)) {
@@ -122,7 +116,7 @@ void CameraCapture::WebCamClick() {
     }
     LookAnew();
     if (state_.CameraMissing) {
-        ShowPlainMessage(services_.dialog, tr("Error"), tr(kNoDevice), MsgDialog::kOk, MsgIcon::Error);
+        services_.dialog.ShowMessage({tr("Error"), tr(kNoDevice), MsgIcon::Error});
         return;
     }
     if (std::exchange(capturing_, true)) return;
@@ -147,7 +141,7 @@ void CameraCapture::ShowFrame(const QImage& frame) {
         live_ = true;
         failureTold_ = false;
     }
-    ShowFitted(canvasView_);
+    canvasView_.ShowWhole();
 }
 
 // A failing tick is passed over, as the next one may succeed, but not in silence: the first of a row tells why the
@@ -157,8 +151,7 @@ void CameraCapture::ShowFailure(const QString& why) {
     failureTold_ = true;
     tmrShooter_.stop();
     if (!live_) Leave();
-    ShowPlainMessage(services_.dialog, tr("Error"), tr("The camera gives no picture.\r\n%1.").arg(why), MsgDialog::kOk,
-                     MsgIcon::Error);
+    services_.dialog.ShowMessage({tr("Error"), tr("The camera gives no picture.\r\n%1.").arg(why), MsgIcon::Error});
     if (capturing_) tmrShooter_.start();
 }
 
@@ -168,15 +161,15 @@ void CameraCapture::CaptureNow() {
     RunShowingErrors(services_.dialog, [this] {
         if (services_.playSound) services_.playSound(QDir(services_.dataFolder).filePath(QStringLiteral("kelu.snd")));
         Surface& canvas = document_.Canvas();
-        for (const CaptureSize& size : kSizes) {
-            if (txtVideoSize_ != QLatin1String(size.code)) continue;
-            canvas.ResizeImage(size.width, size.height);
+        if (videoSize_) {
+            const QSize size = SizeOf(*videoSize_);
+            canvas.ResizeImage(size.width(), size.height());
             MakePrivateFile(SnapshotPath());
             canvas.SaveFile(SnapshotPath());
         }
-        ShowFitted(canvasView_);
+        canvasView_.ShowWhole();
         preview_.SetPicture(canvas.Picture());
-        ShowFitted(previewView_);
+        previewView_.ShowWhole();
         Q_EMIT PreviewShown(true);
         state_.ImageActive = true;
         state_.CaptureReady = true;
@@ -199,7 +192,7 @@ void CameraCapture::CancelClick() {
         state_.CaptureReady = false;
         Leave();
         document_.Canvas().LoadFile(QDir(services_.dataFolder).filePath(QStringLiteral("ploader.rs")));
-        canvasView_.SetViewAnchor(5);
+        canvasView_.SetViewAnchor(Anchor::Fitted);
         Q_EMIT ZoomButtonsShown(false);
     });
 }

@@ -7,7 +7,9 @@
 #include <QStringList>
 #include <QTimer>
 #include <functional>
+#include <optional>
 
+#include "capture/capture_settings.h"
 #include "capture/video_cap_x.h"
 #include "document/document.h"
 #include "document/shared_state.h"
@@ -41,8 +43,8 @@ class CameraCapture : public QObject {
     /// Chooses a row of the list and hands it to the connection. Throws Error(kInvalidProperty) when there is no such
     /// row; while the search goes on it is only kept, and a row that then proves missing sets CameraMissing.
     void SelectDevice(int index);
-    /// Capture size: "0" 160 x 120, "1" 320 x 240, "2" 640 x 480. With any other text snapshots are not saved.
-    void SetVideoSize(const QString& code) { txtVideoSize_ = code; }
+    /// Without a size snapshots are not saved.
+    void SetVideoSize(std::optional<CaptureSize> size) { videoSize_ = size; }
     /// Lets the camera go.
     void Unload();
 
@@ -80,7 +82,7 @@ class CameraCapture : public QObject {
 
     QStringList cboDevices_;
     int listIndex_ = -1;
-    QString txtVideoSize_;
+    std::optional<CaptureSize> videoSize_;
     QTimer tmrShooter_;
     bool found_ = false;  ///< the search has ended
     bool capturing_ = false;

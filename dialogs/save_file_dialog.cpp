@@ -25,28 +25,39 @@ QString NameForFilter(const QString& name, int filterIndex) {
     return name + SaveDialog::Filter().split(u'|').value(2 * filterIndex - 1).remove(u'*');
 }
 
+bool SaveFileDialog::MayReplace(const QString& path) {
+    if (!QFile::exists(path)) return true;
+    return questions_
+               .ShowMessage(
+                   {QStringLiteral("Confirm"),
+                    QStringLiteral("'%1' is there already.\r\n\r\nReplace it?").arg(QFileInfo(path).fileName()),
+                    MsgIcon::Exclamation, MsgButtons::YesNo})
+               .answer == MsgAnswer::Yes;
+}
+
 bool SaveFileDialog::Show(QString& fileName, int& filterIndex) {
     if (folder_.isEmpty()) folder_ = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
     // A folder that is not there would be taken for the name of a file.
     if (!QDir(folder_).exists()) folder_ = QDir::homePath();
     const QStringList filters = NameFilters(Filter());
     QFileDialog dialog(owner_, QString::fromLatin1(kTitle), folder_);
-    dialog.setAcceptMode(QFileDialog::AcceptSave);  // asks before a file is replaced
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);  // we ask
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setNameFilters(filters);
     dialog.selectNameFilter(filters.value(filterIndex - 1));
     dialog.setDefaultSuffix(QString::fromLatin1(kDefaultExtension));
     // The toolkit's dialog has a layout; the desktop's own is not ours to dress.
     if (dialog.layout()) AddWindowFrame(dialog);
-    if (!fileName.isEmpty()) dialog.selectFile(fileName);
+    if (const QFileInfo proposed(fileName); !fileName.isEmpty())
+        dialog.selectFile(proposed.dir().exists() ? fileName : proposed.fileName());
     for (;;) {
         if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return false;
-        const QString given = dialog.selectedFiles().first();
         filterIndex = static_cast<int>(filters.indexOf(dialog.selectedNameFilter())) + 1;
-        fileName = NameForFilter(given, filterIndex);
+        fileName = NameForFilter(dialog.selectedFiles().first(), filterIndex);
         if (IsPdfName(fileName)) filterIndex = kPdfFilter;
-        if (fileName == given || !QFile::exists(fileName)) break;
-        dialog.selectFile(fileName);  // the file that would be replaced is not the one that was asked about
+        if (MayReplace(fileName)) break;
+        dialog.selectFile(fileName);
     }
     folder_ = QFileInfo(fileName).absolutePath();
     return true;

@@ -18,11 +18,17 @@ QString NameForFilter(const QString& name, int filterIndex);
 
 class SaveFileDialog : public SaveDialog {
  public:
+    /// `questions` asks before a file is replaced.
+    explicit SaveFileDialog(MsgDialog& questions) : questions_(questions) {}
+
     /// The window that the dialog blocks.
     void SetParent(QWidget* parent) { owner_ = parent; }
     bool Show(QString& fileName, int& filterIndex) override;
 
  private:
+    bool MayReplace(const QString& path);
+
+    MsgDialog& questions_;
     QPointer<QWidget> owner_;
     QString folder_;  // of the last save in this run; at first the user's pictures
 };

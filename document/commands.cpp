@@ -1,31 +1,78 @@
 // SPDX-License-Identifier: MIT
 #include "document/commands.h"
 
+#include <QCoreApplication>
+#include <QKeySequence>
+
 namespace kelu {
+
+namespace {
+
+struct OtherCommand {
+    Command command;
+    unsigned needs;
+};
+constexpr OtherCommand kOtherCommands[] = {
+    {Command::Apply, kPicture | kEffect},
+    {Command::ChooseEffect, kNoCapture | kPicture},
+    {Command::Drop, kNoCapture},
+};
+
+unsigned NeedsOf(Command command) {
+    for (const CommandRow& row : kCommands)
+        if (row.command == command) return row.needs;
+    for (const OtherCommand& row : kOtherCommands)
+        if (row.command == command) return row.needs;
+    return kNothing;
+}
+
+}  // namespace
+
+QString KeyText(const CommandKey& key) {
+    if (key.key == Qt::Key_unknown) return {};
+    return QKeySequence(key.modifiers.value_or(Qt::NoModifier) | key.key).toString(QKeySequence::NativeText);
+}
 
 std::optional<Command> CommandOfKey(int key, Qt::KeyboardModifiers modifiers) {
     // Keys of the number pad carry a flag of their own that is no shift state.
-    const Qt::KeyboardModifiers state = modifiers & ~Qt::KeypadModifier;
-    if (key == Qt::Key_F1) return Command::Help;
-    if (key == Qt::Key_F8) return Command::WebCam;
-    if (key == Qt::Key_F4 && state == Qt::AltModifier) return Command::Close;
-    if (state != Qt::ControlModifier) return std::nullopt;
-    switch (key) {
-        case Qt::Key_Z:
-            return Command::Undo;
-        case Qt::Key_Y:
-            return Command::Redo;
-        case Qt::Key_O:
-            return Command::Open;
-        case Qt::Key_S:
-            return Command::Save;
-        case Qt::Key_C:
-            return Command::Copy;
-        case Qt::Key_P:
-            return Command::Print;
-        default:
-            return std::nullopt;
+    const Qt::KeyboardModifiers held = modifiers & ~Qt::KeypadModifier;
+    for (const CommandRow& row : kCommands)
+        if (row.key.key == key && key != Qt::Key_unknown && (!row.key.modifiers || held == *row.key.modifiers))
+            return row.command;
+    return std::nullopt;
+}
+
+Obstacle ObstacleTo(Command command, const SharedState& state) {
+    const unsigned needs = NeedsOf(command);
+    if ((needs & kNoCapture) && state.CaptureBusy) return Obstacle::Capture;
+    const bool missesPicture = (needs & kPicture) && !state.ImageActive;
+    // Another picture may have been opened while the original shows.
+    const bool wayBack = command == Command::Original && state.ShowingOriginal && state.ImageActive;
+    const bool missesChanges = (needs & kChanges) && !state.ImageDirty && !wayBack;
+    if (missesPicture || (missesChanges && !state.ImageActive))
+        return state.CurrentFileName.isEmpty() ? Obstacle::NoPicture : Obstacle::Saved;
+    if (missesChanges) return Obstacle::NoChanges;
+    if ((needs & kEffect) && (state.CurrentSFX < 1 || state.CurrentSFX == kSettingsTopic)) return Obstacle::NoEffect;
+    return Obstacle::None;
+}
+
+QString ObstacleText(Obstacle obstacle) {
+    const auto text = [](const char* words) { return QCoreApplication::translate("Commands", words); };
+    switch (obstacle) {
+        case Obstacle::None:
+            break;
+        case Obstacle::Capture:
+            return text("Finish the capture first");
+        case Obstacle::NoPicture:
+            return text("Open a picture first");
+        case Obstacle::Saved:
+            return text("This picture is saved: open it again to go on");
+        case Obstacle::NoChanges:
+            return text("Nothing is painted yet");
+        case Obstacle::NoEffect:
+            return text("Choose an effect first");
     }
+    return {};
 }
 
 }  // namespace kelu

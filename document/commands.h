@@ -1,9 +1,12 @@
-// The commands of the main window in one table: button, tip, icon, key. What a command does stands in frmMain.
+// The commands of the program in one table: button, tip, icon, key, and what must hold before each may be used. What a
+// command does stands in frmMain.
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <Qt>
+#include <QString>
 #include <optional>
+
+#include "document/shared_state.h"
 
 namespace kelu {
 
@@ -25,37 +28,74 @@ enum class Command {
     Minimise,
     Restore,
     Close,
+    // Without a button among those of the window's strips.
+    Apply,
+    ChooseEffect,
+    Drop,
+};
+
+/// A key, heard when it is released under exactly these modifiers; without modifiers named, under any.
+struct CommandKey {
+    Qt::Key key = Qt::Key_unknown;
+    std::optional<Qt::KeyboardModifier> modifiers = {};
+};
+
+/// What must hold before a command may be used; several joined by |.
+enum Needs : unsigned {
+    kNothing = 0,
+    kNoCapture = 1,  ///< the capture panel does not run
+    kPicture = 2,    ///< a picture is open and no render runs
+    kChanges = 4,    ///< the canvas has changes that were not saved
+    kEffect = 8,     ///< an effect is chosen
 };
 
 struct CommandRow {
     Command command;
-    const char* name;  ///< name of the button
+    const char* name;  ///< of the button
     const char* tip;   ///< tip and accessible name
     const char* icon;  ///< name of the theme's drawing
+    CommandKey key;
+    unsigned needs;
 };
 
 inline constexpr CommandRow kCommands[] = {
-    {Command::Open, "cmdOpen", "Open", "open"},
-    {Command::Save, "cmdSave", "Save", "save"},
-    {Command::Email, "cmdEmail", "E-mail", "email"},
-    {Command::Print, "cmdPrint", "Print", "print"},
-    {Command::Copy, "cmdCopy", "Copy", "copy"},
-    {Command::Undo, "cmdUndo", "Undo", "undo"},
-    {Command::Redo, "cmdRedo", "Redo", "redo"},
-    {Command::WebCam, "cmdWebCam", "Capture Image (F8)", "webcam"},
-    {Command::Original, "cmdOriginal", "Show Original Image", "original"},
-    {Command::ZoomIn, "cmdZoomin", "Zoom In", "zoom_in"},
-    {Command::ZoomOut, "cmdZoomOut", "Zoom Out", "zoom_out"},
-    {Command::ZoomReset, "cmdZoomReset", "Reset Zoom", "zoom_reset"},
-    {Command::Settings, "cmdSettings", "Settings", "settings"},
-    {Command::Help, "cmdHelp", "Help", "help"},
-    {Command::Minimise, "cmdMin", "Minimize", "min"},
-    {Command::Restore, "cmdRestore", "Maximize", "max"},
-    {Command::Close, "cmdX", "Close", "close"},
+    {Command::Open, "cmdOpen", "Open", "open", {Qt::Key_O, Qt::ControlModifier}, kNoCapture},
+    {Command::Save, "cmdSave", "Save", "save", {Qt::Key_S, Qt::ControlModifier}, kNoCapture | kChanges},
+    {Command::Email, "cmdEmail", "E-mail", "email", {}, kNoCapture | kPicture},
+    {Command::Print, "cmdPrint", "Print", "print", {Qt::Key_P, Qt::ControlModifier}, kNoCapture | kPicture},
+    {Command::Copy, "cmdCopy", "Copy", "copy", {Qt::Key_C, Qt::ControlModifier}, kPicture},
+    {Command::Undo, "cmdUndo", "Undo", "undo", {Qt::Key_Z, Qt::ControlModifier}, kNoCapture},
+    {Command::Redo, "cmdRedo", "Redo", "redo", {Qt::Key_Y, Qt::ControlModifier}, kNoCapture},
+    {Command::WebCam, "cmdWebCam", "Capture Image (F8)", "webcam", {Qt::Key_F8}, kNothing},
+    {Command::Original, "cmdOriginal", "Show Original Image", "original", {}, kNoCapture | kChanges},
+    {Command::ZoomIn, "cmdZoomin", "Zoom In", "zoom_in", {}, kPicture},
+    {Command::ZoomOut, "cmdZoomOut", "Zoom Out", "zoom_out", {}, kPicture},
+    {Command::ZoomReset, "cmdZoomReset", "Reset Zoom", "zoom_reset", {}, kPicture},
+    {Command::Settings, "cmdSettings", "Settings", "settings", {}, kNothing},
+    {Command::Help, "cmdHelp", "Help", "help", {Qt::Key_F1}, kNothing},
+    {Command::Minimise, "cmdMin", "Minimize", "min", {}, kNothing},
+    {Command::Restore, "cmdRestore", "Maximize", "max", {}, kNothing},
+    {Command::Close, "cmdX", "Close", "close", {Qt::Key_F4, Qt::AltModifier}, kNothing},
 };
 
-/// The command of a key that was released: with Ctrl only under exactly Ctrl, Alt+F4 only under exactly Alt, F1 and F8
-/// under any state.
+/// "Ctrl+S", as the desktop writes it; empty without a key.
+QString KeyText(const CommandKey& key);
+/// The command of a key that was released.
 std::optional<Command> CommandOfKey(int key, Qt::KeyboardModifiers modifiers);
+
+/// Why a command may not be used now.
+enum class Obstacle {
+    None,
+    Capture,    ///< the camera has the canvas
+    NoPicture,  ///< none was opened, or a render runs
+    Saved,      ///< the picture on the canvas was saved
+    NoChanges,
+    NoEffect,
+};
+Obstacle ObstacleTo(Command command, const SharedState& state);
+/// Whether the command may be used now. One that may not does nothing when called.
+inline bool Enabled(Command command, const SharedState& state) { return ObstacleTo(command, state) == Obstacle::None; }
+/// One line for the user that says what is in the way; empty for None.
+QString ObstacleText(Obstacle obstacle);
 
 }  // namespace kelu

@@ -12,11 +12,6 @@ constexpr int kLandscapeWidth = 800;
 constexpr int kPortraitLimit = 1536;
 constexpr int kPortraitWidth = 600;
 
-void ShowFitted(SurfaceView& view) {
-    view.SetViewAnchor(5);
-    view.SetViewMode(2);
-}
-
 }  // namespace
 
 void ShrinkLargePicture(Surface& surface) {
@@ -38,25 +33,29 @@ Document::Document(Surfaces& surfaces, SurfaceView& canvasView, SurfaceView& ori
     });
 }
 
-void Document::Open(const QString& path, Source source, bool wasDirty) {
+void Document::Open(const QString& path, Source source, bool wasDirty, Size size) {
     // Read and shrink beside the document, so that a failure at any step leaves it whole.
     Surface opened;
     opened.LoadFile(path);
-    const QSize whole = opened.Picture().size();
-    if (source != Source::Capture && state_.ResizeOnOpen == 1) ShrinkLargePicture(opened);
+    const QSize inFile = opened.Picture().size();
+    if (size == Size::AsSet && source != Source::Capture && state_.ResizeOnOpen == 1) ShrinkLargePicture(opened);
 
     const QScopedValueRollback<bool> opening(opening_, true);
     Canvas().SetPicture(opened.Picture());
-    ShowFitted(canvasView_);
+    canvasView_.ShowWhole();
     Pen().SetPicture(Canvas().Picture());
     Original().SetPicture(Canvas().Picture());
-    ShowFitted(originalView_);
+    originalView_.ShowWhole();
 
     log_.Opened(
-        {path, Original().Picture(), Canvas().Picture().size() != whole, source == Source::Capture, Canvas().Brush()});
+        {path, Original().Picture(), Canvas().Picture().size() != inFile, source == Source::Capture, Canvas().Brush()});
     state_.ImageActive = true;
     if (source == Source::Browse) state_.EffectReady = false;
     state_.CurrentFileName = FileNameOfPath(path);
+    openedPath_ = path;
+    openedBy_ = source;
+    sizeInFile_ = inFile;
+    openedSize_ = Canvas().Picture().size();
     ShowStatusText(/*longForm=*/source != Source::Drop || wasDirty);
     Q_EMIT Opened();
 }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QObject>
+#include <QSize>
 
 #include "canvas/surface.h"
 #include "canvas/surface_view.h"
@@ -32,6 +33,8 @@ class Document : public QObject {
  public:
     /// Who opens a file; the callers differ in shrinking, in the status text and in disarming the brush.
     enum class Source { Drop, Browse, Capture };
+    /// Large pictures are made smaller where the setting and the source say so, or come as they are.
+    enum class Size { AsSet, Full };
 
     Document(Surfaces& surfaces, SurfaceView& canvasView, SurfaceView& originalView, SharedState& state,
              SessionLog& log = SessionLog::None());
@@ -42,7 +45,15 @@ class Document : public QObject {
 
     /// Opens the file into all three surfaces. `wasDirty`: the canvas had unsaved changes when the file was dropped,
     /// which gives a drop the long status text. Throws Error when the file can't be read; then nothing has changed.
-    void Open(const QString& path, Source source, bool wasDirty = false);
+    void Open(const QString& path, Source source, bool wasDirty = false, Size size = Size::AsSet);
+
+    /// The file that is open, and how it was opened.
+    const QString& OpenedPath() const { return openedPath_; }
+    Source OpenedBy() const { return openedBy_; }
+    /// Image pixels of the picture in that file, and of what it was opened as.
+    QSize SizeInFile() const { return sizeInFile_; }
+    QSize OpenedSize() const { return openedSize_; }
+    bool MadeSmaller() const { return sizeInFile_ != openedSize_; }
 
     /// Shows what was made beside: all three surfaces of `made` with the canvas's undo levels and brush. It counts as
     /// changed. `path` is the file that was opened for it. Not told to the log.
@@ -74,6 +85,10 @@ class Document : public QObject {
     bool showsLongForm_ = false;
     SessionLog& log_;
     bool opening_ = false;
+    QString openedPath_;
+    Source openedBy_ = Source::Drop;
+    QSize sizeInFile_;
+    QSize openedSize_;
 };
 
 }  // namespace kelu

@@ -5,27 +5,32 @@
 
 namespace kelu {
 
-void History::Perform(void (Surface::*step)(), void (SessionLog::*done)()) {
-    if (state_.CaptureBusy) return;
+void History::Perform(Command command, void (Surface::*step)(), void (SessionLog::*done)()) {
+    if (!Enabled(command, state_)) return;
     Attempt([&] {
         (canvas_.*step)();
         (log_.*done)();
-        canvasView_.SetViewAnchor(5);
-        canvasView_.SetViewMode(2);
+        const ViewKind before = canvasView_.ViewMode();
+        canvasView_.HoldLayout(true);
+        canvasView_.ShowWhole();
+        if (before == ViewKind::Free) canvasView_.ShowPart();
+        canvasView_.HoldLayout(false);
         state_.ImageDirty = true;
     });
 }
 
 void History::ToggleOriginal() {
-    const bool wayBack = state_.ShowingOriginal && state_.ImageActive;  // another picture was opened meanwhile
-    if (state_.CaptureBusy || !(state_.ImageDirty || wayBack)) return;
-    SetOriginalShown(!state_.ShowingOriginal);
+    if (Enabled(Command::Original, state_)) SetOriginalShown(!state_.ShowingOriginal);
 }
 
 void History::SetOriginalShown(bool shown) {
     if (shown == state_.ShowingOriginal) return;
     state_.ShowingOriginal = shown;
     Q_EMIT OriginalShown(shown);
+    if (shown)
+        notes_.Show({tr("Showing the original"), {{tr("Back"), [this] { ShowCanvas(); }}}, true});
+    else
+        notes_.Clear();
 }
 
 }  // namespace kelu

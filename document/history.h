@@ -6,8 +6,10 @@
 
 #include "canvas/surface.h"
 #include "canvas/surface_view.h"
+#include "document/commands.h"
 #include "document/session_log.h"
 #include "document/shared_state.h"
+#include "platform/notes.h"
 
 namespace kelu {
 
@@ -15,16 +17,18 @@ class History : public QObject {
     Q_OBJECT
 
  public:
-    History(Surface& canvas, SurfaceView& canvasView, SharedState& state, SessionLog& log = SessionLog::None())
-        : canvas_(canvas), canvasView_(canvasView), state_(state), log_(log) {}
+    History(Surface& canvas, SurfaceView& canvasView, SharedState& state, Notes& notes,
+            SessionLog& log = SessionLog::None())
+        : canvas_(canvas), canvasView_(canvasView), state_(state), notes_(notes), log_(log) {}
 
-    /// One level back or forward, shown in the fitted view; the picture counts as changed. With no level left, or
-    /// while the camera is in use, nothing happens.
-    void PerformUndo() { Perform(&Surface::Undo, &SessionLog::Undone); }
-    void PerformRedo() { Perform(&Surface::Redo, &SessionLog::Redone); }
+    /// One level back or forward; the picture counts as changed. The fitted view shows the whole picture, a free one
+    /// stays where the user looks. With no level left, or while the camera is in use, nothing happens.
+    void PerformUndo() { Perform(Command::Undo, &Surface::Undo, &SessionLog::Undone); }
+    void PerformRedo() { Perform(Command::Redo, &Surface::Redo, &SessionLog::Redone); }
 
     /// Swaps canvas and original on the screen. Needs a changed picture, but for the way back from one that was
-    /// opened meanwhile.
+    /// opened meanwhile. A note
+    /// tells as long as the original shows.
     void ToggleOriginal();
     /// Back to the canvas, whatever the picture's state.
     void ShowCanvas() { SetOriginalShown(false); }
@@ -34,12 +38,13 @@ class History : public QObject {
     void OriginalShown(bool shown);
 
  private:
-    void Perform(void (Surface::*step)(), void (SessionLog::*done)());
+    void Perform(Command command, void (Surface::*step)(), void (SessionLog::*done)());
     void SetOriginalShown(bool shown);
 
     Surface& canvas_;
     SurfaceView& canvasView_;
     SharedState& state_;
+    Notes& notes_;
     SessionLog& log_;
 };
 

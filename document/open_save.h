@@ -3,12 +3,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 #include <functional>
 
 #include "document/document.h"
 #include "document/shared_state.h"
 #include "platform/msg_dialog.h"
+#include "platform/notes.h"
 
 namespace kelu {
 
@@ -25,22 +27,28 @@ class SaveDialog {
     virtual ~SaveDialog() = default;
 
     /// Asks for a name, with a prompt before a file is replaced; a name without extension gets the default one.
-    /// `filterIndex` counts from 1: the filter offered first, and then the one chosen. False when cancelled.
+    /// `fileName` proposes a name, with its folder unless the dialog is to choose one; it may be empty. `filterIndex`
+    /// counts from 1: the filter offered first, and then the one chosen. False when cancelled.
     virtual bool Show(QString& fileName, int& filterIndex) = 0;
 };
 
+/// What opening and saving need of others; those that may be empty are left out then.
+struct OpenSaveHelpers {
+    std::function<void()> showBrowse;  ///< the browse dialog, modally
+    /// Writes the canvas as a PDF file and reports its own failures; false then.
+    std::function<bool(const QString& path)> createPdf;
+    std::function<QString()> effectName = {};                    ///< of the last render, for the proposed name
+    std::function<void(const QString& folder)> showFolder = {};  ///< in the user's file manager
+};
+
 class OpenSave {
+    Q_DECLARE_TR_FUNCTIONS(OpenSave)
+
  public:
-    /// `showBrowse` shows the browse dialog modally; `createPdf` writes the canvas as a PDF file to the given path and
-    /// reports its own failures; false then.
-    OpenSave(Document& document, SharedState& state, MsgDialog& dialog, SaveDialog& saveDialog,
-             std::function<void()> showBrowse, std::function<bool(const QString&)> createPdf,
-             SessionLog& log = SessionLog::None());
+    OpenSave(Document& document, SharedState& state, MsgDialog& dialog, SaveDialog& saveDialog, Notes& notes,
+             OpenSaveHelpers helpers, SessionLog& log = SessionLog::None());
 
-    /// "Save changes to ...?", answered with MsgDialog::kYes, kNo or kCancel.
-    int AskToSave(bool beep = false);
-
-    /// Asks; false when the user cancelled, otherwise the changes are saved or given up.
+    /// "Save changes to ...?"; false when the user cancelled, otherwise the changes are saved or given up.
     bool SettleChanges();
 
     void OpenImageNow();
@@ -48,18 +56,30 @@ class OpenSave {
     void Drop(const QString& path);
     /// The Save command: nothing without changes; the dialog comes a second time after a first Cancel.
     void PerformSave();
-    /// One round of the save dialog and the write.
+    /// Asks, with a beep, when there are unsaved changes; a refused save stops nothing. False: the user stays.
+    bool SettleBeforeExit();
+    /// One round of the save dialog and the write. A note tells the name.
     void SaveImageNow();
+    /// A note, when the picture that was just opened came smaller than its file.
+    void TellMadeSmaller();
     /// The canvas's picture on the clipboard.
     void Copy();
 
  private:
+    /// The same before another picture takes the place of a changed one; then nothing counts as changed any more.
+    bool GiveWay();
+    void OpenAgain(const QString& path, Document::Source source);
+    QString ProposedName() const;
+    /// Asks before the file that is open is replaced by the smaller picture that was made of it.
+    bool MayReplace(const QString& path);
+    void TellSaved(const QString& path);
+
     Document& document_;
     SharedState& state_;
     MsgDialog& dialog_;
     SaveDialog& saveDialog_;
-    std::function<void()> showBrowse_;
-    std::function<bool(const QString&)> createPdf_;
+    Notes& notes_;
+    OpenSaveHelpers helpers_;
     SessionLog& log_;
 };
 

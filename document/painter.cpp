@@ -4,34 +4,33 @@
 #include <algorithm>
 #include <utility>
 
+#include "document/commands.h"
+
 namespace kelu {
 
 namespace {
-constexpr int kCustomCursor = 99;
 constexpr int kFullStrength = 255;
 }  // namespace
 
 Painter::Painter(Document& document, SurfaceView& canvasView, SharedState& state, const Settings& settings,
-                 BrushCursors cursors, std::function<int()> brushSize, SessionLog& log)
+                 Notes& notes, BrushCursors cursors, std::function<int()> brushSize, SessionLog& log)
     : document_(document),
       canvasView_(canvasView),
       state_(state),
       settings_(settings),
+      notes_(notes),
       cursors_(std::move(cursors)),
       brushSize_(std::move(brushSize)),
       log_(log) {}
 
 void Painter::SetUpBrush() {
-    const QString style = settings_.Read(settings::kCursorStyle);
-    const BrushCursor* cursor = style == u"1"   ? &cursors_.picBrush
-                                : style == u"2" ? &cursors_.picSmudge
-                                : style == u"3" ? &cursors_.picCross
-                                                : nullptr;
-    if (!cursor) return;
+    const std::optional<CursorStyle> style = settings_.Read(settings::kCursorStyle);
+    if (!style) return;
     render_ = document_.Pen().MakeBrush(brushSize_());
     TakeBrush(Paint::Render);
-    canvasView_.SetCursorPicture(cursor->picture, cursor->hotSpot);
-    canvasView_.SetCursorStyle(kCustomCursor);
+    const BrushCursor& cursor = cursors_.Of(*style);
+    canvasView_.SetCursorPicture(cursor.picture, cursor.hotSpot);
+    canvasView_.SetCursorStyle(SurfaceCursor::Custom);
     ShowBrushTip();
 }
 
@@ -79,7 +78,7 @@ void Painter::Segment(const QPoint& from, const QPoint& to) {
 
 void Painter::Press(Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers, const QPoint& imagePixel) {
     const Paint paint = modifiers & Qt::ControlModifier ? Paint::Original : Paint::Render;
-    if (!CanPaint(paint)) return;
+    if (!CanPaint(paint)) return TellWhatIsMissing(paint);
     // The original may be another one by now.
     if (paint != taken_ || paint == Paint::Original) TakeBrush(paint);
     document_.Canvas().PushUndo();
@@ -87,6 +86,16 @@ void Painter::Press(Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers, c
     lastBrush_ = imagePixel;
     log_.StrokeBegan(imagePixel);
     if (buttons == Qt::LeftButton && (modifiers & Qt::ShiftModifier) && strokeEnd_) Segment(*strokeEnd_, imagePixel);
+}
+
+void Painter::TellWhatIsMissing(Paint paint) {
+    if (state_.CaptureBusy) return;
+    if (!state_.ImageActive)
+        notes_.Show({ObstacleText(ObstacleTo(Command::Apply, state_))});
+    else if (paint == Paint::Original)
+        notes_.Show({ObstacleText(Obstacle::NoChanges)});
+    else
+        notes_.Show({tr("Nothing painted yet: choose an effect, Apply, then brush")});
 }
 
 void Painter::Move(Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers, const QPoint& imagePixel) {

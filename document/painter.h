@@ -3,6 +3,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QCoreApplication>
 #include <QPixmap>
 #include <QPoint>
 #include <functional>
@@ -12,6 +13,7 @@
 #include "document/document.h"
 #include "document/settings.h"
 #include "document/shared_state.h"
+#include "platform/notes.h"
 
 namespace kelu {
 
@@ -20,28 +22,33 @@ struct BrushCursor {
     QPoint hotSpot;
 };
 
-/// The cursors of the styles "1", "2" and "3".
 struct BrushCursors {
     BrushCursor picBrush;
     BrushCursor picSmudge;
     BrushCursor picCross;
+
+    const BrushCursor& Of(CursorStyle style) const {
+        return style == CursorStyle::Smudge ? picSmudge : style == CursorStyle::Cross ? picCross : picBrush;
+    }
 };
 
 class Painter {
+    Q_DECLARE_TR_FUNCTIONS(Painter)
+
  public:
     /// `brushSize` reads the diameter of the brush in image pixels, 1 to 100, at the moment of use.
-    Painter(Document& document, SurfaceView& canvasView, SharedState& state, const Settings& settings,
+    Painter(Document& document, SurfaceView& canvasView, SharedState& state, const Settings& settings, Notes& notes,
             BrushCursors cursors, std::function<int()> brushSize, SessionLog& log = SessionLog::None());
 
-    /// Makes the brush from the pen's picture at the present size and shows the cursor of the chosen style. A style
-    /// other than "1" to "3" leaves brush and cursor as they were. Called after each render and when the size changes.
+    /// Makes the brush from the pen's picture at the present size and shows the cursor of the chosen style. An
+    /// unknown style leaves brush and cursor as they were. Called after each render and when the size changes.
     void SetUpBrush();
     /// The brush shows round the pointer while painting is on, with the render under it.
     void ShowBrushTip();
 
     /// Any mouse button was pressed on the canvas: one undo level, nothing painted. With Ctrl the strokes that follow
     /// bring the original back, which needs no render; with Shift a straight line is drawn from the end of the last
-    /// stroke.
+    /// stroke. Without a render a note says what is missing.
     void Press(Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers, const QPoint& imagePixel);
     /// The pointer moved over the canvas; with the left button alone one segment is painted.
     void Move(Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers, const QPoint& imagePixel);
@@ -59,11 +66,13 @@ class Painter {
     void TakeBrush(Paint paint);
     void LogBrush();
     void Segment(const QPoint& from, const QPoint& to);
+    void TellWhatIsMissing(Paint paint);
 
     Document& document_;
     SurfaceView& canvasView_;
     SharedState& state_;
     const Settings& settings_;
+    Notes& notes_;
     BrushCursors cursors_;
     std::function<int()> brushSize_;
     SessionLog& log_;

@@ -52,17 +52,17 @@ void SessionReplay::Ask() {
         if (!surroundings_.mayAsk()) return patience_.start();
         const LeftJournal left = std::move(left_.front());
         left_.erase(left_.begin());
-        const int answer = ShowPlainMessage(
-            dialog_, tr("Bring back"),
-            Line(tr("Kelu ended while '%1' had unsaved strokes. Bring them back?").arg(left.PictureName())),
-            MsgDialog::kYesNoCancel, MsgIcon::Exclamation);
-        if (answer == MsgDialog::kNo) {
+        const MsgReply reply = dialog_.ShowMessage(
+            {tr("Bring back"),
+             Line(tr("Kelu ended while '%1' had unsaved strokes. Bring them back?").arg(left.PictureName())),
+             MsgIcon::Exclamation, MsgButtons::YesNoCancel});
+        if (reply.answer == MsgAnswer::No) {
             Attempt([&] { left.file->Remove(); });
             continue;
         }
         // There is room for one picture. The others, and one that is not decided on, are for the next start.
         left_.clear();
-        if (answer == MsgDialog::kYes) BringBack(left);
+        if (reply.answer == MsgAnswer::Yes) BringBack(left);
     }
 }
 
@@ -77,15 +77,15 @@ void SessionReplay::BringBack(const LeftJournal& left) {
         const auto readPicture = [&] { return ReadJournalPicture(left.recipe, QFileInfo(left.path).path()); };
         if (!Play({left.recipe, readPicture, false, !left.recipe.kept.name.isEmpty(), left.file}) || !left.damaged)
             return;
-        ShowPlainMessage(dialog_, tr("Bring back"),
-                         Line(tr("The record of '%1' was damaged at its end. What stood before that is back.")
-                                  .arg(left.PictureName())),
-                         MsgDialog::kOk, MsgIcon::Information);
+        dialog_.ShowMessage({tr("Bring back"),
+                             Line(tr("The record of '%1' was damaged at its end. What stood before that is back.")
+                                      .arg(left.PictureName())),
+                             MsgIcon::Information});
     } catch (const std::exception& error) {
-        ShowPlainMessage(dialog_, tr("Bring back"),
-                         Line(tr("The strokes on '%1' can't be brought back: %2.")
-                                  .arg(left.PictureName(), QString::fromUtf8(error.what()))),
-                         MsgDialog::kOk, MsgIcon::Error);
+        dialog_.ShowMessage({tr("Bring back"),
+                             Line(tr("The strokes on '%1' can't be brought back: %2.")
+                                      .arg(left.PictureName(), QString::fromUtf8(error.what()))),
+                             MsgIcon::Error});
     }
 }
 

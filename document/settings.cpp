@@ -1,9 +1,7 @@
-// The program's settings, by name.
 // SPDX-License-Identifier: MIT
 #include "document/settings.h"
 
 #include <algorithm>
-#include <limits>
 
 #include "platform/registry_access.h"
 
@@ -11,29 +9,33 @@ namespace kelu {
 
 namespace {
 
-QString KeyPath(const Setting& setting) {
-    return QLatin1String(Settings::kRoot) + u'\\' + QLatin1String(setting.section);
-}
+QString KeyPath(const SettingKey& key) { return QLatin1String(Settings::kRoot) + u'\\' + QLatin1String(key.section); }
 
 }  // namespace
 
-QString Settings::Read(const Setting& setting, const QString& defaultText) const {
-    return registry_.ReadString(KeyPath(setting), QLatin1String(setting.name), defaultText);
+std::optional<bool> FlagSetting::Parse(const QString& text) {
+    for (const bool on : {false, true})
+        if (text == Text(on)) return on;
+    return std::nullopt;
 }
 
-int Settings::ReadInteger(const Setting& setting) const {
-    const QString text = Read(setting).trimmed();
-    const bool isNegative = text.startsWith(u'-');
+int NumberSetting::Parse(const QString& text) const {
+    const QString trimmed = text.trimmed();
+    const bool isNegative = trimmed.startsWith(u'-');
     qint64 number = 0;
-    for (const QChar c : QStringView(text).mid(isNegative || text.startsWith(u'+') ? 1 : 0)) {
+    for (const QChar c : QStringView(trimmed).mid(isNegative || trimmed.startsWith(u'+') ? 1 : 0)) {
         if (c < u'0' || c > u'9') break;
-        number = std::min<qint64>(number * 10 + (c.unicode() - u'0'), std::numeric_limits<int>::max());
+        number = std::min<qint64>(number * 10 + (c.unicode() - u'0'), Q_INT64_C(1) << 32);  // beyond every bound
     }
-    return static_cast<int>(isNegative ? -number : number);
+    return static_cast<int>(std::clamp<qint64>(isNegative ? -number : number, least, most));
 }
 
-bool Settings::Write(const Setting& setting, const QString& text) {
-    return registry_.WriteString(KeyPath(setting), QLatin1String(setting.name), text) != 0;
+QString Settings::ReadText(const SettingKey& key, const QString& standard) const {
+    return registry_.ReadString(KeyPath(key), QLatin1String(key.name), standard);
+}
+
+bool Settings::WriteText(const SettingKey& key, const QString& text) {
+    return registry_.WriteString(KeyPath(key), QLatin1String(key.name), text) != 0;
 }
 
 }  // namespace kelu

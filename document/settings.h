@@ -1,39 +1,70 @@
-// Every setting of the program in one list: section, value name, default, meaning. Values are text, read with their
-// default at the moment of use and written only by the operations that change them.
+// Settings as typed items. An item says where its text is stored, what values the text stands for and which one stands
+// in for a missing text; it lies on the floor that uses it. Texts are read at the moment of use and written only by the
+// operations that change them.
 // SPDX-License-Identifier: MIT
 #pragma once
 
 #include <QString>
+#include <limits>
+#include <optional>
 
 namespace kelu {
 
 class clsRegistryAccess;
 
-struct Setting {
-    const char* section;      ///< key under the root
-    const char* name;         ///< value name
-    const char* defaultText;  ///< what a missing value reads as
+struct SettingKey {
+    const char* section;  ///< key under the root
+    const char* name;     ///< value name
 };
 
-namespace settings {
-inline constexpr Setting kCaptureSize{"Capture", "Size", "2"};       ///< 0: 160x120, 1: 320x240, 2: 640x480
-inline constexpr Setting kSelector{"SFX", "Selector", "1"};          ///< 0: effect list, 1: picture toolbar
-inline constexpr Setting kDevice{"Device", "Name", "0"};             ///< index of the camera, in spite of its name
-inline constexpr Setting kResize{"Image", "Resize", "1"};            ///< 1: large images are shrunk on open
-inline constexpr Setting kCursorStyle{"Cursor", "Style", "1"};       ///< 1 brush, 2 smudge, 3 cross
-inline constexpr Setting kSplashNumber{"Splash", "Number", "1"};     ///< next splash picture, 1 to 8
-inline constexpr Setting kReminder{"Paint", "Reminder", "1"};        ///< 1: remind to paint after Apply
-inline constexpr Setting kLanguage{"Language", "ID", "0"};           ///< 0 UK, 1 US English, 2 Spanish, 3 French
-inline constexpr Setting kPrinter{"Printer", "Device", "0"};         ///< row of the chosen printer in the list
-inline constexpr Setting kPrinterName{"Printer", "Name", ""};        ///< its device name, which rows can't shift
-inline constexpr Setting kMailMethod{"Email", "Method", "1"};        ///< 1 own delivery, 2 mail client, 3 mail account
-inline constexpr Setting kMailSender{"Email", "Sender", "Not Set"};  ///< last sender of the client way
-inline constexpr Setting kAccountUser{"Gmail", "User Name", "Not Set"};
-inline constexpr Setting kAccountPassword{"Gmail", "Password", "Not Set"};      ///< scrambled three times
-inline constexpr Setting kAccountPasswordPlace{"Gmail", "Password Place", ""};  ///< "Secret store" when it keeps it
-inline constexpr Setting kAccountRecipient{"Gmail", "Recipient", "Not Set"};    ///< last recipient of the account way
-inline constexpr Setting kLastFolder{"LastOpenedFolder", "Path", ""};  ///< read with the Gallery as the default
-}  // namespace settings
+/// "1" on, "0" off; any other text is neither.
+struct FlagSetting {
+    using Value = bool;
+    SettingKey key;
+    bool standard;
+
+    static QString Text(bool on) { return on ? QStringLiteral("1") : QStringLiteral("0"); }
+    static std::optional<bool> Parse(const QString& text);
+};
+
+/// One value of an enumeration, stored as its number; any other text is none of them.
+template <typename Enum>
+struct ChoiceSetting {
+    using Value = Enum;
+    SettingKey key;
+    Enum standard;
+    Enum first;
+    Enum last;
+
+    static QString Text(Enum value) { return QString::number(static_cast<int>(value)); }
+    std::optional<Enum> Parse(const QString& text) const {
+        for (int value = static_cast<int>(first); value <= static_cast<int>(last); ++value)
+            if (text == Text(static_cast<Enum>(value))) return static_cast<Enum>(value);
+        return std::nullopt;
+    }
+};
+
+/// A whole number, told by the leading digits of the text and 0 when it has none; `least` or `most` when it lies
+/// beyond.
+struct NumberSetting {
+    using Value = int;
+    SettingKey key;
+    int standard;
+    int least = std::numeric_limits<int>::min();
+    int most = std::numeric_limits<int>::max();
+
+    static QString Text(int number) { return QString::number(number); }
+    int Parse(const QString& text) const;
+};
+
+struct TextSetting {
+    using Value = QString;
+    SettingKey key;
+    const char* standard;
+
+    static QString Text(const QString& text) { return text; }
+    static QString Parse(const QString& text) { return text; }
+};
 
 class Settings {
  public:
@@ -41,15 +72,40 @@ class Settings {
 
     explicit Settings(clsRegistryAccess& registry) : registry_(registry) {}
 
-    QString Read(const Setting& setting) const { return Read(setting, QString::fromLatin1(setting.defaultText)); }
-    QString Read(const Setting& setting, const QString& defaultText) const;
-    /// The text as an integer, by its leading digits; 0 when it holds none.
-    int ReadInteger(const Setting& setting) const;
+    /// What the stored text means: an optional for flags and choices, empty for a text that means nothing to them.
+    template <typename Item>
+    auto Read(const Item& item) const {
+        return item.Parse(ReadText(item));
+    }
     /// False when the store refused it.
-    bool Write(const Setting& setting, const QString& text);
+    template <typename Item>
+    bool Write(const Item& item, const typename Item::Value& value) {
+        return WriteText(item.key, item.Text(value));
+    }
+
+    /// The text itself, for those who write an unknown one back as it was.
+    template <typename Item>
+    QString ReadText(const Item& item) const {
+        return ReadText(item.key, item.Text(item.standard));
+    }
+    QString ReadText(const SettingKey& key, const QString& standard) const;
+    bool WriteText(const SettingKey& key, const QString& text);
 
  private:
     clsRegistryAccess& registry_;
 };
+
+enum class CursorStyle { Brush = 1, Smudge, Cross };
+
+namespace settings {
+/// 1: large images are shrunk on open.
+inline constexpr NumberSetting kResize{{"Image", "Resize"}, 1, -0x8000, 0x7FFF};
+inline constexpr ChoiceSetting<CursorStyle> kCursorStyle{
+    {"Cursor", "Style"}, CursorStyle::Brush, CursorStyle::Brush, CursorStyle::Cross};
+/// Remind to paint after Apply.
+inline constexpr FlagSetting kReminder{{"Paint", "Reminder"}, true};
+/// ID of the dialogs' language; set from outside the program only.
+inline constexpr TextSetting kLanguage{{"Language", "ID"}, "0"};
+}  // namespace settings
 
 }  // namespace kelu

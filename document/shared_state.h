@@ -1,5 +1,4 @@
-// The process-wide flags and values. One instance is made in main and passed by reference; this is the one header
-// of app/ that every floor from document/ up may include.
+// The process-wide flags and values. One instance is made in main and passed by reference.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -7,6 +6,9 @@
 #include <cstdint>
 
 namespace kelu {
+
+/// Value of CurrentSFX that stands for the help page of the settings.
+inline constexpr std::int16_t kSettingsTopic = 99;
 
 struct SharedState {
     // Document
@@ -23,7 +25,7 @@ struct SharedState {
     bool InternetConnected = false;  ///< last answer of Check4InternetConnection
 
     // Effect chosen and the inputs that lists, options and the compass keep; all count from 1
-    std::int16_t CurrentSFX = 0;          ///< number of the effect, 0 none, 99 the help page of the options
+    std::int16_t CurrentSFX = 0;          ///< number of the effect, 0 none, or kSettingsTopic
     std::int16_t CompassDirection = 3;    ///< 1 to 8, by rows from north-west
     std::int16_t GraySelect = 0;          ///< 1, 2
     std::int16_t MaximumSelect = 0;       ///< 1, 2

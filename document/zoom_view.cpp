@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "document/commands.h"
+
 namespace kelu {
 
 namespace {
@@ -12,7 +14,7 @@ constexpr int kFreeViewFrom = 51;  // percent
 }  // namespace
 
 void ZoomView::ZoomIn() {
-    if (!state_.ImageActive) return;
+    if (!Enabled(Command::ZoomIn, state_)) return;
     canvasView_.SetZoomPercent(canvasView_.ZoomPercent() + kStep);
     if (canvasView_.ZoomPercent() >= kFreeViewFrom)
         canvasView_.SetFreeView();
@@ -22,13 +24,13 @@ void ZoomView::ZoomIn() {
 }
 
 void ZoomView::ZoomOut() {
-    if (!state_.ImageActive) return;
+    if (!Enabled(Command::ZoomOut, state_)) return;
     canvasView_.SetZoomPercent(std::max(canvasView_.ZoomPercent() - kStep, kSmallest));
     ShowChange();
 }
 
 void ZoomView::Reset() {
-    if (!state_.ImageActive) return;
+    if (!Enabled(Command::ZoomReset, state_)) return;
     canvasView_.SetFittedView();
     ShowChange();
 }

@@ -5,6 +5,7 @@
 #include <QScopedValueRollback>
 
 #include "canvas/surface.h"
+#include "document/commands.h"
 #include "effects/catalogue/catalogue.h"
 #include "effects/catalogue/pix_twix.h"
 #include "effects/catalogue/render_onto.h"
@@ -33,10 +34,12 @@ EffectApplication::EffectApplication(Surface& canvas, Surface& pen, PixTwix& eng
       log_(log) {
     connect(&engine_, &PixTwix::FxProgress, this, &EffectApplication::EngineProgress);
     connect(&pen_, &Surface::Progress, this, &EffectApplication::PenProgress);
+    connect(&canvas_, &Surface::PictureReplaced, this, [this] { canvasChanged_ = true; });
+    connect(&canvas_, &Surface::PictureChanged, this, [this] { canvasChanged_ = true; });
 }
 
 void EffectApplication::ApplyClick() {
-    if (!state_.ImageActive) return;
+    if (!Enabled(Command::Apply, state_)) return;
     if (const Effect* effect = FindEffect(state_.CurrentSFX)) ApplySFX(*effect);
 }
 
@@ -45,17 +48,12 @@ void EffectApplication::ApplySFX(const Effect& effect) {
     if (applying_) return;
     const QScopedValueRollback<bool> once(applying_, true);
     EffectInputs inputs;
-    if (effect.ShowsCoordinates()) {
-        Attempt([&] { inputs.x = controls_.XCoordinate(); });
-        Attempt([&] { inputs.y = controls_.YCoordinate(); });
-    }
+    ReadPoint(effect, inputs);
     // Sharing, not copying: a picture costs memory only once one of its holders is written.
     Attempt([&] { pen_.SetPicture(canvas_.Picture()); });
     const bool rendered = effect.fills == Fills::Pen ? RenderOnPen(effect, inputs) : RenderOnEngine(effect, inputs);
     log_.Applied(effect.number, inputs, rendered);
-    state_.EffectReady = true;
-    Attempt(lastSteps_.setUpBrush);
-    Attempt(lastSteps_.prepareReminder);
+    ArmBrush(effect, inputs);
 }
 
 bool EffectApplication::RenderOnEngine(const Effect& effect, EffectInputs& inputs) {
@@ -80,16 +78,48 @@ bool EffectApplication::RenderOnPen(const Effect& effect, EffectInputs& inputs) 
     return rendered;
 }
 
+void EffectApplication::ReadPoint(const Effect& effect, EffectInputs& inputs) const {
+    if (!effect.ShowsCoordinates()) return;
+    Attempt([&] { inputs.x = controls_.XCoordinate(); });
+    Attempt([&] { inputs.y = controls_.YCoordinate(); });
+}
+
 void EffectApplication::ReadColors(const Effect& effect, EffectInputs& inputs) const {
     if (effect.color1.label) Attempt([&] { inputs.color1 = SplitColor(controls_.PickerValue(1)); });
     if (effect.color2.label) Attempt([&] { inputs.color2 = SplitColor(controls_.PickerValue(2)); });
 }
 
 Renderer EffectApplication::RendererOf(const Effect& effect, EffectInputs& inputs) const {
+    ReadRest(effect, inputs);
+    return [&](const QImage& picture, const engine::Run& run) { return RenderOnto(effect, inputs, picture, run); };
+}
+
+void EffectApplication::ReadRest(const Effect& effect, EffectInputs& inputs) const {
     for (std::size_t i = 0; i < effect.sliders.size(); ++i)
         if (effect.sliders[i].label) inputs.slider[i] = controls_.SliderValue(static_cast<int>(i) + 1);
     if (effect.choice.variable) inputs.choice = state_.*effect.choice.variable;
-    return [&](const QImage& picture, const engine::Run& run) { return RenderOnto(effect, inputs, picture, run); };
+}
+
+EffectInputs EffectApplication::InputsNow(const Effect& effect) const {
+    EffectInputs inputs;
+    ReadPoint(effect, inputs);
+    ReadColors(effect, inputs);
+    Attempt([&] { ReadRest(effect, inputs); });
+    return inputs;
+}
+
+bool EffectApplication::InputsChanged() const {
+    const Effect* effect = FindEffect(state_.CurrentSFX);
+    return effect && (effect->number != renderedEffect_ || InputsNow(*effect) != renderedInputs_);
+}
+
+void EffectApplication::ArmBrush(const Effect& effect, const EffectInputs& inputs) {
+    renderedEffect_ = effect.number;
+    renderedInputs_ = inputs;
+    canvasChanged_ = false;
+    state_.EffectReady = true;
+    Attempt(lastSteps_.setUpBrush);
+    Attempt(lastSteps_.prepareReminder);
 }
 
 void EffectApplication::EngineProgress(int percent) {

@@ -6,6 +6,7 @@
 #include <functional>
 
 #include "canvas/render_picture.h"
+#include "document/effect_inputs.h"
 #include "document/session_log.h"
 #include "document/shared_state.h"
 
@@ -16,7 +17,6 @@ class PixTwix;
 class RenderWindow;
 class Surface;
 struct Effect;
-struct EffectInputs;
 
 /// The render starts from the canvas as painted so far and ends on the pen; the canvas is only read. A step that fails
 /// is passed over in silence: at worst the pen holds a copy of the canvas, and painting changes nothing visible.
@@ -42,13 +42,25 @@ class EffectApplication : public QObject {
     /// What the last render on the engine answered.
     bool EffectResult() const { return effectResult_; }
 
+    /// Number of the effect that was rendered last; 0: none.
+    int RenderedEffect() const { return renderedEffect_; }
+    /// Whether effect or inputs differ from those of the last render.
+    bool InputsChanged() const;
+    /// Whether Apply would give the pen another picture: effect, inputs or canvas differ from those of the last render,
+    /// or there was none.
+    bool Due() const { return canvasChanged_ || InputsChanged(); }
+
  private:
     /// True when the pen holds the render.
     bool RenderOnEngine(const Effect& effect, EffectInputs& inputs);
     bool RenderOnPen(const Effect& effect, EffectInputs& inputs);
+    void ReadPoint(const Effect& effect, EffectInputs& inputs) const;
     void ReadColors(const Effect& effect, EffectInputs& inputs) const;
+    void ReadRest(const Effect& effect, EffectInputs& inputs) const;
+    EffectInputs InputsNow(const Effect& effect) const;
     /// Reads what is left of the inputs; what it gives refers to the arguments.
     Renderer RendererOf(const Effect& effect, EffectInputs& inputs) const;
+    void ArmBrush(const Effect& effect, const EffectInputs& inputs);
 
     void EngineProgress(int percent);
     void PenProgress(int percent);
@@ -63,6 +75,9 @@ class EffectApplication : public QObject {
     RenderWindow& window_;
     LastSteps lastSteps_;
     SessionLog& log_;
+    int renderedEffect_ = 0;  // of the last render, as the next two
+    EffectInputs renderedInputs_;
+    bool canvasChanged_ = true;
     bool effectResult_ = false;
     bool applying_ = false;
     bool formShut_ = false;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "effects/effect_panel.h"
 
+#include <QKeyEvent>
 #include <QRadioButton>
 
 #include "controls/color_picker/color_picker.h"
@@ -165,6 +166,14 @@ void EffectPanel::Connect() {
         });
         connect(lblGS[i], &PanelLabel::Pressed, OptGS[i], &QRadioButton::click);
     }
+}
+
+void EffectPanel::keyPressEvent(QKeyEvent* event) {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (enter && !event->isAutoRepeat() && cmdApply->isVisible())
+        cmdApply->animateClick();
+    else
+        QWidget::keyPressEvent(event);
 }
 
 void EffectPanel::LoadTips() {

@@ -60,6 +60,10 @@ class EffectPanel : public QWidget, public EffectControls {
     const std::array<PanelLabel*, 2> lblGS;    ///< indices 0 and 1
     ToolButton* const cmdApply;
 
+ protected:
+    /// Enter, where no control of the panel has a use of its own for it, presses Apply.
+    void keyPressEvent(QKeyEvent* event) override;
+
  private:
     void Place();
     void Connect();

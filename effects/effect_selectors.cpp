@@ -54,6 +54,11 @@ void EffectSelectors::ShowPicture(int number, const QImage& picture) {
     TBSFX->SetPictures(number, QPixmap::fromImage(picture));
 }
 
+void EffectSelectors::SetObstacle(const QString& obstacle) {
+    lstSFX->SetObstacle(obstacle);
+    TBSFX->SetObstacle(obstacle);
+}
+
 void EffectSelectors::ListSelected() {
     if (Refused()) return;
     if (const Effect* effect = FindEffect(lstSFX->ListIndex() + 1)) Q_EMIT EffectChosen(effect->number);

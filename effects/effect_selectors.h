@@ -5,6 +5,7 @@
 #include <QImage>
 #include <QObject>
 
+#include "document/commands.h"
 #include "document/shared_state.h"
 
 class QWidget;
@@ -29,6 +30,8 @@ class EffectSelectors : public QObject {
     void LoadTips();
     /// The picture of one toolbar button; its looks under the pointer and pressed follow from it.
     void ShowPicture(int number, const QImage& picture);
+    /// Shows what is in the way of a choice; empty: nothing.
+    void SetObstacle(const QString& obstacle);
 
     ListEx* const lstSFX;
     Pager* const pagerTB1;
@@ -42,7 +45,7 @@ class EffectSelectors : public QObject {
  private:
     void ListSelected();
     void ToolbarClicked(const QString& key);
-    bool Refused() const { return !state_.ImageActive || state_.CaptureBusy; }
+    bool Refused() const { return !Enabled(Command::ChooseEffect, state_); }
 
     SharedState& state_;
     int marked_ = 0;  ///< button of the last click that was not refused; 0: none

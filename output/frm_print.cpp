@@ -13,6 +13,7 @@
 #include "controls/theme/theme.h"
 #include "controls/title_row/dialog_frame.h"
 #include "controls/tool_button/tool_button.h"
+#include "output/output_settings.h"
 #include "pictures/picture.h"
 #include "platform/error.h"
 #include "platform/language.h"
@@ -106,15 +107,9 @@ void frmPrint::LayOut() {
     middle->addLayout(choices);
     middle->addWidget(picPrint, 0, Qt::AlignTop);
 
-    auto* buttons = new QHBoxLayout;
-    buttons->setSpacing(theme::kSpacing);
-    buttons->addStretch();
-    buttons->addWidget(cmdOK);
-    buttons->addWidget(cmdCancel);
-
     QVBoxLayout* content = MakeDialogFrame(*this);
     content->addLayout(middle);
-    content->addLayout(buttons);
+    content->addLayout(ButtonRow({}, {cmdOK, cmdCancel}));
 }
 
 void frmPrint::GetPrinters() {
@@ -141,7 +136,7 @@ void frmPrint::LoadMySettings() {
 /// By its name where one is stored: a queue that came or went since has shifted the rows.
 void frmPrint::ChooseStoredPrinter() {
     const QString name = settings_.Read(settings::kPrinterName);
-    int row = settings_.ReadInteger(settings::kPrinter);
+    int row = settings_.Read(settings::kPrinter);
     if (!name.isEmpty())
         for (row = 0; row < lstPrinters->Count() && lstPrinters->Text(row) != name;) ++row;
     if (row >= 0 && row < lstPrinters->Count()) return lstPrinters->SetListIndex(row);
@@ -152,7 +147,7 @@ void frmPrint::ChooseStoredPrinter() {
 void frmPrint::SaveMySettings() {
     RunShowingErrors(dialog_, [this] {
         const int row = lstPrinters->ListIndex();
-        settings_.Write(settings::kPrinter, QString::number(row));
+        settings_.Write(settings::kPrinter, row);
         settings_.Write(settings::kPrinterName, lstPrinters->Text(row));
     });
 }

@@ -107,7 +107,22 @@ HWY_EXPORT(SumColumns);
 
 namespace {
 
+/// A side that keeps its length or at least doubles it: each pixel is the copy of one.
+bool IsCopied(int length, int scaled) { return scaled == length || scaled >= 2 * std::int64_t{length}; }
+
+/// Between the middles of two pixels, in proportion: copies would stand twice here and once there.
+Taps MixedTaps(int position, int length, int scaled) {
+    const std::int64_t unit = 2 * std::int64_t{scaled};  // of a source pixel
+    const std::int64_t place = (2 * std::int64_t{position} + 1) * length - scaled;
+    if (place <= 0) return {0, 0, 1.0f, 0.0f, 0.0f};
+    const auto first = static_cast<int>(place / unit);
+    if (first >= length - 1) return {length - 1, length - 1, 1.0f, 0.0f, 0.0f};
+    const float part = static_cast<float>(place % unit) / static_cast<float>(unit);
+    return {first, first + 1, 1.0f - part, 0.0f, part};
+}
+
 Taps TapsOf(int position, int length, int scaled) {
+    if (scaled > length && !IsCopied(length, scaled)) return MixedTaps(position, length, scaled);
     if (scaled >= length) {
         const int nearest = static_cast<int>((2 * std::int64_t{position} + 1) * length / (2 * std::int64_t{scaled}));
         return {nearest, nearest, 1.0f, 0.0f, 0.0f};
@@ -203,7 +218,7 @@ void ScaleArea(const QImage& picture, const QSize& scaled, const QRect& part, QI
     uchar* const bits = target.bits();
     const qsizetype stride = target.bytesPerLine();
     const auto renderRows = [&](int begin, int end) {
-        const bool nearest = scaled.width() >= picture.width() && scaled.height() >= picture.height();
+        const bool nearest = IsCopied(picture.width(), scaled.width()) && IsCopied(picture.height(), scaled.height());
         if (nearest) {
             for (int y = begin; y < end; ++y) {
                 const auto i = static_cast<std::size_t>(y);
@@ -232,10 +247,11 @@ void ScaleArea(const QImage& picture, const QSize& scaled, const QRect& part, QI
 }
 
 PixelRange DependentPixels(int begin, int end, int length, int scaled) {
-    // A pixel to either side is a cheap answer to all rounding.
+    // A pixel to either side is a cheap answer to all rounding, a second one to mixing.
+    const int around = scaled > length ? 2 : 1;
     const auto first = static_cast<int>(std::int64_t{begin} * scaled / length);
     const auto last = static_cast<int>((std::int64_t{end} * scaled + length - 1) / length);
-    return {std::max(0, first - 1), std::min(scaled, last + 1)};
+    return {std::max(0, first - around), std::min(scaled, last + around)};
 }
 
 }  // namespace kelu

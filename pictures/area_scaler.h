@@ -10,7 +10,8 @@
 namespace kelu {
 
 /// Renders `part` of the picture scaled to `scaled` into `target`, its upper left pixel at `at`. Along a side that
-/// shrinks a pixel is the average of the area it stands for; along one that grows it is the nearest pixel.
+/// shrinks a pixel is the average of the area it stands for; along one that grows it is mixed of
+/// the two nearest pixels below twice the length, and the nearest one from there on.
 /// `picture` is RGB32 or ARGB32; `target` is RGB32, or ARGB32_Premultiplied when the picture is ARGB32, and must not
 /// share its pixels. `part` lies inside `scaled`.
 void ScaleArea(const QImage& picture, const QSize& scaled, const QRect& part, QImage& target, const QPoint& at);

@@ -1,16 +1,10 @@
-// The two messages that every form shows in one form; see msg_dialog.h.
+// The standard error message; see msg_dialog.h.
 // SPDX-License-Identifier: MIT
 #include "platform/msg_dialog.h"
 
 #include "platform/error.h"
 
 namespace kelu {
-
-int ShowPlainMessage(MsgDialog& dialog, const QString& heading, const QString& text, int style, MsgIcon icon) {
-    dialog.SetShowCheckbox(false);
-    dialog.SetAboutStyle(false);
-    return dialog.ShowMessage(heading, text, style, QStringLiteral("Kelu"), icon);
-}
 
 void ShowStandardError(MsgDialog& dialog, const std::exception& error) {
     const auto* own = dynamic_cast<const Error*>(&error);
@@ -19,10 +13,10 @@ void ShowStandardError(MsgDialog& dialog, const std::exception& error) {
     const QString description = own      ? own->Description()
                                 : memory ? QStringLiteral("Out of memory")
                                          : QString::fromUtf8(error.what());
-    ShowPlainMessage(
-        dialog, QStringLiteral("Error"),
-        QStringLiteral("The following error has occured:\r\n%1 (%2)\r\n").arg(description, QString::number(number)),
-        MsgDialog::kOk, MsgIcon::Error);
+    dialog.ShowMessage(
+        {QStringLiteral("Error"),
+         QStringLiteral("The following error has occured:\r\n%1 (%2)\r\n").arg(description, QString::number(number)),
+         MsgIcon::Error});
 }
 
 }  // namespace kelu

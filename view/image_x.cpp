@@ -19,8 +19,6 @@
 namespace kelu {
 namespace {
 
-constexpr int kCustomCursor = 99;
-constexpr int kFittedMode = 2;
 constexpr int kSmallestZoom = 1;
 constexpr int kLargestZoom = 6400;
 constexpr int kArrowStep = 40;  // widget pixels
@@ -119,12 +117,10 @@ void ImageX::SetZoomPercent(int percent) {
     LayOut(Focus());
 }
 
-void ImageX::SetViewAnchor(int anchor) { viewAnchor_ = anchor; }
-
-void ImageX::SetViewMode(int mode) {
+void ImageX::SetViewMode(ViewKind mode) {
     // A zoom step sets a percent and then the view; any other command for the fitted view is one to see the whole
     // picture as large as it can be, and the fitted scale counts again.
-    const bool kept = mode == kFittedMode && zoomAssigned_;
+    const bool kept = mode == ViewKind::Fitted && zoomAssigned_;
     zoomAssigned_ = false;
     if (mode == viewMode_ && kept == zoomKept_) return;
     const QPointF focus = Focus();
@@ -142,6 +138,11 @@ void ImageX::SetViewScrollable(bool scrollable) {
 void ImageX::Redraw() {
     zoomAssigned_ = false;  // the end of a zoom step
     update();
+}
+
+void ImageX::HoldLayout(bool hold) {
+    held_ = hold;
+    if (!held_) LayOut(Focus());
 }
 
 // ---- geometry: device pixels of the scaled picture, device-independent pixels of the widget
@@ -175,6 +176,7 @@ QPointF ImageX::Focus() const { return zoomFocus_ ? *zoomFocus_ : QPointF(width(
 bool ImageX::CanScroll() const { return !horizontal_->isHidden() || !vertical_->isHidden(); }
 
 void ImageX::LayOut(const QPointF& focus) {
+    if (held_) return;
     const QRectF before = ImageRect();
     const double ratio = devicePixelRatioF();
     const QSize picture(surface_.ImageWidth(), surface_.ImageHeight());
@@ -415,7 +417,7 @@ void ImageX::SetCursorPicture(const QPixmap& picture, const QPoint& hotSpot) {
     ApplyCursor();
 }
 
-void ImageX::SetCursorStyle(int style) {
+void ImageX::SetCursorStyle(SurfaceCursor style) {
     cursorStyle_ = style;
     ApplyCursor();
 }
@@ -425,7 +427,7 @@ void ImageX::ApplyCursor() {
         setCursor(Qt::ClosedHandCursor);
     else if (spaceHeld_ && CanScroll())
         setCursor(Qt::OpenHandCursor);
-    else if (cursorStyle_ == kCustomCursor && !cursorPicture_.isNull())
+    else if (cursorStyle_ == SurfaceCursor::Custom && !cursorPicture_.isNull())
         setCursor(QCursor(cursorPicture_, cursorHotSpot_.x(), cursorHotSpot_.y()));
     else
         unsetCursor();

@@ -26,20 +26,20 @@ class ImageX : public QWidget, public SurfaceView {
     ~ImageX() override;
 
     /// The fitted scale in the fitted view (never above 100, rounded, at least 1), until another percent is asked for:
-    /// a percent set in the fitted view, or followed by SetViewMode(2), is kept and read back, so that zoom steps add
-    /// up; the picture is then shown at that percent, but never larger than it fits. A new picture and any other
-    /// SetViewMode(2) end that.
+    /// a percent set in the fitted view, or followed by SetViewMode(Fitted), is kept and read back, so that zoom steps
+    /// add up; the picture is then shown at that percent, but never larger than it fits. A new picture and any other
+    /// SetViewMode(Fitted) end that.
     int ZoomPercent() const override;
     /// 1 to 6400; other values are brought into this range.
     void SetZoomPercent(int percent) override;
-    int ViewAnchor() const override { return viewAnchor_; }
-    void SetViewAnchor(int anchor) override;
-    int ViewMode() const override { return viewMode_; }
-    /// 2 is the fitted view, all else the free view at ZoomPercent.
-    void SetViewMode(int mode) override;
+    Anchor ViewAnchor() const override { return viewAnchor_; }
+    void SetViewAnchor(Anchor anchor) override { viewAnchor_ = anchor; }
+    ViewKind ViewMode() const override { return viewMode_; }
+    void SetViewMode(ViewKind mode) override;
     bool ViewScrollable() const override { return viewScrollable_; }
     void SetViewScrollable(bool scrollable) override;
     void Redraw() override;
+    void HoldLayout(bool hold) override;
 
     /// Image pixel under a pixel of the widget (device-independent); also outside the picture.
     int ScreenToImageX(int x) const;
@@ -48,7 +48,7 @@ class ImageX : public QWidget, public SurfaceView {
     QRectF ImageRect() const;
 
     void SetCursorPicture(const QPixmap& picture, const QPoint& hotSpot = QPoint(-1, -1)) override;
-    void SetCursorStyle(int style) override;
+    void SetCursorStyle(SurfaceCursor style) override;
     void SetBrushTip(const BrushTip& tip) override;
     /// Shown where the picture does not cover the widget, and through its transparency. A diagonal cross has the same
     /// density at every device pixel ratio.
@@ -88,7 +88,7 @@ class ImageX : public QWidget, public SurfaceView {
 
  private:
     QPoint ImagePixel(const QPointF& widgetPixels) const;
-    bool Fitted() const { return viewMode_ == 2; }
+    bool Fitted() const { return viewMode_ == ViewKind::Fitted; }
     bool CanScroll() const;
     void OnPictureReplaced();
     void OnPictureChanged(const QRect& imagePixels);
@@ -120,10 +120,11 @@ class ImageX : public QWidget, public SurfaceView {
     QSize scaled_;    ///< the whole picture at the view's scale, device pixels
     QPoint origin_;   ///< its upper left corner in the widget, device pixels
     bool laysOut_ = false;
+    bool held_ = false;
 
     int zoomPercent_ = 100;
-    int viewAnchor_ = 5;
-    int viewMode_ = 2;
+    Anchor viewAnchor_ = Anchor::Fitted;
+    ViewKind viewMode_ = ViewKind::Fitted;
     bool viewScrollable_ = false;
     bool zoomKept_ = false;      ///< fitted view: ZoomPercent reads what was set
     bool zoomAssigned_ = false;  ///< set since the last SetViewMode or Redraw
@@ -135,7 +136,7 @@ class ImageX : public QWidget, public SurfaceView {
     qreal screenHatchRatio_ = 0;  ///< 0: screenHatch_ is out of date
     QPixmap cursorPicture_;
     QPoint cursorHotSpot_{-1, -1};
-    int cursorStyle_ = 0;
+    SurfaceCursor cursorStyle_ = SurfaceCursor::Arrow;
     BrushTip tip_;
     ScaledView lens_;  ///< the tip's paint under the ring
     QTimer tipTold_;   ///< runs while size and softness stand beside the ring

@@ -73,6 +73,16 @@ int ListEx::Count() const { return texts_->rowCount(); }
 
 QString ListEx::Text(int row) const { return texts_->data(texts_->index(row), Qt::DisplayRole).toString(); }
 
+void ListEx::SetObstacle(const QString& obstacle) {
+    QPalette colors = QPalette();
+    if (!obstacle.isEmpty())
+        for (const QPalette::ColorRole role : {QPalette::Text, QPalette::HighlightedText})
+            colors.setColor(role, theme::kDisabledText);
+    setPalette(colors);
+    setToolTip(obstacle);
+    setAccessibleDescription(obstacle);
+}
+
 void ListEx::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     QListView::currentChanged(current, previous);
     if (silent_ || !current.isValid()) return;

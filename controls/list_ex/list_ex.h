@@ -33,6 +33,8 @@ class ListEx : public QListView {
     void SetRowPicture(const QIcon& picture);
     /// Stands in the middle of the list while it has no rows.
     void SetEmptyText(const QString& text);
+    /// What the choice waits for: the rows look disabled and the tool tip says why, but can be chosen all the same.
+    void SetObstacle(const QString& obstacle);
 
  Q_SIGNALS:
     /// A row was chosen, by the user or by SetListIndex. A click on the row already chosen raises it again.

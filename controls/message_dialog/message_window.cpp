@@ -30,6 +30,28 @@ constexpr int kTextWidth = 340;
 constexpr int kAboutTextWidth = 420;
 constexpr int kAboutTextHeight = 190;
 
+struct Choice {
+    const char* caption;
+    MsgAnswer answer;
+};
+constexpr Choice kYes{QT_TRANSLATE_NOOP("kelu::MessageWindow", "&Yes"), MsgAnswer::Yes};
+constexpr Choice kNo{QT_TRANSLATE_NOOP("kelu::MessageWindow", "&No"), MsgAnswer::No};
+constexpr Choice kCancel{QT_TRANSLATE_NOOP("kelu::MessageWindow", "Cancel"), MsgAnswer::Cancel};
+constexpr Choice kOk{QT_TRANSLATE_NOOP("kelu::MessageWindow", "OK"), MsgAnswer::Ok};
+
+/// From left to right; the first is the default, the last is what closing the window means.
+std::vector<Choice> Choices(MsgButtons buttons) {
+    switch (buttons) {
+        case MsgButtons::Ok:
+            return {kOk};
+        case MsgButtons::YesNo:
+            return {kYes, kNo};
+        case MsgButtons::YesNoCancel:
+            return {kYes, kNo, kCancel};
+    }
+    return {};
+}
+
 QString PictureName(MsgIcon icon) {
     switch (icon) {
         case MsgIcon::Kelu:
@@ -64,96 +86,93 @@ QLabel* TextLabel(const QString& richText, int width) {
     return label;
 }
 
+QLabel* HeadingLabel(const QString& heading) {
+    QLabel* label = TextLabel(PlainToRich(heading), kTextWidth);
+    label->setFont(theme::HeadingFont());
+    QPalette bright = label->palette();
+    bright.setColor(QPalette::WindowText, theme::kBrightText);
+    label->setPalette(bright);
+    return label;
+}
+
+/// A long text in a field of fixed size.
+QScrollArea* ScrolledText(const QString& text, const QString& accessibleName) {
+    auto* scroll = new QScrollArea;
+    QLabel* label = TextLabel(PlainToRich(text), kAboutTextWidth - theme::kScrollBarWidth - 2);
+    label->setContentsMargins(12, 10, 12, 10);
+    scroll->setWidget(label);
+    // The ground of a field: here is something to scroll.
+    scroll->setBackgroundRole(QPalette::Base);
+    label->setAutoFillBackground(false);
+    scroll->viewport()->setAutoFillBackground(true);
+    scroll->setFixedSize(kAboutTextWidth, kAboutTextHeight);
+    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    scroll->setAccessibleName(accessibleName);
+    return scroll;
+}
+
 }  // namespace
 
 MessageWindow::MessageWindow(const Message& message, QWidget* parent)
-    : QDialog(parent), threeWay_(message.style == MsgDialog::kYesNoCancel) {
-    answer_ = threeWay_ ? MsgDialog::kCancel : MsgDialog::kOkAnswer;
-    const QString heading = CleanLines(message.heading);
-    const QString text = CleanLines(message.text);
-    plainText_ = heading.isEmpty() ? text : heading + QStringLiteral("\n\n") + text;
+    : QDialog(parent), buttons_(message.buttons), answer_(Choices(message.buttons).back().answer) {
     setWindowTitle(message.title);
-    setAccessibleDescription(plainText_);
     // A message must answer even while the window it blocks is disabled by a render.
     setEnabled(true);
-
-    QVBoxLayout* column = MakeWindowFrame(*this);
-    column->setSizeConstraint(QLayout::SetFixedSize);
 
     auto* body = new QHBoxLayout;
     body->setContentsMargins(theme::kMargin + 4, theme::kMargin + 2, theme::kMargin + 8, theme::kMargin);
     body->setSpacing(theme::kMargin + 2);
-    column->addLayout(body);
-    if (message.icon != MsgIcon::None || message.about) {
-        const QString name = message.about ? QStringLiteral("kelu") : PictureName(message.icon);
-        body->addWidget(Picture(name, message.about ? kAboutPicture : kPicture, devicePixelRatioF()), 0, Qt::AlignTop);
-    }
-
-    const int width = message.about ? kAboutTextWidth : kTextWidth;
+    const bool about = message.look == MsgLook::About;
+    if (message.icon != MsgIcon::None || about)
+        body->addWidget(Picture(about ? QStringLiteral("kelu") : PictureName(message.icon),
+                                about ? kAboutPicture : kPicture, devicePixelRatioF()),
+                        0, Qt::AlignTop);
     auto* words = new QVBoxLayout;
     words->setSpacing(theme::kSpacing);
     body->addLayout(words, 1);
-    if (!heading.isEmpty()) {
-        auto* label = TextLabel(message.about ? AboutHeading(heading) : PlainToRich(heading), width);
-        if (!message.about) {
-            label->setFont(theme::HeadingFont());
-            QPalette bright = label->palette();
-            bright.setColor(QPalette::WindowText, theme::kBrightText);
-            label->setPalette(bright);
-        }
-        words->addWidget(label);
-    }
-    if (!text.isEmpty()) {
-        if (message.about) {
-            auto* scroll = new QScrollArea;
-            auto* label = TextLabel(PlainToRich(text), width - theme::kScrollBarWidth - 2);
-            label->setContentsMargins(12, 10, 12, 10);
-            scroll->setWidget(label);
-            // The ground of a field: here is something to scroll.
-            scroll->setBackgroundRole(QPalette::Base);
-            label->setAutoFillBackground(false);
-            scroll->viewport()->setAutoFillBackground(true);
-            scroll->setFixedSize(width, kAboutTextHeight);
-            scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-            scroll->setAccessibleName(message.title);
-            words->addSpacing(theme::kSpacing);
-            words->addWidget(scroll);
-        } else {
-            words->addWidget(TextLabel(PlainToRich(text), width));
-        }
-    }
-    if (message.hasCheckbox) {
-        checkbox_ = new QCheckBox(message.checkboxCaption);
-        checkbox_->setChecked(message.ticked);
-        words->addSpacing(4);
-        words->addWidget(checkbox_, 0, Qt::AlignLeft);
-    }
-    words->addStretch(1);
+    AddWords(*words, message);
 
     auto* buttons = new QHBoxLayout;
     buttons->setContentsMargins(theme::kMargin, 4, theme::kMargin, theme::kMargin);
     buttons->setSpacing(theme::kSpacing);
     buttons->addStretch(1);
     QPushButton* first = AddButtons(*buttons);
+
+    QVBoxLayout* column = MakeWindowFrame(*this);
+    column->setSizeConstraint(QLayout::SetFixedSize);
+    column->addLayout(body);
     column->addLayout(buttons);
     first->setFocus();  // only now it is a child of this window, and a space is not the check box's
 }
 
+void MessageWindow::AddWords(QBoxLayout& column, const Message& message) {
+    const QString heading = CleanLines(message.heading);
+    const QString text = CleanLines(message.text);
+    plainText_ = heading.isEmpty() ? text : heading + QStringLiteral("\n\n") + text;
+    setAccessibleDescription(plainText_);
+    if (message.look == MsgLook::About) {
+        column.addWidget(TextLabel(AboutHeading(heading), kAboutTextWidth));
+        column.addSpacing(theme::kSpacing);
+        column.addWidget(ScrolledText(text, message.title));
+    } else {
+        if (!heading.isEmpty()) column.addWidget(HeadingLabel(heading));
+        if (!text.isEmpty()) column.addWidget(TextLabel(PlainToRich(text), kTextWidth));
+    }
+    if (!message.checkbox.isEmpty()) {
+        checkbox_ = new QCheckBox(message.checkbox);
+        column.addSpacing(4);
+        column.addWidget(checkbox_, 0, Qt::AlignLeft);
+    }
+    column.addStretch(1);
+}
+
 QPushButton* MessageWindow::AddButtons(QBoxLayout& row) {
-    struct Choice {
-        QString caption;
-        int answer;
-    };
-    const std::vector<Choice> choices = threeWay_ ? std::vector<Choice>{{tr("&Yes"), MsgDialog::kYes},
-                                                                        {tr("&No"), MsgDialog::kNo},
-                                                                        {tr("Cancel"), MsgDialog::kCancel}}
-                                                  : std::vector<Choice>{{tr("OK"), MsgDialog::kOkAnswer}};
     QPushButton* first = nullptr;
-    for (const Choice& choice : choices) {
-        auto* button = new QPushButton(choice.caption);
+    for (const Choice& choice : Choices(buttons_)) {
+        auto* button = new QPushButton(tr(choice.caption));
         button->setMinimumWidth(theme::kButtonMinWidth);
         button->setAutoDefault(true);
-        button->setDefault(&choice == &choices.front());
+        button->setDefault(!first);
         connect(button, &QPushButton::clicked, this, [this, answer = choice.answer] { Finish(answer); });
         row.addWidget(button);
         if (!first) first = button;
@@ -161,14 +180,14 @@ QPushButton* MessageWindow::AddButtons(QBoxLayout& row) {
     return first;
 }
 
-bool MessageWindow::Ticked() const { return checkbox_ && checkbox_->isChecked(); }
+MsgReply MessageWindow::Reply() const { return {answer_, checkbox_ && checkbox_->isChecked()}; }
 
-void MessageWindow::Finish(int answer) {
+void MessageWindow::Finish(MsgAnswer answer) {
     answer_ = answer;
     done(QDialog::Accepted);
 }
 
-void MessageWindow::reject() { Finish(threeWay_ ? MsgDialog::kCancel : MsgDialog::kOkAnswer); }
+void MessageWindow::reject() { Finish(Choices(buttons_).back().answer); }
 
 void MessageWindow::keyPressEvent(QKeyEvent* event) {
     if (event->matches(QKeySequence::Copy)) {
@@ -176,9 +195,9 @@ void MessageWindow::keyPressEvent(QKeyEvent* event) {
         return;
     }
     // The answers' letters work without Alt as well: nothing in a message takes text.
-    if (threeWay_ && event->modifiers() == Qt::NoModifier) {
-        if (event->key() == Qt::Key_Y) return Finish(MsgDialog::kYes);
-        if (event->key() == Qt::Key_N) return Finish(MsgDialog::kNo);
+    if (buttons_ != MsgButtons::Ok && event->modifiers() == Qt::NoModifier) {
+        if (event->key() == Qt::Key_Y) return Finish(MsgAnswer::Yes);
+        if (event->key() == Qt::Key_N) return Finish(MsgAnswer::No);
     }
     QDialog::keyPressEvent(event);
 }

@@ -13,19 +13,6 @@ class QPushButton;
 
 namespace kelu {
 
-/// What a message shows.
-struct Message {
-    QString heading;
-    QString text;
-    QString title;
-    int style = MsgDialog::kOk;
-    MsgIcon icon = MsgIcon::None;
-    bool about = false;
-    bool hasCheckbox = false;
-    QString checkboxCaption;
-    bool ticked = false;
-};
-
 class MessageWindow : public QDialog {
     Q_OBJECT
 
@@ -33,8 +20,7 @@ class MessageWindow : public QDialog {
     MessageWindow(const Message& message, QWidget* parent);
 
     /// The answer, once exec() has returned.
-    int Answer() const { return answer_; }
-    bool Ticked() const;
+    MsgReply Reply() const;
 
     void reject() override;
 
@@ -43,14 +29,15 @@ class MessageWindow : public QDialog {
     void showEvent(QShowEvent* event) override;
 
  private:
-    QCheckBox* checkbox_ = nullptr;
-    QString plainText_;  ///< for the clipboard
-    int answer_;
-    bool threeWay_;
-
+    void AddWords(QBoxLayout& column, const Message& message);
     /// The first of them.
     QPushButton* AddButtons(QBoxLayout& row);
-    void Finish(int answer);
+    void Finish(MsgAnswer answer);
+
+    MsgButtons buttons_;
+    MsgAnswer answer_;
+    QCheckBox* checkbox_ = nullptr;
+    QString plainText_;  ///< for the clipboard
 };
 
 }  // namespace kelu

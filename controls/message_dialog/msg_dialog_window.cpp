@@ -1,4 +1,4 @@
-// Options to window and answer back; see msg_dialog_window.h.
+// Shows each message above the window it belongs to.
 // SPDX-License-Identifier: MIT
 #include "controls/message_dialog/msg_dialog_window.h"
 
@@ -10,17 +10,13 @@ namespace kelu {
 
 MsgDialogWindow::MsgDialogWindow(QWidget* parent) : parent_(parent) {}
 
-int MsgDialogWindow::ShowMessage(const QString& heading, const QString& text, int style, const QString& title,
-                                 MsgIcon icon) {
+MsgReply MsgDialogWindow::ShowMessage(const Message& message) {
     // A message raised out of another dialog belongs above that one.
     QWidget* owner = QApplication::activeModalWidget();
     if (!owner && parent_) owner = parent_->window();
-    MessageWindow window(
-        {heading, text, title, style, icon, aboutStyle_, showCheckbox_, checkboxCaption_, startTicked_}, owner);
-    startTicked_ = false;
+    MessageWindow window(message, owner);
     window.exec();
-    checkboxValue_ = window.Ticked();
-    return window.Answer();
+    return window.Reply();
 }
 
 void MsgDialogWindow::Beep() { QApplication::beep(); }

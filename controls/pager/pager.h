@@ -1,4 +1,4 @@
-// Shows a child that is longer than the space for it (asxPager): an arrow button at each end, wheel, drag and keys
+// Shows a child that is longer than the space for it: an arrow button at each end, wheel, drag and keys
 // scroll it.
 // SPDX-License-Identifier: MIT
 #pragma once

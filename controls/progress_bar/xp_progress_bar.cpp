@@ -5,7 +5,6 @@
 #include <QPainter>
 #include <algorithm>
 
-#include "controls/progress_bar/bar_accessible.h"
 #include "controls/progress_bar/bar_geometry.h"
 #include "controls/progress_bar/bar_looks.h"
 #include "controls/property_bag/property_bag.h"
@@ -13,7 +12,7 @@
 namespace kelu {
 
 XP_ProgressBar::XP_ProgressBar(QWidget* parent) : QWidget(parent), color_(ToColorRef(TranslateColor(kHighlightColor))) {
-    InstallBarAccessibility();
+    UseAccessibleValue<XP_ProgressBar, QAccessible::ProgressBar>();
     setFocusPolicy(Qt::NoFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
 }
@@ -23,7 +22,7 @@ int XP_ProgressBar::Value() const { return bar::ValueOfPercent(percent_, min_, m
 void XP_ProgressBar::SetValue(int value) {
     percent_ = bar::PercentOfValue(value, min_, max_, percent_);
     DrawProgressBar();
-    AnnounceBarValue(*this);
+    AnnounceValue(*this, percent_);
     Announce("Value");
 }
 

@@ -5,13 +5,14 @@
 #include <QPixmap>
 #include <QWidget>
 
+#include "controls/system_look/accessible_value.h"
 #include "controls/system_look/system_colors.h"
 
 namespace kelu {
 
 class PropertyBag;
 
-class XP_ProgressBar : public QWidget {
+class XP_ProgressBar : public QWidget, public AccessibleValue {
     Q_OBJECT
     Q_PROPERTY(int value READ Value WRITE SetValue)
 
@@ -22,6 +23,10 @@ class XP_ProgressBar : public QWidget {
 
     /// A new bar is horizontal, range 0 to 100, value 0, look 0, without text.
     explicit XP_ProgressBar(QWidget* parent = nullptr);
+
+    Number AccessibleNumber() const override {
+        return {percent_, 0, 100, QString::number(percent_) + QStringLiteral(" %")};
+    }
 
     /// The position as a value: exact only to a hundredth of the range, as the position is kept in percent.
     int Value() const;

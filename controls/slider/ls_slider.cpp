@@ -10,7 +10,6 @@
 #include "controls/property_bag/property_bag.h"
 #include "controls/slider/default_thumb.h"
 #include "controls/slider/frm_value_tip.h"
-#include "controls/slider/slider_accessible.h"
 #include "controls/system_look/draw_edge.h"
 #include "platform/error.h"
 
@@ -49,7 +48,7 @@ unsigned RailEdge(int railStyle) {
 }  // namespace
 
 LsSlider::LsSlider(QWidget* parent) : QWidget(parent) {
-    InstallSliderAccessibility();
+    UseAccessibleValue<LsSlider, QAccessible::Slider>();
     setFocusPolicy(Qt::NoFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
     ResetThumb();
@@ -78,7 +77,7 @@ void LsSlider::SetValue(int value) {
     if (!dragging_) PlaceThumb();
     DrawControl();
     lastValue_ = value;
-    AnnounceSliderValue(*this);
+    AnnounceValue(*this, value_);
     Q_EMIT ValueChanged();
     if (value_ == range_.max) Q_EMIT ArrivedLast();
     if (value_ == range_.min) Q_EMIT ArrivedFirst();

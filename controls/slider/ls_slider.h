@@ -8,6 +8,7 @@
 #include <QWidget>
 
 #include "controls/slider/slider_geometry.h"
+#include "controls/system_look/accessible_value.h"
 #include "controls/system_look/system_colors.h"
 
 namespace kelu {
@@ -17,7 +18,7 @@ class PropertyBag;
 /// Which call announces: every write of a new value, from the program or by a drag, raises ValueChanged, then
 /// ArrivedLast, then ArrivedFirst; a write of the present value raises nothing. SetMin writes the value, SetMax
 /// doesn't.
-class LsSlider : public QWidget {
+class LsSlider : public QWidget, public AccessibleValue {
     Q_OBJECT
     Q_PROPERTY(int Min READ Min WRITE SetMin)
     Q_PROPERTY(int Max READ Max WRITE SetMax)
@@ -33,6 +34,10 @@ class LsSlider : public QWidget {
     /// A new slider is vertical, range 0 to 10, value 0.
     explicit LsSlider(QWidget* parent = nullptr);
     ~LsSlider() override;
+
+    Number AccessibleNumber() const override { return {value_, Min(), Max(), QString::number(value_)}; }
+    bool AccessibleEnabled() const override { return enabled_; }
+    void SetAccessibleNumber(int value) override { SetValue(value); }
 
     int Min() const { return range_.min; }
     /// Also writes Value with `min`. Throws Error(kInvalidProperty) unless `min` is less than Max.

@@ -1,4 +1,4 @@
-// Panels and gripper of the status bar; see status_bar.h.
+// Panels of the status bar; see status_bar.h.
 // SPDX-License-Identifier: MIT
 #include "controls/status_bar/status_bar.h"
 
@@ -36,11 +36,6 @@ void StatusBar::SetPanelClickable(int number, bool clickable) {
     if (number >= 1 && number <= PanelCount()) panels_[static_cast<std::size_t>(number - 1)]->SetClickable(clickable);
 }
 
-void StatusBar::SetSizeGripper(bool shown) {
-    gripper_ = shown;
-    update();
-}
-
 QSize StatusBar::sizeHint() const {
     int width = 20;
     for (const int each : widths_) width += each;
@@ -61,14 +56,6 @@ void StatusBar::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), theme::kGround);
     painter.fillRect(QRect(0, 0, width(), 1), theme::kLine);
-    if (!gripper_) return;
-    // Six dots in a triangle.
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(theme::kQuietText);
-    for (int row = 0; row < 3; ++row)
-        for (int column = 0; column <= row; ++column)
-            painter.drawEllipse(QPointF(width() - 5 - 4 * column, height() - 5 - 4 * (2 - row)), 1, 1);
 }
 
 }  // namespace kelu

@@ -1,4 +1,4 @@
-// The bar along the window's lower edge (xpWellsStatusBar): text panels of fixed width and a size gripper.
+// The bar along the window's lower edge: text panels of fixed width.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -19,7 +19,6 @@ class StatusBar : public QWidget {
 
     /// Makes one panel for each width (device-independent pixels), from the left. Texts start empty.
     void SetPanelWidths(std::initializer_list<int> widths);
-    void SetPanelWidths(int first, int second) { SetPanelWidths({first, second}); }
     int PanelCount() const { return static_cast<int>(panels_.size()); }
     /// Text of panel `number`, from 1; a number out of range does nothing. A text too long for its panel is cut in the
     /// middle and stands whole in the panel's tool tip.
@@ -27,9 +26,6 @@ class StatusBar : public QWidget {
     QString PanelText(int number) const;
     /// Marks a panel as one that answers clicks: pointing hand, brighter under the pointer, reachable by Tab.
     void SetPanelClickable(int number, bool clickable);
-    /// The gripper is a mark in the corner only.
-    void SetSizeGripper(bool shown);
-
     QSize sizeHint() const override;
 
  Q_SIGNALS:
@@ -43,7 +39,6 @@ class StatusBar : public QWidget {
  private:
     std::vector<StatusPanel*> panels_;
     std::vector<int> widths_;
-    bool gripper_ = true;
 
     void Arrange();
 };

@@ -30,6 +30,15 @@ QVBoxLayout* MakeDialogFrame(QWidget& dialog) {
     return content;
 }
 
+QHBoxLayout* ButtonRow(std::initializer_list<QWidget*> atLeft, std::initializer_list<QWidget*> atRight) {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(theme::kSpacing);
+    for (QWidget* button : atLeft) row->addWidget(button);
+    row->addStretch();
+    for (QWidget* button : atRight) row->addWidget(button);
+    return row;
+}
+
 void AddWindowFrame(QWidget& window) {
     TitleRow::MakeFrameless(window);
     // The one place of a layout that lies above its contents and outside its margins.

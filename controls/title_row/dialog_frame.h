@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <initializer_list>
+
+class QHBoxLayout;
 class QLabel;
 class QString;
 class QVBoxLayout;
@@ -15,6 +18,9 @@ QVBoxLayout* MakeWindowFrame(QWidget& window);
 
 /// The same for a dialog as large as its contents: the column has the theme's margins and spacing.
 QVBoxLayout* MakeDialogFrame(QWidget& dialog);
+
+/// The buttons below a dialog's contents.
+QHBoxLayout* ButtonRow(std::initializer_list<QWidget*> atLeft, std::initializer_list<QWidget*> atRight);
 
 /// Puts the frame round a window that already has a layout of its own.
 void AddWindowFrame(QWidget& window);

@@ -17,6 +17,8 @@ namespace {
 
 constexpr int kCaptionGap = 6;  // between icon and caption
 constexpr int kSidePad = 10;    // beside a caption
+constexpr qreal kMarkSize = 6;
+constexpr qreal kMarkInset = 5;  // from the upper right corner
 
 QString WithoutDoubling(QString text) { return text.replace(QStringLiteral("&&"), QStringLiteral("&")); }
 
@@ -81,10 +83,35 @@ void ToolButton::SetTip(const QString& tip) {
     ShowNames();
 }
 
+void ToolButton::SetKey(const QString& key) {
+    key_ = key;
+    ShowNames();
+}
+
+void ToolButton::SetObstacle(const QString& obstacle) {
+    if (obstacle_ == obstacle) return;
+    obstacle_ = obstacle;
+    ShowNames();
+    update();
+}
+
+void ToolButton::SetMark(const QString& meaning) {
+    if (mark_ == meaning) return;
+    mark_ = meaning;
+    ShowNames();
+    update();
+}
+
 void ToolButton::ShowNames() {
     const QString shown = WithoutDoubling(tip_);
-    setToolTip(shown);
-    setAccessibleName(shown.isEmpty() ? WithoutDoubling(text()) : shown);
+    const QString name = shown.isEmpty() ? WithoutDoubling(text()) : shown;
+    setAccessibleName(mark_.isEmpty() ? name : name + QStringLiteral(", ") + mark_);
+    setAccessibleDescription(obstacle_);
+    QStringList lines;
+    if (!shown.isEmpty()) lines += key_.isEmpty() ? shown : QStringLiteral("%1 (%2)").arg(shown, key_);
+    for (const QString& line : {obstacle_, mark_})
+        if (!line.isEmpty()) lines += line;
+    setToolTip(lines.join(u'\n'));
 }
 
 QSize ToolButton::sizeHint() const {
@@ -126,7 +153,7 @@ void ToolButton::paintEvent(QPaintEvent*) {
             inks = {isDown() ? theme::kAccentPressed : over ? theme::kAccentHover : theme::kAccent, theme::kOnAccent};
             break;
     }
-    if (!isEnabled()) {
+    if (!isEnabled() || !obstacle_.isEmpty()) {
         inks.ink = theme::kDisabledText;
         if (look_ != Look::Flat) inks.plate = theme::kHover;
     }
@@ -156,6 +183,11 @@ void ToolButton::paintEvent(QPaintEvent*) {
             painter.drawText(QRect(left + wide - words.width(), 0, words.width(), height()), Qt::AlignCenter | flags,
                              text());
         }
+    }
+    if (!mark_.isEmpty()) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(inks.ink);
+        painter.drawEllipse(QRectF(width() - kMarkInset - kMarkSize, kMarkInset, kMarkSize, kMarkSize));
     }
     if (theme::ShowsFocus(*this))
         theme::DrawFocusRing(painter, rect(), look_ == Look::Primary ? theme::kBrightText : theme::kFocus);

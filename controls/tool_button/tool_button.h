@@ -1,4 +1,4 @@
-// A flat picture button of the tool strips (asxToolButton): icon, optional caption, a plate under the pointer.
+// A flat picture button of the tool strips: icon, optional caption, a plate under the pointer.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -38,6 +38,15 @@ class ToolButton : public QAbstractButton {
     /// Tool tip and accessible name.
     void SetTip(const QString& tip);
     QString Tip() const { return tip_; }
+    /// The key that does the same, as "Ctrl+S"; the tool tip names it behind the tip.
+    void SetKey(const QString& key);
+    /// What the button's command waits for: the button looks disabled and its tool tip says why. It can be pressed all
+    /// the same. Empty: nothing is in the way.
+    void SetObstacle(const QString& obstacle);
+    QString Obstacle() const { return obstacle_; }
+    /// A dot in the corner that has this meaning, which the accessible name tells; empty: none.
+    void SetMark(const QString& meaning);
+    QString Mark() const { return mark_; }
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -52,6 +61,9 @@ class ToolButton : public QAbstractButton {
     QString iconName_;
     QString caption_;
     QString tip_;
+    QString key_;
+    QString obstacle_;
+    QString mark_;
     int iconPixels_ = 0;
     int iconShift_ = 0;
     Look look_ = Look::Flat;

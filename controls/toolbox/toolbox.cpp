@@ -69,9 +69,23 @@ void Toolbox::SetTip(int index, const QString& text) {
     if (!InRange(index)) return;
     ToolboxButton* button = buttons_[static_cast<std::size_t>(index - 1)];
     button->setProperty("tip", text);
-    const QString shown = QString(text).replace(QStringLiteral("&&"), QStringLiteral("&"));
-    button->setToolTip(shown);
-    button->setAccessibleName(shown);
+    button->setAccessibleName(QString(text).replace(QStringLiteral("&&"), QStringLiteral("&")));
+    ShowTip(*button);
+}
+
+void Toolbox::SetObstacle(const QString& obstacle) {
+    if (obstacle_ == obstacle) return;
+    obstacle_ = obstacle;
+    for (ToolboxButton* button : buttons_) {
+        button->SetDimmed(!obstacle.isEmpty());
+        button->setAccessibleDescription(obstacle);
+        ShowTip(*button);
+    }
+}
+
+void Toolbox::ShowTip(ToolboxButton& button) {
+    const QString name = button.accessibleName();
+    button.setToolTip(obstacle_.isEmpty() ? name : QStringLiteral("%1\n%2").arg(name, obstacle_));
 }
 
 QString Toolbox::Tip(int index) const {

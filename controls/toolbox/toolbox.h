@@ -45,6 +45,8 @@ class Toolbox : public QWidget {
     /// Tool tip and accessible name of button `index`; "&&" stands for one ampersand.
     void SetTip(int index, const QString& text);
     QString Tip(int index) const;
+    /// What all buttons wait for: they look disabled and their tool tips say why, but can be pressed all the same.
+    void SetObstacle(const QString& obstacle);
     /// The button widget, for placing a pointer over it or scrolling to it; null when out of range.
     QWidget* Button(int index) const;
 
@@ -69,12 +71,14 @@ class Toolbox : public QWidget {
     int current_ = 0;
     QString typed_;  ///< of a name, so far
     QElapsedTimer sinceTyped_;
+    QString obstacle_;
 
     void Arrange();
     void UpdateTabStop(int index);
     int RowsInSight() const;
     int Typed(const QString& text, int index);
     void Press(int index);
+    void ShowTip(ToolboxButton& button);
     bool InRange(int index) const { return index >= 1 && index <= Count(); }
 };
 

@@ -36,16 +36,21 @@ void ToolboxButton::SetCurrent(bool current) {
     update();
 }
 
+void ToolboxButton::SetDimmed(bool dimmed) {
+    dimmed_ = dimmed;
+    update();
+}
+
 void ToolboxButton::PaintIconLook(QPainter& painter) {
     const bool over = isEnabled() && underMouse();
     if (isDown())
         theme::FillPlate(painter, rect(), theme::kPressed);
     else if (over || current_)
         theme::FillPlate(painter, rect(), theme::kHover);
-    const QColor ink = !isEnabled() ? theme::kDisabledText
-                       : current_   ? theme::kAccent
-                       : over       ? theme::kBrightText
-                                    : theme::kText;
+    const QColor ink = !isEnabled() || dimmed_ ? theme::kDisabledText
+                       : current_              ? theme::kAccent
+                       : over                  ? theme::kBrightText
+                                               : theme::kText;
     theme::PaintIcon(painter, iconName_, rect(), qMin(theme::kIconSize, qMin(width(), height())), ink);
 }
 
@@ -72,7 +77,7 @@ void ToolboxButton::PaintPictureLook(QPainter& painter) {
     }
     if (isDown() && down_.isNull()) painter.fillPath(outline, QColor(0, 0, 0, 90));
     if (over && !isDown() && over_.isNull()) painter.fillPath(outline, QColor(255, 255, 255, 26));
-    if (!isEnabled()) painter.fillPath(outline, QColor(0x33, 0x33, 0x33, 150));
+    if (!isEnabled() || dimmed_) painter.fillPath(outline, QColor(0x33, 0x33, 0x33, 150));
     painter.restore();
     if (current_) theme::DrawFocusRing(painter, rect(), theme::kAccent);
 }

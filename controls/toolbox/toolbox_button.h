@@ -18,6 +18,8 @@ class ToolboxButton : public QAbstractButton {
     void SetPictures(const QPixmap& normal, const QPixmap& over, const QPixmap& down);
     void SetIconName(const QString& name);
     void SetCurrent(bool current);
+    /// Looks disabled, and works.
+    void SetDimmed(bool dimmed);
 
  protected:
     void paintEvent(QPaintEvent* event) override;
@@ -27,6 +29,7 @@ class ToolboxButton : public QAbstractButton {
     QString iconName_;
     QPixmap normal_, over_, down_;
     bool current_ = false;
+    bool dimmed_ = false;
 
     void PaintIconLook(QPainter& painter);
     void PaintPictureLook(QPainter& painter);

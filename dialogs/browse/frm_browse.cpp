@@ -171,7 +171,7 @@ void frmBrowse::Connect() {
 
 void frmBrowse::SetUpMe() {
     LoadMySettings();
-    const QString folder = settings_.Read(settings::kLastFolder, places_.gallery);
+    const QString folder = settings_.ReadText(settings::kLastFolder.key, places_.gallery);
     FileViewer_->SetFilter(QStringLiteral("*.") + PictureExtensions().join(QStringLiteral(";*.")));
     FileViewer_->SetFolder(QDir(folder).exists() ? folder : places_.gallery);
     ComboDrive->SetFolder(FileViewer_->Folder());

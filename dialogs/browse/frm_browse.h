@@ -20,6 +20,10 @@ namespace kelu {
 class FolderCombo;
 class ToolButton;
 
+namespace settings {
+inline constexpr TextSetting kLastFolder{{"LastOpenedFolder", "Path"}, ""};  ///< the Gallery when missing
+}
+
 /// Whether a file's name is that of a picture: the last four or five characters, without regard to case.
 bool IsPictureName(const QString& path);
 

@@ -15,10 +15,12 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include "capture/capture_settings.h"
 #include "controls/theme/tab_order.h"
 #include "controls/theme/theme.h"
 #include "controls/title_row/dialog_frame.h"
 #include "controls/tool_button/tool_button.h"
+#include "effects/effect_settings.h"
 #include "platform/error.h"
 
 namespace kelu {
@@ -77,9 +79,6 @@ QCheckBox* Box(const char* name, const QString& text) {
 }
 
 ToolButton* Icon(const char* name, const char* icon) { return Named(new ToolButton(QString::fromLatin1(icon)), name); }
-
-/// 1 to 3 for the texts "1" to "3", else 0.
-int Choice(const QString& text) { return text == u"1" ? 1 : text == u"2" ? 2 : text == u"3" ? 3 : 0; }
 
 /// Chooses a row; one that is not there raises the error of a list.
 void SetListIndex(QComboBox& list, int row) {
@@ -158,18 +157,11 @@ void frmOptions::LayOut() {
     middle->addLayout(menu);
     middle->addWidget(pages);
 
-    auto* buttons = new QHBoxLayout;
-    buttons->setSpacing(theme::kSpacing);
-    buttons->addWidget(cmdHelp);
-    buttons->addWidget(cmdAbout);
-    buttons->addStretch();
-    buttons->addWidget(cmdOK);
-    buttons->addWidget(cmdCancel);
     cmdOK->setDefault(true);
 
     QVBoxLayout* content = MakeDialogFrame(*this);
     content->addLayout(middle);
-    content->addLayout(buttons);
+    content->addLayout(ButtonRow({cmdHelp, cmdAbout}, {cmdOK, cmdCancel}));
 }
 
 void frmOptions::LayOutPages() {
@@ -226,9 +218,9 @@ void frmOptions::LayOutCursors(QVBoxLayout& rows) {
 
 void frmOptions::LayOutResize(QVBoxLayout& rows) {
     rows.addWidget(chkResize);
-    auto* resizeNote = new QLabel(
-        tr("Pictures wider than 2048 pixels open 800 wide, portraits higher than 1536 open 600 wide. "
-           "Without it pictures keep their full size."));
+    auto* resizeNote =
+        new QLabel(tr("Pictures wider than 2048 pixels open 800 wide, portraits higher than 1536 open 600 wide. "
+                      "Without it pictures keep their full size."));
     resizeNote->setWordWrap(true);
     // Below the text of the box that it explains.
     resizeNote->setIndent(style()->pixelMetric(QStyle::PM_IndicatorWidth) +
@@ -256,9 +248,11 @@ void frmOptions::Connect() {
         connect(pnlMenu[static_cast<std::size_t>(page)], &ToolButton::clicked, this, [this, page] { ShowPage(page); });
     for (int i = 0; i < 3; ++i) {
         const auto at = static_cast<std::size_t>(i);
-        connect(optEmail[at], &QRadioButton::clicked, this, [this, i] { ChooseEmail(i + 1); });
-        connect(optCursor[at], &QRadioButton::clicked, this, [this, i] { ChooseCursor(i + 1); });
-        connect(picCursor[at], &ToolButton::clicked, this, [this, i] { ChooseCursor(i + 1); });
+        connect(optEmail[at], &QRadioButton::clicked, this, [this, i] { ChooseEmail(static_cast<MailMethod>(i + 1)); });
+        connect(optCursor[at], &QRadioButton::clicked, this,
+                [this, i] { ChooseCursor(static_cast<CursorStyle>(i + 1)); });
+        connect(picCursor[at], &ToolButton::clicked, this,
+                [this, i] { ChooseCursor(static_cast<CursorStyle>(i + 1)); });
     }
     connect(chkMask, &QCheckBox::toggled, this,
             [this](bool masked) { txtPassword->setEchoMode(masked ? QLineEdit::Password : QLineEdit::Normal); });
@@ -270,7 +264,7 @@ void frmOptions::Connect() {
     });
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(cmdHelp, &QPushButton::clicked, this, [this] {
-        state_.CurrentSFX = 99;
+        state_.CurrentSFX = kSettingsTopic;
         surroundings_.loadHelp();
     });
     connect(cmdAbout, &QPushButton::clicked, this, [this] { surroundings_.showAbout(); });
@@ -293,49 +287,50 @@ void frmOptions::ShowPage(int page) {
     pnlMenu[static_cast<std::size_t>(page)]->setChecked(true);
 }
 
-void frmOptions::ChooseEmail(int method) {
-    txtEmail_ = QString::number(method);
-    optEmail[static_cast<std::size_t>(method - 1)]->setChecked(true);
-    account_->setEnabled(method == 3);
+void frmOptions::ChooseEmail(MailMethod method) {
+    txtEmail_ = settings::kMailMethod.Text(method);
+    optEmail[static_cast<std::size_t>(method) - 1]->setChecked(true);
+    account_->setEnabled(method == MailMethod::Account);
 }
 
-void frmOptions::ChooseCursor(int style) {
-    txtCursor_ = QString::number(style);
-    optCursor[static_cast<std::size_t>(style - 1)]->setChecked(true);
+void frmOptions::ChooseCursor(CursorStyle style) {
+    txtCursor_ = settings::kCursorStyle.Text(style);
+    optCursor[static_cast<std::size_t>(style) - 1]->setChecked(true);
 }
 
 void frmOptions::LoadMySettings() {
     // A list that can't take the stored row means that there is no such camera; the next step runs.
-    const auto choose = [this](QComboBox& list, const Setting& setting) {
+    const auto choose = [this](QComboBox& list, int row) {
         try {
-            SetListIndex(list, settings_.ReadInteger(setting));
+            SetListIndex(list, row);
         } catch (const Error& error) {
             if (error.Number() != kInvalidProperty) throw;
             state_.CameraMissing = true;
         }
     };
     RunShowingErrors(dialog_, [&] {
-        chkSFXSelector->setChecked(settings_.ReadInteger(settings::kSelector) != 0);
-        if (const QString reminder = settings_.Read(settings::kReminder); reminder == u"0" || reminder == u"1")
-            chkReminder->setChecked(reminder == u"1");
-        const QString method = settings_.Read(settings::kMailMethod);
-        if (Choice(method)) ChooseEmail(Choice(method));
-        txtEmail_ = method;
+        const auto tick = [this](QCheckBox& box, const FlagSetting& setting) {
+            if (const std::optional<bool> on = settings_.Read(setting)) box.setChecked(*on);
+        };
+        tick(*chkSFXSelector, settings::kSelector);
+        tick(*chkReminder, settings::kReminder);
+        if (const auto method = settings_.Read(settings::kMailMethod)) ChooseEmail(*method);
+        txtEmail_ = settings_.ReadText(settings::kMailMethod);
         txtUserName->setText(settings_.Read(settings::kAccountUser));
         txtPassword->setText(password_.FromSettings());
         if (password_.InStore())
             password_.FromStore(this, [this](const QString& secret) {
                 if (!txtPassword->isModified()) txtPassword->setText(secret);
             });
-        const QString style = settings_.Read(settings::kCursorStyle);
-        if (Choice(style)) ChooseCursor(Choice(style));
-        txtCursor_ = style;
+        if (const auto style = settings_.Read(settings::kCursorStyle)) ChooseCursor(*style);
+        txtCursor_ = settings_.ReadText(settings::kCursorStyle);
         LoadDevices();
         if (cboDevices->count() > 0) state_.CameraMissing = false;  // it may have been plugged in since the last look
-        choose(*cboDevices, settings::kDevice);
+        choose(*cboDevices, settings_.Read(settings::kDevice));
         LoadVideoSizes();
-        choose(*cboCaptureSize, settings::kCaptureSize);
-        chkResize->setChecked(settings_.ReadInteger(settings::kResize) != 0);
+        const auto size = settings_.Read(settings::kCaptureSize);
+        choose(*cboCaptureSize, size ? static_cast<int>(*size) : cboCaptureSize->count());
+        chkResize->setChecked(settings_.Read(settings::kResize) != 0);
         Connect2Camera();
     });
 }
@@ -363,31 +358,28 @@ void frmOptions::SavePassword() {
     const bool kept = password_.Save(txtPassword->text());
     setEnabled(true);
     if (kept) return;
-    ShowPlainMessage(
-        dialog_, tr("Password"),
-        tr("This password can't be kept here: it has more than 9 characters, or characters such as ` ~ \u00fc, "
-           "and this desktop has no store of secrets for it.\r\n"),
-        MsgDialog::kOk, MsgIcon::Exclamation);
+    dialog_.ShowMessage(
+        {tr("Password"),
+         tr("This password can't be kept here: it has more than 9 characters, or characters such as ` ~ \u00fc, "
+            "and this desktop has no store of secrets for it.\r\n"),
+         MsgIcon::Exclamation});
 }
 
 void frmOptions::SaveMySettings() {
     RunShowingErrors(dialog_, [this] {
-        const auto flag = [](const QCheckBox* box) {
-            return box->isChecked() ? QStringLiteral("1") : QStringLiteral("0");
-        };
-        settings_.Write(settings::kReminder, flag(chkReminder));
-        settings_.Write(settings::kMailMethod, txtEmail_);
+        settings_.Write(settings::kReminder, chkReminder->isChecked());
+        settings_.WriteText(settings::kMailMethod.key, txtEmail_);
         settings_.Write(settings::kAccountUser, txtUserName->text());
-        settings_.Write(settings::kSelector, flag(chkSFXSelector));
-        settings_.Write(settings::kResize, flag(chkResize));
+        settings_.Write(settings::kSelector, chkSFXSelector->isChecked());
+        settings_.Write(settings::kResize, chkResize->isChecked());
         SavePassword();
-        settings_.Write(settings::kCursorStyle, txtCursor_);
+        settings_.WriteText(settings::kCursorStyle.key, txtCursor_);
         if (state_.CameraMissing) {
-            settings_.Write(settings::kDevice, QStringLiteral("0"));
+            settings_.Write(settings::kDevice, 0);
             return;
         }
-        settings_.Write(settings::kCaptureSize, QString::number(cboCaptureSize->currentIndex()));
-        if (UsesCamera()) settings_.Write(settings::kDevice, QString::number(cboDevices->currentIndex()));
+        settings_.Write(settings::kCaptureSize, static_cast<CaptureSize>(cboCaptureSize->currentIndex()));
+        if (UsesCamera()) settings_.Write(settings::kDevice, cboDevices->currentIndex());
     });
 }
 

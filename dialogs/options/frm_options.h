@@ -9,6 +9,7 @@
 #include "document/settings.h"
 #include "document/shared_state.h"
 #include "output/mail/account_password.h"
+#include "output/output_settings.h"
 #include "platform/msg_dialog.h"
 
 class QCheckBox;
@@ -78,8 +79,8 @@ class frmOptions : public QDialog {
     void LoadVideoSizes();
     void Connect2Camera();
     void ShowPage(int page);
-    void ChooseEmail(int method);
-    void ChooseCursor(int style);
+    void ChooseEmail(MailMethod method);
+    void ChooseCursor(CursorStyle style);
     bool UsesCamera() const { return !state_.CameraMissing && cboDevices->currentIndex() >= 0; }
 
     Settings& settings_;

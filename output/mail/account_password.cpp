@@ -2,6 +2,7 @@
 #include "output/mail/account_password.h"
 
 #include "output/mail/secret_store.h"
+#include "output/output_settings.h"
 #include "platform/password_scrambling.h"
 
 namespace kelu {

@@ -27,9 +27,6 @@ namespace kelu {
 namespace {
 
 // The settings' values for the ways of sending.
-const QString kOwnDelivery = QStringLiteral("1");
-const QString kClient = QStringLiteral("2");
-const QString kAccount = QStringLiteral("3");
 
 const QString kFirstSubject = QStringLiteral("Kelu");
 
@@ -161,11 +158,11 @@ void frmEmail::MakeFrameGmail() {
 
 void frmEmail::LoadMySettings() {
     RunShowingErrors(dialog_, [&] {
-        txtSettings_ = settings_.Read(settings::kMailMethod);
-        const bool isAccount = txtSettings_ == kAccount;
+        method_ = settings_.Read(settings::kMailMethod);
+        const bool isAccount = method_ == MailMethod::Account;
         FrameEmail->setVisible(!isAccount);
         FrameGmail->setVisible(isAccount);
-        if (txtSettings_ == kClient) txtFrom1->setText(settings_.Read(settings::kMailSender));
+        if (method_ == MailMethod::Client) txtFrom1->setText(settings_.Read(settings::kMailSender));
         if (!isAccount) return;
         txtUserName2_ = settings_.Read(settings::kAccountUser);
         txtFrom2->setText(txtUserName2_);
@@ -180,9 +177,9 @@ void frmEmail::SaveMySettings() {
 
 void frmEmail::Send() {
     if (sending_) return;
-    if (txtSettings_ == kOwnDelivery) SendviaKelumail();
-    if (txtSettings_ == kClient) SendviaMAPI();
-    if (txtSettings_ == kAccount) SendviaGmail();
+    if (method_ == MailMethod::OwnDelivery) SendviaKelumail();
+    if (method_ == MailMethod::Client) SendviaMAPI();
+    if (method_ == MailMethod::Account) SendviaGmail();
 }
 
 QList<QWidget*> frmEmail::Fields() const {
@@ -195,7 +192,7 @@ QString frmEmail::TextOf(const QWidget* field) {
 }
 
 void frmEmail::ReadDraft() {
-    if (draft_.method != txtSettings_) return;
+    if (!draft_.method || draft_.method != method_) return;
     for (QWidget* field : Fields()) {
         const QString text = draft_.fields.value(field->objectName());
         if (auto* line = qobject_cast<QLineEdit*>(field)) line->setText(text);
@@ -206,16 +203,16 @@ void frmEmail::ReadDraft() {
 void frmEmail::KeepDraft(bool sent) {
     draft_ = MailDraft();
     if (sent) return;
-    draft_.method = txtSettings_;
+    draft_.method = method_;
     for (const QWidget* field : Fields()) draft_.fields[field->objectName()] = TextOf(field);
 }
 
 bool frmEmail::AddressesRefused(bool valid) {
     if (valid) return false;
-    ShowPlainMessage(dialog_, QStringLiteral("Error"),
-                     QStringLiteral("The following error(s) have occured:\r\n\r\n"
-                                    "No e-mail address or an invalid e-mail address has been entered.\r\n"),
-                     MsgDialog::kOk, MsgIcon::Error);
+    dialog_.ShowMessage({QStringLiteral("Error"),
+                         QStringLiteral("The following error(s) have occured:\r\n\r\n"
+                                        "No e-mail address or an invalid e-mail address has been entered.\r\n"),
+                         MsgIcon::Error});
     return true;
 }
 
@@ -231,8 +228,7 @@ void frmEmail::SendAndUnload(const std::function<void()>& send) {
     const bool sent = RunShowingErrors(dialog_, [&] {
         send();
         QCoreApplication::processEvents();
-        ShowPlainMessage(dialog_, QStringLiteral("Information"), QStringLiteral("E-mail Sent!\r\n"), MsgDialog::kOk,
-                         MsgIcon::Information);
+        dialog_.ShowMessage({QStringLiteral("Information"), QStringLiteral("E-mail Sent!\r\n"), MsgIcon::Information});
     });
     if (!sent) smtp_.Disconnect();
     KeepDraft(sent);

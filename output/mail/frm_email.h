@@ -5,12 +5,14 @@
 #include <QDialog>
 #include <QString>
 #include <functional>
+#include <optional>
 
 #include "document/settings.h"
 #include "output/mail/account_password.h"
 #include "output/mail/mail_client.h"
 #include "output/mail/mail_draft.h"
 #include "output/mail/smtp_sender.h"
+#include "output/output_settings.h"
 #include "platform/msg_dialog.h"
 
 class QGroupBox;
@@ -92,9 +94,9 @@ class frmEmail : public QDialog {
     const QString attachment_;
     MailDraft& draft_;
     const MailPorts ports_;
-    QString txtSettings_;   ///< the way of sending
-    QString txtUserName2_;  ///< of the account
-    QString txtPassword2_;  ///< of the account, readable
+    std::optional<MailMethod> method_;  ///< none: the setting holds an unknown one
+    QString txtUserName2_;              ///< of the account
+    QString txtPassword2_;              ///< of the account, readable
     bool sending_ = false;
     bool withClient_ = false;  ///< SendviaMAPI is waiting
 };

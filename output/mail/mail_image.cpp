@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "output/mail/mail_image.h"
 
+#include "document/commands.h"
 #include "output/mail/frm_email.h"
 #include "platform/private_folder.h"
 #include "platform/run_beside.h"
@@ -27,7 +28,7 @@ MailImage::MailImage(const Surface& picCanvas, SharedState& state, MsgDialog& di
 
 void MailImage::cmdEmail_Click() {
     Check4InternetConnection();
-    if (state_.InternetConnected && !state_.CaptureBusy) EmailPhoto();
+    if (state_.InternetConnected && Enabled(Command::Email, state_)) EmailPhoto();
 }
 
 void MailImage::Check4InternetConnection() {
@@ -38,7 +39,6 @@ void MailImage::Check4InternetConnection() {
 }
 
 void MailImage::EmailPhoto() {
-    if (!state_.ImageActive) return;
     RunShowingErrors(dialog_, [&] {
         const QString attachment = TemporaryFolder() + QStringLiteral("/Kelu.jpg");
         const QImage picture = picCanvas_.Picture();

@@ -55,16 +55,10 @@ bool PdfExport::CreatePDF(const QString& path) {
 
 void PdfExport::LaunchPDF(const QString& path) {
     dialog_.Beep();
-    dialog_.SetShowCheckbox(true);
-    dialog_.SetAboutStyle(false);
-    dialog_.SetCheckboxCaption(QStringLiteral("View PDF File"));
-    dialog_.ShowMessage(QStringLiteral("Information"),
-                        QStringLiteral("PDF file '%1' created successfully!").arg(FileNameOfPath(path)), MsgDialog::kOk,
-                        QStringLiteral("Information"), MsgIcon::Information);
-    if (dialog_.CheckboxValue()) {
-        openDocument_(path);
-        dialog_.SetCheckboxValue(false);
-    }
+    const MsgReply reply = dialog_.ShowMessage(
+        {QStringLiteral("Information"), QStringLiteral("PDF file '%1' created successfully!").arg(FileNameOfPath(path)),
+         MsgIcon::Information, MsgButtons::Ok, QStringLiteral("View PDF File"), QStringLiteral("Information")});
+    if (reply.ticked) openDocument_(path);
 }
 
 }  // namespace kelu

@@ -197,9 +197,9 @@ TEST_F(AccessibleWindows, Print) {
 }
 
 TEST_F(AccessibleWindows, Email) {
-    const std::pair<const char*, const char*> ways[] = {
-        {"1", "txtFrom1, txtTo1, txtSubject1, txtText1, Send, Cancel"},
-        {"3", "txtFrom2, txtTo2, txtCC2, txtSubject2, txtText2, Send, Cancel"}};
+    const std::pair<MailMethod, const char*> ways[] = {
+        {MailMethod::OwnDelivery, "txtFrom1, txtTo1, txtSubject1, txtText1, Send, Cancel"},
+        {MailMethod::Account, "txtFrom2, txtTo2, txtCC2, txtSubject2, txtText2, Send, Cancel"}};
     for (const auto& [way, order] : ways) {
         settings.Write(settings::kMailMethod, way);
         SmtpSender smtp;
@@ -231,11 +231,9 @@ TEST_F(AccessibleWindows, Messages) {
         });
     };
     look("Yes, No, Cancel");
-    ShowPlainMessage(realDialog, "Heading", "Text", MsgDialog::kYesNoCancel, MsgIcon::Exclamation);
-    realDialog.SetShowCheckbox(true);
-    realDialog.SetCheckboxCaption("Don't Show This Again");
+    realDialog.ShowMessage({"Heading", "Text", MsgIcon::Exclamation, MsgButtons::YesNoCancel});
     look("Don't Show This Again, OK");
-    realDialog.ShowMessage("Heading", "Text", MsgDialog::kOk, "Kelu", MsgIcon::Information);
+    realDialog.ShowMessage({"Heading", "Text", MsgIcon::Information, MsgButtons::Ok, "Don't Show This Again"});
     look("About Kelu..., OK");
     ShowAboutMsg(realDialog);
 }

@@ -20,7 +20,7 @@ struct CaptureModeTest : MainWindowFixture {
 };
 
 TEST_F(CaptureModeTest, F8ToTheOpenPicture) {
-    settings.Write(settings::kCaptureSize, "1");
+    settings.Write(settings::kCaptureSize, CaptureSize::Middle);
     Start();
     const CapturePanel& panel = *controls.picCapContainer;
     EXPECT_FALSE(panel.isVisible() || controls.picCapPreview->isVisible());

@@ -83,8 +83,8 @@ TEST_P(EveryKey, ActsOnReleaseUnderItsModifiersOnly) {
         for (QWidget* each : QApplication::topLevelWidgets())
             if (each->objectName() == "HelpWindow") each->close();
         QGuiApplication::clipboard()->clear();
-        if (row.key == Qt::Key_O && state.ImageDirty) dialog.answers = {MsgDialog::kNo};
-        if (row.key == Qt::Key_F4) dialog.answers = {MsgDialog::kCancel};
+        if (row.key == Qt::Key_O && state.ImageDirty) dialog.answers = {MsgAnswer::No};
+        if (row.key == Qt::Key_F4) dialog.answers = {MsgAnswer::Cancel};
         if (row.key == Qt::Key_Z && !window.surfaces.picCanvas.CanUndo()) window.Run(Command::Redo);
         press(modifiers, true);
     }

@@ -45,9 +45,10 @@ class MainWindowFixture : public testing::Test {
     ScriptedDialog dialog;
     ScriptedSaveDialog saveDialog;
     MsgDialogWindow realDialog;
-    SaveFileDialog realSaveDialog;
+    SaveFileDialog realSaveDialog{realDialog};
     PaperOnlyPrinting printing;
     ScriptedCamera camera;
+    bool anotherRuns = false;
     frmMain window;
     ImageX& canvas = *window.controls.picCanvas;
     EffectPanel& panel = *window.controls.pnlSettings;
@@ -60,14 +61,14 @@ class MainWindowFixture : public testing::Test {
                          camera,
                          camera,
                          {},
-                         {},
+                         [this] { return anotherRuns; },
                          {}}) {
         camera.devices = {QStringLiteral("Camera")};
         camera.frame = QImage(64, 48, QImage::Format_RGB32);
         camera.frame.fill(Qt::green);
         // What opens must be what the file holds, and the reminder is a test of its own.
-        settings.Write(settings::kResize, QStringLiteral("0"));
-        settings.Write(settings::kReminder, QStringLiteral("0"));
+        settings.Write(settings::kResize, 0);
+        settings.Write(settings::kReminder, false);
     }
 
     void SetUp() override {

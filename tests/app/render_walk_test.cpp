@@ -89,29 +89,8 @@ TEST_F(RenderWalk, NothingReachesTheWindowMeanwhile) {
     // Afterwards all is open again.
     Key(Qt::Key_Y, Qt::ControlModifier);
     EXPECT_NE(Canvas(), canvasBefore);
-    dialog.answers = {MsgDialog::kNo};
+    dialog.answers = {MsgAnswer::No};
     EXPECT_TRUE(window.close());
-}
-
-TEST_F(RenderWalk, PaintsWhatWasRenderedOfTheCanvasAsItWas) {
-    OpenLarge();
-    Apply();
-    panel.sldBrushSize->SetValue(60);
-    Stroke({{400, 400}, {800, 500}});
-    const QImage painted = Canvas();
-    Choose(kGrayscale);
-    Apply();
-    // The second effect starts from the canvas as painted so far.
-    for (const QPoint at : {QPoint(500, 425), QPoint(1200, 900)}) {
-        const QColor gray = window.surfaces.picPen.Picture().pixel(at);
-        EXPECT_EQ(gray.red(), gray.blue());
-        const QColor color = painted.pixel(at);
-        EXPECT_NEAR(gray.green(), (color.red() + color.green() + color.blue()) / 3.0, 1);
-    }
-    Stroke({{400, 400}, {800, 500}});
-    const QColor over = Canvas().pixel(500, 425);
-    EXPECT_EQ(over.red(), over.green());
-    EXPECT_EQ(Canvas().pixel(1200, 900), painted.pixel(1200, 900));
 }
 
 }  // namespace

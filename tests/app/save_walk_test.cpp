@@ -89,21 +89,6 @@ TEST_P(EveryFilter, WritesTheFormatAndSettlesTheWindow) {
     EXPECT_FALSE(state.ImageDirty);
     EXPECT_EQ(Status(), status) << "the name stays the one of the opened picture";
     EXPECT_EQ(Canvas(), painted);
-    // Until another picture is opened.
-    QGuiApplication::clipboard()->clear();
-    const int zoom = canvas.ZoomPercent();
-    for (const Command command :
-         {Command::Save, Command::ZoomIn, Command::ZoomOut, Command::ZoomReset, Command::Copy, Command::Print})
-        Click(command);
-    EXPECT_EQ(canvas.ZoomPercent(), zoom);
-    EXPECT_EQ(Status(), status);
-    EXPECT_TRUE(QGuiApplication::clipboard()->image().isNull());
-    const QImage pen = window.surfaces.picPen.Picture();
-    QTest::mouseClick(window.controls.selectors->TBSFX->Button(kEmboss), Qt::LeftButton);
-    EXPECT_EQ(state.CurrentSFX, kGrayscale);
-    Apply();
-    EXPECT_EQ(window.surfaces.picPen.Picture(), pen);
-
     Stroke({{300, 200}, {340, 220}});
     EXPECT_TRUE(state.ImageDirty) << "the brush stays armed";
     Key(Qt::Key_Z, Qt::ControlModifier);

@@ -1,10 +1,8 @@
-// The layout of the main window as a table of twips, and the keys of its commands.
+// The layout of the main window as a table of twips.
 // SPDX-License-Identifier: MIT
 #include "app/window_layout.h"
 
 #include <gtest/gtest.h>
-
-#include "document/commands.h"
 
 namespace kelu {
 
@@ -15,11 +13,14 @@ void PrintTo(const TwipsRect& r, std::ostream* out) {
 namespace {
 
 TEST(WindowLayout, SmallSizesBecomeExactlyTheMinimum) {
-    EXPECT_EQ(AllowedSize({13300, 9510}), (WindowSize{13300, 9510}));
-    EXPECT_EQ(AllowedSize({13305, 9510}), (WindowSize{13305, 9510}));
-    EXPECT_EQ(AllowedSize({15000, 9000}), (WindowSize{13300, 9510}));
-    EXPECT_EQ(AllowedSize({13299, 20000}), (WindowSize{13300, 9510}));
-    EXPECT_EQ(AllowedSize({28800, 16200}), (WindowSize{28800, 16200}));
+    const WindowSize large{28800, 16200}, low{14400, 8100};
+    EXPECT_EQ(AllowedSize({13300, 9510}, large), (WindowSize{13300, 9510}));
+    EXPECT_EQ(AllowedSize({13305, 9510}, large), (WindowSize{13305, 9510}));
+    EXPECT_EQ(AllowedSize({15000, 9000}, large), (WindowSize{13300, 9510}));
+    EXPECT_EQ(AllowedSize({13299, 20000}, large), (WindowSize{13300, 9510}));
+    EXPECT_EQ(AllowedSize(large, large), large);
+    EXPECT_EQ(AllowedSize(low, low), low) << "a screen of 1920 x 1080 pixels at ratio 2";
+    EXPECT_EQ(AllowedSize({14000, 8000}, low), (WindowSize{13300, 8100}));
 }
 
 TEST(WindowLayout, PlacesEveryControlFromTheEdges) {
@@ -53,33 +54,6 @@ TEST(WindowLayout, PlacesEveryControlFromTheEdges) {
         EXPECT_EQ(design.*row.control, row.design) << row.name;
         EXPECT_EQ(large.*row.control, row.large) << row.name;
     }
-}
-
-TEST(Commands, KeysNeedExactlyTheirModifiers) {
-    struct Row {
-        int key;
-        Qt::KeyboardModifiers modifiers;
-        std::optional<Command> command;
-    };
-    const Row rows[] = {
-        {Qt::Key_Z, Qt::ControlModifier, Command::Undo},
-        {Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier, std::nullopt},
-        {Qt::Key_Z, Qt::NoModifier, std::nullopt},
-        {Qt::Key_Y, Qt::ControlModifier, Command::Redo},
-        {Qt::Key_O, Qt::ControlModifier, Command::Open},
-        {Qt::Key_O, Qt::ControlModifier | Qt::AltModifier, std::nullopt},
-        {Qt::Key_S, Qt::ControlModifier, Command::Save},
-        {Qt::Key_C, Qt::ControlModifier, Command::Copy},
-        {Qt::Key_P, Qt::ControlModifier, Command::Print},
-        {Qt::Key_F4, Qt::AltModifier, Command::Close},
-        {Qt::Key_F4, Qt::AltModifier | Qt::ShiftModifier, std::nullopt},
-        {Qt::Key_F4, Qt::NoModifier, std::nullopt},
-        {Qt::Key_F1, Qt::ShiftModifier, Command::Help},
-        {Qt::Key_F8, Qt::NoModifier, Command::WebCam},
-        {Qt::Key_F8, Qt::ControlModifier | Qt::ShiftModifier | Qt::AltModifier, Command::WebCam},
-        {Qt::Key_A, Qt::ControlModifier, std::nullopt},
-    };
-    for (const Row& row : rows) EXPECT_EQ(CommandOfKey(row.key, row.modifiers), row.command) << row.key;
 }
 
 }  // namespace

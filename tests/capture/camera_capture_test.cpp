@@ -64,7 +64,7 @@ struct CameraCaptureTest : testing::Test {
     }
 
     /// As the window does: the camera first, the settings after the splash.
-    void StartUp(const QString& size = "2", int device = 0) {
+    void StartUp(std::optional<CaptureSize> size = CaptureSize::Large, int device = 0) {
         capture.Connect2Camera();
         capture.SetVideoSize(size);
         capture.LoadDevices();
@@ -88,7 +88,6 @@ TEST_F(CameraCaptureTest, WithoutCameraTellsAtTheStartAndAtEachClick) {
     EXPECT_EQ(camera.calls, QStringList({"Connected 1"})) << "the steps behind the failing one don't run";
     ASSERT_EQ(dialog.shown.size(), 1u);
     EXPECT_EQ(dialog.shown[0].text, kNoDevice);
-    EXPECT_EQ(dialog.shown[0].style, 16);
     EXPECT_EQ(dialog.shown[0].title, "Error");
     capture.LoadDevices();
     EXPECT_THROW(capture.SelectDevice(0), Error);
@@ -98,7 +97,6 @@ TEST_F(CameraCaptureTest, WithoutCameraTellsAtTheStartAndAtEachClick) {
         ASSERT_EQ(dialog.shown.size(), static_cast<std::size_t>(click));
         EXPECT_EQ(dialog.shown.back().text, kNoDevice);
         EXPECT_EQ(dialog.shown.back().heading, "Error");
-        EXPECT_EQ(dialog.shown.back().style, MsgDialog::kOk);
         EXPECT_EQ(dialog.shown.back().icon, MsgIcon::Error);
     }
     QTest::qWait(120);
@@ -113,7 +111,7 @@ TEST_F(CameraCaptureTest, WithoutCameraTellsAtTheStartAndAtEachClick) {
 }
 
 TEST_F(CameraCaptureTest, ConnectsInOrderAndHandsOnTheStoredDevice) {
-    StartUp("2", 1);
+    StartUp(CaptureSize::Large, 1);
     EXPECT_EQ(camera.calls,
               QStringList({"Connected 1", "ComponentPreview 0", "VideoDevice -1", "FrameMode 1", "VideoDevice 1"}));
     EXPECT_EQ(capture.Devices(), camera.devices);
@@ -126,7 +124,7 @@ TEST_F(CameraCaptureTest, ConnectsInOrderAndHandsOnTheStoredDevice) {
 
 TEST_F(CameraCaptureTest, WhatIsAskedDuringTheSearchIsDoneAfterIt) {
     camera.answersAtOnce = false;
-    StartUp("2", 1);
+    StartUp(CaptureSize::Large, 1);
     capture.WebCamClick();
     EXPECT_TRUE(camera.calls.isEmpty());
     EXPECT_FALSE(capture.Capturing() || state.CameraMissing);
@@ -167,8 +165,8 @@ TEST_F(CameraCaptureTest, ShowsTheNewestFrameOnTheCanvas) {
     EXPECT_TRUE(state.CaptureBusy);
     EXPECT_FALSE(state.ImageActive || state.CaptureReady);
     EXPECT_EQ(Canvas(), camera.frame);
-    EXPECT_EQ(canvasView.ViewMode(), 2);
-    EXPECT_EQ(canvasView.ViewAnchor(), 5);
+    EXPECT_EQ(canvasView.ViewMode(), ViewKind::Fitted);
+    EXPECT_EQ(canvasView.ViewAnchor(), Anchor::Fitted);
     camera.frame = Frame(qRgb(0, 200, 0));
     WaitForTick();
     EXPECT_EQ(Canvas(), camera.frame);
@@ -176,26 +174,25 @@ TEST_F(CameraCaptureTest, ShowsTheNewestFrameOnTheCanvas) {
 
 TEST_F(CameraCaptureTest, TakesSnapshotsOfTheChosenSizeThroughTheFile) {
     struct Case {
-        const char* code;
+        std::optional<CaptureSize> chosen;
         QSize size;
-        bool saved;
         const char* status;
     };
-    for (const Case& row : {Case{"0", {160, 120}, true, "Kelu_Cap.png - [160 x 120 / 24 bits / 100%]"},
-                            Case{"1", {320, 240}, true, "Kelu_Cap.png - [320 x 240 / 24 bits / 100%]"},
-                            Case{"2", {640, 480}, true, "Kelu_Cap.png - [640 x 480 / 24 bits / 100%]"},
-                            Case{"3", {1280, 960}, false, "Kelu_Cap.png - [1280 x 960 / 24 bits / 100%]"}}) {
-        SCOPED_TRACE(row.code);
+    for (const Case& row : {Case{CaptureSize::Small, {160, 120}, "Kelu_Cap.png - [160 x 120 / 24 bits / 100%]"},
+                            Case{CaptureSize::Middle, {320, 240}, "Kelu_Cap.png - [320 x 240 / 24 bits / 100%]"},
+                            Case{CaptureSize::Large, {640, 480}, "Kelu_Cap.png - [640 x 480 / 24 bits / 100%]"},
+                            Case{std::nullopt, {1280, 960}, "Kelu_Cap.png - [1280 x 960 / 24 bits / 100%]"}}) {
+        SCOPED_TRACE(row.status);
         QFile::remove(snapshot);
         camera.frame = Halves(1280, 960);
         state = {};
-        StartUp(row.code);
+        StartUp(row.chosen);
         Enter();
         capture.CaptureNow();
         EXPECT_EQ(preview.Picture().size(), row.size);
         EXPECT_EQ(preview.Picture(), Canvas());
-        EXPECT_EQ(QFile::exists(snapshot), row.saved);
-        if (row.saved) {
+        EXPECT_EQ(QFile::exists(snapshot), row.chosen.has_value());
+        if (row.chosen) {
             const QImage file = ReadPicture(snapshot);
             EXPECT_EQ(file, Canvas());
             EXPECT_EQ(file.pixel(5, 5), qRgb(200, 0, 0));
@@ -215,7 +212,7 @@ TEST_F(CameraCaptureTest, TakesSnapshotsOfTheChosenSizeThroughTheFile) {
 }
 
 TEST_F(CameraCaptureTest, OKOpensTheSnapshotNotTheLivePicture) {
-    StartUp("1");
+    StartUp(CaptureSize::Middle);
     Enter();
     capture.OKClick();
     EXPECT_TRUE(capture.Capturing() && panel) << "there is no snapshot yet";
@@ -229,7 +226,7 @@ TEST_F(CameraCaptureTest, OKOpensTheSnapshotNotTheLivePicture) {
     EXPECT_EQ(Canvas(), opened);
     EXPECT_EQ(surfaces.picPen.Picture(), opened);
     EXPECT_EQ(surfaces.picOriginal.Picture(), opened);
-    EXPECT_EQ(originalView.ViewMode(), 2);
+    EXPECT_EQ(originalView.ViewMode(), ViewKind::Fitted);
 
     // Again, without a new snapshot: the earlier file counts.
     Enter();

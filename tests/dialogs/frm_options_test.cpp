@@ -14,6 +14,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include "capture/capture_settings.h"
 #include "controls/tool_button/tool_button.h"
 #include "platform/error.h"
 #include "platform/password_scrambling.h"
@@ -142,32 +143,32 @@ TEST_F(OptionsTest, CancelAndEscapeWriteNothing) {
 }
 
 TEST_F(OptionsTest, UnknownValuesSurvive) {
-    settings.Write(settings::kCursorStyle, "7");
-    settings.Write(settings::kMailMethod, "pigeon");
-    settings.Write(settings::kReminder, "2");
+    settings.WriteText(settings::kCursorStyle.key, "7");
+    settings.WriteText(settings::kMailMethod.key, "pigeon");
+    settings.WriteText(settings::kReminder.key, "2");
     const auto form = Dialog();
     EXPECT_TRUE(form->optCursor[0]->isChecked());
     EXPECT_TRUE(form->optEmail[0]->isChecked());
     EXPECT_TRUE(form->chkReminder->isChecked());
     EXPECT_EQ(form->txtPassword->text(), "Not Set");
     form->cmdOK->click();
-    EXPECT_EQ(settings.Read(settings::kCursorStyle), "7");
-    EXPECT_EQ(settings.Read(settings::kMailMethod), "pigeon");
+    EXPECT_EQ(settings.ReadText(settings::kCursorStyle), "7");
+    EXPECT_EQ(settings.ReadText(settings::kMailMethod), "pigeon");
     EXPECT_EQ(settings.Read(settings::kAccountPassword), ScramblePassword("Not Set"));
 }
 
 TEST_F(OptionsTest, WorksWithoutACamera) {
     cameras.clear();
     connectError = kNoCamera;
-    settings.Write(settings::kDevice, "3");
-    settings.Write(settings::kCaptureSize, "1");
+    settings.Write(settings::kDevice, 3);
+    settings.Write(settings::kCaptureSize, CaptureSize::Middle);
     const auto form = Dialog();
     EXPECT_TRUE(dialog.shown.empty());
     EXPECT_TRUE(state.CameraMissing);
     EXPECT_EQ(form->cboCaptureSize->currentIndex(), 1);
     form->cmdOK->click();
-    EXPECT_EQ(settings.Read(settings::kDevice), "0");
-    EXPECT_EQ(settings.Read(settings::kCaptureSize), "1");
+    EXPECT_EQ(settings.Read(settings::kDevice), 0);
+    EXPECT_EQ(settings.Read(settings::kCaptureSize), CaptureSize::Middle);
 
     connectError = kFileError;
     Dialog();
@@ -181,7 +182,7 @@ TEST_F(OptionsTest, MaskHelpAndAbout) {
     form->chkMask->click();
     EXPECT_EQ(form->txtPassword->echoMode(), QLineEdit::Normal);
     form->cmdHelp->click();
-    EXPECT_EQ(state.CurrentSFX, 99);
+    EXPECT_EQ(state.CurrentSFX, kSettingsTopic);
     form->cmdAbout->click();
     EXPECT_EQ(calls, (QStringList{"help", "about"}));
 }

@@ -1,13 +1,10 @@
-// The document's logic with real files and without a window: opening, shrinking, status text, the questions, saving,
-// undo and zoom with their guards.
+// The document's logic with real files and without a window: opening, shrinking, status text, saving, undo and zoom.
 // SPDX-License-Identifier: MIT
 #include "document/document.h"
 
 #include <gmock/gmock.h>
 
-#include <QClipboard>
 #include <QFile>
-#include <QGuiApplication>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 
@@ -15,6 +12,7 @@
 #include "document/open_save.h"
 #include "document/zoom_view.h"
 #include "platform/error.h"
+#include "tests/support/kept_notes.h"
 #include "tests/support/scripted_dialog.h"
 #include "tests/support/scripted_save_dialog.h"
 
@@ -29,16 +27,18 @@ struct DocumentTest : testing::Test {
     NullView originalView;
     ScriptedDialog dialog;
     ScriptedSaveDialog saveDialog;
-    QStringList pdfs;
+    QStringList pdfs, folders;
     int browses = 0;
     Document document{surfaces, view, originalView, state};
+    KeptNotes notes;
     OpenSave openSave{document,
                       state,
                       dialog,
                       saveDialog,
-                      [this] { ++browses; },
-                      [this](const QString& path) { return pdfs << path, true; }};
-    History history{surfaces.picCanvas, view, state};
+                      notes,
+                      {[this] { ++browses; }, [this](const QString& path) { return pdfs << path, true; },
+                       [] { return QStringLiteral("B/W"); }, [this](const QString& path) { folders << path; }}};
+    History history{surfaces.picCanvas, view, state, notes};
     ZoomView zoom{document, view, state};
 
     QString MakePicture(int width, int height, const QString& name = QStringLiteral("a.png"), QRgb color = 0xff336699) {
@@ -101,14 +101,14 @@ TEST_F(DocumentTest, TheCallersOfOpenDifferAsTold) {
     for (const Row& row : rows) {
         state.ImageActive = false;
         state.EffectReady = true;
-        view.SetViewMode(0);
+        view.SetFreeView();
         document.Open(path, row.source, row.wasDirty);
         EXPECT_TRUE(state.ImageActive);
         EXPECT_EQ(state.EffectReady, row.staysArmed);
         EXPECT_EQ(texts.takeLast()[0].toString(), row.text);
-        EXPECT_EQ(view.ViewAnchor(), 5);
-        EXPECT_EQ(view.ViewMode(), 2);
-        EXPECT_EQ(originalView.ViewMode(), 2);
+        EXPECT_EQ(view.ViewAnchor(), Anchor::Fitted);
+        EXPECT_EQ(view.ViewMode(), ViewKind::Fitted);
+        EXPECT_EQ(originalView.ViewMode(), ViewKind::Fitted);
         EXPECT_EQ(view.ZoomPercent(), 70) << "opening leaves the zoom alone";
     }
     EXPECT_EQ(opened.size(), 4);
@@ -131,55 +131,6 @@ TEST_F(DocumentTest, ABrokenFileChangesNothing) {
     EXPECT_EQ(surfaces.picCanvas.Picture(), before);
     EXPECT_EQ(state.CurrentFileName, "a.png");
     EXPECT_TRUE(state.EffectReady);
-}
-
-TEST_F(DocumentTest, OpenAsksWhenThereAreChanges) {
-    openSave.OpenImageNow();
-    EXPECT_EQ(browses, 1) << "nothing to save, no question";
-    EXPECT_TRUE(dialog.shown.empty());
-
-    state.ImageDirty = true;
-    dialog.answers = {MsgDialog::kCancel};
-    openSave.OpenImageNow();
-    EXPECT_EQ(browses, 1);
-    EXPECT_TRUE(state.ImageDirty);
-
-    dialog.answers = {MsgDialog::kNo};
-    openSave.OpenImageNow();
-    EXPECT_EQ(browses, 2);
-    EXPECT_FALSE(state.ImageDirty);
-
-    state.ImageDirty = true;
-    dialog.answers = {MsgDialog::kYes};
-    openSave.OpenImageNow();
-    EXPECT_EQ(saveDialog.shown, 1);
-    EXPECT_EQ(browses, 3) << "a cancelled save dialog does not stop the opening";
-    EXPECT_FALSE(state.ImageDirty);
-
-    state.CaptureBusy = true;
-    openSave.OpenImageNow();
-    EXPECT_EQ(browses, 3);
-}
-
-TEST_F(DocumentTest, DropAsksAndThenShowsTheLongText) {
-    document.Open(MakePicture(40, 30), Document::Source::Browse);
-    const QString other = MakePicture(20, 10, QStringLiteral("b.png"));
-    QSignalSpy texts(&document, &Document::StatusTextChanged);
-    Paint();
-    dialog.answers = {MsgDialog::kCancel};
-    openSave.Drop(other);
-    EXPECT_EQ(surfaces.picCanvas.ImageWidth(), 40);
-    EXPECT_TRUE(state.ImageDirty);
-    dialog.answers = {MsgDialog::kNo};
-    openSave.Drop(other);
-    EXPECT_EQ(surfaces.picCanvas.ImageWidth(), 20);
-    EXPECT_FALSE(state.ImageDirty);
-    EXPECT_TRUE(texts.last()[0].toString().contains('['));
-    openSave.Drop(other);
-    EXPECT_TRUE(texts.last()[0].toString().contains('('));
-    state.CaptureBusy = true;
-    openSave.Drop(folder.filePath("a.png"));
-    EXPECT_EQ(surfaces.picCanvas.ImageWidth(), 20);
 }
 
 TEST_F(DocumentTest, SaveFollowsTheExtensionAndSettlesTheState) {
@@ -205,8 +156,6 @@ TEST_F(DocumentTest, SaveFollowsTheExtensionAndSettlesTheState) {
     EXPECT_FALSE(state.ImageDirty);
     EXPECT_FALSE(state.ImageActive);
 
-    openSave.Copy();
-    EXPECT_TRUE(QGuiApplication::clipboard()->image().isNull()) << "nothing is copied after a save";
     history.PerformUndo();
     EXPECT_TRUE(state.ImageDirty) << "undo works after a save";
     openSave.PerformSave();
@@ -217,6 +166,38 @@ TEST_F(DocumentTest, SaveFollowsTheExtensionAndSettlesTheState) {
     openSave.PerformSave();
     EXPECT_EQ(pdfs, QStringList{folder.filePath("page.png")});
     EXPECT_FALSE(state.ImageDirty);
+}
+
+TEST_F(DocumentTest, ASavedPictureIsToldAndCanBeGoneOnWith) {
+    state.ResizeOnOpen = 1;
+    openSave.Drop(MakePicture(3000, 2000, QStringLiteral("big cat.jpg")));
+    ASSERT_EQ(notes.shown.size(), 1u);
+    EXPECT_EQ(notes.shown[0].text, QString::fromUtf8("Made smaller, 3000 × 2000 to 800 × 533"));
+    const std::function<void()> inFullSize = notes.shown[0].buttons.at(0).run;
+    Paint();
+    // Over the opened file only after a warning; No leads back to the dialog.
+    saveDialog.names = {folder.filePath("big cat.jpg"), folder.filePath("out.png")};
+    dialog.answers = {MsgAnswer::No};
+    openSave.PerformSave();
+    EXPECT_EQ(saveDialog.offeredName, folder.filePath("big cat - B-W.png"));
+    ASSERT_EQ(dialog.shown.size(), 1u);
+    EXPECT_TRUE(dialog.shown[0].text.contains(QString::fromUtf8("3000 × 2000")));
+    EXPECT_EQ(QImage(folder.filePath("big cat.jpg")).width(), 3000);
+    ASSERT_EQ(notes.shown.size(), 2u);
+    const Note saved = notes.shown[1];
+    EXPECT_EQ(saved.text, "Saved as out.png");
+    saved.buttons.at(1).run();
+    EXPECT_EQ(folders, QStringList{folder.path()});
+    saved.buttons.at(0).run();
+    EXPECT_EQ(state.CurrentFileName, "out.png");
+    EXPECT_TRUE(state.ImageActive);
+
+    inFullSize();
+    EXPECT_EQ(surfaces.picCanvas.ImageWidth(), 3000);
+    Paint();
+    saveDialog.names = {folder.filePath("big cat.jpg")};
+    openSave.PerformSave();
+    EXPECT_EQ(dialog.shown.size(), 1u) << "nothing is lost, nothing to warn of";
 }
 
 TEST_F(DocumentTest, AFailedSaveKeepsTheChanges) {
@@ -230,23 +211,11 @@ TEST_F(DocumentTest, AFailedSaveKeepsTheChanges) {
     EXPECT_TRUE(state.ImageActive);
 }
 
-TEST_F(DocumentTest, CopyPutsThePictureOnTheClipboard) {
-    document.Open(MakePicture(40, 30), Document::Source::Browse);
-    Paint();
-    openSave.Copy();
-    EXPECT_EQ(QGuiApplication::clipboard()->image().convertToFormat(QImage::Format_RGB32),
-              surfaces.picCanvas.Picture());
-    QGuiApplication::clipboard()->clear();
-}
-
-TEST_F(DocumentTest, UndoAndCompareKeepTheirGuards) {
+TEST_F(DocumentTest, UndoKeepsTheViewAndCompareIsTold) {
     document.Open(MakePicture(40, 30), Document::Source::Browse);
     QSignalSpy shown(&history, &History::OriginalShown);
     history.PerformUndo();
     EXPECT_FALSE(state.ImageDirty) << "nothing to undo";
-    history.ToggleOriginal();
-    EXPECT_EQ(shown.size(), 0) << "a fresh picture has nothing to compare";
-
     const QImage before = surfaces.picCanvas.Picture().copy();
     Paint();
     const QImage after = surfaces.picCanvas.Picture().copy();
@@ -255,21 +224,19 @@ TEST_F(DocumentTest, UndoAndCompareKeepTheirGuards) {
     history.PerformUndo();
     EXPECT_EQ(surfaces.picCanvas.Picture(), before);
     EXPECT_TRUE(state.ImageDirty);
-    EXPECT_EQ(view.ViewMode(), 2);
-    EXPECT_TRUE(view.ViewScrollable()) << "the view goes back to fitted, scrolling stays as it was";
+    EXPECT_EQ(view.ViewMode(), ViewKind::Free) << "the user keeps looking where he looks";
+    EXPECT_TRUE(view.ViewScrollable());
     history.PerformRedo();
     EXPECT_EQ(surfaces.picCanvas.Picture(), after);
 
     history.ToggleOriginal();
     history.ToggleOriginal();
     ASSERT_EQ(shown.size(), 2);
+    ASSERT_EQ(notes.shown.size(), 1u);
+    EXPECT_TRUE(notes.shown[0].stays);
+    EXPECT_EQ(notes.cleared, 1);
     EXPECT_TRUE(shown[0][0].toBool());
     EXPECT_FALSE(shown[1][0].toBool());
-    state.CaptureBusy = true;
-    history.PerformUndo();
-    history.ToggleOriginal();
-    EXPECT_EQ(surfaces.picCanvas.Picture(), after);
-    EXPECT_EQ(shown.size(), 2);
 }
 
 TEST_F(DocumentTest, ZoomStepsAndTheirViews) {
@@ -290,12 +257,9 @@ TEST_F(DocumentTest, ZoomStepsAndTheirViews) {
         view.SetZoomPercent(row.from);
         (zoom.*row.command)();
         EXPECT_EQ(view.ZoomPercent(), row.to) << row.from;
-        EXPECT_EQ(view.ViewMode(), row.endsFree ? 0 : 2) << row.from;
+        EXPECT_EQ(view.ViewMode(), row.endsFree ? ViewKind::Free : ViewKind::Fitted) << row.from;
         EXPECT_EQ(view.ViewScrollable(), row.endsFree) << row.from;
     }
-    state.ImageActive = false;
-    zoom.ZoomIn();
-    EXPECT_EQ(view.ZoomPercent(), 80);
 }
 
 }  // namespace

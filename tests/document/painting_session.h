@@ -16,6 +16,7 @@
 #include "effects/effect_application.h"
 #include "effects/effect_controls.h"
 #include "effects/render_window.h"
+#include "tests/support/kept_notes.h"
 #include "tests/support/memory_settings.h"
 #include "tests/support/scripted_dialog.h"
 #include "tests/support/scripted_save_dialog.h"
@@ -28,10 +29,9 @@ class PaintingSession : private EffectControls, private RenderWindow {
         : random(seed),
           document(surfaces, view, view, state, log),
           painter(
-              document, view, state, settings, {}, [this] { return brushSize; }, log),
-          history(surfaces.picCanvas, view, state, log),
-          openSave(
-              document, state, dialog, saveDialog, [] {}, [](const QString&) { return false; }, log),
+              document, view, state, settings, notes, {}, [this] { return brushSize; }, log),
+          history(surfaces.picCanvas, view, state, notes, log),
+          openSave(document, state, dialog, saveDialog, notes, {[] {}, [](const QString&) { return false; }}, log),
           application(surfaces.picCanvas, surfaces.picPen, engine, state, *this, *this,
                       {[this] { painter.SetUpBrush(); }, [] {}}, log) {
         state.ResizeOnOpen = 1;
@@ -52,7 +52,7 @@ class PaintingSession : private EffectControls, private RenderWindow {
     void Open() {
         const char* const names[] = {"plain.png", "glass.png", "photo.jpg"};
         const QString path = folder.filePath(names[Below(3)]);
-        if (state.ImageDirty) dialog.answers = {MsgDialog::kNo};
+        if (state.ImageDirty) dialog.answers = {MsgAnswer::No};
         if (Below(2) || state.ImageDirty)
             openSave.Drop(path);  // leaves the brush armed with what it has
         else
@@ -120,7 +120,8 @@ class PaintingSession : private EffectControls, private RenderWindow {
             },
             [](auto& s) {
                 // "4" is a cursor style that leaves the brush as it is.
-                s.settings.Write(settings::kCursorStyle, s.Below(4) ? QStringLiteral("1") : QStringLiteral("4"));
+                s.settings.WriteText(settings::kCursorStyle.key,
+                                     s.Below(4) ? QStringLiteral("1") : QStringLiteral("4"));
             },
         };
         kTricks[Below(static_cast<int>(std::size(kTricks)))](*this);
@@ -134,6 +135,7 @@ class PaintingSession : private EffectControls, private RenderWindow {
     MemorySettings settings;
     ScriptedDialog dialog;
     ScriptedSaveDialog saveDialog;
+    KeptNotes notes;
     int brushSize = 20;
     Document document;
     Painter painter;

@@ -17,6 +17,7 @@
 
 #include "controls/list_ex/list_ex.h"
 #include "output/frm_print.h"
+#include "output/output_settings.h"
 #include "platform/error.h"
 #include "tests/support/memory_settings.h"
 #include "tests/support/scripted_dialog.h"

@@ -9,6 +9,7 @@
 #include "controls/list_ex/list_ex.h"
 #include "controls/tool_button/tool_button.h"
 #include "output/frm_print.h"
+#include "output/output_settings.h"
 #include "platform/error.h"
 #include "tests/support/memory_settings.h"
 #include "tests/support/scripted_dialog.h"
@@ -101,7 +102,7 @@ TEST_F(PrintDialogTest, PrintsAsChosenAndKeepsThePrinterByItsName) {
         EXPECT_TRUE(service.jobs[0].portrait);
         EXPECT_EQ(service.jobs[0].picture.size(), QSize(20, 40));
         EXPECT_EQ(form.result(), QDialog::Accepted);
-        EXPECT_EQ(settings.Read(settings::kPrinter), "1");
+        EXPECT_EQ(settings.Read(settings::kPrinter), 1);
     }
     service.printers.prepend("Another");  // a queue that came since
     EXPECT_EQ(frmPrint(picture, service, settings, dialog, nullptr).lstPrinters->ListIndex(), 2);
@@ -109,7 +110,7 @@ TEST_F(PrintDialogTest, PrintsAsChosenAndKeepsThePrinterByItsName) {
     service.printers = {"Another", "Office"};
     EXPECT_EQ(frmPrint(picture, service, settings, dialog, nullptr).lstPrinters->ListIndex(), -1);
     settings.Write(settings::kPrinterName, "");
-    settings.Write(settings::kPrinter, "7");
+    settings.Write(settings::kPrinter, 7);
     const frmPrint form(picture, service, settings, dialog, nullptr);
     ASSERT_EQ(dialog.shown.size(), 2u);
     EXPECT_TRUE(dialog.shown[0].text.contains("The printer \"Photo\" is not there any more"));
@@ -133,7 +134,7 @@ TEST_F(PrintDialogTest, FailuresKeepTheDialogAndTheSetting) {
     form.cmdOK->click();
     EXPECT_TRUE(service.cancelled);
     EXPECT_FALSE(form.isVisible());
-    EXPECT_EQ(settings.Read(settings::kPrinter), "0");
+    EXPECT_EQ(settings.Read(settings::kPrinter), 0);
     EXPECT_EQ(dialog.shown.size(), 1u) << "a cancel is told as an error";
 
     service.listError = PrintService::kNoPrinterInformation;

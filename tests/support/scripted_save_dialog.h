@@ -14,10 +14,12 @@ class ScriptedSaveDialog : public SaveDialog {
     int chosenFilter = kPngFilter;
     int shown = 0;
     int offeredFilter = 0;
+    QString offeredName;
 
     bool Show(QString& fileName, int& filterIndex) override {
         ++shown;
         offeredFilter = filterIndex;
+        offeredName = fileName;
         if (names.isEmpty()) return false;
         fileName = names.takeFirst();
         filterIndex = chosenFilter;

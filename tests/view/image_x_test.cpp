@@ -115,10 +115,7 @@ TEST_F(ImageXTest, ThePercentTellsWhatIsShownAfterEveryCommand) {
         view_.SetFittedView();
         view_.Redraw();
     };
-    const auto undo = [this] {
-        view_.SetViewAnchor(5);
-        view_.SetViewMode(2);
-    };
+    const auto undo = [this] { view_.ShowWhole(); };
     const auto open = [this](int width, int height) { surface_.CreateBlank(width, height, 24, Qt::red); };
     const struct {
         const char* what;
@@ -288,10 +285,10 @@ TEST_F(ImageXTest, ShowsTheCursorPictureInStyle99Only) {
     picture.fill(Qt::green);
     view_.SetCursorPicture(picture);
     EXPECT_EQ(view_.cursor().shape(), Qt::ArrowCursor);
-    view_.SetCursorStyle(99);
+    view_.SetCursorStyle(SurfaceCursor::Custom);
     EXPECT_EQ(view_.cursor().shape(), Qt::BitmapCursor);
     EXPECT_EQ(view_.cursor().hotSpot(), QPoint(8, 8));
-    view_.SetCursorStyle(0);
+    view_.SetCursorStyle(SurfaceCursor::Arrow);
     EXPECT_EQ(view_.cursor().shape(), Qt::ArrowCursor);
 }
 

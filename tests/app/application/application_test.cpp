@@ -51,7 +51,7 @@ TEST(Application, GoesOnAfterAnEventThatFails) {
     EXPECT_TRUE(dialog.shown.empty()) << "a painting that fails would fail again at once";
 
     // The next failure, while the message is up, adds no second one.
-    dialog.whileShown = [&](const ScriptedDialog::Shown&) { QTest::mouseClick(&widget, Qt::LeftButton); };
+    dialog.whileShown = [&](const Message&) { QTest::mouseClick(&widget, Qt::LeftButton); };
     QTest::mouseClick(&widget, Qt::LeftButton);
     ASSERT_EQ(dialog.shown.size(), 1u);
     EXPECT_EQ(dialog.shown[0].text, "The following error has occured:\r\nno room (57)\r\n");

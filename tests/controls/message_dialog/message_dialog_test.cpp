@@ -21,8 +21,7 @@ namespace kelu {
 namespace {
 
 /// Shows a message and lets `act` deal with its window.
-int Show(MsgDialog& dialog, int style, const std::function<void(QWidget&)>& act,
-         const QString& text = QStringLiteral("Text\r\n"), const QString& heading = QStringLiteral("Heading")) {
+MsgReply Show(const Message& message, const std::function<void(QWidget&)>& act, QWidget* owner = nullptr) {
     QTimer::singleShot(0, [&] {
         QWidget* window = QApplication::activeModalWidget();
         ASSERT_NE(window, nullptr);
@@ -30,7 +29,11 @@ int Show(MsgDialog& dialog, int style, const std::function<void(QWidget&)>& act,
         act(*window);
         if (window->isVisible()) window->close();
     });
-    return dialog.ShowMessage(heading, text, style, QStringLiteral("Kelu"), MsgIcon::Information);
+    return MsgDialogWindow(owner).ShowMessage(message);
+}
+
+Message Ask(MsgButtons buttons) {
+    return {QStringLiteral("Heading"), QStringLiteral("Text\r\n"), MsgIcon::Information, buttons};
 }
 
 QPushButton* ButtonNamed(QWidget& window, const QString& caption) {
@@ -49,119 +52,101 @@ QString ShownText(QWidget& window) {
     return texts.join(QLatin1Char('|'));
 }
 
-TEST(MsgDialogWindow, AnswersByKeys) {
-    struct Row {
-        const char* what;
-        int style;
-        Qt::Key key;
-        Qt::KeyboardModifiers modifiers;
-        int answer;
+TEST(MsgDialogWindow, AnswersByKeysMouseMnemonicTabAndClose) {
+    using Act = std::function<void(QWidget&)>;
+    const auto key = [](Qt::Key code) -> Act {
+        return
+            [code](QWidget& window) { QTest::keyClick(window.focusWidget() ? window.focusWidget() : &window, code); };
     };
-    const Row rows[] = {
-        {"Enter takes the default", MsgDialog::kYesNoCancel, Qt::Key_Return, Qt::NoModifier, MsgDialog::kYes},
-        {"keypad Enter too", MsgDialog::kYesNoCancel, Qt::Key_Enter, Qt::NoModifier, MsgDialog::kYes},
-        {"Y", MsgDialog::kYesNoCancel, Qt::Key_Y, Qt::NoModifier, MsgDialog::kYes},
-        {"N", MsgDialog::kYesNoCancel, Qt::Key_N, Qt::NoModifier, MsgDialog::kNo},
-        {"Escape", MsgDialog::kYesNoCancel, Qt::Key_Escape, Qt::NoModifier, MsgDialog::kCancel},
-        {"Enter on OK", MsgDialog::kOk, Qt::Key_Return, Qt::NoModifier, MsgDialog::kOkAnswer},
-        {"Escape on OK", MsgDialog::kOk, Qt::Key_Escape, Qt::NoModifier, MsgDialog::kOkAnswer},
-        {"another style has OK", 16, Qt::Key_Return, Qt::NoModifier, MsgDialog::kOkAnswer},
-        {"N means nothing to an OK message, closing it does", MsgDialog::kOk, Qt::Key_N, Qt::NoModifier,
-         MsgDialog::kOkAnswer},
-    };
-    for (const Row& row : rows) {
-        MsgDialogWindow dialog;
-        const int answer = Show(dialog, row.style, [&](QWidget& window) {
-            QTest::keyClick(window.focusWidget() ? window.focusWidget() : &window, row.key, row.modifiers);
-        });
-        EXPECT_EQ(answer, row.answer) << row.what;
-    }
-}
-
-TEST(MsgDialogWindow, AnswersByMouseMnemonicTabAndClose) {
-    MsgDialogWindow dialog;
-    const auto click = [](const char* caption) {
+    const auto click = [](const char* caption) -> Act {
         return [caption](QWidget& window) {
             QTest::mouseClick(ButtonNamed(window, QString::fromLatin1(caption)), Qt::LeftButton);
         };
     };
-    EXPECT_EQ(Show(dialog, MsgDialog::kYesNoCancel, click("&Yes")), 6);
-    EXPECT_EQ(Show(dialog, MsgDialog::kYesNoCancel, click("&No")), 7);
-    EXPECT_EQ(Show(dialog, MsgDialog::kYesNoCancel, click("Cancel")), 2);
-    EXPECT_EQ(Show(dialog, MsgDialog::kOk, click("OK")), 1);
-    EXPECT_EQ(Show(dialog, MsgDialog::kYesNoCancel, [](QWidget& window) { window.close(); }), 2);
-    EXPECT_EQ(Show(dialog, MsgDialog::kOk, [](QWidget& window) { window.close(); }), 1);
-    EXPECT_EQ(Show(dialog, MsgDialog::kYesNoCancel,
-                   [](QWidget& window) {
-                       QTest::keyClick(&window, Qt::Key_Tab);
-                       EXPECT_EQ(window.focusWidget(), ButtonNamed(window, QStringLiteral("&No")));
-                       QTest::keyClick(window.focusWidget(), Qt::Key_Return);
-                   }),
-              7);
-    EXPECT_EQ(Show(dialog, MsgDialog::kYesNoCancel,
-                   [](QWidget& window) {
-                       QTest::keyClick(&window, Qt::Key_N, Qt::AltModifier);
-                       QTest::qWait(200);  // a mnemonic shows its button pressed for a moment
-                   }),
-              7);
+    const Act close = [](QWidget& window) { window.close(); };
+    const Act tabToNo = [](QWidget& window) {
+        QTest::keyClick(&window, Qt::Key_Tab);
+        EXPECT_EQ(window.focusWidget(), ButtonNamed(window, QStringLiteral("&No")));
+        QTest::keyClick(window.focusWidget(), Qt::Key_Return);
+    };
+    const Act altN = [](QWidget& window) {
+        QTest::keyClick(&window, Qt::Key_N, Qt::AltModifier);
+        QTest::qWait(200);  // a mnemonic shows its button pressed for a moment
+    };
+    struct Row {
+        const char* what;
+        MsgButtons buttons;
+        Act act;
+        MsgAnswer answer;
+    };
+    using B = MsgButtons;
+    using A = MsgAnswer;
+    const Row rows[] = {
+        {"Enter takes the default", B::YesNoCancel, key(Qt::Key_Return), A::Yes},
+        {"keypad Enter too", B::YesNo, key(Qt::Key_Enter), A::Yes},
+        {"Y", B::YesNoCancel, key(Qt::Key_Y), A::Yes},
+        {"N", B::YesNo, key(Qt::Key_N), A::No},
+        {"Escape", B::YesNoCancel, key(Qt::Key_Escape), A::Cancel},
+        {"Escape without Cancel", B::YesNo, key(Qt::Key_Escape), A::No},
+        {"Enter on OK", B::Ok, key(Qt::Key_Return), A::Ok},
+        {"Escape on OK", B::Ok, key(Qt::Key_Escape), A::Ok},
+        {"N means nothing to an OK message, closing it does", B::Ok, key(Qt::Key_N), A::Ok},
+        {"click Yes", B::YesNoCancel, click("&Yes"), A::Yes},
+        {"click No", B::YesNoCancel, click("&No"), A::No},
+        {"click Cancel", B::YesNoCancel, click("Cancel"), A::Cancel},
+        {"click OK", B::Ok, click("OK"), A::Ok},
+        {"close", B::YesNoCancel, close, A::Cancel},
+        {"close with OK", B::Ok, close, A::Ok},
+        {"Tab and Enter", B::YesNoCancel, tabToNo, A::No},
+        {"mnemonic", B::YesNoCancel, altN, A::No},
+    };
+    for (const Row& row : rows) EXPECT_EQ(Show(Ask(row.buttons), row.act).answer, row.answer) << row.what;
 }
 
-TEST(MsgDialogWindow, CheckBoxIsReadAfterTheMessageAndStartsUnticked) {
-    MsgDialogWindow dialog;
-    dialog.SetShowCheckbox(true);
-    dialog.SetCheckboxCaption(QStringLiteral("Don't Show This Again"));
-    Show(dialog, MsgDialog::kOk, [](QWidget& window) {
-        auto* box = window.findChild<QCheckBox*>();
-        ASSERT_NE(box, nullptr);
-        EXPECT_EQ(box->text(), QStringLiteral("Don't Show This Again"));
-        EXPECT_FALSE(box->isChecked());
-        EXPECT_EQ(window.focusWidget(), ButtonNamed(window, QStringLiteral("OK"))) << "a space is the button's";
-        QTest::keyClick(box, Qt::Key_Space);
-    });
-    EXPECT_TRUE(dialog.CheckboxValue());
-    Show(dialog, MsgDialog::kOk, [](QWidget& window) { EXPECT_FALSE(window.findChild<QCheckBox*>()->isChecked()); });
-    EXPECT_FALSE(dialog.CheckboxValue());
-    dialog.SetCheckboxValue(true);
-    Show(dialog, MsgDialog::kOk, [](QWidget& window) { EXPECT_TRUE(window.findChild<QCheckBox*>()->isChecked()); });
-    EXPECT_TRUE(dialog.CheckboxValue());
-    dialog.SetShowCheckbox(false);
-    Show(dialog, MsgDialog::kOk, [](QWidget& window) { EXPECT_EQ(window.findChild<QCheckBox*>(), nullptr); });
-    EXPECT_FALSE(dialog.CheckboxValue());
+TEST(MsgDialogWindow, TellsWhetherItsCheckBoxWasTicked) {
+    Message message = Ask(MsgButtons::Ok);
+    EXPECT_FALSE(Show(message, [](QWidget& window) { EXPECT_EQ(window.findChild<QCheckBox*>(), nullptr); }).ticked);
+    message.checkbox = QStringLiteral("Don't Show This Again");
+    for (const bool ticks : {true, false}) {
+        const auto act = [&](QWidget& window) {
+            auto* box = window.findChild<QCheckBox*>();
+            ASSERT_NE(box, nullptr);
+            EXPECT_EQ(box->text(), message.checkbox);
+            EXPECT_FALSE(box->isChecked());
+            EXPECT_EQ(window.focusWidget(), ButtonNamed(window, QStringLiteral("OK"))) << "a space is the button's";
+            if (ticks) QTest::keyClick(box, Qt::Key_Space);
+        };
+        EXPECT_EQ(Show(message, act).ticked, ticks);
+    }
 }
 
 TEST(MsgDialogWindow, ShowsTextsAsTheyStandAndCopiesThem) {
-    MsgDialogWindow dialog;
-    const QString text = QStringLiteral("Save changes to '<b>a & b</b>.jpg'?\r\nSecond line\r\n");
-    Show(
-        dialog, MsgDialog::kOk,
-        [](QWidget& window) {
-            EXPECT_EQ(ShownText(window), QStringLiteral("Confirm|Save changes to '<b>a & b</b>.jpg'?\nSecond line"));
-            EXPECT_EQ(window.windowTitle(), QStringLiteral("Kelu"));
-            QTest::keyClick(&window, Qt::Key_C, Qt::ControlModifier);
-            EXPECT_EQ(QGuiApplication::clipboard()->text(),
-                      QStringLiteral("Confirm\n\nSave changes to '<b>a & b</b>.jpg'?\nSecond line"));
-            const QAccessibleInterface* self = QAccessible::queryAccessibleInterface(&window);
-            EXPECT_EQ(self->role(), QAccessible::Dialog);
-            EXPECT_EQ(self->text(QAccessible::Name), QStringLiteral("Kelu"));
-        },
-        text, QStringLiteral("Confirm"));
+    Show({QStringLiteral("Confirm"), QStringLiteral("Save changes to '<b>a & b</b>.jpg'?\r\nSecond line\r\n")},
+         [](QWidget& window) {
+             EXPECT_EQ(ShownText(window), QStringLiteral("Confirm|Save changes to '<b>a & b</b>.jpg'?\nSecond line"));
+             EXPECT_EQ(window.windowTitle(), QStringLiteral("Kelu"));
+             QTest::keyClick(&window, Qt::Key_C, Qt::ControlModifier);
+             EXPECT_EQ(QGuiApplication::clipboard()->text(),
+                       QStringLiteral("Confirm\n\nSave changes to '<b>a & b</b>.jpg'?\nSecond line"));
+             const QAccessibleInterface* self = QAccessible::queryAccessibleInterface(&window);
+             EXPECT_EQ(self->role(), QAccessible::Dialog);
+             EXPECT_EQ(self->text(QAccessible::Name), QStringLiteral("Kelu"));
+         });
 }
 
 TEST(MsgDialogWindow, KeepsItsBreadthWhateverTheText) {
-    MsgDialogWindow dialog;
     int plain = 0, wide = 0, about = 0;
-    Show(dialog, MsgDialog::kOk, [&](QWidget& window) { plain = window.width(); });
-    Show(
-        dialog, MsgDialog::kOk, [&](QWidget& window) { wide = window.width(); }, QString(400, QLatin1Char('W')));
+    Message message = Ask(MsgButtons::Ok);
+    Show(message, [&](QWidget& window) { plain = window.width(); });
+    message.text = QString(400, QLatin1Char('W'));
+    Show(message, [&](QWidget& window) { wide = window.width(); });
     EXPECT_EQ(plain, wide);
-    dialog.SetAboutStyle(true);
-    Show(
-        dialog, MsgDialog::kOk,
-        [&](QWidget& window) {
-            about = window.width();
-            EXPECT_LT(window.height(), 500) << "a long text scrolls";
-        },
-        QStringLiteral("Many words. ").repeated(400));
+    message.look = MsgLook::About;
+    message.text = QStringLiteral("Many words. ").repeated(400);
+    Show(message, [&](QWidget& window) {
+        about = window.width();
+        EXPECT_LT(window.height(), 500) << "a long text scrolls";
+    });
     EXPECT_GT(about, plain);
 }
 
@@ -172,16 +157,14 @@ TEST(MsgDialogWindow, StandsOverTheMiddleOfItsOwnerAndAnswersThoughThatIsDisable
     owner.setEnabled(false);
     another.show();
     QApplication::setActiveWindow(&another);
-    MsgDialogWindow dialog(&owner);
-    EXPECT_EQ(Show(dialog, MsgDialog::kYesNoCancel,
-                   [&](QWidget& window) {
-                       EXPECT_TRUE(window.isEnabled());
-                       EXPECT_EQ(window.parentWidget(), &owner) << "not the window that happens to be active";
-                       const QPoint off = window.geometry().center() - owner.geometry().center();
-                       EXPECT_LE(off.manhattanLength(), 2);
-                       QTest::mouseClick(ButtonNamed(window, QStringLiteral("&No")), Qt::LeftButton);
-                   }),
-              7);
+    const auto act = [&](QWidget& window) {
+        EXPECT_TRUE(window.isEnabled());
+        EXPECT_EQ(window.parentWidget(), &owner) << "not the window that happens to be active";
+        const QPoint off = window.geometry().center() - owner.geometry().center();
+        EXPECT_LE(off.manhattanLength(), 2);
+        QTest::mouseClick(ButtonNamed(window, QStringLiteral("&No")), Qt::LeftButton);
+    };
+    EXPECT_EQ(Show(Ask(MsgButtons::YesNo), act, &owner).answer, MsgAnswer::No);
 }
 
 TEST(MessageText, LineEndsLinksAndLongWords) {
@@ -202,7 +185,6 @@ TEST(MessageText, LineEndsLinksAndLongWords) {
 
 TEST(StandardError, ShowsDescriptionAndNumber) {
     ScriptedDialog dialog;
-    dialog.SetAboutStyle(true);
     bool after = false;
     EXPECT_FALSE(RunShowingErrors(dialog, [&] {
         throw Error(kInvalidPicture, QStringLiteral("Invalid picture"));
@@ -215,10 +197,8 @@ TEST(StandardError, ShowsDescriptionAndNumber) {
     const auto& first = dialog.shown[0];
     EXPECT_EQ(first.heading, QStringLiteral("Error"));
     EXPECT_EQ(first.text, QStringLiteral("The following error has occured:\r\nInvalid picture (481)\r\n"));
-    EXPECT_EQ(first.style, 96);
     EXPECT_EQ(first.title, QStringLiteral("Kelu"));
     EXPECT_EQ(first.icon, MsgIcon::Error);
-    EXPECT_FALSE(first.about);
     EXPECT_EQ(dialog.shown[1].text, QStringLiteral("The following error has occured:\r\nOut of memory (7)\r\n"));
 }
 

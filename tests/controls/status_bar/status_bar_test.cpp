@@ -13,7 +13,7 @@ namespace {
 class StatusBarTest : public testing::Test {
  protected:
     StatusBarTest() {
-        bar.SetPanelWidths(220, 400);
+        bar.SetPanelWidths({220, 400});
         bar.resize(887, 33);
         bar.show();
         panels = bar.findChildren<QAbstractButton*>();

@@ -32,7 +32,7 @@ struct FrmEmail : testing::Test {
     std::unique_ptr<frmEmail> form;
 
     void Open(const QString& method) {
-        settings.Write(settings::kMailMethod, method);
+        if (!method.isNull()) settings.WriteText(settings::kMailMethod.key, method);
         QFile file(folder.filePath("Kelu.jpg"));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(QByteArray(200'000, 'j'));

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#include "app/idle_memory.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+
+#include "engine/pixel_memory.h"
+
+namespace kelu {
+
+IdleMemory::IdleMemory() {
+    pause_.setSingleShot(true);
+    pause_.setInterval(kPause);
+    connect(&pause_, &QTimer::timeout, this, &IdleMemory::Release);
+    QCoreApplication::instance()->installEventFilter(this);
+    pause_.start();
+}
+
+void IdleMemory::Release() { engine::ReleaseIdlePixelMemory(); }
+
+bool IdleMemory::eventFilter(QObject*, QEvent* event) {
+    switch (event->type()) {
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseMove:
+        case QEvent::KeyPress:
+        case QEvent::Wheel:
+            pause_.start();
+            break;
+        default:
+            break;
+    }
+    return false;
+}
+
+}  // namespace kelu

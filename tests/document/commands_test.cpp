@@ -1,0 +1,73 @@
+// What may be used when, and the keys.
+// SPDX-License-Identifier: MIT
+#include "document/commands.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+namespace kelu {
+namespace {
+
+using enum Command;
+using enum Obstacle;
+
+TEST(Commands, WhatIsInTheWay) {
+    struct Row {
+        const char* when;
+        SharedState state;
+        std::map<Command, Obstacle> refused;  // all others may be used
+    };
+    const auto state = [](bool active, bool dirty, const char* name, int effect, bool capture) {
+        SharedState made;
+        made.ImageActive = active;
+        made.ImageDirty = dirty;
+        made.CurrentFileName = QString::fromLatin1(name);
+        made.CurrentSFX = static_cast<std::int16_t>(effect);
+        made.CaptureBusy = capture;
+        return made;
+    };
+    const auto all = [](std::initializer_list<Command> commands, Obstacle obstacle) {
+        std::map<Command, Obstacle> refused;
+        for (const Command command : commands) refused[command] = obstacle;
+        return refused;
+    };
+    const auto onPicture = {Save, Email, Print, Copy, Original, Apply, ZoomIn, ZoomOut, ZoomReset, ChooseEffect};
+    const auto without = [](std::map<Command, Obstacle> refused, std::initializer_list<Command> commands) {
+        for (const Command command : commands) refused.erase(command);
+        return refused;
+    };
+    auto capturing = all({Open, Save, Email, Print, Undo, Redo, Original, ChooseEffect, Drop}, Capture);
+    auto opened = all({Save, Original}, NoChanges);
+    opened[Apply] = NoEffect;
+    const Row rows[] = {
+        {"nothing open", state(false, false, "", 0, false), all(onPicture, NoPicture)},
+        {"opened", state(true, false, "a.png", 0, false), opened},
+        {"after the help of the settings", state(true, false, "a.png", kSettingsTopic, false), opened},
+        {"painted", state(true, true, "a.png", 1, false), {}},
+        {"saved", state(false, false, "a.png", 48, false), all(onPicture, Saved)},
+        {"saved and painted on", state(false, true, "a.png", 48, false),
+         without(all(onPicture, Saved), {Save, Original})},
+        {"capturing", state(true, true, "a.png", 1, true), capturing},
+    };
+    for (const Row& row : rows)
+        for (int each = 0; each <= static_cast<int>(Drop); ++each) {
+            const auto command = static_cast<Command>(each);
+            const auto refused = row.refused.find(command);
+            const Obstacle expected = refused == row.refused.end() ? None : refused->second;
+            EXPECT_EQ(ObstacleTo(command, row.state), expected) << row.when << ", command " << each;
+            EXPECT_EQ(ObstacleText(expected).isEmpty(), expected == None);
+        }
+}
+
+TEST(Commands, NoTwoShareAKey) {
+    std::set<std::pair<int, int>> keys;
+    for (const CommandRow& row : kCommands) {
+        if (row.key.key == Qt::Key_unknown) continue;
+        EXPECT_TRUE(keys.emplace(row.key.key, row.key.modifiers.value_or(Qt::NoModifier)).second) << row.name;
+    }
+    EXPECT_EQ(CommandOfKey(Qt::Key_unknown, Qt::NoModifier), std::nullopt) << "media keys and the like";
+}
+
+}  // namespace
+}  // namespace kelu
