@@ -70,8 +70,11 @@ void Document::TakeOver(Surfaces& made, const QString& path, bool effectReady) {
     Canvas().TakeOver(made.picCanvas);
     Pen().TakeOver(made.picPen);
     Original().TakeOver(made.picOriginal);
-    ShowFitted(canvasView_);
-    ShowFitted(originalView_);
+    canvasView_.ShowWhole();
+    originalView_.ShowWhole();
+    openedPath_ = path;
+    openedBy_ = Source::Drop;
+    sizeInFile_ = openedSize_ = Canvas().Picture().size();
     state_.ImageActive = true;
     state_.ImageDirty = true;
     state_.EffectReady = effectReady;

@@ -374,7 +374,7 @@ TEST_F(ImageXTest, WhatIsOnTheScreenIsWhatAFreshViewWouldShow) {
         const QImage shown = view_.screen()->grabWindow(view_.winId()).toImage().convertToFormat(QImage::Format_RGB32);
         ImageX fresh(surface_);
         fresh.resize(view_.size());
-        if (view_.ViewMode() == 0) {
+        if (view_.ViewMode() == ViewKind::Free) {
             fresh.SetZoomPercent(view_.ZoomPercent());
             fresh.SetFreeView();
         }
