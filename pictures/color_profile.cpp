@@ -6,8 +6,12 @@
 #include <tbb/blocked_range.h>
 #include <tbb/parallel_for.h>
 
+#include <algorithm>
+#include <array>
 #include <cstdlib>
+#include <functional>
 #include <memory>
+#include <numeric>
 
 namespace kelu {
 namespace {
@@ -21,29 +25,50 @@ struct CloseTransform {
 using Profile = std::unique_ptr<void, CloseProfile>;
 using Transform = std::unique_ptr<void, CloseTransform>;
 
-Profile OpenProfile(const QByteArray& bytes, cmsColorSpaceSignature space) {
+struct FreeCurve {
+    void operator()(cmsToneCurve* curve) const { cmsFreeToneCurve(curve); }
+};
+
+Profile OpenProfile(const QByteArray& bytes) {
     if (bytes.isEmpty()) return {};
-    Profile profile(cmsOpenProfileFromMem(bytes.constData(), static_cast<cmsUInt32Number>(bytes.size())));
-    if (profile && cmsGetColorSpace(profile.get()) != space) profile.reset();
-    return profile;
+    return Profile(cmsOpenProfileFromMem(bytes.constData(), static_cast<cmsUInt32Number>(bytes.size())));
+}
+
+bool IsFor(const Profile& profile, cmsColorSpaceSignature space) {
+    return profile && cmsGetColorSpace(profile.get()) == space;
 }
 
 Transform ToSrgb(const Profile& from, cmsUInt32Number pixelFormat) {
     const Profile srgb(cmsCreate_sRGBProfile());
     // Without a cache one transform serves all threads.
-    return Transform(cmsCreateTransform(from.get(), pixelFormat, srgb.get(), TYPE_BGRA_8, INTENT_RELATIVE_COLORIMETRIC,
-                                        cmsFLAGS_NOCACHE | cmsFLAGS_COPY_ALPHA | cmsFLAGS_BLACKPOINTCOMPENSATION));
+    return Transform(cmsCreateTransform(from.get(), pixelFormat, srgb.get(), TYPE_BGRA_8, INTENT_PERCEPTUAL,
+                                        cmsFLAGS_NOCACHE | cmsFLAGS_COPY_ALPHA));
+}
+
+void ForEachRow(QImage& picture, const std::function<void(uchar* row)>& change) {
+    uchar* const bits = picture.bits();
+    const qsizetype stride = picture.bytesPerLine();
+    tbb::parallel_for(tbb::blocked_range<int>(0, picture.height(), 16), [&](const tbb::blocked_range<int>& rows) {
+        for (int y = rows.begin(); y < rows.end(); ++y) change(bits + y * stride);
+    });
 }
 
 void Run(const Transform& transform, QImage& picture) {
-    uchar* const bits = picture.bits();
-    const qsizetype stride = picture.bytesPerLine();
     const auto width = static_cast<cmsUInt32Number>(picture.width());
-    tbb::parallel_for(tbb::blocked_range<int>(0, picture.height(), 16), [&](const tbb::blocked_range<int>& rows) {
-        for (int y = rows.begin(); y < rows.end(); ++y) {
-            uchar* row = bits + y * stride;
-            cmsDoTransform(transform.get(), row, row, width);
-        }
+    ForEachRow(picture, [&](uchar* row) { cmsDoTransform(transform.get(), row, row, width); });
+}
+
+// The 256 greys of the profile as sRGB, one look-up a pixel.
+void RunGray(const Transform& transform, QImage& picture) {
+    std::array<quint8, 256> grays;
+    std::iota(grays.begin(), grays.end(), quint8{0});
+    std::array<QRgb, 256> colors{};
+    cmsDoTransform(transform.get(), grays.data(), colors.data(), 256);
+    const int width = picture.width();
+    ForEachRow(picture, [&](uchar* row) {
+        auto* pixels = reinterpret_cast<QRgb*>(row);
+        std::for_each(pixels, pixels + width,
+                      [&](QRgb& pixel) { pixel = (pixel & 0xff000000u) | (colors[pixel & 0xff] & 0xffffffu); });
     });
 }
 
@@ -68,14 +93,17 @@ bool ChangesNothing(const Transform& transform) {
 }  // namespace
 
 void ConvertToSrgb(QImage& picture, const QByteArray& profile) {
-    const Profile from = OpenProfile(profile, cmsSigRgbData);
-    if (!from) return;
-    const Transform transform = ToSrgb(from, TYPE_BGRA_8);
-    if (transform && !ChangesNothing(transform)) Run(transform, picture);
+    const Profile from = OpenProfile(profile);
+    if (IsFor(from, cmsSigRgbData)) {
+        const Transform transform = ToSrgb(from, TYPE_BGRA_8);
+        if (transform && !ChangesNothing(transform)) Run(transform, picture);
+    } else if (IsFor(from, cmsSigGrayData) && picture.allGray()) {
+        if (const Transform transform = ToSrgb(from, TYPE_GRAY_8)) RunGray(transform, picture);
+    }
 }
 
 void ConvertCmykToSrgb(QImage& picture, const QByteArray& profile, bool inverted) {
-    if (const Profile from = OpenProfile(profile, cmsSigCmykData)) {
+    if (const Profile from = OpenProfile(profile); IsFor(from, cmsSigCmykData)) {
         if (const Transform transform = ToSrgb(from, inverted ? TYPE_CMYK_8_REV : TYPE_CMYK_8)) {
             Run(transform, picture);
             for (int y = 0; y < picture.height(); ++y) {
@@ -95,6 +123,18 @@ void ConvertCmykToSrgb(QImage& picture, const QByteArray& profile, bool inverted
             *reinterpret_cast<QRgb*>(pixel) = color;
         }
     }
+}
+
+QByteArray GammaProfile(double gamma) {
+    constexpr cmsCIExyY kWhite{0.3127, 0.3290, 1};
+    constexpr cmsCIExyYTRIPLE kPrimaries{{0.64, 0.33, 1}, {0.30, 0.60, 1}, {0.15, 0.06, 1}};
+    const std::unique_ptr<cmsToneCurve, FreeCurve> curve(cmsBuildGamma(nullptr, gamma));
+    cmsToneCurve* const curves[] = {curve.get(), curve.get(), curve.get()};
+    const Profile profile(cmsCreateRGBProfile(&kWhite, &kPrimaries, curves));
+    cmsUInt32Number length = 0;
+    if (!profile || !cmsSaveProfileToMem(profile.get(), nullptr, &length)) return {};
+    QByteArray bytes(static_cast<qsizetype>(length), '\0');
+    return cmsSaveProfileToMem(profile.get(), bytes.data(), &length) ? bytes : QByteArray();
 }
 
 }  // namespace kelu

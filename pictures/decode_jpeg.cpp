@@ -69,7 +69,9 @@ class JpegDecoder {
     static void OnMessage(j_common_ptr info, int level) {
         if (level >= 0) return;
         const int code = info->err->msg_code;
-        if (code == JWRN_JPEG_EOF || code == JWRN_HIT_MARKER) Self(info)->cutShort_ = true;
+        // The end mark alone may be missing, but no pixel.
+        if (code == JWRN_JPEG_EOF) Self(info)->endMissing_ = true;
+        if (code == JWRN_HIT_MARKER) Self(info)->cutShort_ = true;
         if (Self(info)->cutShort_ || code == JWRN_HUFF_BAD_CODE || code == JWRN_MUST_RESYNC) Self(info)->Leave();
     }
 
@@ -114,7 +116,19 @@ class JpegDecoder {
             for (JDIMENSION i = 0; i < count; ++i) rows[i] = bits + std::ptrdiff_t{info_.output_scanline + i} * stride;
             jpeg_read_scanlines(&info_, rows, count);
         }
+        cutShort_ = endMissing_ && !AllScansSeen();
+        if (cutShort_) return false;
         jpeg_finish_decompress(&info_);
+        return true;
+    }
+
+    // Whether the file went on to the last bit of every coefficient. A cut between two scans looks like a whole file.
+    bool AllScansSeen() const {
+        if (info_.arith_code) return false;  // this decoder makes up what is missing, and says nothing
+        if (!info_.progressive_mode) return info_.input_scan_number * info_.comps_in_scan >= info_.num_components;
+        for (int component = 0; component < info_.num_components; ++component)
+            for (const int missing : info_.coef_bits[component])
+                if (missing != 0) return false;
         return true;
     }
 
@@ -166,6 +180,7 @@ class JpegDecoder {
     jpeg_error_mgr errors_{};
     jpeg_progress_mgr monitor_{};
     std::jmp_buf leave_{};
+    bool endMissing_ = false;
     bool cutShort_ = false;
 };
 

@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include <Magick++.h>
 
+#include <cmath>
 #include <mutex>
 
+#include "pictures/color_profile.h"
 #include "pictures/picture.h"
 #include "pictures/picture_decoders.h"
 #include "platform/error.h"
@@ -32,7 +34,28 @@ bool HasAlpha(const Magick::Image& image) {
 #endif
 }
 
-QImage Read(const QByteArray& bytes, const char* coder) {
+void SetResolution(const Magick::Image& image, QImage& picture) {
+    const double perMeter = image.resolutionUnits() == MagickCore::PixelsPerCentimeterResolution ? 100 : 1 / 0.0254;
+    const double x = image.xResolution() * perMeter;
+    const double y = image.yResolution() * perMeter;
+    if (x >= 1 && y >= 1 && x < 1e7 && y < 1e7) {
+        picture.setDotsPerMeterX(static_cast<int>(std::lrint(x)));
+        picture.setDotsPerMeterY(static_cast<int>(std::lrint(y)));
+    }
+}
+
+// Puts the alpha of the picture into pixels that have none.
+void AddAlpha(Magick::Image& image, QImage& picture) {
+    QImage alpha(picture.width(), picture.height(), QImage::Format_Alpha8);
+    for (int y = 0; y < picture.height(); ++y) {
+        image.write(0, y, image.columns(), 1, "A", Magick::CharPixel, alpha.scanLine(y));
+        auto* row = reinterpret_cast<QRgb*>(picture.scanLine(y));
+        for (int x = 0; x < picture.width(); ++x)
+            row[x] = (row[x] & 0xffffffu) | quint32{alpha.constScanLine(y)[x]} << 24;
+    }
+}
+
+DecodedPicture Read(const QByteArray& bytes, const char* coder) {
     StartMagick();
     const Magick::Blob blob(bytes.constData(), static_cast<std::size_t>(bytes.size()));
     Magick::Image image;
@@ -42,34 +65,34 @@ QImage Read(const QByteArray& bytes, const char* coder) {
     CheckPictureSize(static_cast<qint64>(image.columns()), static_cast<qint64>(image.rows()));
     image.magick(coder);
     image.read(blob);
-    image.autoOrient();
-    if (image.colorSpace() == Magick::CMYKColorspace) image.colorSpace(Magick::sRGBColorspace);
+    DecodedPicture result;
     const bool transparent = HasAlpha(image);
     const auto width = static_cast<int>(image.columns());
     const auto height = static_cast<int>(image.rows());
-    QImage result = MakePicture(width, height, transparent ? QImage::Format_ARGB32 : QImage::Format_RGB32);
-    image.write(0, 0, image.columns(), image.rows(), "BGRA", Magick::CharPixel, result.bits());
-    if (!transparent) {
-        // What the library exports as the alpha of an opaque picture is not defined.
-        for (int y = 0; y < height; ++y) {
-            auto* row = reinterpret_cast<QRgb*>(result.scanLine(y));
-            for (int x = 0; x < width; ++x) row[x] |= 0xff000000u;
-        }
+    const Magick::Blob profile = image.iccColorProfile();
+    result.metadata.profile =
+        QByteArray(static_cast<const char*>(profile.data()), static_cast<qsizetype>(profile.length()));
+    result.metadata.orientation = static_cast<int>(image.orientation());
+    result.image = MakePicture(width, height, transparent ? QImage::Format_ARGB32 : QImage::Format_RGB32);
+    if (image.colorSpace() == Magick::CMYKColorspace) {
+        image.write(0, 0, image.columns(), image.rows(), "CMYK", Magick::CharPixel, result.image.bits());
+        ConvertCmykToSrgb(result.image, result.metadata.profile, false);
+        result.metadata.profile.clear();
+        if (transparent) AddAlpha(image, result.image);
+    } else {
+        // "P" writes an opaque alpha; what the library exports as the alpha of an opaque picture is not defined.
+        image.write(0, 0, image.columns(), image.rows(), transparent ? "BGRA" : "BGRP", Magick::CharPixel,
+                    result.image.bits());
     }
-    const double perMeter = image.resolutionUnits() == MagickCore::PixelsPerCentimeterResolution ? 100 : 1 / 0.0254;
-    if (image.xResolution() >= 1 && image.yResolution() >= 1 && image.xResolution() < 1e5 &&
-        image.yResolution() < 1e5) {
-        result.setDotsPerMeterX(qRound(image.xResolution() * perMeter));
-        result.setDotsPerMeterY(qRound(image.yResolution() * perMeter));
-    }
+    SetResolution(image, result.image);
     return result;
 }
 
 }  // namespace
 
-DecodedPicture DecodeWithMagick(PictureInput& input) {
+DecodedPicture DecodeWithMagick(const QByteArray& bytes, const char* coder) {
     try {
-        return {Read(input.Bytes(), input.Format().magickName)};
+        return Read(bytes, coder);
     } catch (const Magick::Error& error) {
         const QString reason = QString::fromLocal8Bit(error.what());
         const bool resources = dynamic_cast<const Magick::ErrorResourceLimit*>(&error) != nullptr ||
@@ -79,6 +102,10 @@ DecodedPicture DecodeWithMagick(PictureInput& input) {
     } catch (const Magick::Exception&) {
         ThrowDamaged();
     }
+}
+
+DecodedPicture DecodeWithMagick(PictureInput& input) {
+    return DecodeWithMagick(input.Bytes(), input.Format().magickName);
 }
 
 }  // namespace kelu

@@ -1,12 +1,11 @@
-// PNG by the toolkit, after a walk over its chunks.
+// PNG straight into pooled picture memory, by libpng.
 // SPDX-License-Identifier: MIT
-#include <zlib.h>
+#include <png.h>
 
-#include <QColorSpace>
-#include <algorithm>
 #include <cmath>
+#include <csetjmp>
 
-#include "pictures/bytes.h"
+#include "pictures/color_profile.h"
 #include "pictures/exif.h"
 #include "pictures/picture.h"
 #include "pictures/picture_decoders.h"
@@ -14,70 +13,139 @@
 namespace kelu {
 namespace {
 
-// Whether the checksum behind the data holds; `device` stands at the data. The library would tell a wrong one on
-// standard error, where a failure of ours is the only line.
-bool ChecksumHolds(QIODevice& device, const QByteArray& name, qint64 length) {
-    constexpr qint64 kPiece = 1 << 16;
-    uLong sum = crc32(0, reinterpret_cast<const Bytef*>(name.constData()), 4);
-    for (qint64 left = length; left > 0;) {
-        const QByteArray piece = device.read(std::min(left, kPiece));
-        if (piece.isEmpty()) return false;
-        sum = crc32(sum, reinterpret_cast<const Bytef*>(piece.constData()), static_cast<uInt>(piece.size()));
-        left -= piece.size();
+constexpr png_uint_32 kLongestSide = 0x7fffffff;
+// The gamma of screens; a file that tells about this one and no more is made for a screen like any other.
+constexpr double kScreenGamma = 2.2;
+constexpr double kGammaTolerance = 0.05;
+
+// The decoder of one file. The library leaves by longjmp, so no function that calls it holds anything with a
+// destructor: those are the ones that return bool, false after a failure. It tells nothing on standard error.
+class PngDecoder {
+ public:
+    explicit PngDecoder(QIODevice& device) : device_(device) {
+        png_ = png_create_read_struct(
+            PNG_LIBPNG_VER_STRING, this, [](png_structp png, png_const_charp) { Self(png)->Leave(); },
+            [](png_structp, png_const_charp) {});
+        if (png_) info_ = png_create_info_struct(png_);
+        if (info_) return;
+        png_destroy_read_struct(&png_, nullptr, nullptr);
+        ThrowNoMemory();
     }
-    return BigEndian(device.read(4), 0, 4) == static_cast<quint32>(sum);
-}
+    ~PngDecoder() { png_destroy_read_struct(&png_, &info_, nullptr); }
+    PngDecoder(const PngDecoder&) = delete;
+    PngDecoder& operator=(const PngDecoder&) = delete;
 
-bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+    DecodedPicture Read() {
+        if (!Start()) Fail();
+        const qint64 width = png_get_image_width(png_, info_);
+        const qint64 height = png_get_image_height(png_, info_);
+        CheckPictureSize(width, height);
+        if (!AskForPixels()) Fail();
+        DecodedPicture result;
+        result.image = MakePicture(static_cast<int>(width), static_cast<int>(height),
+                                   transparent_ ? QImage::Format_ARGB32 : QImage::Format_RGB32);
+        if (!ReadRows(result.image.bits(), result.image.bytesPerLine(), static_cast<int>(height))) Fail();
+        // With all pixels there, a missing end is no loss. A wrong checksum of the last of them is.
+        if (!ReadEnd() && !cutShort_) Fail();
+        Describe(result);
+        return result;
+    }
 
-struct Facts {
-    int orientation = 1;
-    bool hasProfile = false;
-};
+ private:
+    static PngDecoder* Self(png_structp png) { return static_cast<PngDecoder*>(png_get_error_ptr(png)); }
 
-// Walks the chunks: its orientation stands in a chunk on either side of the pixels.
-Facts ReadFacts(QIODevice& device) {
-    constexpr qint64 kSignature = 8;
-    constexpr qint64 kFrame = 12;  // length, name and checksum around the data
-    Facts facts;
-    bool hasPixels = false;
-    for (qint64 at = kSignature;;) {
-        if (!device.seek(at)) break;
-        const QByteArray head = device.read(8);
-        if (head.size() < 8) ThrowCutShort();
-        const qint64 length = BigEndian(head, 0, 4);
-        if (at + kFrame + length > device.size()) ThrowCutShort();
-        const QByteArray name = head.mid(4);
-        if (!std::all_of(name.begin(), name.end(), IsLetter)) ThrowDamaged();
-        const bool critical = name[0] < 'a';
-        if (critical && !ChecksumHolds(device, name, length)) ThrowDamaged();
-        if (name == "IEND") break;
-        if (name == "IHDR") {
-            device.seek(at + 8);
-            const QByteArray sides = device.read(8);
-            CheckPictureSize(BigEndian(sides, 0, 4), BigEndian(sides, 4, 4));
+    static void ReadBytes(png_structp png, png_bytep to, png_size_t count) {
+        auto* self = static_cast<PngDecoder*>(png_get_io_ptr(png));
+        if (self->device_.read(reinterpret_cast<char*>(to), static_cast<qint64>(count)) == static_cast<qint64>(count))
+            return;
+        self->cutShort_ = true;
+        self->Leave();
+    }
+
+    [[noreturn]] void Leave() { std::longjmp(leave_, 1); }
+
+    [[noreturn]] void Fail() const {
+        if (cutShort_) ThrowCutShort();
+        ThrowDamaged();
+    }
+
+    bool Start() {
+        if (setjmp(leave_)) return false;
+        png_set_read_fn(png_, this, &PngDecoder::ReadBytes);
+        png_set_user_limits(png_, kLongestSide, kLongestSide);
+        png_read_info(png_, info_);
+        return true;
+    }
+
+    // Blue, green, red and alpha of 8 bits each, whatever the file has.
+    bool AskForPixels() {
+        if (setjmp(leave_)) return false;
+        const int type = png_get_color_type(png_, info_);
+        transparent_ = (type & PNG_COLOR_MASK_ALPHA) != 0 || png_get_valid(png_, info_, PNG_INFO_tRNS) != 0;
+        png_set_expand(png_);
+        png_set_scale_16(png_);
+        if ((type & PNG_COLOR_MASK_COLOR) == 0) png_set_gray_to_rgb(png_);
+        png_set_bgr(png_);
+        if (!transparent_) png_set_filler(png_, 0xff, PNG_FILLER_AFTER);
+        passes_ = png_set_interlace_handling(png_);
+        png_read_update_info(png_, info_);
+        return true;
+    }
+
+    bool ReadRows(png_bytep bits, std::ptrdiff_t stride, int height) {
+        if (setjmp(leave_)) return false;
+        for (int pass = 0; pass < passes_; ++pass)
+            for (int y = 0; y < height; ++y) png_read_row(png_, bits + y * stride, nullptr);
+        return true;
+    }
+
+    bool ReadEnd() {
+        if (setjmp(leave_)) return false;
+        png_read_end(png_, info_);
+        return true;
+    }
+
+    void Describe(DecodedPicture& result) const {
+        png_bytep exif = nullptr;
+        png_uint_32 length = 0;
+        if (png_get_eXIf_1(png_, info_, &length, &exif))
+            result.metadata.orientation = ReadExif(Bytes(exif, length)).orientation;
+        const png_uint_32 x = png_get_x_pixels_per_meter(png_, info_);
+        const png_uint_32 y = png_get_y_pixels_per_meter(png_, info_);
+        if (x > 0 && y > 0 && x < kLongestSide && y < kLongestSide) {
+            result.image.setDotsPerMeterX(static_cast<int>(x));
+            result.image.setDotsPerMeterY(static_cast<int>(y));
         }
-        if (name == "IDAT") hasPixels = true;
-        if (name == "eXIf") facts.orientation = ReadExif(device.read(length)).orientation;
-        if (name == "iCCP") facts.hasProfile = true;
-        at += kFrame + length;
+        result.metadata.profile = FindProfile();
     }
-    if (!hasPixels) ThrowDamaged();
-    return facts;
-}
+
+    QByteArray FindProfile() const {
+        png_charp name = nullptr;
+        int compression = 0;
+        png_bytep profile = nullptr;
+        png_uint_32 length = 0;
+        if (png_get_iCCP(png_, info_, &name, &compression, &profile, &length)) return Bytes(profile, length);
+        double gamma = 0;
+        if (png_get_valid(png_, info_, PNG_INFO_sRGB) || !png_get_gAMA(png_, info_, &gamma) || gamma <= 0) return {};
+        if (std::abs(1 / gamma - kScreenGamma) < kGammaTolerance) return {};
+        return GammaProfile(1 / gamma);
+    }
+
+    static QByteArray Bytes(png_bytep data, png_uint_32 length) {
+        return QByteArray(reinterpret_cast<const char*>(data), static_cast<qsizetype>(length));
+    }
+
+    QIODevice& device_;
+    png_structp png_ = nullptr;
+    png_infop info_ = nullptr;
+    std::jmp_buf leave_{};
+    int passes_ = 1;
+    bool transparent_ = false;
+    bool cutShort_ = false;
+};
 
 }  // namespace
 
-DecodedPicture DecodePng(PictureInput& input) {
-    const Facts facts = ReadFacts(input.Device());
-    DecodedPicture result = DecodeWithToolkit(input);
-    result.metadata.orientation = facts.orientation;
-    // A file that tells a gamma and no profile is made for a screen like any other.
-    QByteArray& profile = result.metadata.profile;
-    if (!facts.hasProfile && !profile.isEmpty() &&
-        std::abs(QColorSpace::fromIccProfile(profile).gamma() - 2.2f) < 0.05f)
-        profile.clear();
-    return result;
-}
+DecodedPicture DecodePng(PictureInput& input) { return PngDecoder(input.Device()).Read(); }
 
 }  // namespace kelu

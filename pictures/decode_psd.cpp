@@ -1,4 +1,5 @@
-// PSD: checked for its length, and the one kind that the second reader refuses.
+// PSD: checked for its length, and the one kind that the second reader refuses; it gets the others without their
+// layers.
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 
@@ -80,6 +81,14 @@ DecodedPicture DecodeIndexedPsd(PictureInput& input) {
         }
     }
     return {image};
+}
+
+DecodedPicture DecodeMergedPsd(PictureInput& input) {
+    const QByteArray& bytes = input.Bytes();
+    qint64 at = 26;
+    for (int section = 0; section < 2; ++section) at += 4 + qint64{BigEndian(bytes, at, 4)};
+    const qint64 layers = BigEndian(bytes, at, 4);
+    return DecodeWithMagick(bytes.left(at) + QByteArray(4, '\0') + bytes.mid(at + 4 + layers), "PSD");
 }
 
 }  // namespace kelu

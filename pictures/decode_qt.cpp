@@ -47,7 +47,8 @@ DecodedPicture DecodeWithToolkit(PictureInput& input) {
     SilenceToolkit();
     QImageReader reader(&input.Device(), input.Format().toolkitName);
     reader.setAutoTransform(false);
-    const QSize size = reader.size();
+    QSize size = reader.size();
+    if (!size.isValid() && size.width() > 0) size.setHeight(-size.height());  // rows from top to bottom
     if (!size.isValid()) ThrowDamaged();
     CheckPictureSize(size.width(), size.height());
     DecodedPicture result;

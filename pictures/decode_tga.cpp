@@ -1,12 +1,16 @@
-// TGA: told by the plausibility of its header, and checked for its length.
+// TGA, told by the plausibility of its header. The format is a page long, and the second reader loses the alpha of grey
+// pictures and shows those without alpha bits as clear.
 // SPDX-License-Identifier: MIT
+#include <algorithm>
+
 #include "pictures/bytes.h"
+#include "pictures/picture.h"
 #include "pictures/picture_decoders.h"
 
 namespace kelu {
 namespace {
 
-// The fields of a TGA header that tell how long the file must be.
+// The fields of the header.
 struct TgaHeader {
     explicit TgaHeader(const QByteArray& head)
         : mapType(LittleEndian(head, 1, 1)),
@@ -17,16 +21,101 @@ struct TgaHeader {
           height(LittleEndian(head, 14, 2)),
           bits(LittleEndian(head, 16, 1)),
           descriptor(LittleEndian(head, 17, 1)),
-          dataBegin(18 + LittleEndian(head, 0, 1) + qint64{mapLength} * ((mapBits + 7) / 8)) {}
+          mapBegin(18 + qint64{LittleEndian(head, 0, 1)}),
+          dataBegin(mapBegin + qint64{mapLength} * MapBytes()) {}
 
     bool RunLengths() const { return imageType >= 9; }
     bool Mapped() const { return imageType == 1 || imageType == 9; }
     bool Gray() const { return imageType == 3 || imageType == 11; }
     int PixelBytes() const { return static_cast<int>(bits + 7) / 8; }
+    int MapBytes() const { return static_cast<int>(mapBits + 7) / 8; }
+    quint32 MapEntry(const QByteArray& bytes, quint32 number) const {
+        return LittleEndian(bytes, mapBegin + qint64{number} * MapBytes(), MapBytes());
+    }
     qint64 Pixels() const { return qint64{width} * height; }
 
     quint32 mapType, imageType, mapLength, mapBits, width, height, bits, descriptor;
-    qint64 dataBegin;
+    qint64 mapBegin, dataBegin;
+};
+
+// 5 bits as 8, the whole range.
+quint32 Widen(quint32 five) { return (five * 255 + 15) / 31; }
+
+class TgaDecoder {
+ public:
+    explicit TgaDecoder(const QByteArray& bytes) : bytes_(bytes), tga_(bytes), at_(tga_.dataBegin) {}
+
+    QImage Read() {
+        CheckPictureSize(tga_.width, tga_.height);
+        if (at_ + (tga_.RunLengths() ? 1 : tga_.Pixels() * tga_.PixelBytes()) > bytes_.size()) ThrowCutShort();
+        const auto width = static_cast<int>(tga_.width);
+        const auto height = static_cast<int>(tga_.height);
+        QImage image = MakePicture(width, height, QImage::Format_ARGB32);
+        const bool fromRight = (tga_.descriptor & 0x10) != 0;
+        const bool fromTop = (tga_.descriptor & 0x20) != 0;
+        quint32 anyAlpha = 0;
+        quint32 allAlpha = 0xff000000u;
+        for (int row = 0; row < height; ++row) {
+            auto* line = reinterpret_cast<QRgb*>(image.scanLine(fromTop ? row : height - 1 - row));
+            for (int x = 0; x < width; ++x) {
+                const QRgb pixel = NextPixel();
+                anyAlpha |= pixel;
+                allAlpha &= pixel;
+                line[fromRight ? width - 1 - x : x] = pixel;
+            }
+        }
+        const bool declared = (tga_.descriptor & 15) != 0;
+        // Alpha that nobody declared and that would hide everything holds nothing.
+        if (!declared && anyAlpha < 0x01000000u) {
+            for (int y = 0; y < height; ++y) {
+                auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
+                std::for_each(line, line + width, [](QRgb& pixel) { pixel |= 0xff000000u; });
+            }
+            allAlpha = 0xff000000u;
+        }
+        if (allAlpha == 0xff000000u) image.reinterpretAsFormat(QImage::Format_RGB32);
+        return image;
+    }
+
+ private:
+    QRgb NextPixel() {
+        if (!tga_.RunLengths()) return TakePixel();
+        if (left_ == 0) {
+            if (at_ >= bytes_.size()) ThrowCutShort();
+            const auto packet = static_cast<quint8>(bytes_[at_++]);
+            left_ = (packet & 0x7f) + 1;
+            repeats_ = (packet & 0x80) != 0;
+            if (repeats_) repeated_ = TakePixel();
+        }
+        --left_;
+        return repeats_ ? repeated_ : TakePixel();
+    }
+
+    QRgb TakePixel() {
+        if (at_ + tga_.PixelBytes() > bytes_.size()) ThrowCutShort();
+        const quint32 value = LittleEndian(bytes_, at_, tga_.PixelBytes());
+        at_ += tga_.PixelBytes();
+        if (tga_.Mapped()) return value < tga_.mapLength ? Color(tga_.MapEntry(bytes_, value), tga_.mapBits) : kBlack;
+        if (tga_.Gray()) {
+            const auto gray = static_cast<int>(value & 0xff);
+            return qRgba(gray, gray, gray, tga_.bits == 16 ? static_cast<int>(value >> 8) : 255);
+        }
+        return Color(value, tga_.bits);
+    }
+
+    static QRgb Color(quint32 value, quint32 bits) {
+        if (bits >= 24) return bits == 24 ? value | 0xff000000u : value;
+        return 0xff000000u | Widen(value >> 10 & 31) << 16 | Widen(value >> 5 & 31) << 8 | Widen(value & 31);
+    }
+
+    static constexpr QRgb kBlack = 0xff000000u;
+
+    const QByteArray& bytes_;
+    TgaHeader tga_;
+    qint64 at_;
+    int left_ = 0;
+    bool repeats_ = false;
+    QRgb repeated_ = 0;
 };
 
 }  // namespace
@@ -42,23 +131,6 @@ bool IsTga(const QByteArray& head, qint64 fileSize) {
     return tga.dataBegin < fileSize;
 }
 
-void CheckTga(PictureInput& input) {
-    const QByteArray& bytes = input.Bytes();
-    const TgaHeader tga(bytes);
-    const int pixelBytes = tga.PixelBytes();
-    if (!tga.RunLengths()) {
-        if (tga.dataBegin + tga.Pixels() * pixelBytes > bytes.size()) ThrowCutShort();
-        return;
-    }
-    qint64 at = tga.dataBegin;
-    for (qint64 pixels = 0; pixels < tga.Pixels();) {
-        if (at >= bytes.size()) ThrowCutShort();
-        const auto packet = static_cast<quint8>(bytes[at]);
-        const int count = (packet & 0x7f) + 1;
-        pixels += count;
-        at += 1 + (packet & 0x80 ? 1 : count) * pixelBytes;
-    }
-    if (at > bytes.size()) ThrowCutShort();
-}
+DecodedPicture DecodeTga(PictureInput& input) { return {TgaDecoder(input.Bytes()).Read()}; }
 
 }  // namespace kelu

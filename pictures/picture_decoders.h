@@ -32,10 +32,23 @@ DecodedPicture DecodeBlackAndWhitePcx(PictureInput& input);
 void CheckPsd(PictureInput& input);
 /// 8-bit pictures with a palette, which the second reader refuses.
 DecodedPicture DecodeIndexedPsd(PictureInput& input);
+/// The merged picture, whatever the layers are.
+DecodedPicture DecodeMergedPsd(PictureInput& input);
 
 /// TGA has no signature and is told by the plausibility of its header.
 bool IsTga(const QByteArray& head, qint64 fileSize);
-void CheckTga(PictureInput& input);
+DecodedPicture DecodeTga(PictureInput& input);
+
+bool IsWebp(const QByteArray& head, qint64 fileSize);
+void CheckWebp(PictureInput& input);
+DecodedPicture DecodeWebp(PictureInput& input);
+
+/// AVIF files name the brand of HEIC, too, so they are told first.
+bool IsAvif(const QByteArray& head, qint64 fileSize);
+bool IsHeic(const QByteArray& head, qint64 fileSize);
+
+/// By the module of the row, which is loaded when first needed.
+DecodedPicture DecodeWithModule(PictureInput& input);
 
 /// By the toolkit's reader of the row, straight into pooled memory where that lets the caller bring it. The colours
 /// are those of the file; a profile other than sRGB is in the metadata.
@@ -43,5 +56,6 @@ DecodedPicture DecodeWithToolkit(PictureInput& input);
 
 /// The second reader: ImageMagick with the coder of the row named and limits set.
 DecodedPicture DecodeWithMagick(PictureInput& input);
+DecodedPicture DecodeWithMagick(const QByteArray& bytes, const char* coder);
 
 }  // namespace kelu

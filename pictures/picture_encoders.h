@@ -14,6 +14,7 @@ void EncodeGif(const QImage& picture, const WriteOptions& options, QIODevice& de
 void EncodeJpeg(const QImage& picture, const WriteOptions& options, QIODevice& device);
 void EncodePng(const QImage& picture, const WriteOptions& options, QIODevice& device);
 void EncodeTiff(const QImage& picture, const WriteOptions& options, QIODevice& device);
+void EncodeWebp(const QImage& picture, const WriteOptions& options, QIODevice& device);
 
 /// The picture over white, RGB32; the same pixels when it has no transparency.
 QImage OverWhite(const QImage& picture);

@@ -14,6 +14,9 @@ namespace {
 
 bool IsGif(const QByteArray& head, qint64) { return head.startsWith("GIF87a") || head.startsWith("GIF89a"); }
 bool IsJpeg(const QByteArray& head, qint64) { return head.startsWith("\xff\xd8\xff"); }
+bool IsJpegXl(const QByteArray& head, qint64) {
+    return head.startsWith("\xff\x0a") || head.startsWith(QByteArray("\0\0\0\x0cJXL \r\n\x87\n", 12));
+}
 bool IsPng(const QByteArray& head, qint64) { return head.startsWith("\x89PNG\r\n\x1a\n"); }
 bool IsPsd(const QByteArray& head, qint64) { return head.startsWith(QByteArray("8BPS\0\1", 6)); }
 
@@ -46,7 +49,6 @@ constexpr PictureFormat kFormats[] = {
      .mimeTypes = "image/png",
      .recognise = IsPng,
      .decoders = {DecodePng},
-     .toolkitName = "png",
      .encode = EncodePng,
      .saveFilter = 2},
     {.name = "TIFF",
@@ -55,8 +57,8 @@ constexpr PictureFormat kFormats[] = {
      .mimeTypes = "image/tiff",
      .recognise = IsTiff,
      .check = CheckTiff,
-     .decoders = {DecodeTiff},
-     .toolkitName = "tiff",
+     .decoders = {DecodeTiff, DecodeWithMagick},
+     .magickName = "TIFF",
      .encode = EncodeTiff},
     {.name = "PCX",
      .extensions = "pcx",
@@ -70,15 +72,34 @@ constexpr PictureFormat kFormats[] = {
      .mimeTypes = "image/vnd.adobe.photoshop",
      .recognise = IsPsd,
      .check = CheckPsd,
-     .decoders = {DecodeIndexedPsd, DecodeWithMagick},
-     .magickName = "PSD"},
-    {.name = "TGA",
-     .extensions = "tga",
-     .mimeTypes = "image/x-tga",
-     .recognise = IsTga,
-     .check = CheckTga,
-     .decoders = {DecodeWithMagick},
-     .magickName = "TGA"},
+     .decoders = {DecodeIndexedPsd, DecodeMergedPsd}},
+    {.name = "WebP",
+     .extensions = "webp",
+     .mimeTypes = "image/webp",
+     .recognise = IsWebp,
+     .check = CheckWebp,
+     .decoders = {DecodeWebp},
+     .toolkitName = "webp",
+     .encode = EncodeWebp},
+    {.name = "AVIF",
+     .extensions = "avif",
+     .mimeTypes = "image/avif",
+     .recognise = IsAvif,
+     .decoders = {DecodeWithModule},
+     .moduleName = "heif"},
+    {.name = "HEIC",
+     .extensions = "heic heif",
+     .mimeTypes = "image/heic image/heif",
+     .recognise = IsHeic,
+     .decoders = {DecodeWithModule},
+     .moduleName = "heif"},
+    {.name = "JPEG XL",
+     .extensions = "jxl",
+     .mimeTypes = "image/jxl",
+     .recognise = IsJpegXl,
+     .decoders = {DecodeWithModule},
+     .moduleName = "jxl"},
+    {.name = "TGA", .extensions = "tga", .mimeTypes = "image/x-tga", .recognise = IsTga, .decoders = {DecodeTga}},
 };
 
 QStringList Words(const char* text) { return QString::fromLatin1(text).split(u' ', Qt::SkipEmptyParts); }

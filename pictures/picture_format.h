@@ -45,6 +45,7 @@ struct PictureFormat {
     std::array<DecodedPicture (*)(PictureInput& input), 2> decoders = {};
     const char* toolkitName = nullptr;  ///< what DecodeWithToolkit asks for
     const char* magickName = nullptr;   ///< the coder that DecodeWithMagick asks for
+    const char* moduleName = nullptr;   ///< what DecodeWithModule loads
 
     /// `picture` is RGB32 or ARGB32; formats without transparency get it over white. Throws Error(kFileError); when it
     /// was the device that failed, its error string tells more. Null: the format is only read.

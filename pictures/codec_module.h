@@ -1,0 +1,28 @@
+// Decoders that are loaded when first needed: their libraries would make every start slower for pictures that most days
+// don't bring. A module is a shared library beside the program, in its folder "codecs".
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QByteArray>
+#include <QImage>
+#include <cstdint>
+
+#include "pictures/metadata.h"
+
+namespace kelu {
+
+/// What a module may ask of the program; all but the first throw Error, through the module's frames.
+struct CodecHost {
+    /// See MakePicture; checks the size, too.
+    QImage (*makePicture)(int width, int height, QImage::Format format);
+    void (*checkSize)(std::int64_t width, std::int64_t height);
+    [[noreturn]] void (*throwCutShort)();
+    [[noreturn]] void (*throwDamaged)();
+};
+
+/// The one function that a module exports, under this name, with C linkage: decodes `bytes` into `image` (RGB32 or
+/// ARGB32) and `metadata`.
+using DecodeFunction = void (*)(const QByteArray& bytes, const CodecHost& host, QImage& image, Metadata& metadata);
+inline constexpr const char* kDecodeFunction = "KeluDecode";
+
+}  // namespace kelu

@@ -1,0 +1,91 @@
+// JPEG XL by libjxl. The library turns the pixels as the file says.
+// SPDX-License-Identifier: MIT
+#include <jxl/decode.h>
+#include <jxl/decode_cxx.h>
+#include <jxl/thread_parallel_runner.h>
+#include <jxl/thread_parallel_runner_cxx.h>
+#include <jxl/version.h>
+
+#include "pictures/codec_module.h"
+
+namespace {
+
+constexpr JxlPixelFormat kPixels{4, JXL_TYPE_UINT8, JXL_NATIVE_ENDIAN, 0};  // red, green, blue, alpha
+
+// Of the pixels that come out, which for many files can be sRGB at once.
+QByteArray Profile(JxlDecoder* decoder) {
+    JxlColorEncoding srgb{};
+    srgb.color_space = JXL_COLOR_SPACE_RGB;
+    srgb.white_point = JXL_WHITE_POINT_D65;
+    srgb.primaries = JXL_PRIMARIES_SRGB;
+    srgb.transfer_function = JXL_TRANSFER_FUNCTION_SRGB;
+    srgb.rendering_intent = JXL_RENDERING_INTENT_PERCEPTUAL;
+    JxlDecoderSetPreferredColorProfile(decoder, &srgb);
+    std::size_t size = 0;
+#if defined(JPEGXL_NUMERIC_VERSION) && JPEGXL_NUMERIC_VERSION >= JPEGXL_COMPUTE_NUMERIC_VERSION(0, 9, 0)
+    const auto sizeOf = [&] { return JxlDecoderGetICCProfileSize(decoder, JXL_COLOR_PROFILE_TARGET_DATA, &size); };
+    const auto get = [&](QByteArray& to) {
+        return JxlDecoderGetColorAsICCProfile(decoder, JXL_COLOR_PROFILE_TARGET_DATA,
+                                              reinterpret_cast<std::uint8_t*>(to.data()), size);
+    };
+#else
+    const auto sizeOf = [&] {
+        return JxlDecoderGetICCProfileSize(decoder, &kPixels, JXL_COLOR_PROFILE_TARGET_DATA, &size);
+    };
+    const auto get = [&](QByteArray& to) {
+        return JxlDecoderGetColorAsICCProfile(decoder, &kPixels, JXL_COLOR_PROFILE_TARGET_DATA,
+                                              reinterpret_cast<std::uint8_t*>(to.data()), size);
+    };
+#endif
+    if (sizeOf() != JXL_DEC_SUCCESS) return {};
+    QByteArray profile(static_cast<qsizetype>(size), '\0');
+    return get(profile) == JXL_DEC_SUCCESS ? profile : QByteArray();
+}
+
+void SwapRedAndBlue(QImage& image) {
+    for (int y = 0; y < image.height(); ++y) {
+        auto* row = reinterpret_cast<QRgb*>(image.scanLine(y));
+        for (int x = 0; x < image.width(); ++x)
+            row[x] = (row[x] & 0xff00ff00u) | (row[x] & 0xffu) << 16 | (row[x] >> 16 & 0xffu);
+    }
+}
+
+}  // namespace
+
+extern "C" Q_DECL_EXPORT void KeluDecode(const QByteArray& bytes, const kelu::CodecHost& host, QImage& image,
+                                         kelu::Metadata& metadata) {
+    const JxlThreadParallelRunnerPtr runner =
+        JxlThreadParallelRunnerMake(nullptr, JxlThreadParallelRunnerDefaultNumWorkerThreads());
+    const JxlDecoderPtr decoder = JxlDecoderMake(nullptr);
+    JxlDecoder* const jxl = decoder.get();
+    JxlDecoderSetParallelRunner(jxl, JxlThreadParallelRunner, runner.get());
+    JxlDecoderSubscribeEvents(jxl, JXL_DEC_BASIC_INFO | JXL_DEC_COLOR_ENCODING | JXL_DEC_FULL_IMAGE);
+    JxlDecoderSetUnpremultiplyAlpha(jxl, JXL_TRUE);
+    JxlDecoderSetInput(jxl, reinterpret_cast<const std::uint8_t*>(bytes.constData()),
+                       static_cast<std::size_t>(bytes.size()));
+    // The input is not closed: the library would tell the end of a file that is cut short on standard error.
+    JxlBasicInfo info{};
+    for (;;) {
+        switch (JxlDecoderProcessInput(jxl)) {
+            case JXL_DEC_BASIC_INFO:
+                if (JxlDecoderGetBasicInfo(jxl, &info) != JXL_DEC_SUCCESS) host.throwDamaged();
+                host.checkSize(info.xsize, info.ysize);
+                break;
+            case JXL_DEC_COLOR_ENCODING:
+                metadata.profile = Profile(jxl);
+                break;
+            case JXL_DEC_NEED_IMAGE_OUT_BUFFER:
+                image = host.makePicture(static_cast<int>(info.xsize), static_cast<int>(info.ysize),
+                                         info.alpha_bits > 0 ? QImage::Format_ARGB32 : QImage::Format_RGB32);
+                JxlDecoderSetImageOutBuffer(jxl, &kPixels, image.bits(), static_cast<std::size_t>(image.sizeInBytes()));
+                break;
+            case JXL_DEC_FULL_IMAGE:  // of an animation the first
+                SwapRedAndBlue(image);
+                return;
+            case JXL_DEC_NEED_MORE_INPUT:
+                host.throwCutShort();
+            default:
+                host.throwDamaged();
+        }
+    }
+}

@@ -1,0 +1,31 @@
+// WebP by the toolkit; of an animation the first frame.
+// SPDX-License-Identifier: MIT
+#include "pictures/bytes.h"
+#include "pictures/exif.h"
+#include "pictures/picture_decoders.h"
+
+namespace kelu {
+
+bool IsWebp(const QByteArray& head, qint64) { return head.startsWith("RIFF") && head.mid(8, 4) == "WEBP"; }
+
+void CheckWebp(PictureInput& input) {
+    if (8 + qint64{LittleEndian(input.Head(), 4, 4)} > input.Size()) ThrowCutShort();
+}
+
+DecodedPicture DecodeWebp(PictureInput& input) {
+    constexpr qint64 kChunks = 12;
+    DecodedPicture result = DecodeWithToolkit(input);
+    const QByteArray& bytes = input.Bytes();
+    for (qint64 at = kChunks; at + 8 <= bytes.size();) {
+        const qint64 length = LittleEndian(bytes, at + 4, 4);
+        if (bytes.mid(at, 4) == "EXIF") {
+            QByteArray exif = bytes.mid(at + 8, length);
+            if (exif.startsWith("Exif")) exif.remove(0, 6);
+            result.metadata.orientation = ReadExif(exif).orientation;
+        }
+        at += 8 + length + length % 2;
+    }
+    return result;
+}
+
+}  // namespace kelu
