@@ -97,6 +97,7 @@ QImage DecodeMasked(const QByteArray& bytes, const Header& header) {
                          : alpha.Of(pixel) << 24 | red.Of(pixel) << 16 | green.Of(pixel) << 8 | blue.Of(pixel);
         }
     }
+    if (masks.alpha) DropIdleAlpha(image);
     return image;
 }
 

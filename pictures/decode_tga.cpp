@@ -1,8 +1,6 @@
 // TGA, told by the plausibility of its header. The format is a page long, and the second reader loses the alpha of grey
-// pictures and shows those without alpha bits as clear.
+// pictures and shows those whose alpha is not used as clear.
 // SPDX-License-Identifier: MIT
-#include <algorithm>
-
 #include "pictures/bytes.h"
 #include "pictures/picture.h"
 #include "pictures/picture_decoders.h"
@@ -53,27 +51,11 @@ class TgaDecoder {
         QImage image = MakePicture(width, height, QImage::Format_ARGB32);
         const bool fromRight = (tga_.descriptor & 0x10) != 0;
         const bool fromTop = (tga_.descriptor & 0x20) != 0;
-        quint32 anyAlpha = 0;
-        quint32 allAlpha = 0xff000000u;
         for (int row = 0; row < height; ++row) {
             auto* line = reinterpret_cast<QRgb*>(image.scanLine(fromTop ? row : height - 1 - row));
-            for (int x = 0; x < width; ++x) {
-                const QRgb pixel = NextPixel();
-                anyAlpha |= pixel;
-                allAlpha &= pixel;
-                line[fromRight ? width - 1 - x : x] = pixel;
-            }
+            for (int x = 0; x < width; ++x) line[fromRight ? width - 1 - x : x] = NextPixel();
         }
-        const bool declared = (tga_.descriptor & 15) != 0;
-        // Alpha that nobody declared and that would hide everything holds nothing.
-        if (!declared && anyAlpha < 0x01000000u) {
-            for (int y = 0; y < height; ++y) {
-                auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
-                std::for_each(line, line + width, [](QRgb& pixel) { pixel |= 0xff000000u; });
-            }
-            allAlpha = 0xff000000u;
-        }
-        if (allAlpha == 0xff000000u) image.reinterpretAsFormat(QImage::Format_RGB32);
+        DropIdleAlpha(image);
         return image;
     }
 

@@ -84,6 +84,25 @@ QImage ToPictureFormat(const QImage& image) {
     return image.convertToFormat(image.hasAlphaChannel() ? QImage::Format_ARGB32 : QImage::Format_RGB32);
 }
 
+void DropIdleAlpha(QImage& picture) {
+    QRgb any = 0;
+    QRgb all = 0xff000000u;
+    for (int y = 0; y < picture.height(); ++y) {
+        const auto* row = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
+        for (int x = 0; x < picture.width(); ++x) {
+            any |= row[x];
+            all &= row[x];
+        }
+    }
+    const bool clear = (any & 0xff000000u) == 0;
+    if (!clear && all != 0xff000000u) return;
+    for (int y = 0; clear && y < picture.height(); ++y) {
+        auto* row = reinterpret_cast<QRgb*>(picture.scanLine(y));
+        std::for_each(row, row + picture.width(), [](QRgb& pixel) { pixel |= 0xff000000u; });
+    }
+    picture.reinterpretAsFormat(QImage::Format_RGB32);
+}
+
 QImage Orient(const QImage& picture, int orientation) {
     if (orientation < 2 || orientation > 8 || picture.isNull()) return picture;
     const Turn turn = kTurns[orientation];

@@ -30,6 +30,10 @@ void MakeUnique(QImage& picture);
 /// The picture as RGB32 or ARGB32; the same pixels when it is one of these already.
 QImage ToPictureFormat(const QImage& image);
 
+/// Makes an ARGB32 picture RGB32 when its alpha tells nothing: opaque everywhere, or clear everywhere, as writers leave
+/// it that fill the channel with 0. The picture is the only owner of its memory.
+void DropIdleAlpha(QImage& picture);
+
 /// The picture turned by the EXIF orientation (1 to 8; 1 and unknown values: as it is), on pooled memory.
 QImage Orient(const QImage& picture, int orientation);
 

@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "pictures/codec_module.h"
+#include "pictures/codecs/quiet_standard_error.h"
 
 namespace {
 
@@ -55,6 +56,7 @@ void CopyRows(const heif_image* from, QImage& to) {
 
 extern "C" Q_DECL_EXPORT void KeluDecode(const QByteArray& bytes, const kelu::CodecHost& host, QImage& image,
                                          kelu::Metadata& metadata) {
+    const kelu::QuietStandardError quiet;
     const Context context(heif_context_alloc());
     Check(heif_context_read_from_memory_without_copy(context.get(), bytes.constData(),
                                                      static_cast<std::size_t>(bytes.size()), nullptr),

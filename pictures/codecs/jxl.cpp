@@ -7,6 +7,7 @@
 #include <jxl/version.h>
 
 #include "pictures/codec_module.h"
+#include "pictures/codecs/quiet_standard_error.h"
 
 namespace {
 
@@ -54,6 +55,7 @@ void SwapRedAndBlue(QImage& image) {
 
 extern "C" Q_DECL_EXPORT void KeluDecode(const QByteArray& bytes, const kelu::CodecHost& host, QImage& image,
                                          kelu::Metadata& metadata) {
+    const kelu::QuietStandardError quiet;
     const JxlThreadParallelRunnerPtr runner =
         JxlThreadParallelRunnerMake(nullptr, JxlThreadParallelRunnerDefaultNumWorkerThreads());
     const JxlDecoderPtr decoder = JxlDecoderMake(nullptr);
@@ -63,7 +65,7 @@ extern "C" Q_DECL_EXPORT void KeluDecode(const QByteArray& bytes, const kelu::Co
     JxlDecoderSetUnpremultiplyAlpha(jxl, JXL_TRUE);
     JxlDecoderSetInput(jxl, reinterpret_cast<const std::uint8_t*>(bytes.constData()),
                        static_cast<std::size_t>(bytes.size()));
-    // The input is not closed: the library would tell the end of a file that is cut short on standard error.
+    // The input is not closed, so that a file which is cut short is told from a damaged one.
     JxlBasicInfo info{};
     for (;;) {
         switch (JxlDecoderProcessInput(jxl)) {
