@@ -46,7 +46,7 @@ TEST_P(RandomSession, IsReplayedToTheSameBytes) {
         if (session.Below(10) == 0) journal.Flush();
     }
     session.Apply(1);
-    session.settings.Write(settings::kCursorStyle, QStringLiteral("1"));
+    session.settings.Write(settings::kCursorStyle, CursorStyle::Brush);
     session.Stroke();  // so that there is something unsaved
     journal.Flush(/*wait=*/true);
     ASSERT_TRUE(off.isEmpty()) << qPrintable(off.value(0).value(0).toString());
