@@ -107,27 +107,6 @@ struct GstVideoCapXTest : testing::Test {
 constexpr const char* kRed =
     "videotestsrc is-live=true pattern=solid-color foreground-color=0xffc80a14 ! video/x-raw,format=BGRx,width=640,"
     "height=480,framerate=30/1";
-constexpr const char* kGreen =
-    "videotestsrc is-live=true pattern=solid-color foreground-color=0xff00c80a ! video/x-raw,format=BGRx,width=640,"
-    "height=480,framerate=30/1";
-
-TEST_F(GstVideoCapXTest, GivesTheFramesOfTheChosenDevice) {
-    Connect({kRed, kGreen});
-    EXPECT_EQ(camera.VideoDeviceCount(), 2);
-    QImage frame = NextFrame();
-    ASSERT_EQ(frame.size(), QSize(640, 480)) << failure.toStdString();
-    EXPECT_EQ(frame.format(), QImage::Format_RGB32);
-    EXPECT_EQ(frame.pixel(320, 240), qRgb(0xc8, 0x0a, 0x14));
-    EXPECT_EQ(reinterpret_cast<const QRgb*>(frame.constScanLine(0))[0] >> 24, 0xffu);
-    camera.SetVideoDevice(1);
-    frame = NextFrame();
-    EXPECT_EQ(frame.pixel(320, 240), qRgb(0x00, 0xc8, 0x0a));
-    camera.SetVideoDevice(7);
-    EXPECT_EQ(NextFrame().pixel(0, 0), qRgb(0xc8, 0x0a, 0x14)) << "a device that is not there: the first";
-    camera.SetConnected(false);
-    EXPECT_TRUE(Pull().isNull());
-}
-
 TEST_F(GstVideoCapXTest, DecodesJpegAndCutsWidePicturesToFourByThree) {
     list.caps = "image/jpeg,width=1280,height=720,framerate=30/1";
     Connect({"videotestsrc is-live=true pattern=smpte ! video/x-raw,width=1280,height=720,framerate=30/1 ! jpegenc"});

@@ -67,19 +67,6 @@ TEST(FrameClock, States) {
     EXPECT_EQ(clock.State(), FrameClock::kStopped);
 }
 
-TEST(FrameClock, HoldsItsValuesToTheirRanges) {
-    FrameClock clock;
-    EXPECT_EQ(clock.MinFrameDelay(), 50);
-    for (const auto& [given, kept] : {std::pair{5, 10}, {10, 10}, {32700, 32700}, {40000, 32700}, {-7, 10}}) {
-        clock.SetMinFrameDelay(given);
-        EXPECT_EQ(clock.MinFrameDelay(), kept);
-    }
-    for (const auto& [given, kept] : {std::pair{-3, 3}, {3, 3}, {0, 0}, {INT_MIN, INT_MAX}}) {
-        clock.SetLoops(given);
-        EXPECT_EQ(clock.Loops(), kept);
-    }
-}
-
 TEST(GifFit, FitsInFiveWays) {
     struct Case {
         GifStretch stretch;

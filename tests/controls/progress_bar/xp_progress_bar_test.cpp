@@ -23,30 +23,6 @@ QImage Shot(const bar::State& state, const QSize& size = {160, 19}) {
     return picture;
 }
 
-TEST(ProgressLooks, DefaultLookPixelByPixel) {
-    bar::State state;
-    state.color = 0;
-    state.percent = 50;
-    const QImage shot = Shot(state);
-    // Middle row: frame, two shades, ground, then chunks of 6 and gaps of 2 up to 83.
-    QString row;
-    for (int x = 0; x < 90; ++x) {
-        const int grey = qGray(shot.pixel(x, 9));
-        row += QLatin1Char(grey == 0x68 ? 'F' : grey == 0xBE ? 'o' : grey == 0xEF ? 'i' : grey == 255 ? '.' : '#');
-    }
-    EXPECT_EQ(row.toStdString(), "Foi." + QString("######..").repeated(10).toStdString() + "......");
-    // Down a chunk: shading from light to the colour and back.
-    QString column;
-    for (int y = 0; y < 19; ++y) column += QString::number(qGray(shot.pixel(6, y)), 16) + ' ';
-    EXPECT_EQ(column.toStdString(), "68 be ef 96 7d 64 4b 32 0 0 19 32 4b 64 7d 96 ff ef 68 ");
-    EXPECT_EQ(qGray(shot.pixel(80, 16)), 255);
-
-    state.percent = 0;
-    const QImage empty = Shot(state);
-    EXPECT_EQ(qGray(empty.pixel(9, 9)), 0) << "a value of 0 still shows a chunk";
-    EXPECT_EQ(qGray(empty.pixel(12, 9)), 255);
-}
-
 TEST(ProgressLooks, EachFillsToItsPosition) {
     const struct {
         int look;
@@ -166,23 +142,6 @@ TEST(ProgressBar, ThePercentStaysBetweenItsEnds) {
     EXPECT_EQ(bar.Value(), 100);
     bar.SetValue(-250);
     EXPECT_EQ(bar.Percent(), 0);
-}
-
-TEST(ProgressBar, BufferOnlyGrows) {
-    XP_ProgressBar bar;
-    bar.resize(160, 19);
-    bar.show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&bar));
-    EXPECT_EQ(bar.BufferSize(), QSize(160, 19));
-    bar.resize(80, 10);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(bar.BufferSize(), QSize(160, 19));
-    bar.resize(90, 30);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(bar.BufferSize(), QSize(160, 30));
-    // What shows is the bar at its present size, not a part of an old drawing.
-    const QImage shot = bar.grab().toImage();
-    EXPECT_EQ(shot.pixelColor(shot.width() / 2, shot.height() - 1), QColor(0x68, 0x68, 0x68));
 }
 
 TEST(ProgressBar, ScreenReaderReadsThePercent) {

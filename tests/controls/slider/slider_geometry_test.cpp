@@ -93,13 +93,6 @@ TEST(SliderGeometry, EveryValueSurvivesItsOwnPlace) {
     }
 }
 
-TEST(SliderGeometry, PlaceIsHeldBetweenTheEnds) {
-    const Parts parts = Bar(kAcross, 116);
-    EXPECT_EQ(HeldPlace(parts, -1), 0);
-    EXPECT_EQ(HeldPlace(parts, 99.5), 99.5);
-    EXPECT_EQ(HeldPlace(parts, 100.5), 100);
-}
-
 TEST(SliderGeometry, SizeThumbAndRail) {
     const struct {
         const char* what;

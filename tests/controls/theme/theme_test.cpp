@@ -119,22 +119,6 @@ TEST(ThemeIcons, LineIconsTakeTheColourOfTheirStatePicturesKeepTheirs) {
               IconPixmap(QStringLiteral("kelu"), 48, 1, Qt::red).toImage());
 }
 
-TEST(ThemeIcons, AnIconIsPaintedInTheMiddleOnWholeDevicePixels) {
-    for (const qreal ratio : {1.0, 1.5, 2.0}) {
-        QPixmap target(QSizeF(27 * ratio, 23 * ratio).toSize());
-        target.setDevicePixelRatio(ratio);
-        target.fill(Qt::transparent);
-        QPainter painter(&target);
-        PaintIcon(painter, QStringLiteral("max"), QRect(0, 0, 27, 23), 18, Qt::white);
-        painter.end();
-        const QRect box = InkOf(target).box;
-        EXPECT_NEAR(box.center().x() + 0.5, 27 * ratio / 2, 1.1) << ratio;
-        EXPECT_NEAR(box.center().y() + 0.5, 23 * ratio / 2, 1.1) << ratio;
-        // Unscaled: the same ink as the drawing itself.
-        EXPECT_EQ(InkOf(target).count, InkOf(IconPixmap(QStringLiteral("max"), 18, ratio, Qt::white)).count) << ratio;
-    }
-}
-
 TEST(ThemeCursors, TheHotSpotLiesAtTheTouchingEndOfThePicture) {
     for (const qreal ratio : {1.0, 2.0}) {
         for (const CursorPicture& cursor : {BrushCursor(ratio), SmudgeCursor(ratio)}) {
@@ -191,21 +175,6 @@ TEST_F(StyleTest, ScrollThumbHasNoDeadZonesAndReachesBothEnds) {
             part(QStyle::SC_ScrollBarSubPage).height() + thumb.height() + part(QStyle::SC_ScrollBarAddPage).height(),
             200);
     }
-}
-
-TEST_F(StyleTest, TheDefaultButtonIsTheAccentOneAndItsTextIsDark) {
-    QPushButton plain(QStringLiteral("No")), main(QStringLiteral("Yes"));
-    main.setDefault(true);
-    const auto corner = [](QPushButton& button) {
-        button.resize(84, 28);
-        return button.grab().toImage().pixelColor(QPoint(8, 5)).name();
-    };
-    EXPECT_EQ(corner(plain), kRaised.name());
-    EXPECT_EQ(corner(main), kAccent.name());
-    main.setEnabled(false);
-    EXPECT_EQ(corner(main), kGround.name());
-    EXPECT_GE(plain.sizeHint().width(), kButtonMinWidth);
-    EXPECT_GE(plain.sizeHint().height(), kButtonHeight);
 }
 
 }  // namespace

@@ -123,18 +123,5 @@ TEST_F(ToolboxTest, OneButtonTakesTab) {
     EXPECT_EQ(stops(), std::vector<int>{5});
 }
 
-TEST_F(ToolboxTest, TipsAreNamesForAssistiveTechnology) {
-    box.SetTip(3, QStringLiteral("Black && White"));
-    EXPECT_EQ(box.Tip(3), QStringLiteral("Black && White"));
-    EXPECT_EQ(box.Button(3)->toolTip(), QStringLiteral("Black & White"));
-    const QAccessibleInterface* button = QAccessible::queryAccessibleInterface(box.Button(3));
-    ASSERT_NE(button, nullptr);
-    EXPECT_EQ(button->text(QAccessible::Name), QStringLiteral("Black & White"));
-    box.SetCurrent(3);
-    EXPECT_TRUE(button->state().checked);
-    box.SetTip(9, QStringLiteral("nobody"));
-    EXPECT_EQ(box.Tip(9), QString());
-}
-
 }  // namespace
 }  // namespace kelu
