@@ -44,12 +44,13 @@ constexpr const char* kSpecialFilter[] = {
     "-1,0,1,-2,0,2,-1,0,1",
 };
 constexpr const char* kHighPass[] = {"-1,-1,-1,-1,9,-1,-1,-1,-1", "0,-1,0,-1,5,-1,0,-1,0", "1,-2,1,-2,5,-2,1,-2,1"};
-// c + c[p - 2d] - c[p + 2d], 5x5, d northward and on clockwise.
+// c + 2 c[p - 2d] - 2 c[p + 2d], 5x5, d northward and on clockwise.
 QString Relief(int direction) {
     constexpr int kDx[] = {0, 1, 1, 1, 0, -1, -1, -1}, kDy[] = {-1, -1, 0, 1, 1, 1, 0, -1};
     QStringList weights(25, QStringLiteral("0"));
-    weights[12] = weights[12 - 2 * kDx[direction] - 10 * kDy[direction]] = QStringLiteral("1");
-    weights[12 + 2 * kDx[direction] + 10 * kDy[direction]] = QStringLiteral("-1");
+    weights[12] = QStringLiteral("1");
+    weights[12 - 2 * kDx[direction] - 10 * kDy[direction]] = QStringLiteral("2");
+    weights[12 + 2 * kDx[direction] + 10 * kDy[direction]] = QStringLiteral("-2");
     return weights.join(',');
 }
 

@@ -94,7 +94,7 @@ EffectRow ImplodeRow(Point center, int strength, Color color) {
                 },
                 color,
                 [=](const Picture& source, int x, int y, Place) {
-                    return 1 - Smooth(1 - Distance(source, center, x, y) / 0.12) * strength * strength / 10000;
+                    return 1 - Smooth(1 - Distance(source, center, x, y) / 0.12) * std::pow(strength / 100.0, 3);
                 }),
             3, false};
 }
