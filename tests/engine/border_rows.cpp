@@ -105,13 +105,10 @@ EffectRow ErodeRow(int depth, Color color) {
         });
 }
 
-EffectRow Neutral(const std::string& name, Render render) {
-    return {name + "_neutral", std::move(render), Unchanged()};
-}
-
 }  // namespace
 
 std::vector<EffectRow> BorderRows() {
+    const Color white{255, 255, 255};
     return {
         FadeRow(1, {255, 255, 255}),
         FadeRow(30, {200, 100, 0}),
@@ -122,18 +119,10 @@ std::vector<EffectRow> BorderRows() {
         ErodeRow(1, {255, 255, 255}),
         ErodeRow(20, {255, 200, 0}),
         ErodeRow(255, {10, 0, 0}),
-        Neutral("IrregularBorders",
-                [](auto& s, auto& t, auto& run) {
-                    IrregularBorders(s, t, 0, {255, 255, 255}, run);
-                }),
-        Neutral("ErodeBorder",
-                [](auto& s, auto& t, auto& run) {
-                    ErodeBorder(s, t, 0, {255, 255, 255}, run);
-                }),
-        Neutral("FadeBorders",
-                [](auto& s, auto& t, auto& run) {
-                    FadeBorders(s, t, 0, {255, 255, 255}, run);
-                }),
+        {"IrregularBorders_neutral", [=](auto& s, auto& t, auto& run) { IrregularBorders(s, t, 0, white, run); },
+         Unchanged()},
+        {"ErodeBorder_neutral", [=](auto& s, auto& t, auto& run) { ErodeBorder(s, t, 0, white, run); }, Unchanged()},
+        {"FadeBorders_neutral", [=](auto& s, auto& t, auto& run) { FadeBorders(s, t, 0, white, run); }, Unchanged()},
     };
 }
 

@@ -134,6 +134,7 @@ EffectRow FishEyeRow(Color color) {
 }  // namespace
 
 std::vector<EffectRow> WarpRows() {
+    const Point point{5, 5};
     return {
         {"Melt", Melt, {}, 0, false},
         ExplodeRow({250, 100}, 10),
@@ -142,16 +143,8 @@ std::vector<EffectRow> WarpRows() {
         ImplodeRow({30, 20}, 10, {0, 0, 0}),
         ImplodeRow({250, 100}, 60, {255, 10, 100}),
         FishEyeRow({255, 255, 255}),
-        {"Explode_neutral",
-         [](auto& s, auto& t, auto& run) {
-             Explode(s, t, {5, 5}, 0, run);
-         },
-         Unchanged()},
-        {"Implode_neutral",
-         [](auto& s, auto& t, auto& run) {
-             Implode(s, t, {5, 5}, 0, {}, run);
-         },
-         Unchanged()},
+        {"Explode_neutral", [=](auto& s, auto& t, auto& run) { Explode(s, t, point, 0, run); }, Unchanged()},
+        {"Implode_neutral", [=](auto& s, auto& t, auto& run) { Implode(s, t, point, 0, {}, run); }, Unchanged()},
     };
 }
 

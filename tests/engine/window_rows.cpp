@@ -149,6 +149,7 @@ EffectRow OilPaintingRow(int radius) {
 }  // namespace
 
 std::vector<EffectRow> WindowRows() {
+    const Point inside{250, 100}, below{20, 999};
     return {
         Blur1Row(1),
         Blur1Row(4),
@@ -174,37 +175,11 @@ std::vector<EffectRow> WindowRows() {
         {"Mosaic_neutral", [](auto& s, auto& t, auto& run) { Mosaic(s, t, 1, 1, run); }, Unchanged()},
         {"OilPainting_neutral", [](auto& s, auto& t, auto& run) { OilPainting(s, t, 0, run); }, Unchanged()},
         // Their bounds are in path_blur_test.cpp.
-        {"Blur2_4",
-         [](auto& s, auto& t, auto& run) {
-             Blur2(s, t, {250, 100}, 4, run);
-         },
-         {},
-         0,
-         false},
-        {"Blur2_100",
-         [](auto& s, auto& t, auto& run) {
-             Blur2(s, t, {20, 999}, 100, run);
-         },
-         {},
-         0,
-         false},
-        {"Blur3_100",
-         [](auto& s, auto& t, auto& run) {
-             Blur3(s, t, {250, 100}, 100, run);
-         },
-         {},
-         0,
-         false},
-        {"Blur2_neutral",
-         [](auto& s, auto& t, auto& run) {
-             Blur2(s, t, {2, 1}, 0, run);
-         },
-         Unchanged()},
-        {"Blur3_neutral",
-         [](auto& s, auto& t, auto& run) {
-             Blur3(s, t, {2, 1}, 0, run);
-         },
-         Unchanged()},
+        {"Blur2_4", [=](auto& s, auto& t, auto& run) { Blur2(s, t, inside, 4, run); }, {}, 0, false},
+        {"Blur2_100", [=](auto& s, auto& t, auto& run) { Blur2(s, t, below, 100, run); }, {}, 0, false},
+        {"Blur3_100", [=](auto& s, auto& t, auto& run) { Blur3(s, t, inside, 100, run); }, {}, 0, false},
+        {"Blur2_neutral", [=](auto& s, auto& t, auto& run) { Blur2(s, t, inside, 0, run); }, Unchanged()},
+        {"Blur3_neutral", [=](auto& s, auto& t, auto& run) { Blur3(s, t, inside, 0, run); }, Unchanged()},
     };
 }
 
