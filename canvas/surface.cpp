@@ -127,9 +127,6 @@ void Surface::DrawBrushLine(int x1, int y1, int x2, int y2, int strength) {
     // Painting a picture with itself changes nothing, and must not cost a copy of it.
     if (brush_.paint.constBits() == picture_.constBits()) return;
     MakeUnique(picture_);
-    // The picture may be another one than the brush was selected for.
-    if (brush_.paint.hasAlphaChannel() && !picture_.hasAlphaChannel())
-        picture_.reinterpretAsFormat(QImage::Format_ARGB32);
     if (!undo_->IsOpen()) undo_->Open();
     Announce(
         PaintSegment(picture_, brush_.paint, Capsule(x1, y1, x2, y2, brush_.size, brush_.softness), strength, *undo_));

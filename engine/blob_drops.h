@@ -68,12 +68,19 @@ class BlobGrid {
           margin_(radius / spacing + 1),
           columns_((source.width - 1) / spacing + 1 + 2 * margin_),
           rows_((source.height - 1) / spacing + 1 + 2 * margin_),
-          colors_(TakePixelMemory(static_cast<std::size_t>(columns_) * static_cast<std::size_t>(rows_) * 4)) {}
+          reach_(radius * 7 / 10),
+          colors_(NeedsColors()
+                      ? TakePixelMemory(static_cast<std::size_t>(columns_) * static_cast<std::size_t>(rows_) * 4)
+                      : nullptr) {}
+
+    /// False where a drop takes the colour of a single pixel, which need not be found beforehand.
+    bool NeedsColors() const { return reach_ > 0; }
 
     int Columns() const { return columns_; }
     int Rows() const { return rows_; }
-    std::uint32_t* Colors(int row) const {
-        return reinterpret_cast<std::uint32_t*>(colors_.get()) + static_cast<std::ptrdiff_t>(row) * columns_;
+    std::uint32_t ColorOf(int row, int column, int x, int y) const {
+        return NeedsColors() ? Colors(row)[column]
+                             : source_.Row(RepeatEdge(y, source_.height))[RepeatEdge(x, source_.width)];
     }
     /// The first and the last row or column whose drops can touch the pixels [begin, end).
     int FirstAt(int begin) const { return std::max(0, (begin - radius_) / spacing_ - 1 + margin_); }
@@ -94,26 +101,29 @@ class BlobGrid {
                static_cast<int>(std::uint64_t{jitter} * static_cast<std::uint64_t>(spacing_) >> 32);
     }
 
-    // The mean of the square of side `spacing`, an odd number of pixels, round (x, y).
+    std::uint32_t* Colors(int row) const {
+        return reinterpret_cast<std::uint32_t*>(colors_.get()) + static_cast<std::ptrdiff_t>(row) * columns_;
+    }
+
+    // The mean of pixels that are spread evenly, five to eleven in a row, over the square within the drop round (x, y).
     std::uint32_t MeanAround(int x, int y) const {
-        const int reach = spacing_ / 2;
-        if (reach == 0) return source_.Row(RepeatEdge(y, source_.height))[RepeatEdge(x, source_.width)];
+        const int step = std::max(1, reach_ / 3), steps = reach_ / step;
         std::uint32_t sums[4] = {};
-        for (int v = y - reach; v <= y + reach; ++v) {
-            const std::uint32_t* const row = source_.Row(RepeatEdge(v, source_.height));
-            for (int u = x - reach; u <= x + reach; ++u) {
-                const std::uint32_t pixel = row[RepeatEdge(u, source_.width)];
+        for (int v = -steps; v <= steps; ++v) {
+            const std::uint32_t* const row = source_.Row(RepeatEdge(y + v * step, source_.height));
+            for (int u = -steps; u <= steps; ++u) {
+                const std::uint32_t pixel = row[RepeatEdge(x + u * step, source_.width)];
                 for (int c = 0; c < 4; ++c) sums[c] += pixel >> (8 * c) & 0xff;
             }
         }
-        const auto count = static_cast<std::uint32_t>((2 * reach + 1) * (2 * reach + 1));
+        const auto count = static_cast<std::uint32_t>((2 * steps + 1) * (2 * steps + 1));
         std::uint32_t mean = 0;
         for (int c = 0; c < 4; ++c) mean |= (sums[c] + count / 2) / count << (8 * c);
         return mean;
     }
 
     const ImageView& source_;
-    const int radius_, spacing_, margin_, columns_, rows_;
+    const int radius_, spacing_, margin_, columns_, rows_, reach_;
     const std::shared_ptr<std::uint8_t> colors_;
 };
 
@@ -135,10 +145,9 @@ class BlobDrops {
         const int lastRow = grid.LastAt(bottom, grid.Rows());
         for (int row = grid.FirstAt(top); row <= lastRow; ++row) {
             const RandomRow across(row, kBlobs, 0), down(row, kBlobs, 1), order(row, kBlobs, 2);
-            const std::uint32_t* const colors = grid.Colors(row);
             for (int column = firstColumn; column <= lastColumn; ++column) {
-                found_.push_back(
-                    {order(column), grid.CenterX(column, across), grid.CenterY(row, down(column)), colors[column]});
+                const int x = grid.CenterX(column, across), y = grid.CenterY(row, down(column));
+                found_.push_back({order(column), x, y, grid.ColorOf(row, column, x, y)});
                 ++begins_[Bucket(found_.back())];
             }
         }

@@ -149,10 +149,11 @@ void Blobs(const ImageView& source, const MutableImageView& target, int radius, 
     const int r = std::clamp(radius, 1, kMostRadius);
     const BlobStamp stamp(r);
     const BlobGrid grid(source, r, std::max(std::clamp(spacing, 1, kMostSpacing), (r + 3) / 4));
-    Passes passes(run, 2);
-    passes.Split(grid.Rows(), source.width, [&](int begin, int end) {
-        for (int row = begin; row < end; ++row) grid.TakeColors(row);
-    });
+    Passes passes(run, grid.NeedsColors() ? 2 : 1);
+    if (grid.NeedsColors())
+        passes.Split(grid.Rows(), source.width, [&](int begin, int end) {
+            for (int row = begin; row < end; ++row) grid.TakeColors(row);
+        });
 
     const int across = (target.width - 1) / kBlobSquare + 1, down = (target.height - 1) / kBlobSquare + 1;
     passes.Split(across * down, kBlobSquare * kBlobSquare, [&](int begin, int end) {

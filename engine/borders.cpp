@@ -138,12 +138,12 @@ void IrregularBordersOnTarget(const ImageView& source, const MutableImageView& t
     RenderFrame(kernel, depth + 2 * shadow, source, target, run);
 }
 
-// Fractal noise: octaves down to two pixels, each of half the wavelength and half the weight of the one before, the
+// Fractal noise: octaves down to two pixels, each of half the wavelength and 0.6 of the weight of the one before, the
 // first as long as the border is deep. Pixels whose noise lies under 1 - (distance + 1/2) / S1 are C1; beside them the
 // picture lies in a narrow shadow.
 struct ErodeKernel {
     // Octaves add up to values close to the middle; this spreads them over 0 to 1 again.
-    static constexpr float kSpread = 1.6f;
+    static constexpr float kSpread = 1.6f, kPersistence = 0.6f;
 
     EdgeDistance distance;
     float depth;
@@ -156,8 +156,8 @@ struct ErodeKernel {
 
         Pixels operator()(Pixels pixels, int x) const {
             Floats noise = hn::Zero(kFloats);
-            float frequency = 1 / all.depth, weight = kSpread / 2;
-            for (int octave = 0; octave < all.octaves; ++octave, frequency *= 2, weight /= 2) {
+            float frequency = 1 / all.depth, weight = kSpread * (1 - kPersistence);
+            for (int octave = 0; octave < all.octaves; ++octave, frequency *= 2, weight *= kPersistence) {
                 const Floats value =
                     SmoothNoise(hn::Mul(Columns(x), All(frequency)), static_cast<float>(y) * frequency, 21, octave);
                 noise = hn::Add(noise, hn::Mul(hn::Sub(value, All(0.5f)), All(weight)));
@@ -169,7 +169,7 @@ struct ErodeKernel {
             // The outline is soft over about a pixel.
             const Floats steep = hn::Mul(hn::Sub(threshold, noise), All(all.depth / 2));
             const Floats light =
-                hn::Sub(All(1.0f), hn::Mul(Clamp01(hn::Add(hn::Mul(steep, All(0.5f)), All(1.0f))), All(0.3f)));
+                hn::Sub(All(1.0f), hn::Mul(Clamp01(hn::Add(hn::Mul(steep, All(0.4f)), All(1.0f))), All(0.45f)));
             const Channels own = Split(pixels);
             const Channels shaded{hn::Mul(own.blue, light), hn::Mul(own.green, light), hn::Mul(own.red, light)};
             return Covered(pixels, shaded, all.color, Clamp01(steep));
@@ -182,7 +182,7 @@ void ErodeBorderOnTarget(const ImageView& source, const MutableImageView& target
                          const Run& run) {
     const int octaves = std::max(1, static_cast<int>(std::bit_width(static_cast<unsigned>(depth))) - 1);
     const ErodeKernel kernel{{source.width, source.height}, static_cast<float>(depth), octaves, Sensible(color)};
-    RenderFrame(kernel, depth + 4, source, target, run);
+    RenderFrame(kernel, depth + 6, source, target, run);
 }
 
 }  // namespace kelu::engine::HWY_NAMESPACE

@@ -14,8 +14,8 @@
 HWY_BEFORE_NAMESPACE();
 namespace kelu::engine::HWY_NAMESPACE {
 
-// c + (c[p - d] - c[p + d]), d the step of the direction. Where a neighbour is transparent its hidden colour counts for
-// as little as it shows.
+// c + 2 (c[p - d] - c[p + d]), d the step of the direction. Where a neighbour is transparent its hidden colour counts
+// for as little as it shows.
 struct ColorEmbossKernel {
     Step step;
 
@@ -32,7 +32,8 @@ struct ColorEmbossKernel {
             relief.blueRed = hn::MulHigh(hn::Add(relief.blueRed, relief.blueRed), parts);
             relief.greenAlpha = hn::MulHigh(hn::Add(relief.greenAlpha, relief.greenAlpha), parts);
         }
-        return JoinShorts({hn::Add(here.blueRed, relief.blueRed), hn::Add(here.greenAlpha, relief.greenAlpha)}, pixels);
+        const auto raised = [](Shorts c, Shorts by) HWY_ATTR { return hn::Add(c, hn::Add(by, by)); };
+        return JoinShorts({raised(here.blueRed, relief.blueRed), raised(here.greenAlpha, relief.greenAlpha)}, pixels);
     }
 };
 

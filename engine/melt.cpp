@@ -38,7 +38,7 @@ std::vector<Drop> FindDrops(const ImageView& source) {
     for (int i = 0; i < kDrops; ++i) {
         const auto random = [i](int stream) { return RandomRow(0, kEffect, 2 + stream).Unit(i); };
         const float middle = (static_cast<float>(i) + 0.3f + 0.4f * random(0)) * width / kDrops;
-        const float half = (0.12f + 0.38f * random(1) * random(1)) * width / kDrops;
+        const float half = (0.2f + 0.3f * random(1) * random(1)) * width / kDrops;
         const int x = std::min(source.width - 1, static_cast<int>(middle));
         std::vector<float> sums{0};
         for (int row = 0; row < rows; ++row) sums.push_back(sums.back() + LumaAt(source, x, row, rows));

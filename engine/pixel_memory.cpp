@@ -3,6 +3,7 @@
 #include "engine/pixel_memory.h"
 
 #include <algorithm>
+#include <array>
 #include <limits>
 #include <mutex>
 #include <new>
@@ -21,8 +22,9 @@ constexpr std::size_t kHugePage = 2u << 20;
 // Smaller blocks come from the ordinary heap and are not kept.
 constexpr std::size_t kLarge = 1u << 20;
 
-// A render needs its target and sometimes one buffer between; more than two blocks would only sit there.
-constexpr std::size_t kIdleBlocks = 2;
+// What one render needs besides its target: some blocks of a quarter of its size and less. More would only sit there,
+// and all of them together must not be larger than two targets.
+constexpr std::size_t kIdleBlocks = 8;
 
 struct Block {
     std::uint8_t* data = nullptr;
@@ -87,17 +89,18 @@ class Pool {
     }
 
     void Return(const Block& block) noexcept {
-        Block dropped = block;
-        if (block.size >= kLarge) {
+        if (block.size < kLarge) return Free(block);
+        std::array<Block, kIdleBlocks + 1> dropped;
+        std::size_t count = 0;
+        {
             const std::lock_guard lock(mutex_);
-            dropped = {};
-            if (idle_.size() == kIdleBlocks) {
-                dropped = idle_.front();
+            idle_.push_back(block);  // capacity was reserved
+            while (idle_.size() > kIdleBlocks || TooMuch()) {
+                dropped[count++] = idle_.front();
                 idle_.erase(idle_.begin());
             }
-            idle_.push_back(block);  // capacity was reserved
         }
-        if (dropped.data) Free(dropped);
+        for (std::size_t i = 0; i < count; ++i) Free(dropped[i]);
     }
 
     void Release() {
@@ -111,9 +114,18 @@ class Pool {
         for (const Block& block : blocks) Free(block);
     }
 
-    Pool() { idle_.reserve(kIdleBlocks); }
+    Pool() { idle_.reserve(kIdleBlocks + 1); }
 
  private:
+    bool TooMuch() const {
+        std::size_t all = 0, largest = 0;
+        for (const Block& block : idle_) {
+            all += block.size;
+            largest = std::max(largest, block.size);
+        }
+        return all > 2 * largest;
+    }
+
     std::mutex mutex_;
     std::vector<Block> idle_;  // the block returned last stands last
 };

@@ -214,7 +214,7 @@ void Implode(const ImageView& source, const MutableImageView& target, Point cent
     if (strength <= 0) return Copy(source, target, run);
     RadialWarp warp = Around(center, source, Outside::kColorInMiddle, outside);
     const double k = Strength(strength);
-    warp.part = static_cast<float>(std::min(strength, 100) * std::min(strength, 100)) / 10000;
+    warp.part = std::pow(static_cast<float>(std::min(strength, 100)) / 100, 3.0f);
     warp.Fill([=](double r) {
         if (r == 0) return 1 / (1 - k);
         double low = r, high = 1;  // Shrunk grows with its argument

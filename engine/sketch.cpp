@@ -45,9 +45,9 @@ struct DrawKernel {
         // What the texture calls for, less 0.4: -0.4 to 1.2.
         const Floats called = Sum(texture.red, 1.6f / 255, shade, -1, -0.77f);
         const Floats first =
-            hn::Mul(hn::Mul(Clamp01(hn::Neg(called)), Clamp01(Sum(shade, 2.2f, shade, 0, -0.176f))), All(0.5f));
+            hn::Mul(hn::Mul(Clamp01(hn::Neg(called)), Clamp01(Sum(shade, 2.2f, shade, 0, -0.176f))), All(0.42f));
         const Floats other = Sum(shade, 1.3f, texture.green, -1.6f / 255, 0.035f);
-        const Floats second = hn::Mul(hn::Mul(Clamp01(other), Clamp01(Sum(shade, 3, shade, 0, -1.5f))), All(0.45f));
+        const Floats second = hn::Mul(hn::Mul(Clamp01(other), Clamp01(Sum(shade, 3, shade, 0, -1.5f))), All(0.4f));
         const Floats rough = hn::Min(hn::Mul(drawn, All(8.0f)), All(1.0f));
         const Floats grain = hn::Mul(Sum(texture.blue, 0.5f / 255, drawn, 0, -0.25f), rough);
         const Floats line = hn::Mul(Smoothstep(hn::Sub(hn::Mul(drawn, All(1.7f)), grain)), All(0.8f));

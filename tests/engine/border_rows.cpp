@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <utility>
 
 #include "engine/random.h"
@@ -95,11 +96,11 @@ EffectRow ErodeRow(int depth, Color color) {
                 const float frequency = static_cast<float>(1 << octave) / static_cast<float>(depth);
                 const double value =
                     SmoothNoise(static_cast<float>(x) * frequency, static_cast<float>(y) * frequency, 21, octave);
-                noise += 0.8 * (value - 0.5) / (1 << octave);
+                noise += 0.64 * (value - 0.5) * std::pow(0.6, octave);
             }
             const double distance = EdgeDistance(source, x, y) + 0.5;
             const double inside = (1 - distance / depth - std::max(noise, 0.0)) * depth / 2;
-            const Rgba shaded = Darker(source.At(x, y), 1 - 0.3 * std::clamp(inside / 2 + 1, 0.0, 1.0));
+            const Rgba shaded = Darker(source.At(x, y), 1 - 0.45 * std::clamp(0.4 * inside + 1, 0.0, 1.0));
             return Covered(shaded, color, std::clamp(inside, 0.0, 1.0));
         });
 }

@@ -186,8 +186,8 @@ Picture SketchOf(const Picture& source, int factor, float base) {
         const Rgba texture = paper.At(x % paper.Width(), y % paper.Height());
         const double line = large.At(x, y).red / 255.0, shade = large.At(x, y).green / 255.0;
         const auto unit = [](double t) { return std::clamp(t, 0.0, 1.0); };
-        const double first = 0.5 * unit(shade - 1.6 * texture.red / 255 + 0.77) * unit(2.2 * shade - 0.176);
-        const double second = 0.45 * unit(1.3 * shade - 1.6 * texture.green / 255 + 0.035) * unit(3 * shade - 1.5);
+        const double first = 0.42 * unit(shade - 1.6 * texture.red / 255 + 0.77) * unit(2.2 * shade - 0.176);
+        const double second = 0.4 * unit(1.3 * shade - 1.6 * texture.green / 255 + 0.035) * unit(3 * shade - 1.5);
         const double grain = (0.5 * texture.blue / 255 - 0.25) * std::min(1.0, 8 * line);
         const double left = 1 - 0.8 * Smooth(1.7 * line - grain);
         const int gray = Rounded(252 * (1 - first) * (1 - second) * left);

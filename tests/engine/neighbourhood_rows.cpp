@@ -34,11 +34,11 @@ EffectRow ColorEmbossRow(int direction, int scale = 1) {
             EachPixel([=, dx = 2 * scale * kDx[direction], dy = 2 * scale * kDy[direction]](
                           const Picture& source, int x, int y) -> std::array<double, 3> {
                 const Rgba p = source.At(x, y), before = source.At(x - dx, y - dy), after = source.At(x + dx, y + dy);
-                const double part = std::min(before.alpha, after.alpha) / 255.0;
+                const double part = 2 * std::min(before.alpha, after.alpha) / 255.0;
                 return {p.red + (before.red - after.red) * part, p.green + (before.green - after.green) * part,
                         p.blue + (before.blue - after.blue) * part};
             }),
-            1};
+            3};
 }
 
 EffectRow EmbossRow(int direction, int strength, int offset, int scale = 1) {

@@ -189,10 +189,11 @@ EffectRow BlobsRow(int radius, int spacing) {
                                   (row - margin) * step + jitter(1), {}};
                         for (const auto channel : kChannels) {
                             double sum = 0;
-                            for (int dy = -(step / 2); dy <= step / 2; ++dy)
-                                for (int dx = -(step / 2); dx <= step / 2; ++dx)
-                                    sum += source.At(drop.x + dx, drop.y + dy).*channel;
-                            drop.color.*channel = Rounded(sum / std::pow(step / 2 * 2 + 1, 2));
+                            const int reach = radius * 7 / 10, apart = std::max(1, reach / 3), each = reach / apart;
+                            for (int dy = -each; dy <= each; ++dy)
+                                for (int dx = -each; dx <= each; ++dx)
+                                    sum += source.At(drop.x + dx * apart, drop.y + dy * apart).*channel;
+                            drop.color.*channel = Rounded(sum / std::pow(2 * each + 1, 2));
                         }
                         drops.push_back(drop);
                     }
@@ -227,9 +228,9 @@ EffectRow BlobsRow(int radius, int spacing) {
 
 std::vector<EffectRow> ScatterRows() {
     return {
-        ReverseRow(),  TileRow(100, 40), TileRow(7, 100),  TileRow(1, 50),    SprayRow(2),    SprayRow(15),
-        SprayRow(100), WindRow(25, -10), WindRow(-100, 0), WindRow(-40, 40),  WindRow(3, 50), WindRow(-20, -61),
-        WindRow(1, 0), BlobsRow(10, 6),  BlobsRow(3, 20),  BlobsRow(100, 40),
+        ReverseRow(),  TileRow(100, 40), TileRow(7, 100),  TileRow(1, 50),   SprayRow(2),       SprayRow(15),
+        SprayRow(100), WindRow(25, -10), WindRow(-100, 0), WindRow(-40, 40), WindRow(3, 50),    WindRow(-20, -61),
+        WindRow(1, 0), BlobsRow(10, 6),  BlobsRow(1, 1),   BlobsRow(3, 20),  BlobsRow(100, 40),
     };
 }
 

@@ -94,7 +94,7 @@ EffectRow ImplodeRow(Point center, int strength, Color color) {
                 },
                 color,
                 [=](const Picture& source, int x, int y, Place) {
-                    return 1 - Smooth(1 - Distance(source, center, x, y) / 0.12) * strength * strength / 10000;
+                    return 1 - Smooth(1 - Distance(source, center, x, y) / 0.12) * std::pow(strength / 100.0, 3);
                 }),
             3, false};
 }
@@ -134,13 +134,10 @@ EffectRow FishEyeRow(Color color) {
 }  // namespace
 
 std::vector<EffectRow> WarpRows() {
+    const Point point{5, 5};
     return {
-        {"Melt", Melt, {}, 0, false},
-        ExplodeRow({250, 100}, 10),
-        ExplodeRow({20, 15}, 100),
-        ExplodeRow({-40, 999}, 50),
-        ImplodeRow({30, 20}, 10, {0, 0, 0}),
-        ImplodeRow({250, 100}, 60, {255, 10, 100}),
+        {"Melt", Melt, {}, 0, false}, ExplodeRow({250, 100}, 10),          ExplodeRow({20, 15}, 100),
+        ExplodeRow({-40, 999}, 50),   ImplodeRow({30, 20}, 10, {0, 0, 0}), ImplodeRow({250, 100}, 60, {255, 10, 100}),
         FishEyeRow({255, 255, 255}),
     };
 }
