@@ -134,7 +134,6 @@ EffectRow FishEyeRow(Color color) {
 }  // namespace
 
 std::vector<EffectRow> WarpRows() {
-    const Point point{5, 5};
     return {
         {"Melt", Melt, {}, 0, false}, ExplodeRow({250, 100}, 10),          ExplodeRow({20, 15}, 100),
         ExplodeRow({-40, 999}, 50),   ImplodeRow({30, 20}, 10, {0, 0, 0}), ImplodeRow({250, 100}, 60, {255, 10, 100}),

@@ -149,7 +149,6 @@ EffectRow OilPaintingRow(int radius) {
 }  // namespace
 
 std::vector<EffectRow> WindowRows() {
-    const Point inside{250, 100}, below{20, 999};
     return {
         Blur1Row(1),
         Blur1Row(4),
