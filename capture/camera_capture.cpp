@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "platform/error.h"
+#include "platform/private_folder.h"
 #include "platform/temporary_folder.h"
 
 namespace kelu {
@@ -170,6 +171,7 @@ void CameraCapture::CaptureNow() {
         for (const CaptureSize& size : kSizes) {
             if (txtVideoSize_ != QLatin1String(size.code)) continue;
             canvas.ResizeImage(size.width, size.height);
+            MakePrivateFile(SnapshotPath());
             canvas.SaveFile(SnapshotPath());
         }
         ShowFitted(canvasView_);

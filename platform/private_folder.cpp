@@ -1,4 +1,4 @@
-// Folders that nobody but the user can read or write.
+// Folders and files that nobody but the user can read or write.
 // SPDX-License-Identifier: MIT
 #include "platform/private_folder.h"
 
@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QtGlobal>
 #ifdef Q_OS_UNIX
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -28,6 +29,14 @@ bool MakePrivateFolder(const QString& path) {
     return (state.st_mode & 0077) == 0 || ::chmod(name.constData(), 0700) == 0;
 }
 
+bool MakePrivateFile(const QString& path) {
+    const int file = ::open(QFile::encodeName(path).constData(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
+    if (file < 0) return false;
+    const bool closed = ::fchmod(file, 0600) == 0;
+    ::close(file);
+    return closed;
+}
+
 bool OthersCanWrite(const QString& path) {
     struct stat state {};
     if (::stat(QFile::encodeName(path).constData(), &state) != 0) return true;
@@ -41,6 +50,8 @@ QString UserTag() { return QString::number(::geteuid()); }
 
 // The user's own folders are closed to others by the system's inherited access lists.
 bool MakePrivateFolder(const QString& path) { return QDir().mkpath(path); }
+
+bool MakePrivateFile(const QString& path) { return QFile(path).open(QIODevice::WriteOnly | QIODevice::Append); }
 
 bool OthersCanWrite(const QString&) { return false; }
 

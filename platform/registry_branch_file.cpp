@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
 #include <QStringDecoder>
 
 #include "platform/error.h"
+#include "platform/private_folder.h"
 #include "platform/registry_access.h"
 
 namespace kelu {
@@ -48,10 +50,10 @@ QString WithLongRoots(QString keyPath) {
     return keyPath;
 }
 
-bool AppendTo(const QString& fileName, const QString& text, QIODevice::OpenMode mode) {
+bool AppendTo(const QString& fileName, const QString& text) {
     QFile file(fileName);
     const QByteArray bytes = text.toUtf8();
-    return file.open(mode) && file.write(bytes) == bytes.size() && file.flush();
+    return file.open(QIODevice::WriteOnly | QIODevice::Append) && file.write(bytes) == bytes.size() && file.flush();
 }
 
 quint32 HexNumber(const QString& digits) {
@@ -65,7 +67,8 @@ quint32 HexNumber(const QString& digits) {
 
 quint32 clsRegistryAccess::ExportToReg(const QString& keyPath, const QString& fileName, bool withSubKeys,
                                        const TextBox& textBox) {
-    if (!AppendTo(fileName, kHeader + kLineEnd + kLineEnd, QIODevice::WriteOnly | QIODevice::NewOnly)) return 0;
+    if (QFileInfo::exists(fileName) || !MakePrivateFile(fileName)) return 0;  // there may be a password in it
+    if (!AppendTo(fileName, kHeader + kLineEnd + kLineEnd)) return 0;
     return ExportKey(keyPath, fileName, withSubKeys, textBox) ? 1 : 0;
 }
 
@@ -96,7 +99,7 @@ bool clsRegistryAccess::ExportKey(const QString& keyPath, const QString& fileNam
     addValues(kRegistryNumber, QStringLiteral("dword:"), [](const QVariant& value) {
         return QStringLiteral("%1").arg(value.toUInt(), 8, 16, QChar(u'0')).toUpper();
     });
-    if (!AppendTo(fileName, text + kLineEnd, QIODevice::WriteOnly | QIODevice::Append)) return false;
+    if (!AppendTo(fileName, text + kLineEnd)) return false;
 
     if (!withSubKeys) return true;
     QStringList subKeys;

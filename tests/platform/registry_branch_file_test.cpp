@@ -56,6 +56,7 @@ TEST_F(BranchFile, ExportIsTheseBytes) {
         "\r\n";
     EXPECT_EQ(registry.ExportToReg(kKey, Path("one"), false), 1u);
     EXPECT_EQ(Content("one"), top);
+    EXPECT_EQ(QFile::permissions(Path("one")) & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
     EXPECT_EQ(registry.ExportToReg("hkcu\\Kelu", Path("all"), true), 1u);
     const QByteArray all = Content("all");
     EXPECT_TRUE(all.startsWith("REGEDIT4\r\n\r\n[HKEY_CURRENT_USER\\Kelu]\r\n"));
