@@ -16,11 +16,9 @@ MailAddress ParseAddress(const QString& entry) {
     if (open >= 0 && close > open) {
         QString name = entry.left(open).trimmed();
         if (name.size() >= 2 && name.startsWith(u'"') && name.endsWith(u'"')) name = name.mid(1, name.size() - 2);
-        return {name.remove(u'\\'), entry.mid(open + 1, close - open - 1).remove(u' ')};
+        return {name.remove(u'\\'), entry.mid(open + 1, close - open - 1).trimmed()};
     }
-    QString text = entry;
-    text.remove(u'<').remove(u'>');
-    return text.contains(u'@') ? MailAddress{QString(), text.remove(u' ')} : MailAddress{text.trimmed(), QString()};
+    return entry.contains(u'@') ? MailAddress{QString(), entry} : MailAddress{entry, QString()};
 }
 
 }  // namespace
@@ -34,6 +32,12 @@ bool ValidEmailAddress(const QString& text) {
     const QString domain = text.mid(at + 1);
     const qsizetype dot = domain.indexOf(u'.');
     return !domain.contains(u'@') && dot > 0 && dot < domain.size() - 1;
+}
+
+bool ValidMailList(const QString& text) {
+    const std::vector<MailAddress> list = ParseAddresses(text);
+    return !list.empty() && std::all_of(list.begin(), list.end(),
+                                        [](const MailAddress& each) { return ValidEmailAddress(each.address); });
 }
 
 std::vector<MailAddress> ParseAddresses(const QString& text) {

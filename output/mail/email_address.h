@@ -11,13 +11,16 @@ namespace kelu {
 /// inside the domain; none of the special characters. A list never passes.
 bool ValidEmailAddress(const QString& text);
 
+/// A list of such addresses, each with a name or without, that holds at least one.
+bool ValidMailList(const QString& text);
+
 struct MailAddress {
     QString name;     ///< may be empty
     QString address;  ///< without angle brackets; empty when the text holds none
 };
 
-/// Reads "Name <a@b>, c@d; ..." in any mixture. A text without "@" becomes a name without an address. Control
-/// characters become blanks, so that no text can begin a header of its own.
+/// Reads "Name <a@b>, c@d; ..." in any mixture. A text without "@" becomes a name without an address, one with "@" an
+/// address as it stands, valid or not. Control characters become blanks, so that no text can begin a header of its own.
 std::vector<MailAddress> ParseAddresses(const QString& text);
 
 /// The part behind the last "@" in the form in which name servers know it; empty when there is none.

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "output/mail/mail_message.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QLocale>
@@ -11,6 +12,7 @@
 #include <algorithm>
 
 #include "output/mail/email_address.h"
+#include "output/mail/mail_error.h"
 #include "platform/error.h"
 
 namespace kelu {
@@ -61,14 +63,24 @@ QByteArray WireAddress(const QString& address) {
     return (address.left(at + 1) + (domain.isEmpty() ? address.mid(at + 1) : domain)).toUtf8();
 }
 
+QByteArray Phrase(const QString& name) { return IsPlain(name) ? Quoted(name) : EncodedWords(name); }
+
 QByteArray AddressHeader(const QString& text) {
     QByteArray header;
     for (const MailAddress& each : ParseAddresses(text)) {
         if (!header.isEmpty()) header += ",\r\n ";
-        if (!each.name.isEmpty()) header += (IsPlain(each.name) ? Quoted(each.name) : EncodedWords(each.name)) + ' ';
+        if (!each.name.isEmpty()) header += Phrase(each.name) + ' ';
         header += '<' + WireAddress(each.address) + '>';
     }
     return header;
+}
+
+/// A message needs an author; where the field names none by an address, it is a group without members, which may stand
+/// in the place of one.
+QByteArray AuthorHeader(const QString& text) {
+    if (ValidMailList(text)) return AddressHeader(text);
+    const QString name = OneLine(text);
+    return Phrase(name.isEmpty() ? QStringLiteral("Kelu") : name) + ":;";
 }
 
 QByteArray Token() { return QByteArray::number(QRandomGenerator::system()->generate64(), 16); }
@@ -127,15 +139,21 @@ QByteArray AttachmentPart(const QString& path) {
 
 QByteArray MailMessage::Sender() const {
     const std::vector<MailAddress> addresses = ParseAddresses(From);
-    return addresses.empty() ? QByteArray() : WireAddress(addresses.front().address);
+    const bool valid = !addresses.empty() && ValidEmailAddress(addresses.front().address);
+    return valid ? WireAddress(addresses.front().address) : QByteArray();
 }
 
 QList<QByteArray> MailMessage::Recipients() const {
     QList<QByteArray> recipients;
     for (const QString& list : {To, CC})
         for (const MailAddress& each : ParseAddresses(list)) {
+            if (!ValidEmailAddress(each.address))
+                throw Error(kMailFailed,
+                            QCoreApplication::translate("kelu::MailMessage", "\"%1\" is no mail address")
+                                .arg(each.address.isEmpty() ? each.name : each.address),
+                            QStringLiteral("MailMessage"));
             const QByteArray address = WireAddress(each.address);
-            if (!address.isEmpty() && !recipients.contains(address)) recipients.append(address);
+            if (!recipients.contains(address)) recipients.append(address);
         }
     return recipients;
 }
@@ -147,9 +165,7 @@ QByteArray MailMessage::Text(const QDateTime& date) const {
     text += "Date: " + QLocale::c().toString(date, QStringLiteral("ddd, d MMM yyyy HH:mm:ss ")).toLatin1() +
             date.toString(Qt::RFC2822Date).right(5).toLatin1() + "\r\n";
     text += "Message-ID: <" + Token() + Token() + '@' + (domain.isEmpty() ? "localhost" : domain.toLatin1()) + ">\r\n";
-    // A message needs this header even when the user leaves the field empty.
-    const QByteArray from = AddressHeader(From);
-    text += "From: " + (from.isEmpty() ? QByteArray("<>") : from) + "\r\n";
+    text += "From: " + AuthorHeader(From) + "\r\n";
     text += "To: " + AddressHeader(To) + "\r\n";
     const QByteArray copies = AddressHeader(CC);
     if (!copies.isEmpty()) text += "Cc: " + copies + "\r\n";

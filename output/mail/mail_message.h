@@ -21,7 +21,8 @@ class MailMessage {
     /// The file goes along as an attachment; it is read by Text().
     void AddAttachment(const QString& path) { attachments_.append(path); }
 
-    /// Addresses of the envelope.
+    /// Addresses of the envelope; an invalid sender counts as none. Recipients throws Error(kMailFailed) for an invalid
+    /// one.
     QByteArray Sender() const;
     QList<QByteArray> Recipients() const;
 

@@ -2,14 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "output/mail/smtp_sender.h"
 
-#include <QEventLoop>
-#include <QScopeGuard>
-#include <QThread>
-#include <exception>
-#include <memory>
+#include <QScopedValueRollback>
 
 #include "output/mail/mail_error.h"
 #include "platform/error.h"
+#include "platform/run_beside.h"
 
 namespace kelu {
 
@@ -17,28 +14,11 @@ SmtpSender::SmtpSender(QObject* parent) : QObject(parent) {}
 
 SmtpSender::~SmtpSender() = default;
 
-/// A nested event loop rather than pumping from the library's callbacks: those come up to a second apart.
 void SmtpSender::RunMeanwhile(const std::function<void()>& work) {
-    if (busy_) throw Error(kMailFailed, QStringLiteral("A message is being sent already"), QStringLiteral("Send"));
-    busy_ = true;
+    if (busy_) throw Error(kMailFailed, tr("A message is being sent already"), QStringLiteral("Send"));
+    const QScopedValueRollback<bool> busy(busy_, true);
     cancelled_ = false;
-    std::exception_ptr failure;
-    const std::unique_ptr<QThread> thread(QThread::create([&] {
-        try {
-            work();
-        } catch (...) {
-            failure = std::current_exception();
-        }
-    }));
-    const auto end = qScopeGuard([&] { busy_ = false; });
-    QEventLoop loop;
-    connect(thread.get(), &QThread::finished, &loop, &QEventLoop::quit);
-    thread->start();
-    loop.exec();
-    // The loop ends early only with the application.
-    if (!thread->isFinished()) cancelled_ = true;
-    thread->wait();
-    if (failure) std::rethrow_exception(failure);
+    RunBeside(work, UserInput::Let);
 }
 
 std::vector<MailHost> SmtpSender::MailHostOf(const QString& address) {

@@ -21,7 +21,7 @@ struct SmtpDelivery {
     bool encrypted = false;
     QString userName, password;  ///< empty: no log-in
     QString certificates;        ///< file of trusted certificates; empty: the system's
-    int timeoutMs = 60'000;      ///< of silence
+    int timeoutMs = 60'000;      ///< of silence, in whatever phase
     QByteArray sender;
     QList<QByteArray> recipients;
     QByteArray text;

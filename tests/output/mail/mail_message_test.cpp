@@ -4,9 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QFile>
-#include <QTemporaryDir>
-
 #include "output/mail/email_address.h"
 #include "platform/error.h"
 
@@ -16,23 +13,21 @@ namespace {
 TEST(EmailAddress, ValidOnesAndOthers) {
     for (const char* good : {"a@b.c", "first.last@sub.domain.org", "a-b_c@d-e.f", "a@b.c.", "a~`@b.c"})
         EXPECT_TRUE(ValidEmailAddress(good)) << good;
-    for (const char* bad : {"", "plain", "@b.c", "a@b", "a@.b.c", "a@b.", "a@b..c", "a..b@c.d", "a@b@c.d", "a b@c.d",
-                            "a@b.c;d@e.f", "a@b.c,d@e.f", "\"a\"@b.c", "<a@b.c>", "a+b@c.d", "a@b.c ", "a@", "a'b@c.d"})
+    for (const char* bad : {"", "plain", "@b.c", "a@b", "a@.b.c", "a@b.", "a@b..c", "a..b@c.d", "a@b@c.d", "\"a\"@b.c"})
         EXPECT_FALSE(ValidEmailAddress(bad)) << bad;
     for (const QChar c : QStringLiteral("!#$%^&*()=+{}[]|\\;:'/?>,< "))
         EXPECT_FALSE(ValidEmailAddress(QString("a%1b@c.d").arg(c))) << c.toLatin1();
+    for (const char* good : {"a@b.c", "a@b.c; \"Doe, J\" <j@d.e>,, Max <m@x.y>"})
+        EXPECT_TRUE(ValidMailList(good)) << good;
+    for (const char* bad : {"", " ;", "garbage", "Carol carol@good.example", "a@b.c, garbage", "A <a b@c.d>", "A <>"})
+        EXPECT_FALSE(ValidMailList(bad)) << bad;
 }
 
 TEST(EmailAddress, ListsWithNames) {
-    const auto addresses = ParseAddresses("a@b.c; \"Doe, J\" <j@d.e>,plain name,, Max <m@x.y>\r\nBcc: z@z.z");
-    ASSERT_EQ(addresses.size(), 4u);
-    EXPECT_EQ(addresses[0].address, "a@b.c");
-    EXPECT_EQ(addresses[1].name, "Doe, J");
-    EXPECT_EQ(addresses[1].address, "j@d.e");
-    EXPECT_EQ(addresses[2].name, "plain name");
-    EXPECT_EQ(addresses[2].address, "");
-    EXPECT_EQ(addresses[3].name, "Max");
-    EXPECT_EQ(addresses[3].address, "m@x.y");
+    QStringList found;
+    for (const auto& [name, address] : ParseAddresses("a@b.c; \"Doe, J\" <j@d.e>,plain name,, Max <m@x.y>\r\nBcc: z@z"))
+        found << name + '|' + address;
+    EXPECT_EQ(found, QStringList({"|a@b.c", "Doe, J|j@d.e", "plain name|", "Max|m@x.y"}));
     EXPECT_EQ(MailDomain(QString::fromUtf8("a@bücher.example")), "xn--bcher-kva.example");
 }
 
@@ -43,11 +38,10 @@ TEST(MailMessageText, NoFieldCanAddAHeader) {
     message.CC = "Name\r\nX-Evil: 3 <g@h.i>";
     message.Subject = "Hello\r\nX-Evil: 4\r\n\r\nbody";
     const QByteArray text = message.Text();
-    const QByteArray headers = text.left(text.indexOf("\r\n\r\n"));
-    for (const QByteArray& line : headers.split('\n')) EXPECT_FALSE(line.startsWith("X-Evil")) << line.toStdString();
-    EXPECT_TRUE(headers.contains("\r\nSubject: Hello  X-Evil: 4    body\r\n"));
-    for (const QByteArray& recipient : message.Recipients()) EXPECT_FALSE(recipient.contains('\n'));
-    EXPECT_EQ(message.Recipients().first(), "d@e.fX-Evil:2");
+    for (const QByteArray& line : text.left(text.indexOf("\r\n\r\n")).split('\n'))
+        EXPECT_FALSE(line.startsWith("X-Evil")) << line.toStdString();
+    EXPECT_EQ(message.Sender(), "");
+    EXPECT_THROW(message.Recipients(), Error);
 }
 
 TEST(MailMessageText, EnvelopeAndHeaders) {
@@ -57,17 +51,15 @@ TEST(MailMessageText, EnvelopeAndHeaders) {
     message.CC = "A@b.c; a@b.c";
     EXPECT_EQ(message.Sender(), "j@xn--bcher-kva.example");
     EXPECT_EQ(message.Recipients(), QList<QByteArray>({"a@b.c", "d@e.f", "A@b.c"}));
-    const QDateTime date(QDate(2026, 2, 3), QTime(4, 5, 6), Qt::OffsetFromUTC, -5400);
-    const QByteArray text = message.Text(date);
+    const QByteArray text = message.Text(QDateTime(QDate(2026, 2, 3), QTime(4, 5, 6), Qt::OffsetFromUTC, -5400));
     EXPECT_TRUE(text.startsWith("Date: Tue, 3 Feb 2026 04:05:06 -0130\r\n")) << text.left(60).toStdString();
     EXPECT_TRUE(text.contains("\r\nFrom: =?UTF-8?B?SsO8cmdlbg==?= <j@xn--bcher-kva.example>\r\n"));
     EXPECT_TRUE(text.contains("\r\nTo: <a@b.c>,\r\n \"Someone\" <d@e.f>\r\n"));
-    EXPECT_FALSE(text.contains("\n\n"));
     EXPECT_EQ(text.count('\n'), text.count("\r\n"));
 
     message.From = "Not Set";
     EXPECT_EQ(message.Sender(), "");
-    EXPECT_TRUE(message.Text().contains("\r\nFrom: \"Not Set\" <>\r\n"));
+    EXPECT_TRUE(message.Text().contains("\r\nFrom: \"Not Set\":;\r\n"));
     message.AddAttachment("/no/such/file.jpg");
     EXPECT_THROW(message.Text(), Error);
 }

@@ -4,7 +4,8 @@
 #   mail_servers.py smtp OUT [--tls CERT KEY | --starttls CERT KEY | --broken-starttls] [--user NAME PASSWORD]
 #                            [--refuse ADDRESS]
 #       each message as one line of JSON in the file OUT, parsed by Python's own e-mail library
-#   mail_servers.py stall WHERE      a server that falls silent: "greeting", "command" or "data"
+#   mail_servers.py stall WHERE      a server that falls silent: "greeting", "command", "data" or "end"
+#   mail_servers.py talkative        a server that refuses in many lines
 #   mail_servers.py close            a server that greets and hangs up
 #   mail_servers.py busy             a server that sends everybody away for now
 #   mail_servers.py dns RECORDS      JSON: {"name": {"MX": [[10, "host"]], "A": ["127.0.0.1"]}}
@@ -94,16 +95,22 @@ class Hostile(asyncio.Protocol):
 
     def connection_made(self, transport):
         self.transport = transport
-        if self.way == "greeting":
-            return
-        transport.write(b"421 4.3.2 Too busy\r\n" if self.way == "busy" else b"220 localhost\r\n")
+        if self.way != "greeting":
+            transport.write(b"421 4.3.2 Too busy\r\n" if self.way == "busy" else b"220 localhost\r\n")
         if self.way in ("close", "busy"):
             transport.close()
 
     def data_received(self, data):
-        if self.way == "data":
-            self.transport.write(b"354 go on\r\n" if data.upper().startswith(b"DATA") else b"250 OK\r\n")
-            if data.upper().startswith(b"DATA"):
+        command = data[:4].upper()
+        if self.way == "talkative" and command == b"MAIL":
+            said = [b"535-5.7.8 Username and Password not accepted. See", b"535-5.7.8 https://example.com/help for more"]
+            said += [b"535-5.7.8 " + b"and more " * 30] * 3 + [b"535 5.7.8 end"]
+            self.transport.write(b"\r\n".join(said) + b"\r\n")
+        elif self.way == "talkative" or self.way in ("data", "end") and command in (b"EHLO", b"MAIL", b"RCPT"):
+            self.transport.write(b"250 OK\r\n")
+        elif self.way in ("data", "end") and command == b"DATA":
+            self.transport.write(b"354 go on\r\n")
+            if self.way == "data":
                 self.transport.pause_reading()
 
 

@@ -2,12 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "output/mail/smtp_sender.h"
 
-#include <netinet/in.h>
-#include <sys/socket.h>
-#include <unistd.h>
-
 #include <QElapsedTimer>
 #include <QTimer>
+#include <QUdpSocket>
 
 #include "output/mail/mail_error.h"
 #include "platform/error.h"
@@ -19,11 +16,8 @@ namespace {
 const QString kRecords = R"({
     "two.test": {"MX": [[20, "b.two.test"], [10, "a.two.test"], [30, "c.two.test"]]},
     "a.two.test": {"A": ["127.0.0.3"]}, "b.two.test": {"A": ["127.0.0.1"]}, "c.two.test": {"A": ["127.0.0.4"]},
-    "plain.test": {"A": ["127.0.0.1"]},
-    "null.test": {"MX": [[0, "."]]},
-    "lost.test": {"MX": [[10, "nowhere.test"]]},
-    "broken.test": "broken"
-})";
+    "plain.test": {"A": ["127.0.0.1"]}, "null.test": {"MX": [[0, "."]]}, "lost.test": {"MX": [[10, "nowhere.test"]]},
+    "broken.test": "broken"})";
 
 const Certificates& Keys() {
     static const Certificates certificates;
@@ -35,28 +29,15 @@ struct SmtpSenderTest : testing::Test {
     const QString out = folder.filePath("received");
     SmtpSender smtp;
 
-    QString AttachmentOf(int bytes) {
-        QFile file(folder.filePath("Kelu.jpg"));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        QByteArray content(bytes, '\0');
-        for (int i = 0; i < bytes; ++i) content[i] = static_cast<char>(i * 79 >> 3);
-        file.write(content);
-        return file.fileName();
-    }
     MailMessage Message(const QString& to = "someone@plain.test") {
         MailMessage message;
         message.From = "me@kelu.test";
         message.To = to;
-        message.Subject = "Kelu";
-        message.Body = "Hello";
         return message;
     }
     void To(const LoopbackServer& server) {
         smtp.SetHost("127.0.0.1");
         smtp.SetPort(server.Port());
-    }
-    void UseNames(const LoopbackServer& names) {
-        smtp.SetNameServers({QString("127.0.0.1:%1").arg(names.Port()), 10'000});
     }
     /// The description of the failure; empty when it went well.
     QString Failure(const std::function<void()>& work, int number = kMailFailed) {
@@ -72,6 +53,12 @@ struct SmtpSenderTest : testing::Test {
     QString SendFailure() {
         return Failure([&] { smtp.Send(Message()); });
     }
+    double SecondsToFail(const std::function<void()>& work) {
+        QElapsedTimer clock;
+        clock.start();
+        EXPECT_NE(Failure(work), "");
+        return static_cast<double>(clock.elapsed()) / 1000;
+    }
 };
 
 TEST_F(SmtpSenderTest, MessageArrivesAsItWasWritten) {
@@ -86,78 +73,63 @@ TEST_F(SmtpSenderTest, MessageArrivesAsItWasWritten) {
         QString(60, QChar(0x00FC));
     message.Body = QString::fromUtf8("Grüße\r\n.\r\n..dots\n\ntrailing blank \r\nequals = sign\r\n") +
                    QString(300, 'x') + QString::fromUtf8("\r\nFrom here ☃ \U0001F600");
-    const QString path = AttachmentOf(1'000'003);
-    message.AddAttachment(path);
+    QFile file(folder.filePath("Kelu.jpg"));
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    QByteArray content(1'000'003, '\0');
+    for (int i = 0; i < content.size(); ++i) content[i] = static_cast<char>(i * 79 >> 3);
+    file.write(content);
+    file.close();
+    message.AddAttachment(file.fileName());
 
     QList<qint64> sent;
     bool windowLives = false;
     QTimer::singleShot(0, [&] { windowLives = true; });
-    QObject::connect(&smtp, &SmtpSender::Progress, [&](qint64 done, qint64 total) {
-        EXPECT_GT(total, 1'000'003 * 4 / 3);
-        EXPECT_LE(done, total);
-        sent.append(done * 100 / total);
-    });
+    QObject::connect(&smtp, &SmtpSender::Progress, [&](qint64 done, qint64 total) { sent.append(done * 100 / total); });
     smtp.Send(message);
     EXPECT_TRUE(windowLives);
     ASSERT_FALSE(sent.isEmpty());
     EXPECT_TRUE(std::is_sorted(sent.begin(), sent.end()));
     EXPECT_EQ(sent.last(), 100);
 
+    message.From.clear();  // nobody's mail goes out as well
+    smtp.Send(message);
     const auto received = ReceivedMessages(out);
-    ASSERT_EQ(received.size(), 1u);
+    ASSERT_EQ(received.size(), 2u);
     const QJsonObject& mail = received[0];
     EXPECT_EQ(mail["sender"].toString(), "me@kelu.test");
     EXPECT_EQ(mail["recipients"].toArray(), QJsonArray({"first@plain.test", "second@plain.test", "third@plain.test"}));
     EXPECT_EQ(mail["defects"].toArray(), QJsonArray());
     EXPECT_LE(mail["longest"].toInt(), 78);
     EXPECT_EQ(Header(mail, "Subject"), message.Subject);
-    EXPECT_EQ(Header(mail, "From"), message.From);
-    EXPECT_EQ(Header(mail, "To"), QString::fromUtf8("写真 <first@plain.test>, second@plain.test"));
-    EXPECT_EQ(Header(mail, "Cc"), "third@plain.test");
+    EXPECT_EQ(Header(mail, "From"), QString::fromUtf8("\"Müller, Jürgen\" <me@kelu.test>"));
+    EXPECT_EQ(Header(mail, "To"), message.To);
+    EXPECT_EQ(Header(mail, "Cc"), message.CC);
     for (const char* name : {"Date", "Message-ID", "MIME-Version"}) EXPECT_NE(Header(mail, name), "") << name;
     EXPECT_EQ(mail["body"].toString().trimmed(), QString(message.Body).replace("\r\n", "\n"));
     const QJsonArray attachment = mail["attachments"].toArray()[0].toArray();
     EXPECT_EQ(attachment[0].toString(), "Kelu.jpg");
     EXPECT_EQ(attachment[1].toString(), "image/jpeg");
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_TRUE(QByteArray::fromBase64(attachment[2].toString().toLatin1()) == file.readAll());
-}
-
-TEST_F(SmtpSenderTest, AnEmptySenderIsTakenToo) {
-    const LoopbackServer server({"smtp", out});
-    To(server);
-    MailMessage message = Message();
-    message.From.clear();
-    EXPECT_EQ(Failure([&] { smtp.Send(message); }), "");
-    ASSERT_EQ(ReceivedMessages(out).size(), 1u);
-    EXPECT_EQ(ReceivedMessages(out)[0]["sender"].toString(), "<>");
+    EXPECT_TRUE(QByteArray::fromBase64(attachment[2].toString().toLatin1()) == content);
+    EXPECT_EQ(received[1]["sender"].toString(), "<>");
+    EXPECT_EQ(received[1]["defects"].toArray(), QJsonArray()) << "an invalid header for an empty From";
 }
 
 TEST_F(SmtpSenderTest, ServersAreFoundByPreferenceAndTriedInTurn) {
     const LoopbackServer names({"dns", kRecords});
-    UseNames(names);
+    smtp.SetNameServers({QString("127.0.0.1:%1").arg(names.Port()), 10'000});
     const auto hosts = smtp.MailHostOf("me@two.test");
-    ASSERT_EQ(hosts.size(), 3u);
-    EXPECT_EQ(hosts[0].name, "a.two.test");
-    EXPECT_EQ(hosts[0].addresses, QStringList("127.0.0.3"));
-    EXPECT_EQ(hosts[1].name, "b.two.test");
-    EXPECT_EQ(hosts[2].name, "c.two.test");
-    const auto plain = smtp.MailHostOf("me@PLAIN.test");
-    ASSERT_EQ(plain.size(), 1u);
-    EXPECT_EQ(plain[0].addresses, QStringList("127.0.0.1"));
+    QStringList order;
+    for (const MailHost& host : hosts) order << host.name + ' ' + host.addresses.join(' ');
+    EXPECT_EQ(order, QStringList({"a.two.test 127.0.0.3", "b.two.test 127.0.0.1", "c.two.test 127.0.0.4"}));
+    EXPECT_EQ(smtp.MailHostOf("me@PLAIN.test").at(0).addresses, QStringList("127.0.0.1"));
 
-    // Only the second of the three has a server.
-    const LoopbackServer server({"smtp", out});
+    const LoopbackServer server({"smtp", out});  // at the second of the three alone
     smtp.SetHosts(hosts);
     smtp.SetPort(server.Port());
     smtp.Send(Message("me@two.test"));
     EXPECT_EQ(ReceivedMessages(out).size(), 1u);
 
-    const struct {
-        const char* address;
-        const char* reason;
-    } kCases[] = {
+    const char* const kCases[][2] = {
         {"me@missing.test", "The mail domain \"missing.test\" does not exist"},
         {"me@null.test", "The mail domain \"null.test\" accepts no mail"},
         {"me@lost.test", "The mail domain \"lost.test\" does not exist"},
@@ -168,34 +140,17 @@ TEST_F(SmtpSenderTest, ServersAreFoundByPreferenceAndTriedInTurn) {
         const QString failure = Failure([&, address = address] { smtp.MailHostOf(address); });
         EXPECT_TRUE(failure.startsWith(reason)) << failure.toStdString();
     }
-}
-
-TEST_F(SmtpSenderTest, ASilentNameServerIsGivenUp) {
-    const int silent = ::socket(AF_INET, SOCK_DGRAM, 0);  // takes every question and answers none
-    sockaddr_in address{};
-    socklen_t size = sizeof address;
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    ASSERT_EQ(::bind(silent, reinterpret_cast<sockaddr*>(&address), size), 0);
-    ASSERT_EQ(::getsockname(silent, reinterpret_cast<sockaddr*>(&address), &size), 0);
-    smtp.SetNameServers({QString("127.0.0.1:%1").arg(ntohs(address.sin_port)), 1500});
-    QElapsedTimer clock;
-    clock.start();
-    EXPECT_NE(Failure([&] { smtp.MailHostOf("me@two.test"); }), "");
-    EXPECT_GT(clock.elapsed(), 1000);
-    EXPECT_LT(clock.elapsed(), 15'000);
-    ::close(silent);
+    QUdpSocket silent;  // takes every question and answers none
+    ASSERT_TRUE(silent.bind(QHostAddress::LocalHost));
+    smtp.SetNameServers({QString("127.0.0.1:%1").arg(silent.localPort()), 1500});
+    EXPECT_NEAR(SecondsToFail([&] { smtp.MailHostOf("me@two.test"); }), 2, 1.5);
 }
 
 TEST_F(SmtpSenderTest, DeliveryIsEncryptedWhereOfferedAndGoesOnWhereThatFails) {
-    const QStringList key{Keys().Path("other.pem"), Keys().Path("other.key")};
-    {
-        const LoopbackServer server(QStringList{"smtp", out, "--starttls"} + key);
-        To(server);
-        EXPECT_EQ(SendFailure(), "");  // though the certificate is nobody's
-    }
-    {
-        const LoopbackServer server({"smtp", out, "--broken-starttls"});
+    const QList<QStringList> kServers{{"--starttls", Keys().Path("other.pem"), Keys().Path("other.key")},
+                                      {"--broken-starttls"}};  // the first with nobody's certificate
+    for (const QStringList& options : kServers) {
+        const LoopbackServer server(QStringList{"smtp", out} + options);
         To(server);
         EXPECT_EQ(SendFailure(), "");
     }
@@ -229,28 +184,34 @@ TEST_F(SmtpSenderTest, AccountNeedsAVerifiedServerAndTheRightPassword) {
     const LoopbackServer plain({"smtp", out});
     smtp.SetPort(plain.Port());
     EXPECT_NE(SendFailure(), "") << "the password went out without encryption";
-    const auto received = ReceivedMessages(out);
-    ASSERT_EQ(received.size(), 1u);
-    EXPECT_EQ(received[0]["user"].toString(), "user@kelu.test");
+    EXPECT_EQ(ReceivedMessages(out).size(), 1u);
 }
 
-TEST_F(SmtpSenderTest, BadServersEndInOneClearError) {
+TEST_F(SmtpSenderTest, BadServersEndInOneClearErrorInTime) {
     const LoopbackServer refusing({"smtp", out, "--refuse", "someone@plain.test"});
-    To(refusing);
     smtp.SetHosts({{"127.0.0.1", {}}, {"localhost", {"127.0.0.1"}}});
+    smtp.SetPort(refusing.Port());
     EXPECT_EQ(SendFailure(), "127.0.0.1: 550 5.1.1 No such user here");  // and not asked again at the next
 
-    smtp.SetTimeout(1000);
-    const QList<QStringList> kServers{
-        {"close"}, {"busy"}, {"stall", "greeting"}, {"stall", "command"}, {"stall", "data"}};
-    for (const QStringList& arguments : kServers) {
-        const LoopbackServer server(arguments);
+    const LoopbackServer talkative({"talkative"});
+    To(talkative);
+    const QString whole = SendFailure();
+    EXPECT_TRUE(
+        whole.startsWith("127.0.0.1: 535 5.7.8 Username and Password not accepted. See example.com/help for "
+                         "more"))
+        << whole.toStdString();
+    EXPECT_LT(whole.size(), 350);
+
+    smtp.SetTimeout(2000);
+    for (const char* where : {"greeting", "command", "data", "end"}) {
+        const LoopbackServer server({"stall", where});
         To(server);
-        QElapsedTimer clock;
-        clock.start();
-        const QString failure = SendFailure();
-        EXPECT_TRUE(failure.startsWith("127.0.0.1: ")) << failure.toStdString();
-        EXPECT_LT(clock.elapsed(), 15'000) << arguments.join(' ').toStdString();
+        EXPECT_NEAR(SecondsToFail([&] { smtp.Send(Message()); }), 3, 1.5) << where;
+    }
+    for (const char* kind : {"close", "busy"}) {
+        const LoopbackServer server({kind});
+        To(server);
+        EXPECT_TRUE(SendFailure().startsWith("127.0.0.1: ")) << kind;
     }
     smtp.SetPort(1);
     EXPECT_NE(SendFailure(), "");
@@ -263,10 +224,7 @@ TEST_F(SmtpSenderTest, CancelEndsASilentSessionAndOnlyOneRunsAtATime) {
     QString second;
     QTimer::singleShot(50, [&] { second = SendFailure(); });
     QTimer::singleShot(200, [&] { smtp.Disconnect(); });
-    QElapsedTimer clock;
-    clock.start();
     EXPECT_EQ(Failure([&] { smtp.Send(Message()); }, kMailCancelled), "Sending was cancelled");
-    EXPECT_LT(clock.elapsed(), 15'000);
     EXPECT_EQ(second, "A message is being sent already");
 }
 
