@@ -66,9 +66,10 @@ frmMain::frmMain(SharedState& state, const MainServices& services)
                    {[this] { painter_.SetUpBrush(); }, [this] { reminder_.PrepareReminder(); }}),
       capture_(document_, capturePreview, *controls.picCanvas, *controls.picCapPreview, state,
                {services.camera, services.dialog, services.playSound, BesideProgram("data")}),
-      mail_(
-          surfaces.picCanvas, state, services.dialog,
-          [this](const QString& attachment) { ShowEmailForm(attachment, services_.settings, services_.dialog, this); }),
+      mail_(surfaces.picCanvas, state, services.dialog,
+            [this, draft = MailDraft()](const QString& attachment) mutable {
+                ShowEmailForm(attachment, services_.settings, services_.dialog, draft, this);
+            }),
       help_(state, services.dialog, BesideProgram("help")),
       splash_(*controls.picCover, state, services.settings, services.dialog, BesideProgram("data")),
       chrome_(*this, state),

@@ -29,9 +29,10 @@ inline constexpr Setting kPrinterName{"Printer", "Name", ""};        ///< its de
 inline constexpr Setting kMailMethod{"Email", "Method", "1"};        ///< 1 own delivery, 2 mail client, 3 mail account
 inline constexpr Setting kMailSender{"Email", "Sender", "Not Set"};  ///< last sender of the client way
 inline constexpr Setting kAccountUser{"Gmail", "User Name", "Not Set"};
-inline constexpr Setting kAccountPassword{"Gmail", "Password", "Not Set"};    ///< scrambled three times
-inline constexpr Setting kAccountRecipient{"Gmail", "Recipient", "Not Set"};  ///< last recipient of the account way
-inline constexpr Setting kLastFolder{"LastOpenedFolder", "Path", ""};         ///< read with the Gallery as the default
+inline constexpr Setting kAccountPassword{"Gmail", "Password", "Not Set"};      ///< scrambled three times
+inline constexpr Setting kAccountPasswordPlace{"Gmail", "Password Place", ""};  ///< "Secret store" when it keeps it
+inline constexpr Setting kAccountRecipient{"Gmail", "Recipient", "Not Set"};    ///< last recipient of the account way
+inline constexpr Setting kLastFolder{"LastOpenedFolder", "Path", ""};  ///< read with the Gallery as the default
 }  // namespace settings
 
 class Settings {

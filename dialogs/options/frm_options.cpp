@@ -20,7 +20,6 @@
 #include "controls/title_row/dialog_frame.h"
 #include "controls/tool_button/tool_button.h"
 #include "platform/error.h"
-#include "platform/password_scrambling.h"
 
 namespace kelu {
 
@@ -117,6 +116,7 @@ frmOptions::frmOptions(Settings& settings, SharedState& state, MsgDialog& dialog
       cmdHelp(Named(new QPushButton(tr("Help"), this), "cmdHelp")),
       cmdAbout(Named(new QPushButton(tr("About..."), this), "cmdAbout")),
       settings_(settings),
+      password_(settings),
       state_(state),
       dialog_(dialog),
       surroundings_(std::move(surroundings)) {
@@ -173,20 +173,30 @@ void frmOptions::LayOut() {
 }
 
 void frmOptions::LayOutPages() {
-    std::array<QVBoxLayout*, kPages> frames;
-    for (std::size_t i = 0; i < frames.size(); ++i) {
-        auto* frame = Named(new QGroupBox(tr(kPageTexts[i].frame)), kPageTexts[i].frameName);
-        frames[i] = new QVBoxLayout(frame);
-        frames[i]->setSpacing(theme::kSpacing);
-        auto* panel = Named(new QWidget, qPrintable(QStringLiteral("pnl%1").arg(i + 1)));
+    const auto addPage = [this](int page, const std::function<void(QVBoxLayout&)>& fill) {
+        const auto at = static_cast<std::size_t>(page);
+        auto* frame = Named(new QGroupBox(tr(kPageTexts[at].frame)), kPageTexts[at].frameName);
+        auto* rows = new QVBoxLayout(frame);
+        rows->setSpacing(theme::kSpacing);
+        auto* panel = Named(new QWidget, qPrintable(QStringLiteral("pnl%1").arg(page + 1)));
         auto* inside = new QVBoxLayout(panel);
         inside->setContentsMargins(0, 0, 0, 0);
         inside->addWidget(frame);
+        fill(*rows);
+        rows->addStretch();
         pages->addWidget(panel);
-    }
+    };
+    addPage(0, [this](QVBoxLayout& rows) { LayOutEmail(rows); });
+    addPage(1, [this](QVBoxLayout& rows) { LayOutCursors(rows); });
+    addPage(2, [this](QVBoxLayout& rows) { rows.addWidget(chkReminder); });
+    addPage(3, [this](QVBoxLayout& rows) { LayOutResize(rows); });
+    addPage(4, [this](QVBoxLayout& rows) { LayOutCapture(rows); });
+    addPage(5, [this](QVBoxLayout& rows) { rows.addWidget(chkSFXSelector); });
     pages->setFixedSize(kPageSize);
+}
 
-    for (QRadioButton* option : optEmail) frames[0]->addWidget(option);
+void frmOptions::LayOutEmail(QVBoxLayout& rows) {
+    for (QRadioButton* option : optEmail) rows.addWidget(option);
     account_ = new QWidget;
     auto* account = new QFormLayout(account_);
     account->setContentsMargins(theme::kMargin + theme::kSpacing, 0, 0, 0);
@@ -195,24 +205,27 @@ void frmOptions::LayOutPages() {
     account->addRow(FieldLabel(tr("User Name"), *txtUserName), txtUserName);
     account->addRow(FieldLabel(tr("Password"), *txtPassword), txtPassword);
     account->addRow(QString(), chkMask);
-    frames[0]->addWidget(account_);
+    rows.addWidget(account_);
+}
 
+void frmOptions::LayOutCursors(QVBoxLayout& rows) {
     auto* cursors = new QGridLayout;
     cursors->setSpacing(theme::kSpacing);
     for (std::size_t i = 0; i < optCursor.size(); ++i) {
-        const int row = static_cast<int>(i);
+        const int at = static_cast<int>(i);
         picCursor[i]->setFixedSize(kCursorButton, kCursorButton);
         picCursor[i]->SetIconSize(kCursorIcon);
         picCursor[i]->SetTip(tr(kCursorTexts[i]));
         picCursor[i]->setFocusPolicy(Qt::NoFocus);  // the option beside it does the same
-        cursors->addWidget(picCursor[i], row, 0);
-        cursors->addWidget(optCursor[i], row, 1);
+        cursors->addWidget(picCursor[i], at, 0);
+        cursors->addWidget(optCursor[i], at, 1);
     }
     cursors->setColumnStretch(1, 1);
-    frames[1]->addLayout(cursors);
+    rows.addLayout(cursors);
+}
 
-    frames[2]->addWidget(chkReminder);
-    frames[3]->addWidget(chkResize);
+void frmOptions::LayOutResize(QVBoxLayout& rows) {
+    rows.addWidget(chkResize);
     auto* resizeNote =
         new QLabel(tr("Pictures wider than 2048 pixels open 800 wide, portraits higher than 1536 open 600 wide. "
                       "Without it pictures keep their full size."));
@@ -223,8 +236,10 @@ void frmOptions::LayOutPages() {
     QPalette quiet = resizeNote->palette();
     quiet.setColor(QPalette::WindowText, theme::kMutedText);
     resizeNote->setPalette(quiet);
-    frames[3]->addWidget(resizeNote);
+    rows.addWidget(resizeNote);
+}
 
+void frmOptions::LayOutCapture(QVBoxLayout& rows) {
     auto* capture = new QFormLayout;
     capture->setSpacing(theme::kSpacing);
     capture->setHorizontalSpacing(theme::kMargin);
@@ -233,10 +248,7 @@ void frmOptions::LayOutPages() {
     cboDevices->setPlaceholderText(tr("No device found"));
     capture->addRow(FieldLabel(tr("Available Devices"), *cboDevices), cboDevices);
     capture->addRow(FieldLabel(tr("Capture Size (Pixels)"), *cboCaptureSize), cboCaptureSize);
-    frames[4]->addLayout(capture);
-
-    frames[5]->addWidget(chkSFXSelector);
-    for (QVBoxLayout* frame : frames) frame->addStretch();
+    rows.addLayout(capture);
 }
 
 void frmOptions::Connect() {
@@ -310,7 +322,11 @@ void frmOptions::LoadMySettings() {
         if (Choice(method)) ChooseEmail(Choice(method));
         txtEmail_ = method;
         txtUserName->setText(settings_.Read(settings::kAccountUser));
-        txtPassword->setText(UnscramblePassword(settings_.Read(settings::kAccountPassword)));
+        txtPassword->setText(password_.FromSettings());
+        if (password_.InStore())
+            password_.FromStore(this, [this](const QString& secret) {
+                if (!txtPassword->isModified()) txtPassword->setText(secret);
+            });
         const QString style = settings_.Read(settings::kCursorStyle);
         if (Choice(style)) ChooseCursor(Choice(style));
         txtCursor_ = style;
@@ -342,6 +358,18 @@ void frmOptions::Connect2Camera() {
     }
 }
 
+void frmOptions::SavePassword() {
+    setEnabled(false);  // the store may take its time, with events running
+    const bool kept = password_.Save(txtPassword->text());
+    setEnabled(true);
+    if (kept) return;
+    ShowPlainMessage(
+        dialog_, tr("Password"),
+        tr("This password can't be kept here: it has more than 9 characters, or characters such as ` ~ \u00fc, "
+           "and this desktop has no store of secrets for it.\r\n"),
+        MsgDialog::kOk, MsgIcon::Exclamation);
+}
+
 void frmOptions::SaveMySettings() {
     RunShowingErrors(dialog_, [this] {
         const auto flag = [](const QCheckBox* box) {
@@ -350,10 +378,9 @@ void frmOptions::SaveMySettings() {
         settings_.Write(settings::kReminder, flag(chkReminder));
         settings_.Write(settings::kMailMethod, txtEmail_);
         settings_.Write(settings::kAccountUser, txtUserName->text());
-        const QString scrambled = ScramblePassword(txtPassword->text());
         settings_.Write(settings::kSelector, flag(chkSFXSelector));
         settings_.Write(settings::kResize, flag(chkResize));
-        settings_.Write(settings::kAccountPassword, scrambled);
+        SavePassword();
         settings_.Write(settings::kCursorStyle, txtCursor_);
         if (state_.CameraMissing) {
             settings_.Write(settings::kDevice, QStringLiteral("0"));

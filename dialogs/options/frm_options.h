@@ -8,6 +8,7 @@
 
 #include "document/settings.h"
 #include "document/shared_state.h"
+#include "output/mail/account_password.h"
 #include "platform/msg_dialog.h"
 
 class QCheckBox;
@@ -16,6 +17,7 @@ class QLineEdit;
 class QPushButton;
 class QRadioButton;
 class QStackedWidget;
+class QVBoxLayout;
 
 namespace kelu {
 
@@ -62,10 +64,16 @@ class frmOptions : public QDialog {
  private:
     void LayOut();
     void LayOutPages();
+    void LayOutEmail(QVBoxLayout& rows);
+    void LayOutCursors(QVBoxLayout& rows);
+    void LayOutResize(QVBoxLayout& rows);
+    void LayOutCapture(QVBoxLayout& rows);
     void Connect();
     void SetUpMe();
     void LoadMySettings();
     void SaveMySettings();
+    /// Tells when it can't be kept.
+    void SavePassword();
     void LoadDevices();
     void LoadVideoSizes();
     void Connect2Camera();
@@ -75,6 +83,7 @@ class frmOptions : public QDialog {
     bool UsesCamera() const { return !state_.CameraMissing && cboDevices->currentIndex() >= 0; }
 
     Settings& settings_;
+    AccountPassword password_;
     SharedState& state_;
     MsgDialog& dialog_;
     Surroundings surroundings_;

@@ -20,7 +20,6 @@
 #include "output/mail/mail_error.h"
 #include "output/pdf/product.h"
 #include "platform/error.h"
-#include "platform/password_scrambling.h"
 #include "platform/units.h"
 
 namespace kelu {
@@ -48,13 +47,15 @@ QString BodyWithProduct(const QString& text, const QString& way) {
 }  // namespace
 
 frmEmail::frmEmail(SmtpSender& smtp, MailClient& client, MsgDialog& dialog, Settings& settings,
-                   const QString& attachment, const MailPorts& ports, QWidget* parent)
+                   const QString& attachment, MailDraft& draft, const MailPorts& ports, QWidget* parent)
     : QDialog(parent),
       smtp_(smtp),
       client_(client),
       dialog_(dialog),
       settings_(settings),
+      password_(settings),
       attachment_(attachment),
+      draft_(draft),
       ports_(ports) {
     setWindowTitle(QStringLiteral("E-mail"));
     MakeFrameEmail();
@@ -88,6 +89,7 @@ frmEmail::frmEmail(SmtpSender& smtp, MailClient& client, MsgDialog& dialog, Sett
     connect(cmdCancel, &QPushButton::clicked, this, &frmEmail::reject);
     connect(&smtp_, &SmtpSender::Progress, this, &frmEmail::ShowProgress);
     LoadMySettings();
+    ReadDraft();
 }
 
 namespace {
@@ -168,7 +170,7 @@ void frmEmail::LoadMySettings() {
         txtUserName2_ = settings_.Read(settings::kAccountUser);
         txtFrom2->setText(txtUserName2_);
         txtTo2->setText(settings_.Read(settings::kAccountRecipient));
-        txtPassword2_ = UnscramblePassword(settings_.Read(settings::kAccountPassword));
+        txtPassword2_ = password_.FromSettings();
     });
 }
 
@@ -183,8 +185,33 @@ void frmEmail::Send() {
     if (txtSettings_ == kAccount) SendviaGmail();
 }
 
-bool frmEmail::RecipientRefused(const QString& to) {
-    if (ValidEmailAddress(to)) return false;
+QList<QWidget*> frmEmail::Fields() const {
+    return {txtFrom1, txtTo1, txtSubject1, txtText1, txtFrom2, txtTo2, txtCC2, txtSubject2, txtText2};
+}
+
+QString frmEmail::TextOf(const QWidget* field) {
+    const auto* line = qobject_cast<const QLineEdit*>(field);
+    return line != nullptr ? line->text() : qobject_cast<const QPlainTextEdit*>(field)->toPlainText();
+}
+
+void frmEmail::ReadDraft() {
+    if (draft_.method != txtSettings_) return;
+    for (QWidget* field : Fields()) {
+        const QString text = draft_.fields.value(field->objectName());
+        if (auto* line = qobject_cast<QLineEdit*>(field)) line->setText(text);
+        if (auto* lines = qobject_cast<QPlainTextEdit*>(field)) lines->setPlainText(text);
+    }
+}
+
+void frmEmail::KeepDraft(bool sent) {
+    draft_ = MailDraft();
+    if (sent) return;
+    draft_.method = txtSettings_;
+    for (const QWidget* field : Fields()) draft_.fields[field->objectName()] = TextOf(field);
+}
+
+bool frmEmail::AddressesRefused(bool valid) {
+    if (valid) return false;
     ShowPlainMessage(dialog_, QStringLiteral("Error"),
                      QStringLiteral("The following error(s) have occured:\r\n\r\n"
                                     "No e-mail address or an invalid e-mail address has been entered.\r\n"),
@@ -208,12 +235,13 @@ void frmEmail::SendAndUnload(const std::function<void()>& send) {
                          MsgIcon::Information);
     });
     if (!sent) smtp_.Disconnect();
+    KeepDraft(sent);
     SetSending(false);
     done(sent ? Accepted : Rejected);
 }
 
 void frmEmail::SendviaKelumail() {
-    if (RecipientRefused(txtTo1->text())) return;
+    if (AddressesRefused(ValidEmailAddress(txtTo1->text()))) return;
     MailMessage message;
     message.From = txtFrom1->text();
     message.Subject = txtSubject1->text();
@@ -233,11 +261,13 @@ void frmEmail::SendviaKelumail() {
 }
 
 void frmEmail::SendviaGmail() {
-    if (RecipientRefused(txtTo2->text())) return;
+    const QString copies = txtCC2->text();
+    const bool copiesValid = copies.trimmed().isEmpty() || ValidMailList(copies);
+    if (AddressesRefused(ValidEmailAddress(txtTo2->text()) && copiesValid)) return;
     MailMessage message;
     message.From = txtFrom2->text();
     message.To = txtTo2->text();
-    message.CC = txtCC2->text();
+    message.CC = copies;
     message.Subject = txtSubject2->text();
     message.Body = BodyWithProduct(txtText2->toPlainText(), QStringLiteral(" via Gmail"));
     message.AddAttachment(attachment_);
@@ -245,15 +275,18 @@ void frmEmail::SendviaGmail() {
     smtp_.SetPort(ports_.account);
     smtp_.SetConnectionMode(SmtpSender::kSecure);
     smtp_.SetUserName(txtUserName2_);
-    smtp_.SetPassword(txtPassword2_);
     SaveMySettings();
     SetSending(true);
-    SendAndUnload([&] { smtp_.Send(message); });
+    SendAndUnload([&] {
+        if (password_.InStore()) txtPassword2_ = password_.Read();
+        smtp_.SetPassword(txtPassword2_);
+        smtp_.Send(message);
+    });
 }
 
 void frmEmail::SendviaMAPI() {
-    sending_ = true;
-    bool sent = false;
+    sending_ = withClient_ = true;
+    bool sent = false, cancelled = false;
     try {
         client_.SignOn();
         client_.SendMessage({txtSubject1->text(), BodyWithProduct(txtText1->toPlainText(), QString()), txtFrom1->text(),
@@ -264,12 +297,16 @@ void frmEmail::SendviaMAPI() {
     } catch (const std::exception& error) {
         const auto* mailError = dynamic_cast<const Error*>(&error);
         const int number = mailError != nullptr ? mailError->Number() : 0;
-        if (number != kMailCancelled && number != kMailNoLogon) {
+        cancelled = number == kMailCancelled;
+        if (!cancelled && number != kMailNoLogon) {
             ShowStandardError(dialog_, error);
             Attempt([&] { client_.SignOff(); });
         }
     }
-    sending_ = false;
+    KeepDraft(sent);
+    const bool left = cancelled && !withClient_;
+    sending_ = withClient_ = false;
+    if (left) QDialog::reject();
     if (!sent) return;
     QCoreApplication::processEvents();
     accept();
@@ -287,14 +324,16 @@ void frmEmail::ShowProgress(qint64 sent, qint64 total) {
 }
 
 void frmEmail::reject() {
-    if (!sending_) QDialog::reject();
+    if (!sending_) return QDialog::reject();
+    if (!withClient_) return;
+    withClient_ = false;  // the dialog goes once the client's waiting has ended
+    client_.Cancel();
 }
 
 void frmEmail::closeEvent(QCloseEvent* event) {
-    if (sending_)
-        event->ignore();
-    else
-        QDialog::closeEvent(event);
+    if (!sending_) return QDialog::closeEvent(event);
+    event->ignore();
+    reject();
 }
 
 bool frmEmail::eventFilter(QObject* watched, QEvent* event) {

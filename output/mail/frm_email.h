@@ -7,7 +7,9 @@
 #include <functional>
 
 #include "document/settings.h"
+#include "output/mail/account_password.h"
 #include "output/mail/mail_client.h"
+#include "output/mail/mail_draft.h"
 #include "output/mail/smtp_sender.h"
 #include "platform/msg_dialog.h"
 
@@ -31,9 +33,9 @@ class frmEmail : public QDialog {
     Q_OBJECT
 
  public:
-    /// Reads the settings. `attachment` is the path of the file that goes along.
+    /// Reads the settings and the draft. `attachment` is the path of the file that goes along.
     frmEmail(SmtpSender& smtp, MailClient& client, MsgDialog& dialog, Settings& settings, const QString& attachment,
-             const MailPorts& ports = MailPorts(), QWidget* parent = nullptr);
+             MailDraft& draft, const MailPorts& ports = MailPorts(), QWidget* parent = nullptr);
 
     void LoadMySettings();
     void SaveMySettings();
@@ -60,7 +62,8 @@ class frmEmail : public QDialog {
     QPushButton* cmdSend;
     QPushButton* cmdCancel;
 
-    /// Escape and the close button: not while a message is on its way.
+    /// Escape and the close button. A message on its way is not stopped; a mail program that keeps the dialog waiting
+    /// is waited for no longer.
     void reject() override;
 
  protected:
@@ -71,7 +74,12 @@ class frmEmail : public QDialog {
     void MakeFrameEmail();
     void MakeFrameGmail();
     void Send();
-    bool RecipientRefused(const QString& to);
+    /// Tells when `valid` is false.
+    bool AddressesRefused(bool valid);
+    QList<QWidget*> Fields() const;
+    static QString TextOf(const QWidget* field);
+    void ReadDraft();
+    void KeepDraft(bool sent);
     void SetSending(bool sending);
     void SendAndUnload(const std::function<void()>& send);
     void ShowProgress(qint64 sent, qint64 total);
@@ -80,12 +88,15 @@ class frmEmail : public QDialog {
     MailClient& client_;
     MsgDialog& dialog_;
     Settings& settings_;
+    AccountPassword password_;
     const QString attachment_;
+    MailDraft& draft_;
     const MailPorts ports_;
     QString txtSettings_;   ///< the way of sending
     QString txtUserName2_;  ///< of the account
     QString txtPassword2_;  ///< of the account, readable
     bool sending_ = false;
+    bool withClient_ = false;  ///< SendviaMAPI is waiting
 };
 
 }  // namespace kelu

@@ -2,10 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "output/mail/mail_client.h"
 
+#include <QCoreApplication>
 #include <QEventLoop>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QUrl>
+#include <memory>
 
 #include "output/mail/email_address.h"
 #include "output/mail/mail_error.h"
@@ -14,6 +16,10 @@
 namespace kelu {
 
 namespace {
+
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(kelu::MailClient)
+};
 
 /// Statuses of xdg-email.
 enum Status { kHandedOver = 0, kFileMissing = 2, kNoClient = 3 };
@@ -24,12 +30,18 @@ enum Status { kHandedOver = 0, kFileMissing = 2, kNoClient = 3 };
 
 void DesktopMailClient::SignOn() {
     program_ = QStandardPaths::findExecutable(QStringLiteral("xdg-email"));
-    if (program_.isEmpty()) Fail(QStringLiteral("This desktop has no way to open a mail program (xdg-email)"));
+    if (program_.isEmpty()) Fail(Texts::tr("This desktop has no way to open a mail program (xdg-email)"));
 }
 
 void DesktopMailClient::SendMessage(const ClientMessage& message) {
-    QStringList arguments{QStringLiteral("--utf8"), QStringLiteral("--subject"), OneLine(message.MsgSubject),
-                          QStringLiteral("--body"), message.MsgNoteText,         QStringLiteral("--attach"),
+    // xdg-email makes line ends of its own from plain ones.
+    const QString text = QString(message.MsgNoteText).replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    QStringList arguments{QStringLiteral("--utf8"),
+                          QStringLiteral("--subject"),
+                          OneLine(message.MsgSubject),
+                          QStringLiteral("--body"),
+                          text,
+                          QStringLiteral("--attach"),
                           message.AttachmentPath};
     // As an address of its own scheme, which no text can turn into an option.
     const QString recipient = OneLine(message.RecipientAddress);
@@ -37,27 +49,39 @@ void DesktopMailClient::SendMessage(const ClientMessage& message) {
         arguments.append(QStringLiteral("mailto:") +
                          QString::fromLatin1(QUrl::toPercentEncoding(recipient, QByteArrayLiteral("@,"))));
 
-    QProcess process;
-    process.setStandardInputFile(QProcess::nullDevice());
+    auto process = std::make_unique<QProcess>();
+    process->setStandardInputFile(QProcess::nullDevice());
     QEventLoop loop;
-    QObject::connect(&process, &QProcess::finished, &loop, &QEventLoop::quit);
-    QObject::connect(&process, &QProcess::errorOccurred, &loop, [&](QProcess::ProcessError error) {
-        if (error == QProcess::FailedToStart) loop.quit();
-    });
-    process.start(program_, arguments);
-    if (process.state() != QProcess::NotRunning) loop.exec();
-    if (process.error() == QProcess::FailedToStart) Fail(process.errorString());
-    if (process.exitStatus() != QProcess::NormalExit) Fail(QStringLiteral("The mail program could not be opened"));
-    switch (process.exitCode()) {
+    QObject::connect(process.get(), &QProcess::finished, &loop, &QEventLoop::quit);
+    process->start(program_, arguments);
+    if (!process->waitForStarted()) Fail(process->errorString());
+    cancelled_ = false;
+    waiting_ = &loop;
+    if (process->state() != QProcess::NotRunning) loop.exec();
+    waiting_ = nullptr;
+    if (cancelled_) {
+        // Left to itself: its end would take the client along.
+        QProcess* const abandoned = process.release();
+        QObject::connect(abandoned, &QProcess::finished, abandoned, &QObject::deleteLater);
+        throw Error(kMailCancelled, Texts::tr("Sending was cancelled"), QStringLiteral("SendMessage"));
+    }
+    if (process->exitStatus() != QProcess::NormalExit) Fail(Texts::tr("The mail program could not be opened"));
+    switch (process->exitCode()) {
         case kHandedOver:
             return;
         case kFileMissing:
-            Fail(message.AttachmentPath + QStringLiteral(": the file is missing"));
+            Fail(Texts::tr("%1: the file is missing").arg(message.AttachmentPath));
         case kNoClient:
-            Fail(QStringLiteral("No mail program is set up on this system"));
+            Fail(Texts::tr("No mail program is set up on this system"));
         default:
-            Fail(QStringLiteral("The mail program could not be opened"));
+            Fail(Texts::tr("The mail program could not be opened"));
     }
+}
+
+void DesktopMailClient::Cancel() {
+    if (waiting_ == nullptr) return;
+    cancelled_ = true;
+    waiting_->quit();
 }
 
 }  // namespace kelu

@@ -3,7 +3,8 @@
 #pragma once
 
 #include <QString>
-#include <memory>
+
+class QEventLoop;
 
 namespace kelu {
 
@@ -23,6 +24,9 @@ class MailClient {
     /// Shows the compose window and returns when the client has taken the message over. Runs events meanwhile.
     virtual void SendMessage(const ClientMessage& message) = 0;
     virtual void SignOff() = 0;
+    /// Ends the waiting in SendMessage, which then throws Error(kMailCancelled). What the client shows stays: the user
+    /// may be writing there.
+    virtual void Cancel() = 0;
 };
 
 /// The client that the desktop has set up, through xdg-email. It takes no name for the recipient.
@@ -31,9 +35,12 @@ class DesktopMailClient : public MailClient {
     void SignOn() override;
     void SendMessage(const ClientMessage& message) override;
     void SignOff() override {}
+    void Cancel() override;
 
  private:
     QString program_;
+    QEventLoop* waiting_ = nullptr;  ///< in SendMessage
+    bool cancelled_ = false;
 };
 
 }  // namespace kelu

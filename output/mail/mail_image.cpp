@@ -3,6 +3,8 @@
 #include "output/mail/mail_image.h"
 
 #include "output/mail/frm_email.h"
+#include "platform/private_folder.h"
+#include "platform/run_beside.h"
 #include "platform/temporary_folder.h"
 
 namespace kelu {
@@ -39,18 +41,23 @@ void MailImage::EmailPhoto() {
     if (!state_.ImageActive) return;
     RunShowingErrors(dialog_, [&] {
         const QString attachment = TemporaryFolder() + QStringLiteral("/Kelu.jpg");
-        Surface picEmail;
-        picEmail.SetPicture(picCanvas_.Picture());
-        picEmail.ResizeImage(picEmail.ImageHeight() > picEmail.ImageWidth() ? kUprightWidth : kWidth, 0);
-        picEmail.SaveFile(attachment);
+        const QImage picture = picCanvas_.Picture();
+        RunBeside([&] {
+            Surface picEmail;
+            picEmail.SetPicture(picture);
+            picEmail.ResizeImage(picture.height() > picture.width() ? kUprightWidth : kWidth, 0);
+            MakePrivateFile(attachment);
+            picEmail.SaveFile(attachment);
+        });
         showForm_(attachment);
     });
 }
 
-void ShowEmailForm(const QString& attachment, Settings& settings, MsgDialog& dialog, QWidget* parent) {
+void ShowEmailForm(const QString& attachment, Settings& settings, MsgDialog& dialog, MailDraft& draft,
+                   QWidget* parent) {
     SmtpSender smtp;
     DesktopMailClient client;
-    frmEmail form(smtp, client, dialog, settings, attachment, MailPorts(), parent);
+    frmEmail form(smtp, client, dialog, settings, attachment, draft, MailPorts(), parent);
     form.exec();
 }
 

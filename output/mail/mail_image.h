@@ -8,6 +8,7 @@
 #include "canvas/surface.h"
 #include "document/settings.h"
 #include "document/shared_state.h"
+#include "output/mail/mail_draft.h"
 #include "platform/msg_dialog.h"
 #include "platform/win_inet_connection.h"
 
@@ -37,6 +38,6 @@ class MailImage {
 };
 
 /// Shows frmEmail with its real carriers. `dialog` shows the form's messages.
-void ShowEmailForm(const QString& attachment, Settings& settings, MsgDialog& dialog, QWidget* parent);
+void ShowEmailForm(const QString& attachment, Settings& settings, MsgDialog& dialog, MailDraft& draft, QWidget* parent);
 
 }  // namespace kelu

@@ -203,7 +203,8 @@ TEST_F(AccessibleWindows, Email) {
         settings.Write(settings::kMailMethod, way);
         SmtpSender smtp;
         DesktopMailClient client;
-        frmEmail form(smtp, client, dialog, settings, MakePhoto(), MailPorts(), &window);
+        MailDraft draft;
+        frmEmail form(smtp, client, dialog, settings, MakePhoto(), draft, MailPorts(), &window);
         form.show();
         ExpectNamesAndRoles(form);
         EXPECT_EQ(TabOrder(form), order);

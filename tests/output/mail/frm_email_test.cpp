@@ -37,6 +37,7 @@ class ScriptedClient : public MailClient {
         if (failSend != 0) throw Error(failSend, "it failed");
     }
     void SignOff() override { calls.append("SignOff"); }
+    void Cancel() override {}
 };
 
 struct FrmEmail : testing::Test {
@@ -46,78 +47,63 @@ struct FrmEmail : testing::Test {
     ScriptedClient client;
     ScriptedDialog dialog;
     MemorySettings settings;
+    MailDraft draft;
     MailPorts ports;
     std::unique_ptr<frmEmail> form;
 
-    void Open(const QString& method) {
-        if (!method.isNull()) settings.Write(settings::kMailMethod, method);
+    void Open(const QString& method, MailClient* other = nullptr) {
+        settings.Write(settings::kMailMethod, method);
         QFile file(folder.filePath("Kelu.jpg"));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(QByteArray(200'000, 'j'));
         file.close();
-        form = std::make_unique<frmEmail>(smtp, client, dialog, settings, file.fileName(), ports);
+        dialog.shown.clear();
+        form =
+            std::make_unique<frmEmail>(smtp, other ? *other : client, dialog, settings, file.fileName(), draft, ports);
         form->show();
     }
-    QStringList Headings() const {
-        QStringList headings;
-        for (const auto& message : dialog.shown) headings.append(message.heading);
-        return headings;
-    }
+    void Send() { QTest::mouseClick(form->cmdSend, Qt::LeftButton); }
 };
 
 TEST_F(FrmEmail, ShowsTheFrameOfTheWayAndItsFields) {
-    Open(QString());
-    EXPECT_EQ(form->windowTitle(), "E-mail");
-    EXPECT_TRUE(form->FrameEmail->isVisible());
-    EXPECT_FALSE(form->FrameGmail->isVisible());
-    EXPECT_EQ(form->FrameEmail->title(), "E-mail Image");
-    EXPECT_EQ(form->txtSubject1->text(), "Kelu");
-    EXPECT_EQ(form->txtFrom1->text() + form->txtTo1->text() + form->txtText1->toPlainText(), "");
-    EXPECT_FALSE(form->pBar1->isVisible());
     Open("2");
-    EXPECT_TRUE(form->FrameEmail->isVisible());
+    EXPECT_TRUE(form->FrameEmail->isVisible() && !form->FrameGmail->isVisible());
     EXPECT_EQ(form->txtFrom1->text(), "Not Set");
     Open("3");
-    EXPECT_FALSE(form->FrameEmail->isVisible());
-    EXPECT_EQ(form->FrameGmail->title(), "E-Mail Image via Google Mail (TM)");
-    EXPECT_EQ(form->txtFrom2->text(), "Not Set");
-    EXPECT_EQ(form->txtTo2->text(), "Not Set");
-    EXPECT_EQ(form->txtSubject2->text(), "Kelu");
-    EXPECT_EQ(form->txtCC2->text(), "");
+    EXPECT_TRUE(!form->FrameEmail->isVisible() && form->FrameGmail->isVisible());
+    EXPECT_EQ(form->txtFrom2->text() + form->txtTo2->text(), "Not SetNot Set");
     Open("4");
-    QTest::mouseClick(form->cmdSend, Qt::LeftButton);
-    EXPECT_TRUE(form->isVisible());
-    EXPECT_TRUE(dialog.shown.empty());
-}
-
-TEST_F(FrmEmail, EnteringAFieldSelectsItsText) {
+    Send();
+    EXPECT_TRUE(form->isVisible() && dialog.shown.empty());
     Open("1");
+    EXPECT_TRUE(form->FrameEmail->isVisible() && !form->FrameGmail->isVisible());
+    EXPECT_EQ(form->txtFrom1->text() + form->txtTo1->text() + form->txtText1->toPlainText(), "");
     form->txtText1->setPlainText("some text");
     form->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
     QTest::mouseClick(form->txtSubject1, Qt::LeftButton);
     QTest::qWait(10);
-    EXPECT_EQ(form->txtSubject1->selectedText(), "Kelu");
+    EXPECT_EQ(form->txtSubject1->selectedText(), "Kelu") << "entering a field selects its text";
     QTest::keyClick(form->txtSubject1, Qt::Key_Tab);
     QTest::qWait(10);
     EXPECT_EQ(form->txtText1->textCursor().selectedText(), "some text");
 }
 
-TEST_F(FrmEmail, RefusesBadRecipientsAndStaysOpen) {
-    for (const char* method : {"1", "3"}) {
+TEST_F(FrmEmail, RefusesBadAddressesAndStaysOpen) {
+    const char* const kCases[][3] = {{"1", "", ""},
+                                     {"1", "a@b.c;d@e.f", ""},
+                                     {"3", "nobody", ""},
+                                     {"3", "a@b.cc", "garbage"},
+                                     {"3", "a@b.cc", "Carol carol@good.example"}};
+    for (const auto& [method, to, copies] : kCases) {
         Open(method);
-        for (const char* to : {"", "nobody", "a@b.c;d@e.f"}) {
-            dialog.shown.clear();
-            (*method == '1' ? form->txtTo1 : form->txtTo2)->setText(to);
-            QTest::mouseClick(form->cmdSend, Qt::LeftButton);
-            ASSERT_EQ(dialog.shown.size(), 1u) << to;
-            EXPECT_EQ(dialog.shown[0].text,
-                      "The following error(s) have occured:\r\n\r\n"
-                      "No e-mail address or an invalid e-mail address has been entered.\r\n");
-            EXPECT_EQ(dialog.shown[0].icon, MsgIcon::Error);
-            EXPECT_TRUE(form->isVisible());
-            EXPECT_TRUE(form->cmdSend->isEnabled());
-        }
+        form->txtTo1->setText(to);
+        form->txtTo2->setText(to);
+        form->txtCC2->setText(copies);
+        Send();
+        EXPECT_EQ(dialog.Texts(), QStringList("The following error(s) have occured:\r\n\r\n"
+                                              "No e-mail address or an invalid e-mail address has been entered.\r\n"));
+        EXPECT_TRUE(form->isVisible() && form->cmdSend->isEnabled());
     }
 }
 
@@ -129,9 +115,19 @@ TEST_F(FrmEmail, OwnDeliveryGoesToTheRecipientsServer) {
     ports.delivery = server.Port();
     Open("1");
     form->txtFrom1->setText("me@kelu.test");
-    form->txtTo1->setText("you@plain.test");
+    form->txtTo1->setText("you@missing.test");
     form->txtSubject1->setText("A picture");
     form->txtText1->setPlainText("Look\nhere");
+    Send();
+    EXPECT_EQ(
+        dialog.Texts(),
+        QStringList("The following error has occured:\r\nThe mail domain \"missing.test\" does not exist (32002)\r\n"));
+    EXPECT_FALSE(form->isVisible());
+
+    Open("2");
+    EXPECT_EQ(form->txtText1->toPlainText(), "") << "another way";
+    Open("1");  // with what was written before
+    form->txtTo1->setText("you@plain.test");
     bool barShown = false;
     QObject::connect(&smtp, &SmtpSender::Progress, [&](qint64 sent, qint64 total) {
         EXPECT_FALSE(form->cmdSend->isEnabled() || form->cmdCancel->isEnabled() || form->FrameEmail->isEnabled());
@@ -140,13 +136,10 @@ TEST_F(FrmEmail, OwnDeliveryGoesToTheRecipientsServer) {
         EXPECT_EQ(form->pBar1->isVisible(), sent < total);
         barShown = barShown || form->pBar1->isVisible();
     });
-    QTest::mouseClick(form->cmdSend, Qt::LeftButton);
+    Send();
     EXPECT_TRUE(barShown);
     EXPECT_FALSE(form->isVisible());
-    ASSERT_EQ(dialog.shown.size(), 1u);
-    EXPECT_EQ(dialog.shown[0].heading, "Information");
-    EXPECT_EQ(dialog.shown[0].text, "E-mail Sent!\r\n");
-    EXPECT_EQ(dialog.shown[0].icon, MsgIcon::Information);
+    EXPECT_EQ(dialog.Texts(), QStringList("E-mail Sent!\r\n"));
     const auto received = ReceivedMessages(out);
     ASSERT_EQ(received.size(), 1u);
     EXPECT_EQ(Header(received[0], "Subject"), "A picture");
@@ -154,15 +147,8 @@ TEST_F(FrmEmail, OwnDeliveryGoesToTheRecipientsServer) {
     const QJsonArray attachment = received[0]["attachments"].toArray()[0].toArray();
     EXPECT_EQ(attachment[0].toString(), "Kelu.jpg");
     EXPECT_EQ(QByteArray::fromBase64(attachment[2].toString().toLatin1()), QByteArray(200'000, 'j'));
-
-    dialog.shown.clear();
     Open("1");
-    form->txtTo1->setText("you@missing.test");
-    QTest::mouseClick(form->cmdSend, Qt::LeftButton);
-    EXPECT_EQ(
-        dialog.Texts(),
-        QStringList("The following error has occured:\r\nThe mail domain \"missing.test\" does not exist (32002)\r\n"));
-    EXPECT_FALSE(form->isVisible());
+    EXPECT_EQ(form->txtText1->toPlainText(), "") << "it has gone";
 }
 
 TEST_F(FrmEmail, AccountLogsInAndKeepsTheRecipient) {
@@ -178,7 +164,7 @@ TEST_F(FrmEmail, AccountLogsInAndKeepsTheRecipient) {
     EXPECT_EQ(form->txtFrom2->text(), "user@kelu.test");
     form->txtTo2->setText("you@plain.test");
     form->txtCC2->setText("copy@plain.test");
-    QTest::mouseClick(form->cmdSend, Qt::LeftButton);
+    Send();
     EXPECT_EQ(dialog.Texts(), QStringList("E-mail Sent!\r\n"));
     EXPECT_FALSE(form->isVisible());
     EXPECT_EQ(settings.Read(settings::kAccountRecipient), "you@plain.test");
@@ -187,34 +173,9 @@ TEST_F(FrmEmail, AccountLogsInAndKeepsTheRecipient) {
     EXPECT_EQ(received[0]["user"].toString(), "user@kelu.test");
     EXPECT_EQ(received[0]["recipients"].toArray(), QJsonArray({"you@plain.test", "copy@plain.test"}));
     EXPECT_EQ(received[0]["body"].toString().trimmed(), kAdded.arg(" via Gmail"));
-
-    settings.Write(settings::kAccountPassword, "Not Set");
-    dialog.shown.clear();
-    Open("3");
-    form->txtTo2->setText("you@plain.test");
-    QTest::mouseClick(form->cmdSend, Qt::LeftButton);
-    EXPECT_EQ(Headings(), QStringList("Error"));
-    EXPECT_FALSE(form->isVisible());
 }
 
-TEST_F(FrmEmail, ClientGetsEverythingAndTheSenderIsKept) {
-    Open("2");
-    form->txtFrom1->setText("me");
-    form->txtTo1->setText("anything at all");
-    form->txtText1->setPlainText("text");
-    QTest::mouseClick(form->cmdSend, Qt::LeftButton);
-    EXPECT_EQ(client.calls, QStringList({"SignOn", "SendMessage", "SignOff"}));
-    EXPECT_EQ(client.message.MsgSubject, "Kelu");
-    EXPECT_EQ(client.message.MsgNoteText, "text\r\n\r\n" + kAdded.arg(""));
-    EXPECT_EQ(client.message.RecipientName, "me");
-    EXPECT_EQ(client.message.RecipientAddress, "anything at all");
-    EXPECT_EQ(client.message.AttachmentPath, folder.filePath("Kelu.jpg"));
-    EXPECT_EQ(settings.Read(settings::kMailSender), "me");
-    EXPECT_TRUE(dialog.shown.empty());
-    EXPECT_FALSE(form->isVisible());
-}
-
-TEST_F(FrmEmail, ClientFailuresLeaveTheDialogOpen) {
+TEST_F(FrmEmail, ClientGetsEverythingAndFailuresLeaveTheDialogOpen) {
     const struct {
         int signOn, send;
         QStringList calls;
@@ -224,64 +185,85 @@ TEST_F(FrmEmail, ClientFailuresLeaveTheDialogOpen) {
         {0, kMailCancelled, {"SignOn", "SendMessage"}, false},
         {0, kMailFailed, {"SignOn", "SendMessage", "SignOff"}, true},
         {kMailFailed, 0, {"SignOn", "SignOff"}, true},
+        {0, 0, {"SignOn", "SendMessage", "SignOff"}, false},
     };
     for (const auto& each : kCases) {
+        const bool fails = each.signOn + each.send != 0;
         client = ScriptedClient();
         client.failSignOn = each.signOn;
         client.failSend = each.send;
-        dialog.shown.clear();
         Open("2");
         form->txtFrom1->setText("me");
-        QTest::mouseClick(form->cmdSend, Qt::LeftButton);
+        form->txtTo1->setText("anything at all");
+        form->txtText1->setPlainText("text");
+        Send();
         EXPECT_EQ(client.calls, each.calls);
-        EXPECT_EQ(Headings(), each.message ? QStringList("Error") : QStringList());
-        EXPECT_TRUE(form->isVisible());
-        EXPECT_EQ(settings.Read(settings::kMailSender), "Not Set");
+        EXPECT_EQ(dialog.shown.size(), each.message ? 1u : 0u);
+        EXPECT_EQ(form->isVisible(), fails);
+        EXPECT_EQ(settings.Read(settings::kMailSender), fails ? "Not Set" : "me");
     }
+    EXPECT_EQ(client.message.MsgSubject, "Kelu");
+    EXPECT_EQ(client.message.MsgNoteText, "text\r\n\r\n" + kAdded.arg(""));
+    EXPECT_EQ(client.message.RecipientName, "me");
+    EXPECT_EQ(client.message.RecipientAddress, "anything at all");
+    EXPECT_EQ(client.message.AttachmentPath, folder.filePath("Kelu.jpg"));
 }
 
-/// A program of the given name that keeps its arguments and ends with a status.
-void MakeProgram(const QString& path, const QString& kept, int status) {
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(QString("#!/bin/sh\nprintf '%s\\n' \"$@\" > '%1'\nexit %2\n").arg(kept).arg(status).toUtf8());
-    file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-}
-
-TEST(DesktopMailClientTest, HandsOverAndTellsStatuses) {
-    QTemporaryDir folder;
+/// The desktop's program under its name: keeps its arguments and then does something.
+struct DesktopClient : FrmEmail {
     const QByteArray path = qgetenv("PATH");
     const QString kept = folder.filePath("arguments");
-    const struct {
-        int status;
-        const char* failure;
-    } kCases[] = {{0, ""},
-                  {2, "/tmp/Kelu.jpg: the file is missing"},
-                  {3, "No mail program is set up on this system"},
-                  {4, "The mail program could not be opened"}};
-    for (const auto& [status, failure] : kCases) {
-        MakeProgram(folder.filePath("xdg-email"), kept, status);
+    DesktopMailClient desktop;
+
+    void MakeProgram(const QString& then) {
+        QFile file(folder.filePath("xdg-email"));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(QString("#!/bin/sh\nprintf '%s\\n' \"$@\" > '%1'\n%2\n").arg(kept, then).toUtf8());
+        file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         qputenv("PATH", folder.path().toLocal8Bit() + ':' + path);
+    }
+    QByteArray Arguments() const {
+        QFile file(kept);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+    void TearDown() override { qputenv("PATH", path); }
+};
+
+TEST_F(DesktopClient, HandsOverAndTellsStatuses) {
+    const char* const kCases[][2] = {{"exit 0", ""},
+                                     {"exit 2", "/tmp/Kelu.jpg: the file is missing"},
+                                     {"exit 3", "No mail program is set up on this system"},
+                                     {"exit 4", "The mail program could not be opened"}};
+    for (const auto& [then, failure] : kCases) {
+        MakeProgram(then);
         QString told;
         try {
-            DesktopMailClient client;
-            client.SignOn();
-            client.SendMessage(
-                {"Subject", QString::fromUtf8("two\nlines ü"), "name", "--attach=/etc/passwd", "/tmp/Kelu.jpg"});
+            desktop.SignOn();
+            desktop.SendMessage(
+                {"Subject", "two\nlines \u00fc\r\n\r\nmore", "name", "--attach=/etc/passwd", "/tmp/Kelu.jpg"});
         } catch (const Error& error) {
             told = error.Description();
         }
         EXPECT_EQ(told, failure);
-        QFile file(kept);
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-        EXPECT_EQ(QString::fromUtf8(file.readAll()),
-                  QString::fromUtf8("--utf8\n--subject\nSubject\n--body\ntwo\nlines ü\n--attach\n/tmp/Kelu.jpg\n"
-                                    "mailto:--attach%3D%2Fetc%2Fpasswd\n"));
+        EXPECT_EQ(Arguments(),
+                  "--utf8\n--subject\nSubject\n--body\ntwo\nlines \u00fc\n\nmore\n--attach\n/tmp/Kelu.jpg\n"
+                  "mailto:--attach%3D%2Fetc%2Fpasswd\n");
     }
     qputenv("PATH", folder.filePath("empty").toLocal8Bit());
-    DesktopMailClient client;
-    EXPECT_THROW(client.SignOn(), Error);
-    qputenv("PATH", path);
+    EXPECT_THROW(desktop.SignOn(), Error);
+}
+
+TEST_F(DesktopClient, CancelLeavesAProgramThatStaysInTheForeground) {
+    const QString done = folder.filePath("done");
+    MakeProgram("sleep 1; : > '" + done + "'");
+    Open("2", &desktop);
+    form->txtText1->setPlainText("text");
+    QTimer::singleShot(200, [&] { QTest::mouseClick(form->cmdCancel, Qt::LeftButton); });
+    Send();
+    EXPECT_FALSE(QFile::exists(done)) << "waited for";
+    EXPECT_TRUE(!form->isVisible() && dialog.shown.empty());
+    EXPECT_EQ(draft.fields["txtText1"], "text");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(done); })) << "the program was taken away from the user";
 }
 
 }  // namespace

@@ -15,10 +15,10 @@ namespace kelu {
 
 class LoopbackServer {
  public:
-    explicit LoopbackServer(const QStringList& arguments) {
+    explicit LoopbackServer(const QStringList& arguments, const QString& script = KELU_MAIL_SERVERS) {
         process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         // The system's own interpreter has the packages, whatever else stands in the path.
-        process_.start("/usr/bin/python3", QStringList{KELU_MAIL_SERVERS} + arguments);
+        process_.start("/usr/bin/python3", QStringList{script} + arguments);
         while (!process_.canReadLine() && process_.waitForReadyRead(20'000)) {
         }
         port_ = process_.readLine().trimmed().split(' ').value(1).toInt();
