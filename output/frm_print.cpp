@@ -200,10 +200,9 @@ void frmPrint::SetPrinting(bool printing) {
     printing_ = printing;
     for (QWidget* widget : std::initializer_list<QWidget*>{lstPrinters, Option1, Option2, picPort, picLand, cmdOK})
         widget->setEnabled(!printing);
-    if (printing)
-        setCursor(Qt::BusyCursor);
-    else
-        unsetCursor();
+    if (printing) return setCursor(Qt::BusyCursor);
+    unsetCursor();
+    cmdOK->setFocus();  // where it was before it was dimmed
 }
 
 void frmPrint::PrintNow() {
