@@ -53,8 +53,6 @@ TEST(MailMessageText, EnvelopeAndHeaders) {
     EXPECT_EQ(message.Recipients(), QList<QByteArray>({"a@b.c", "d@e.f", "A@b.c"}));
     const QByteArray text = message.Text(QDateTime(QDate(2026, 2, 3), QTime(4, 5, 6), Qt::OffsetFromUTC, -5400));
     EXPECT_TRUE(text.startsWith("Date: Tue, 3 Feb 2026 04:05:06 -0130\r\n")) << text.left(60).toStdString();
-    EXPECT_TRUE(text.contains("\r\nFrom: =?UTF-8?B?SsO8cmdlbg==?= <j@xn--bcher-kva.example>\r\n"));
-    EXPECT_TRUE(text.contains("\r\nTo: <a@b.c>,\r\n \"Someone\" <d@e.f>\r\n"));
     EXPECT_EQ(text.count('\n'), text.count("\r\n"));
 
     message.From = "Not Set";

@@ -9,17 +9,10 @@ from gi.repository import GLib
 
 ROOT = "/org/freedesktop/secrets"
 SERVICE, COLLECTION, ITEM = (f"org.freedesktop.Secret.{kind}" for kind in ("Service", "Collection", "Item"))
-PROPERTIES = "org.freedesktop.DBus.Properties"
 items = {}
 
 
-class Thing(dbus.service.Object):
-    @dbus.service.method(PROPERTIES, in_signature="s", out_signature="a{sv}")
-    def GetAll(self, interface):
-        return dbus.Dictionary({"Locked": False, "Label": ""}, signature="sv")
-
-
-class Item(Thing):
+class Item(dbus.service.Object):
     def __init__(self, number, attributes, secret):
         super().__init__(BUS, f"{ROOT}/collection/default/{number}")
         self.attributes, self.secret = attributes, secret
@@ -32,7 +25,7 @@ class Item(Thing):
         return "/"
 
 
-class Collection(Thing):
+class Collection(dbus.service.Object):
     @dbus.service.method(COLLECTION, in_signature="a{sv}(oayays)b", out_signature="oo")
     def CreateItem(self, properties, secret, replace):
         attributes = properties[ITEM + ".Attributes"]
@@ -43,7 +36,7 @@ class Collection(Thing):
         return Item(len(items), attributes, secret).__dbus_object_path__, "/"
 
 
-class Service(Thing):
+class Service(dbus.service.Object):
     @dbus.service.method(SERVICE, in_signature="sv", out_signature="vo")
     def OpenSession(self, algorithm, given):
         if algorithm != "plain":
