@@ -35,6 +35,9 @@ TEST(AccountPasswordTest, ReadsBackOrIsSaidToBeLost) {
     static auto* const busProcess = new QProcess;
     QProcess& bus = *busProcess;
     bus.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.remove("XDG_RUNTIME_DIR");  // where it would leave a folder that can't be removed
+    bus.setProcessEnvironment(environment);
     bus.start("dbus-daemon", {"--session", "--nofork", "--print-address"});
     ASSERT_TRUE(bus.waitForReadyRead(10'000));
     qputenv("DBUS_SESSION_BUS_ADDRESS", bus.readLine().trimmed());
