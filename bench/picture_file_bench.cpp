@@ -11,6 +11,7 @@
 #include <QTemporaryDir>
 #include <random>
 
+#include "output/pdf/pdf_export.h"
 #include "pictures/area_scaler.h"
 #include "pictures/picture.h"
 #include "pictures/picture_file.h"
@@ -86,6 +87,13 @@ void ReadByQt(benchmark::State& state, const char* extension) {
     for (auto _ : state) benchmark::DoNotOptimize(QImage(path));
 }
 
+void WriteAsPdf(benchmark::State& state) {
+    const QString path = Folder() + QStringLiteral("/out.pdf");
+    Photograph();
+    for (auto _ : state) WritePdf(Photograph(), path, {});
+    state.counters["MB"] = static_cast<double>(QFileInfo(path).size()) / 1e6;
+}
+
 void Thumbnail(benchmark::State& state) {
     const QString path = Sample("jpg");
     for (auto _ : state) benchmark::DoNotOptimize(ReadThumbnail(path, QSize(160, 120)));
@@ -112,6 +120,7 @@ KELU_FORMAT(tif);
 BENCHMARK_CAPTURE(Read, gif, "gif")->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK_CAPTURE(ReadByQt, gif, "gif")->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK_CAPTURE(Write, gif, "gif")->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(WriteAsPdf)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(Thumbnail)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(ScaleToView)->Arg(3000)->Arg(8660)->Unit(benchmark::kMillisecond)->UseRealTime();
 

@@ -54,7 +54,7 @@ frmEmail::frmEmail(SmtpSender& smtp, MailClient& client, MsgDialog& dialog, Sett
       attachment_(attachment),
       draft_(draft),
       ports_(ports) {
-    setWindowTitle(QStringLiteral("E-mail"));
+    setWindowTitle(tr("E-mail"));
     MakeFrameEmail();
     MakeFrameGmail();
     pBar1 = new XP_ProgressBar(this);
@@ -65,9 +65,9 @@ frmEmail::frmEmail(SmtpSender& smtp, MailClient& client, MsgDialog& dialog, Sett
     keepsPlace.setRetainSizeWhenHidden(true);
     pBar1->setSizePolicy(keepsPlace);
     pBar1->hide();
-    cmdSend = new QPushButton(QStringLiteral("Send"), this);
+    cmdSend = new QPushButton(tr("Send"), this);
     cmdSend->setDefault(true);
-    cmdCancel = new QPushButton(QStringLiteral("Cancel"), this);
+    cmdCancel = new QPushButton(tr("Cancel"), this);
     for (QPushButton* button : {cmdSend, cmdCancel})
         button->setMinimumSize(theme::kButtonMinWidth, theme::kButtonHeight);
 
@@ -136,23 +136,23 @@ class FrameBuilder {
 }  // namespace
 
 void frmEmail::MakeFrameEmail() {
-    FrameBuilder builder(this, QStringLiteral("FrameEmail"), QStringLiteral("E-mail Image"));
+    FrameBuilder builder(this, QStringLiteral("FrameEmail"), tr("E-mail Image"));
     FrameEmail = builder.Frame();
-    txtFrom1 = builder.AddField(QStringLiteral("txtFrom1"), QStringLiteral("From"));
-    txtTo1 = builder.AddField(QStringLiteral("txtTo1"), QStringLiteral("To"));
-    txtSubject1 = builder.AddField(QStringLiteral("txtSubject1"), QStringLiteral("Subject"));
-    txtText1 = builder.AddText(QStringLiteral("txtText1"), QStringLiteral("Message"));
+    txtFrom1 = builder.AddField(QStringLiteral("txtFrom1"), tr("From"));
+    txtTo1 = builder.AddField(QStringLiteral("txtTo1"), tr("To"));
+    txtSubject1 = builder.AddField(QStringLiteral("txtSubject1"), tr("Subject"));
+    txtText1 = builder.AddText(QStringLiteral("txtText1"), tr("Message"));
     txtSubject1->setText(kFirstSubject);
 }
 
 void frmEmail::MakeFrameGmail() {
-    FrameBuilder builder(this, QStringLiteral("FrameGmail"), QStringLiteral("E-Mail Image via Google Mail (TM)"));
+    FrameBuilder builder(this, QStringLiteral("FrameGmail"), tr("E-Mail Image via Google Mail (TM)"));
     FrameGmail = builder.Frame();
-    txtFrom2 = builder.AddField(QStringLiteral("txtFrom2"), QStringLiteral("From"));
-    txtTo2 = builder.AddField(QStringLiteral("txtTo2"), QStringLiteral("To"));
-    txtCC2 = builder.AddField(QStringLiteral("txtCC2"), QStringLiteral("CC (Courtesy Copy)"));
-    txtSubject2 = builder.AddField(QStringLiteral("txtSubject2"), QStringLiteral("Subject"));
-    txtText2 = builder.AddText(QStringLiteral("txtText2"), QStringLiteral("Message"));
+    txtFrom2 = builder.AddField(QStringLiteral("txtFrom2"), tr("From"));
+    txtTo2 = builder.AddField(QStringLiteral("txtTo2"), tr("To"));
+    txtCC2 = builder.AddField(QStringLiteral("txtCC2"), tr("CC (Courtesy Copy)"));
+    txtSubject2 = builder.AddField(QStringLiteral("txtSubject2"), tr("Subject"));
+    txtText2 = builder.AddText(QStringLiteral("txtText2"), tr("Message"));
     txtSubject2->setText(kFirstSubject);
 }
 

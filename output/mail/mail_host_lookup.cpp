@@ -7,6 +7,7 @@
 #include <arpa/nameser.h>
 #include <poll.h>
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QRandomGenerator>
 #include <algorithm>
@@ -19,6 +20,10 @@
 namespace kelu {
 
 namespace {
+
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(kelu::SmtpSender)
+};
 
 constexpr int kTryMs = 3000;  // patience for one server, doubled with each round
 constexpr int kTries = 3;
@@ -134,8 +139,8 @@ class Resolver {
 };
 
 [[noreturn]] void FailFor(const QString& domain, int status) {
-    if (status == ARES_ENOTFOUND) Fail(QStringLiteral("The mail domain \"%1\" does not exist").arg(domain));
-    Fail(QStringLiteral("The mail server of \"%1\" could not be found: %2")
+    if (status == ARES_ENOTFOUND) Fail(Texts::tr("The mail domain \"%1\" does not exist").arg(domain));
+    Fail(Texts::tr("The mail server of \"%1\" could not be found: %2")
              .arg(domain, QString::fromLatin1(ares_strerror(status))));
 }
 
@@ -150,7 +155,7 @@ std::vector<MailHost> FindMailHosts(const QString& address, const NameServerOpti
                                     const std::atomic<bool>& cancelled) {
     InitialiseOnce();
     const QString domain = MailDomain(address);
-    if (domain.isEmpty()) Fail(QStringLiteral("\"%1\" is no mail address").arg(OneLine(address)));
+    if (domain.isEmpty()) Fail(Texts::tr("\"%1\" is no mail address").arg(OneLine(address)));
     Resolver resolver(options, cancelled);
     const int status = resolver.AskExchangers(domain);
     std::vector<Exchanger>& exchangers = resolver.exchangers;
@@ -159,7 +164,7 @@ std::vector<MailHost> FindMailHosts(const QString& address, const NameServerOpti
     else if (status != ARES_SUCCESS)
         FailFor(domain, status);
     if (exchangers.size() == 1 && (exchangers[0].name.isEmpty() || exchangers[0].name == u'.'))
-        Fail(QStringLiteral("The mail domain \"%1\" accepts no mail").arg(domain));
+        Fail(Texts::tr("The mail domain \"%1\" accepts no mail").arg(domain));
 
     // Servers of one preference share the load, so their order is drawn.
     std::shuffle(exchangers.begin(), exchangers.end(), *QRandomGenerator::global());
