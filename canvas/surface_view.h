@@ -14,7 +14,7 @@ struct BrushTip {
     int size = 0;           ///< diameter; 0: no ring
     int softness = 0;       ///< 0 to 100; above 0 an inner circle shows the wholly covered core
     bool restores = false;  ///< paints the original back: a dashed ring
-    QImage paint;  ///< shown inside the ring while no button is held: what a stroke here would bring; may be null
+    QImage paint = {};  ///< shown inside the ring while no button is held: what a stroke here would bring; may be null
 };
 
 enum class Anchor { Corner = 0, Fitted = 5 };

@@ -179,7 +179,7 @@ TEST_F(ImageXTest, CoordinatesNameThePixelUnderThePointer) {
 TEST_F(ImageXTest, TheHatchShowsWhereThePictureDoesNot) {
     QImage picture(200, 300, QImage::Format_ARGB32);
     picture.fill(qRgba(0, 0, 255, 255));
-    picture.setPixel(100, 150, 0);
+    for (int i = 0; i < 9; ++i) picture.setPixel(99 + i % 3, 149 + i / 3, 0);  // its middle is clear of smoothing
     surface_.SetPicture(picture);
     view_.SetBackgroundHatch(QBrush(QColor(200, 200, 200), Qt::SolidPattern));
     const auto at = [&](double x, double y) {
