@@ -11,6 +11,7 @@
 
 #include "app/about_message.h"
 #include "app/interface_language.h"
+#include "app/save_menu.h"
 #include "app/window_layout.h"
 #include "capture/capture_panel.h"
 #include "controls/note/note_bar.h"
@@ -24,6 +25,7 @@
 #include "dialogs/browse/frm_browse.h"
 #include "dialogs/options/frm_options.h"
 #include "effects/catalogue/catalogue.h"
+#include "effects/catalogue/render_on.h"
 #include "effects/effect_panel.h"
 #include "effects/effect_selectors.h"
 #include "output/frm_print.h"
@@ -99,6 +101,7 @@ frmMain::frmMain(SharedState& state, const MainServices& services)
         InPixels({std::min(kDesignSize.width, Room(*this).width), std::min(kDesignSize.height, Room(*this).height)}));
     controls.ShowTools(false);
     Connect();
+    if (services.journal) ConnectJournal(*services.journal);
 }
 
 frmMain::~frmMain() = default;
@@ -177,6 +180,42 @@ void frmMain::TellStaleRender() {
     staleTold_ = stale;
 }
 
+void frmMain::ConnectJournal(Journal& journal) {
+    const auto showProgress = [this](int percent) {
+        renderWindow_.SetProgressVisible(percent < 100);
+        if (percent < 100) renderWindow_.SetProgress(percent);
+    };
+    const auto mayAsk = [this] {
+        return isVisible() && !unloading_ && !state_.CaptureBusy && !controls.pBar1->isVisible() &&
+               !QApplication::activeModalWidget() && !QApplication::activePopupWidget();
+    };
+    sessionReplay_ =
+        std::make_unique<SessionReplay>(document_, openSave_, state_, journal, services_.dialog,
+                                        SessionReplay::Surroundings{journal.Folder(), &RenderEffectOn, mayAsk,
+                                                                    showProgress, [this] { painter_.SetUpBrush(); }});
+    new SaveMenu(controls.Button(Command::Save), document_, state_, journal, services_.dialog, showProgress);
+    connect(&journal, &Journal::Off, this, [this](const QString& reason) {
+        controls.note->Show({tr("What you paint can't be recovered after a crash: %1").arg(reason), {}});
+    });
+    connect(&journal, &Journal::Left, this, [this](const QString& path, const QString& name) {
+        controls.note->Show({tr("The strokes on '%1' were not saved").arg(name),
+                             {{tr("Bring back"), [this, path] { sessionReplay_->BringBack(path); }}}});
+    });
+}
+
+void frmMain::OpenPicture(const QString& path) {
+    if (sessionReplay_ && path.endsWith(QStringLiteral(".kelu"), Qt::CaseInsensitive))
+        sessionReplay_->PlayRecipe(path);
+    else
+        openSave_.Drop(path);
+}
+
+void frmMain::EndKeepingJournal() {
+    unloading_ = true;
+    capture_.Unload();
+    QCoreApplication::exit(0);
+}
+
 void frmMain::ConnectCapture() {
     const CapturePanel& panel = *controls.picCapContainer;
     connect(panel.cmdCapture, &ToolButton::clicked, &capture_, &CameraCapture::CaptureNow);
@@ -208,6 +247,7 @@ void frmMain::EndSplash() {
     tmrSettings_.start();
     controls.picLogo->hide();
     controls.picCanvas->setFocus();
+    if (sessionReplay_) sessionReplay_->LookForJournals();
 }
 
 void frmMain::TakePicture(const QString& path) {

@@ -24,6 +24,7 @@
 #include "document/journal.h"
 #include "document/open_save.h"
 #include "document/painter.h"
+#include "document/session_replay.h"
 #include "document/settings.h"
 #include "document/shared_state.h"
 #include "document/zoom_view.h"
@@ -64,10 +65,12 @@ class frmMain : public QWidget {
     bool Start();
     /// The close command: asks when there are unsaved changes.
     void ExitApp();
-    /// Opens a picture as if it had been dropped on the canvas.
-    void OpenPicture(const QString& path) { openSave_.Drop(path); }
     /// The same for a picture that another start gave; it waits while a dialog or a render shuts the window.
     void TakePicture(const QString& path);
+    /// Opens a picture, or plays a recipe, as if it had been dropped on the canvas.
+    void OpenPicture(const QString& path);
+    /// Ends the program without a question; what is not saved stays in the journal.
+    void EndKeepingJournal();
 
     void Run(Command command);
     /// Uncovers the tools; runs by itself 3.5 s after the window was made, or at a click, Escape, Space or Enter.
@@ -88,6 +91,7 @@ class frmMain : public QWidget {
 
  private:
     void Connect();
+    void ConnectJournal(Journal& journal);
     void ConnectCapture();
     /// Once for each change: the brush still paints what was rendered before it.
     void TellStaleRender();
@@ -122,6 +126,7 @@ class frmMain : public QWidget {
     CommandKeys keys_;
     StartUp startUp_;
     IdleMemory idleMemory_;
+    std::unique_ptr<SessionReplay> sessionReplay_;  ///< null without a journal
     QTimer tmrSplash_;
     QTimer tmrSettings_;
     bool staleTold_ = false;

@@ -22,6 +22,7 @@
 #include "platform/registry_access.h"
 #include "platform/registry_file.h"
 #include "platform/single_instance.h"
+#include "platform/termination.h"
 
 namespace {
 
@@ -54,6 +55,10 @@ int Run(kelu::Application& application, const QString& picture) {
     }
     const kelu::HandOver handOver(socket);
     QObject::connect(&handOver, &kelu::HandOver::PictureGiven, &window, &kelu::frmMain::TakePicture);
+    kelu::Termination termination;
+    QObject::connect(&termination, &kelu::Termination::Requested, &window, &kelu::frmMain::EndKeepingJournal);
+    QObject::connect(&application, &QGuiApplication::commitDataRequest, &journal,
+                     [&] { journal.Flush(/*wait=*/true); });
     window.show();
     if (!picture.isEmpty()) window.OpenPicture(picture);
     return QApplication::exec();

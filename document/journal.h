@@ -47,6 +47,7 @@ class Journal : public QObject, public SessionLog {
     /// new one when `file` is null.
     void Resume(const Recipe& recipe, const OpenedPicture& picture, std::shared_ptr<JournalFile> file);
 
+    const QString& Folder() const { return folder_; }
     /// What was done since the picture was opened, as lines of a recipe; empty without a picture, and where something
     /// was painted with the brush of another picture, which no text can tell.
     QByteArray Lines();

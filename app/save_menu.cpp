@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+#include "app/save_menu.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMenu>
+#include <QScopeGuard>
+#include <QStandardPaths>
+
+#include "controls/title_row/dialog_frame.h"
+#include "document/film.h"
+#include "document/recipe.h"
+#include "effects/catalogue/render_on.h"
+#include "platform/atomic_file.h"
+#include "platform/run_beside.h"
+
+namespace kelu {
+
+namespace {
+
+void WriteFile(const QString& path, const QByteArray& bytes) {
+    AtomicFile file(path);
+    file.Write(bytes);
+    file.Commit();
+}
+
+}  // namespace
+
+SaveMenu::SaveMenu(QWidget& button, Document& document, const SharedState& state, Journal& journal, MsgDialog& dialog,
+                   std::function<void(int)> showProgress)
+    : QObject(&button),
+      button_(button),
+      document_(document),
+      state_(state),
+      journal_(journal),
+      dialog_(dialog),
+      showProgress_(std::move(showProgress)) {
+    button.setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(&button, &QWidget::customContextMenuRequested, this, &SaveMenu::Show);
+}
+
+void SaveMenu::Show(const QPoint& at) {
+    QMenu menu(&button_);
+    QAction* recipe = menu.addAction(tr("Save the recipe..."));
+    QAction* film = menu.addAction(tr("Save as it grew..."));
+    const bool painted = !state_.CaptureBusy && journal_.Lines().contains("\nstroke ");
+    recipe->setEnabled(painted);
+    film->setEnabled(painted);
+    const QAction* chosen = menu.exec(button_.mapToGlobal(at));
+    if (chosen == recipe) SaveRecipe();
+    if (chosen == film) SaveFilm();
+}
+
+void SaveMenu::SaveRecipe() {
+    const QString path = AskForName(tr("Save the Recipe"), tr("Recipes (*.kelu)"), "kelu");
+    if (path.isEmpty()) return;
+    RunShowingErrors(dialog_, [&] { WriteFile(path, RecipeText(journal_.Lines(), path)); });
+}
+
+void SaveMenu::SaveFilm() {
+    const QString path = AskForName(tr("Save as It Grew"), tr("GIF Files (*.gif)"), "gif");
+    if (path.isEmpty()) return;
+    RunShowingErrors(dialog_, [&] {
+        Recipe recipe = ReadRecipeText(HeaderLine(/*isJournal=*/false) + journal_.Lines());
+        CheckWhole(recipe);
+        recipe.shrunk = false;  // the picture was shrunk when it was opened
+        const auto atEnd = qScopeGuard([this] { showProgress_(100); });
+        RunBeside([&, picture = document_.Original().Picture()] {
+            const QByteArray film = MakeFilm(recipe, picture, &RenderEffectOn, /*fit=*/false, [this](int percent) {
+                QMetaObject::invokeMethod(this, [this, percent] { showProgress_(percent); });
+                return true;
+            });
+            WriteFile(path, film);
+        });
+    });
+}
+
+QString SaveMenu::AskForName(const QString& title, const QString& filter, const char* suffix) {
+    const QFileInfo picture(journal_.Picture().path);
+    const QString folder = journal_.Picture().passing || !picture.dir().exists()
+                               ? QStandardPaths::writableLocation(QStandardPaths::PicturesLocation)
+                               : picture.path();
+    QFileDialog dialog(button_.window(), title, QDir(folder).exists() ? folder : QDir::homePath(), filter);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QLatin1String(suffix));
+    if (dialog.layout()) AddWindowFrame(dialog);
+    dialog.selectFile(picture.completeBaseName() + u'.' + QLatin1String(suffix));
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+}  // namespace kelu
