@@ -8,6 +8,7 @@
 #include <functional>
 #include <memory>
 
+#include "app/busy_window.h"
 #include "app/command_keys.h"
 #include "app/help_topics.h"
 #include "app/main_controls.h"
@@ -101,6 +102,7 @@ class frmMain : public QWidget, private StartUpSteps {
 
     SharedState& state_;
     MainServices services_;
+    BusyWindow busy_;
     Document document_;
     Painter painter_;
     History history_;

@@ -28,16 +28,26 @@ QString FileNameOfPath(const QString& path) {
     return path.mid(std::max(path.lastIndexOf(u'/'), path.lastIndexOf(u'\\')) + 1);
 }
 
-Document::Document(Surfaces& surfaces, SurfaceView& canvasView, SurfaceView& originalView, SharedState& state)
-    : surfaces_(surfaces), canvasView_(canvasView), originalView_(originalView), state_(state) {}
+Document::Document(Surfaces& surfaces, SurfaceView& canvasView, SurfaceView& originalView, SharedState& state,
+                   Beside beside)
+    : surfaces_(surfaces),
+      canvasView_(canvasView),
+      originalView_(originalView),
+      state_(state),
+      beside_(std::move(beside)) {}
 
 void Document::Open(const QString& path, Source source, bool wasDirty) {
     // Read and shrink beside the document, so that a failure at any step leaves it whole.
-    Surface opened;
-    opened.LoadFile(path);
-    if (source != Source::Capture && state_.ResizeOnOpen == 1) ShrinkLargePicture(opened);
+    const bool shrinks = source != Source::Capture && state_.ResizeOnOpen == 1;
+    QImage picture;
+    beside_([&] {
+        Surface opened;
+        opened.LoadFile(path);
+        if (shrinks) ShrinkLargePicture(opened);
+        picture = opened.Picture();
+    });
 
-    Canvas().SetPicture(opened.Picture());
+    Canvas().SetPicture(picture);
     ShowFitted(canvasView_);
     Pen().SetPicture(Canvas().Picture());
     Original().SetPicture(Canvas().Picture());

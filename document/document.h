@@ -8,6 +8,7 @@
 #include "canvas/surface.h"
 #include "canvas/surface_view.h"
 #include "document/shared_state.h"
+#include "platform/run_beside.h"
 
 namespace kelu {
 
@@ -32,7 +33,12 @@ class Document : public QObject {
     /// Who opens a file; the callers differ in shrinking, in the status text and in disarming the brush.
     enum class Source { Drop, Browse, Capture };
 
-    Document(Surfaces& surfaces, SurfaceView& canvasView, SurfaceView& originalView, SharedState& state);
+    /// `beside` runs what takes long: reading, writing, encoding.
+    Document(
+        Surfaces& surfaces, SurfaceView& canvasView, SurfaceView& originalView, SharedState& state,
+        Beside beside = [](const std::function<void()>& run) { run(); });
+
+    const Beside& RunsBeside() const { return beside_; }
 
     Surface& Canvas() { return surfaces_.picCanvas; }
     Surface& Pen() { return surfaces_.picPen; }
@@ -65,6 +71,7 @@ class Document : public QObject {
     SurfaceView& canvasView_;
     SurfaceView& originalView_;
     SharedState& state_;
+    Beside beside_;
     bool showsLongForm_ = false;
 };
 

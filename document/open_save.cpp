@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "document/open_save.h"
 
+#include "document/clipboard_picture.h"
+
 #include "pictures/picture_format.h"
 
 namespace kelu {
@@ -64,14 +66,15 @@ void OpenSave::SaveImageNow() {
         if (filterIndex == SaveDialog::kPdfFilter)
             createPdf_(fileName);
         else if (filterIndex >= 1 && filterIndex < SaveDialog::kPdfFilter)
-            document_.Canvas().SaveFile(fileName);
+            document_.RunsBeside()([&] { document_.Canvas().SaveFile(fileName); });
         state_.ImageDirty = false;
         state_.ImageActive = false;
     });
 }
 
 void OpenSave::Copy() {
-    if (state_.ImageActive) document_.Canvas().CopyToClipboard();
+    if (!state_.ImageActive) return;
+    RunShowingErrors(dialog_, [&] { CopyToClipboard(document_.Canvas().Picture(), document_.RunsBeside()); });
 }
 
 }  // namespace kelu

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "effects/effect_application.h"
 
+#include <QCoreApplication>
 #include <QScopedValueRollback>
 
 #include "canvas/surface.h"
@@ -10,6 +11,7 @@
 #include "effects/effect_controls.h"
 #include "effects/render_window.h"
 #include "platform/error.h"
+#include "platform/run_beside.h"
 
 namespace kelu {
 namespace {
@@ -54,22 +56,40 @@ void EffectApplication::ApplyEngineEffect(const Effect& effect) {
         Attempt([&] { inputs.y = controls_.YCoordinate(); });
     }
     effectResult_ = false;
+    const QImage penBefore = pen_.Picture();
     // Sharing, not copying: a picture costs memory only once one of its holders is written.
     Attempt([&] { pen_.SetPicture(canvas_.Picture()); });
     Attempt([&] { engine_.SetPicture(pen_.Picture()); });
     ReadColors(effect, inputs);
-    Attempt([&] { effectResult_ = CallEngine(effect, inputs); });
+    const bool left = !RunRender([&] { effectResult_ = CallEngine(effect, inputs); });
     if (formShut_) EngineProgress(kEngineDone);  // an operation that ended without its last report
     Attempt([&] { window_.RunEventLoopOnce(); });
+    if (left) return Attempt([&] { pen_.SetPicture(penBefore); });
     if (effectResult_) Attempt([&] { pen_.SetPicture(engine_.Picture()); });
     ArmBrush();
 }
 
 void EffectApplication::ApplyNeon() {
+    const QImage penBefore = pen_.Picture();
     Attempt([&] { pen_.SetPicture(canvas_.Picture()); });
-    Attempt([&] { pen_.NeonFilter(); });
+    const bool left = !RunRender([&] { window_.RunRender([&] { pen_.NeonFilter(); }); });
     if (formShut_) PenProgress(kPenDone);
+    if (left) return Attempt([&] { pen_.SetPicture(penBefore); });
     ArmBrush();
+}
+
+bool EffectApplication::RunRender(const std::function<void()>& render) {
+    bool done = true;
+    try {
+        render();
+    } catch (const WorkCancelled&) {
+        done = false;
+    } catch (const std::exception&) {
+        // As any failure of a step.
+    }
+    // Reports of another thread that are still on their way: the last one opens the window again.
+    QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
+    return done;
 }
 
 void EffectApplication::ReadColors(const Effect& effect, EffectInputs& inputs) const {
@@ -81,7 +101,12 @@ bool EffectApplication::CallEngine(const Effect& effect, EffectInputs& inputs) {
     for (std::size_t i = 0; i < effect.sliders.size(); ++i)
         if (effect.sliders[i].label) inputs.slider[i] = controls_.SliderValue(static_cast<int>(i) + 1);
     if (effect.choice.variable) inputs.choice = state_.*effect.choice.variable;
-    return RenderEffect(effect, inputs, engine_);
+    bool done = false;
+    window_.RunRender([&] {
+        done = RenderEffect(effect, inputs, engine_);
+        if (!done && WorkReport().Cancelled()) throw WorkCancelled();
+    });
+    return done;
 }
 
 void EffectApplication::ArmBrush() {

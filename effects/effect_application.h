@@ -42,6 +42,8 @@ class EffectApplication : public QObject {
  private:
     void ApplyEngineEffect(const Effect& effect);
     void ApplyNeon();
+    /// Runs a render and drops its failure; false when the user left it.
+    bool RunRender(const std::function<void()>& render);
     void ReadColors(const Effect& effect, EffectInputs& inputs) const;
     bool CallEngine(const Effect& effect, EffectInputs& inputs);
     void ArmBrush();

@@ -26,6 +26,7 @@
 #include "engine/sketch.h"
 #include "engine/wind.h"
 #include "pictures/picture.h"
+#include "platform/run_beside.h"
 
 namespace kelu {
 namespace {
@@ -56,7 +57,9 @@ bool PixTwix::Render(const Kernel& kernel) {
     int reported = kDone;
     engine::Run run;
     run.threads = threads_;
-    run.progress = [this, &reported](int percent) {
+    const WorkReport work;
+    run.progress = [this, &reported, &work](int percent) {
+        if (work.Cancelled()) throw WorkCancelled();
         reported = percent;
         Q_EMIT FxProgress(percent);
     };
