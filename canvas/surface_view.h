@@ -6,6 +6,7 @@
 #include <QImage>
 #include <QPixmap>
 #include <QPoint>
+#include <functional>
 
 namespace kelu {
 
@@ -32,6 +33,11 @@ class SurfaceView {
     virtual bool ViewScrollable() const = 0;
     virtual void SetViewScrollable(bool scrollable) = 0;
     virtual void Redraw() = 0;
+    /// What a view does ahead for the picture that it shows next: to be run on any thread, before the surface gets that
+    /// picture.
+    virtual std::function<void(const QImage& picture)> Preparation() {
+        return [](const QImage&) {};
+    }
 
     /// The cursor shown while the style is 99; its hot spot is its middle unless one is given.
     virtual void SetCursorPicture(const QPixmap& picture, const QPoint& hotSpot = QPoint(-1, -1)) = 0;

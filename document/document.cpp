@@ -40,11 +40,13 @@ void Document::Open(const QString& path, Source source, bool wasDirty) {
     // Read and shrink beside the document, so that a failure at any step leaves it whole.
     const bool shrinks = source != Source::Capture && state_.ResizeOnOpen == 1;
     QImage picture;
-    beside_([&] {
+    beside_([&, prepareCanvas = canvasView_.Preparation(), prepareOriginal = originalView_.Preparation()] {
         Surface opened;
         opened.LoadFile(path);
         if (shrinks) ShrinkLargePicture(opened);
         picture = opened.Picture();
+        prepareCanvas(picture);
+        prepareOriginal(picture);
     });
 
     Canvas().SetPicture(picture);
