@@ -3,6 +3,7 @@
 
 #include <QGuiApplication>
 #include <QScopeGuard>
+#include <utility>
 
 #include "controls/progress_bar/xp_progress_bar.h"
 #include "document/cancellable_work.h"
@@ -21,6 +22,7 @@ void BusyWindow::Run(const std::function<void()>& run) {
     CancellableWork work;
     work_ = &work;
     const auto end = qScopeGuard([this] { Hide(); });
+    QGuiApplication::setOverrideCursor(Qt::BusyCursor);
     look_.start(kPatience);
     RunBeside(run, UserInput::Swallowed, &work);
 }
@@ -28,7 +30,6 @@ void BusyWindow::Run(const std::function<void()>& run) {
 void BusyWindow::Show() {
     if (!shows_) {
         shows_ = true;
-        QGuiApplication::setOverrideCursor(Qt::BusyCursor);
         bar_.show();
         look_.setInterval(kInterval);
     }
@@ -38,10 +39,8 @@ void BusyWindow::Show() {
 void BusyWindow::Hide() {
     look_.stop();
     work_ = nullptr;
-    if (!shows_) return;
-    shows_ = false;
     QGuiApplication::restoreOverrideCursor();
-    bar_.hide();
+    if (std::exchange(shows_, false)) bar_.hide();
 }
 
 }  // namespace kelu

@@ -1,4 +1,4 @@
-// Long work as the user sees it: progress and a busy pointer after a moment, Escape to leave it.
+// Long work as the user sees it: a busy pointer, progress after a moment, Escape to leave it.
 // SPDX-License-Identifier: MIT
 #pragma once
 
