@@ -65,7 +65,9 @@ frmMain::frmMain(SharedState& state, const MainServices& services)
       controls(*this, surfaces, capturePreview, state),
       state_(state),
       services_(services),
-      document_(surfaces, *controls.picCanvas, *controls.picOriginal, state, services.Log()),
+      busy_(*controls.pBar1),
+      document_(surfaces, *controls.picCanvas, *controls.picOriginal, state, services.Log(),
+                [this](const std::function<void()>& run) { busy_.Run(run); }),
       painter_(
           document_, *controls.picCanvas, state, services.settings, *controls.note, Cursors(devicePixelRatioF()),
           [this] { return controls.pnlSettings->sldBrushSize->Value(); }, services.Log()),

@@ -8,6 +8,7 @@
 #include <functional>
 #include <memory>
 
+#include "app/busy_window.h"
 #include "app/command_keys.h"
 #include "app/command_look.h"
 #include "app/help_topics.h"
@@ -106,6 +107,7 @@ class frmMain : public QWidget {
 
     SharedState& state_;
     MainServices services_;
+    BusyWindow busy_;
     Document document_;
     Painter painter_;
     History history_;

@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "canvas/surface.h"
 
-#include <QClipboard>
-#include <QGuiApplication>
 #include <QPainter>
 #include <QScopeGuard>
 
@@ -13,6 +11,7 @@
 #include "pictures/picture.h"
 #include "pictures/picture_file.h"
 #include "platform/error.h"
+#include "platform/run_beside.h"
 #include "platform/units.h"
 
 namespace kelu {
@@ -92,7 +91,9 @@ void Surface::Render(const Renderer& renderer) {
     if (picture_.isNull()) return;
     bool reported = false;
     engine::Run run;
-    run.progress = [this, &reported](int percent) {
+    const WorkReport work;
+    run.progress = [this, &reported, &work](int percent) {
+        if (work.Cancelled()) throw WorkCancelled();
         if (percent >= 99) return;
         reported = true;
         Q_EMIT Progress(percent);
@@ -115,7 +116,11 @@ void Surface::SelectBrush(const BrushHandle& brush) {
     if (brush.paint.constBits() != brush_.paint.constBits()) undo_->Close();
     brush_ = brush;
     if (brush_.paint.isNull() || picture_.isNull() || brush_.paint.constBits() == picture_.constBits()) return;
-    MakeUnique(picture_);
+    if (picture_.isDetached()) return;
+    // The copy takes long where memory is fresh; the picture shown stays as it is until it is there.
+    QImage own = picture_;
+    RunBeside([&own] { MakeUnique(own); });
+    picture_ = own;
 }
 
 void Surface::SetBrushSize(int size) { brush_.size = std::max(1, size); }
@@ -163,10 +168,6 @@ bool Surface::CanRedo() const { return undo_->CanRedo(); }
 void Surface::SetUndoBudget(qint64 bytes) { undo_->SetBudget(bytes); }
 
 qint64 Surface::UndoBytes() const { return undo_->Bytes(); }
-
-void Surface::CopyToClipboard() const {
-    if (!picture_.isNull()) QGuiApplication::clipboard()->setImage(picture_);
-}
 
 void Surface::Replace(QImage picture) {
     picture_ = std::move(picture);

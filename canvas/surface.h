@@ -96,8 +96,6 @@ class Surface : public QObject {
     void SetUndoBudget(qint64 bytes);
     qint64 UndoBytes() const;
 
-    void CopyToClipboard() const;
-
  Q_SIGNALS:
     /// Another picture, perhaps of another size.
     void PictureReplaced();

@@ -6,6 +6,7 @@
 #include <QImage>
 #include <QPixmap>
 #include <QPoint>
+#include <functional>
 
 namespace kelu {
 
@@ -35,6 +36,11 @@ class SurfaceView {
     virtual bool ViewScrollable() const = 0;
     virtual void SetViewScrollable(bool scrollable) = 0;
     virtual void Redraw() = 0;
+    /// What a view does ahead for the picture that it shows next: to be run on any thread, before the surface gets that
+    /// picture.
+    virtual std::function<void(const QImage& picture)> Preparation() {
+        return [](const QImage&) {};
+    }
     /// From true to false several changes count as one: the view is laid out once, for what they come to.
     virtual void HoldLayout(bool hold) = 0;
 

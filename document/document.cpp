@@ -26,8 +26,13 @@ QString FileNameOfPath(const QString& path) {
 }
 
 Document::Document(Surfaces& surfaces, SurfaceView& canvasView, SurfaceView& originalView, SharedState& state,
-                   SessionLog& log)
-    : surfaces_(surfaces), canvasView_(canvasView), originalView_(originalView), state_(state), log_(log) {
+                   SessionLog& log, Beside beside)
+    : surfaces_(surfaces),
+      canvasView_(canvasView),
+      originalView_(originalView),
+      state_(state),
+      log_(log),
+      beside_(std::move(beside)) {
     connect(&surfaces_.picCanvas, &Surface::PictureReplaced, this, [this] {
         if (!opening_) log_.Replaced();
     });
@@ -35,13 +40,21 @@ Document::Document(Surfaces& surfaces, SurfaceView& canvasView, SurfaceView& ori
 
 void Document::Open(const QString& path, Source source, bool wasDirty, Size size) {
     // Read and shrink beside the document, so that a failure at any step leaves it whole.
-    Surface opened;
-    opened.LoadFile(path);
-    const QSize inFile = opened.Picture().size();
-    if (size == Size::AsSet && source != Source::Capture && state_.ResizeOnOpen == 1) ShrinkLargePicture(opened);
+    const bool shrinks = size == Size::AsSet && source != Source::Capture && state_.ResizeOnOpen == 1;
+    QImage picture;
+    QSize inFile;
+    beside_([&, prepareCanvas = canvasView_.Preparation(), prepareOriginal = originalView_.Preparation()] {
+        Surface opened;
+        opened.LoadFile(path);
+        inFile = opened.Picture().size();
+        if (shrinks) ShrinkLargePicture(opened);
+        picture = opened.Picture();
+        prepareCanvas(picture);
+        prepareOriginal(picture);
+    });
 
     const QScopedValueRollback<bool> opening(opening_, true);
-    Canvas().SetPicture(opened.Picture());
+    Canvas().SetPicture(picture);
     canvasView_.ShowWhole();
     Pen().SetPicture(Canvas().Picture());
     Original().SetPicture(Canvas().Picture());

@@ -10,6 +10,7 @@
 #include "canvas/surface_view.h"
 #include "document/session_log.h"
 #include "document/shared_state.h"
+#include "platform/run_beside.h"
 
 namespace kelu {
 
@@ -36,8 +37,12 @@ class Document : public QObject {
     /// Large pictures are made smaller where the setting and the source say so, or come as they are.
     enum class Size { AsSet, Full };
 
-    Document(Surfaces& surfaces, SurfaceView& canvasView, SurfaceView& originalView, SharedState& state,
-             SessionLog& log = SessionLog::None());
+    /// `beside` runs what takes long: reading, writing, encoding.
+    Document(
+        Surfaces& surfaces, SurfaceView& canvasView, SurfaceView& originalView, SharedState& state,
+        SessionLog& log = SessionLog::None(), Beside beside = [](const std::function<void()>& run) { run(); });
+
+    const Beside& RunsBeside() const { return beside_; }
 
     Surface& Canvas() { return surfaces_.picCanvas; }
     Surface& Pen() { return surfaces_.picPen; }
@@ -82,8 +87,9 @@ class Document : public QObject {
     SurfaceView& canvasView_;
     SurfaceView& originalView_;
     SharedState& state_;
-    bool showsLongForm_ = false;
     SessionLog& log_;
+    Beside beside_;
+    bool showsLongForm_ = false;
     bool opening_ = false;
     QString openedPath_;
     Source openedBy_ = Source::Drop;

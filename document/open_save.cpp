@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include "document/clipboard_picture.h"
 #include "document/commands.h"
 #include "pictures/picture_format.h"
 
@@ -127,7 +128,7 @@ void OpenSave::SaveImageNow() {
         if (filterIndex == SaveDialog::kPdfFilter) {
             written = helpers_.createPdf(fileName);
         } else if (isPicture) {
-            document_.Canvas().SaveFile(fileName);
+            document_.RunsBeside()([&] { document_.Canvas().SaveFile(fileName); });
             written = true;
         }
         // A PDF that failed counts as saved all the same, but is not.
@@ -139,7 +140,8 @@ void OpenSave::SaveImageNow() {
 }
 
 void OpenSave::Copy() {
-    if (Enabled(Command::Copy, state_)) document_.Canvas().CopyToClipboard();
+    if (!Enabled(Command::Copy, state_)) return;
+    RunShowingErrors(dialog_, [&] { CopyToClipboard(document_.Canvas().Picture(), document_.RunsBeside()); });
 }
 
 }  // namespace kelu

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "effects/effect_application.h"
 
+#include <QCoreApplication>
 #include <QScopedValueRollback>
 
 #include "canvas/surface.h"
@@ -12,6 +13,7 @@
 #include "effects/effect_controls.h"
 #include "effects/render_window.h"
 #include "platform/error.h"
+#include "platform/run_beside.h"
 
 namespace kelu {
 namespace {
@@ -49,39 +51,63 @@ void EffectApplication::ApplySFX(const Effect& effect) {
     const QScopedValueRollback<bool> once(applying_, true);
     EffectInputs inputs;
     ReadPoint(effect, inputs);
+    const QImage penBefore = pen_.Picture();
     // Sharing, not copying: a picture costs memory only once one of its holders is written.
     Attempt([&] { pen_.SetPicture(canvas_.Picture()); });
-    const bool rendered = effect.fills == Fills::Pen ? RenderOnPen(effect, inputs) : RenderOnEngine(effect, inputs);
-    log_.Applied(effect.number, inputs, rendered);
+    const Outcome outcome = effect.fills == Fills::Pen ? RenderOnPen(effect, inputs) : RenderOnEngine(effect, inputs);
+    if (outcome == Outcome::Left) return Attempt([&] { pen_.SetPicture(penBefore); });
+    log_.Applied(effect.number, inputs, outcome == Outcome::Rendered);
     ArmBrush(effect, inputs);
 }
 
-bool EffectApplication::RenderOnEngine(const Effect& effect, EffectInputs& inputs) {
+EffectApplication::Outcome EffectApplication::RenderOnEngine(const Effect& effect, EffectInputs& inputs) {
     effectResult_ = false;
     Attempt([&] { engine_.SetPicture(pen_.Picture()); });
     ReadColors(effect, inputs);
-    Attempt([&] { effectResult_ = engine_.Render(RendererOf(effect, inputs)); });
+    const bool left = !RunRender([&] {
+        const Renderer render = RendererOf(effect, inputs);
+        window_.RunRender([&] {
+            effectResult_ = engine_.Render(render);
+            if (!effectResult_ && WorkReport().Cancelled()) throw WorkCancelled();
+        });
+    });
     if (formShut_) EngineProgress(kEngineDone);  // a render that ended without its last report
     Attempt([&] { window_.RunEventLoopOnce(); });
+    if (left) return Outcome::Left;
     if (effectResult_) Attempt([&] { pen_.SetPicture(engine_.Picture()); });
-    return effectResult_;
+    return effectResult_ ? Outcome::Rendered : Outcome::Failed;
 }
 
-bool EffectApplication::RenderOnPen(const Effect& effect, EffectInputs& inputs) {
+EffectApplication::Outcome EffectApplication::RenderOnPen(const Effect& effect, EffectInputs& inputs) {
     ReadColors(effect, inputs);
     bool rendered = false;
-    Attempt([&] {
-        pen_.Render(RendererOf(effect, inputs));
+    const bool left = !RunRender([&] {
+        const Renderer render = RendererOf(effect, inputs);
+        window_.RunRender([&] { pen_.Render(render); });
         rendered = true;
     });
     if (formShut_) PenProgress(kPenDone);
-    return rendered;
+    return left ? Outcome::Left : rendered ? Outcome::Rendered : Outcome::Failed;
 }
 
 void EffectApplication::ReadPoint(const Effect& effect, EffectInputs& inputs) const {
     if (!effect.ShowsCoordinates()) return;
     Attempt([&] { inputs.x = controls_.XCoordinate(); });
     Attempt([&] { inputs.y = controls_.YCoordinate(); });
+}
+
+bool EffectApplication::RunRender(const std::function<void()>& render) {
+    bool done = true;
+    try {
+        render();
+    } catch (const WorkCancelled&) {
+        done = false;
+    } catch (const std::exception&) {
+        // As any failure of a step.
+    }
+    // Reports of another thread that are still on their way: the last one opens the window again.
+    QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
+    return done;
 }
 
 void EffectApplication::ReadColors(const Effect& effect, EffectInputs& inputs) const {

@@ -51,9 +51,11 @@ class EffectApplication : public QObject {
     bool Due() const { return canvasChanged_ || InputsChanged(); }
 
  private:
-    /// True when the pen holds the render.
-    bool RenderOnEngine(const Effect& effect, EffectInputs& inputs);
-    bool RenderOnPen(const Effect& effect, EffectInputs& inputs);
+    enum class Outcome { Rendered, Failed, Left };  ///< Left: the user did not want to wait
+    Outcome RenderOnEngine(const Effect& effect, EffectInputs& inputs);
+    Outcome RenderOnPen(const Effect& effect, EffectInputs& inputs);
+    /// Runs a render and drops its failure; false when the user left it.
+    bool RunRender(const std::function<void()>& render);
     void ReadPoint(const Effect& effect, EffectInputs& inputs) const;
     void ReadColors(const Effect& effect, EffectInputs& inputs) const;
     void ReadRest(const Effect& effect, EffectInputs& inputs) const;

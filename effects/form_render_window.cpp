@@ -8,6 +8,7 @@
 #include <QWindow>
 
 #include "controls/progress_bar/xp_progress_bar.h"
+#include "document/cancellable_work.h"
 
 namespace kelu {
 namespace {
@@ -59,6 +60,11 @@ void FormRenderWindow::SetProgress(int percent) { bar_.SetValue(percent); }
 
 void FormRenderWindow::RunEventLoopOnce() {
     QCoreApplication::processEvents(enabled_ ? QEventLoop::ExcludeUserInputEvents : QEventLoop::AllEvents);
+}
+
+void FormRenderWindow::RunRender(const std::function<void()>& render) {
+    CancellableWork work;
+    RunBeside(render, UserInput::Swallowed, &work);
 }
 
 bool FormRenderWindow::eventFilter(QObject* watched, QEvent* event) {

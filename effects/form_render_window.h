@@ -26,6 +26,7 @@ class FormRenderWindow : public QObject, public RenderWindow {
     /// An enabled form gets no input here: a click would start its work in the middle of an application. It is
     /// delivered afterwards.
     void RunEventLoopOnce() override;
+    void RunRender(const std::function<void()>& render) override;
 
  protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <functional>
+
 namespace kelu {
 
 class RenderWindow {
@@ -13,6 +15,9 @@ class RenderWindow {
     virtual void SetProgressVisible(bool visible) = 0;
     virtual void SetProgress(int percent) = 0;
     virtual void RunEventLoopOnce() = 0;
+    /// Runs a render to its end, beside the interface thread where there is one; its events run meanwhile and input is
+    /// swallowed. Throws WorkCancelled when the user left it with Escape.
+    virtual void RunRender(const std::function<void()>& render) { render(); }
 };
 
 }  // namespace kelu

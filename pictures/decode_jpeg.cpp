@@ -12,6 +12,7 @@
 #include "pictures/picture.h"
 #include "pictures/picture_decoders.h"
 #include "platform/error.h"
+#include "platform/run_beside.h"
 
 namespace kelu {
 namespace {
@@ -108,6 +109,7 @@ class JpegDecoder {
     }
 
     bool ReadRows(unsigned char* bits, std::ptrdiff_t stride) {
+        const WorkReport report;
         if (setjmp(leave_)) return false;
         while (info_.output_scanline < info_.output_height) {
             const JDIMENSION left = info_.output_height - info_.output_scanline;
@@ -115,6 +117,7 @@ class JpegDecoder {
             JSAMPROW rows[kRowsAtOnce];
             for (JDIMENSION i = 0; i < count; ++i) rows[i] = bits + std::ptrdiff_t{info_.output_scanline + i} * stride;
             jpeg_read_scanlines(&info_, rows, count);
+            report(info_.output_scanline, info_.output_height);
         }
         cutShort_ = endMissing_ && !AllScansSeen();
         if (cutShort_) return false;

@@ -9,6 +9,7 @@
 
 #include "pictures/picture_encoders.h"
 #include "platform/error.h"
+#include "platform/run_beside.h"
 
 namespace kelu {
 namespace {
@@ -54,6 +55,7 @@ class JpegEncoder {
 
     bool Encode(const unsigned char* bits, std::ptrdiff_t stride, JDIMENSION width, JDIMENSION height, UINT16 xDensity,
                 UINT16 yDensity) {
+        const WorkReport report;
         if (setjmp(leave_)) return false;
         jpeg_create_compress(&info_);
         info_.dest = &target_;
@@ -70,6 +72,7 @@ class JpegEncoder {
         info_.Y_density = yDensity;
         jpeg_start_compress(&info_, TRUE);
         while (info_.next_scanline < height) {
+            report(info_.next_scanline, height);
             auto* row = const_cast<JSAMPLE*>(bits + std::ptrdiff_t{info_.next_scanline} * stride);
             jpeg_write_scanlines(&info_, &row, 1);
         }

@@ -8,6 +8,7 @@
 
 #include "pictures/deflated_rows.h"
 #include "pictures/picture_encoders.h"
+#include "platform/run_beside.h"
 
 namespace kelu {
 namespace {
@@ -55,7 +56,9 @@ void WriteHeader(const QImage& picture, RowSamples samples, QIODevice& device) {
 void EncodePng(const QImage& picture, const WriteOptions&, QIODevice& device) {
     const RowSamples samples = FewestSamples(picture);
     WriteHeader(picture, samples, device);
-    DeflateRows(picture, samples, [&](std::span<const std::uint8_t> piece, int) {
+    const WorkReport report;
+    DeflateRows(picture, samples, [&](std::span<const std::uint8_t> piece, int rows) {
+        report(rows, picture.height());
         WriteChunk(device, "IDAT", piece.data(), piece.size());
     });
     WriteChunk(device, "IEND", nullptr, 0);

@@ -6,6 +6,7 @@
 #include "pictures/picture_encoders.h"
 #include "pictures/tiff_device.h"
 #include "platform/error.h"
+#include "platform/run_beside.h"
 
 namespace kelu {
 namespace {
@@ -57,8 +58,10 @@ void EncodeTiff(const QImage& picture, const WriteOptions&, QIODevice& device) {
     Describe(tiff.get(), picture, samples, static_cast<quint32>(stripRows));
     std::vector<quint8> strip(std::size_t{rowBytes} * static_cast<std::size_t>(stripRows));
     quint32 number = 0;
+    const WorkReport report;
     for (int top = 0; top < picture.height(); top += stripRows, ++number) {
         const int end = std::min(picture.height(), top + stripRows);
+        report(end, picture.height());
         FillStrip(picture, top, end, samples, strip);
         const tmsize_t bytes = static_cast<tmsize_t>(end - top) * rowBytes;
         check(TIFFWriteEncodedStrip(tiff.get(), number, strip.data(), bytes) == bytes);

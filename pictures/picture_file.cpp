@@ -11,6 +11,7 @@
 #include "pictures/picture_format.h"
 #include "platform/atomic_file.h"
 #include "platform/error.h"
+#include "platform/run_beside.h"
 
 namespace kelu {
 namespace {
@@ -21,6 +22,23 @@ constexpr qint64 kLongestFile = qint64{3} << 30;
 QString Named(const QString& path, const QString& reason) {
     return QStringLiteral("%1: %2").arg(QFileInfo(path).fileName(), reason);
 }
+
+// A file that tells how far it was read, and ends when that is no longer wanted.
+class ReportingFile : public QFile {
+ public:
+    using QFile::QFile;
+
+ protected:
+    qint64 readData(char* bytes, qint64 count) override {
+        if (report_.Cancelled()) return -1;
+        const qint64 got = QFile::readData(bytes, count);
+        report_.Tell(pos(), size());
+        return got;
+    }
+
+ private:
+    WorkReport report_;
+};
 
 // Opening a pipe or a device could wait for ever.
 void CheckIsFile(const QString& path) {
@@ -45,7 +63,7 @@ DecodedPicture Decode(QFile& file, const QSize& box) {
 
 QImage Read(const QString& path, const QSize& box) {
     try {
-        QFile file(path);
+        ReportingFile file(path);
         CheckIsFile(path);
         if (!file.open(QIODevice::ReadOnly)) throw Error(kFileError, file.errorString());
         DecodedPicture decoded = Decode(file, box);

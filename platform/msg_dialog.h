@@ -6,6 +6,8 @@
 #include <QString>
 #include <exception>
 
+#include "platform/run_beside.h"
+
 namespace kelu {
 
 /// The picture beside the text.
@@ -45,12 +47,15 @@ class MsgDialog {
 /// The standard error message: heading "Error", description and number of `error`.
 void ShowStandardError(MsgDialog& dialog, const std::exception& error);
 
-/// Runs a routine; its first failure ends it and is shown in the standard error message. True when it ran to its end.
+/// Runs a routine; its first failure ends it and is shown in the standard error message, a cancel in none. True when it
+/// ran to its end.
 template <typename Routine>
 bool RunShowingErrors(MsgDialog& dialog, Routine&& routine) {
     try {
         routine();
         return true;
+    } catch (const WorkCancelled&) {
+        return false;
     } catch (const std::exception& error) {
         ShowStandardError(dialog, error);
         return false;

@@ -5,6 +5,7 @@
 #include <QEvent>
 #include <QEventLoop>
 #include <QThread>
+#include <algorithm>
 #include <exception>
 #include <memory>
 
@@ -15,9 +16,10 @@ namespace {
 /// Takes what the user does away from every window as long as it lives.
 class InputSwallower : public QObject {
  public:
-    InputSwallower() { QCoreApplication::instance()->installEventFilter(this); }
+    explicit InputSwallower(Work* work) : work_(work) { QCoreApplication::instance()->installEventFilter(this); }
 
     bool eventFilter(QObject*, QEvent* event) override {
+        if (work_ && work_->cancels && work_->cancels(*event)) work_->cancelled = true;
         switch (event->type()) {
             case QEvent::Close:
                 // A window may well be closed by the program meanwhile.
@@ -50,25 +52,42 @@ class InputSwallower : public QObject {
                 return false;
         }
     }
+
+ private:
+    Work* work_;
 };
+
+thread_local Work* workOfThread = nullptr;
 
 }  // namespace
 
-void RunBeside(const std::function<void()>& work, UserInput input) {
-    const auto swallower = input == UserInput::Swallowed ? std::make_unique<InputSwallower>() : nullptr;
+WorkReport::WorkReport() : work_(workOfThread) {}
+
+void WorkReport::Tell(qint64 done, qint64 whole) const noexcept {
+    if (work_) work_->percent = static_cast<int>(100 * done / std::max<qint64>(1, whole));
+}
+
+void RunBeside(const std::function<void()>& run, UserInput input, Work* work) {
+    auto swallower = input == UserInput::Swallowed ? std::make_unique<InputSwallower>(work) : nullptr;
     std::exception_ptr failure;
     const std::unique_ptr<QThread> thread(QThread::create([&] {
+        workOfThread = work;
         try {
-            work();
+            run();
         } catch (...) {
             failure = std::current_exception();
         }
     }));
     QEventLoop loop;
-    QObject::connect(thread.get(), &QThread::finished, &loop, &QEventLoop::quit);
+    // At once, also when a message that came up meanwhile keeps this loop from returning: it must be answered.
+    QObject::connect(thread.get(), &QThread::finished, &loop, [&] {
+        swallower.reset();
+        loop.quit();
+    });
     thread->start();
     loop.exec();
     thread->wait();  // the loop ends early only with the application
+    if (failure && work && work->cancelled) throw WorkCancelled();
     if (failure) std::rethrow_exception(failure);
 }
 

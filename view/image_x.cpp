@@ -55,6 +55,27 @@ QString FirstLocalFile(const QMimeData* data) {
     return {};
 }
 
+struct FittedPlace {
+    QSize scaled, viewport;  ///< device pixels, as the two origins
+    QPoint origin;
+};
+
+double FittedScaleOf(const QSize& picture, const QSizeF& room) {
+    return std::min({1.0, room.width() / picture.width(), room.height() / picture.height()});
+}
+
+/// Where a picture lies in the fitted view.
+FittedPlace PlaceFitted(const QSize& picture, const QSizeF& room, double ratio) {
+    const double scale = FittedScaleOf(picture, room) * ratio;
+    FittedPlace at;
+    at.scaled =
+        QSize(std::max(1, RoundToEven(picture.width() * scale)), std::max(1, RoundToEven(picture.height() * scale)));
+    at.viewport =
+        QSize(RoundToEven(std::max(1.0, room.width()) * ratio), RoundToEven(std::max(1.0, room.height()) * ratio));
+    at.origin = QPoint((at.viewport.width() - at.scaled.width()) / 2, (at.viewport.height() - at.scaled.height()) / 2);
+    return at;
+}
+
 /// Whatever is offered, the file stays the user's: a source that hears "moved" may delete it.
 void AcceptCopy(QDropEvent& event) {
     event.setDropAction(Qt::CopyAction);
@@ -95,8 +116,7 @@ ImageX::~ImageX() = default;
 
 double ImageX::FittedScale() const {
     if (surface_.ImageWidth() == 0) return 1.0;
-    return std::min({1.0, static_cast<double>(width()) / surface_.ImageWidth(),
-                     static_cast<double>(height()) / surface_.ImageHeight()});
+    return FittedScaleOf({surface_.ImageWidth(), surface_.ImageHeight()}, size());
 }
 
 double ImageX::Scale() const {
@@ -184,7 +204,8 @@ void ImageX::LayOut(const QPointF& focus) {
     if (picture.isEmpty()) {
         horizontal_->hide();
         vertical_->hide();
-        view_.Invalidate();
+        fitted_.Invalidate();
+        free_.Invalidate();
         return;
     }
     const double scale = Scale() * ratio;
@@ -230,7 +251,10 @@ void ImageX::OnScrolled() {
     };
     origin_ = QPoint(place(scaled_.width(), viewport_.width(), horizontal_),
                      place(scaled_.height(), viewport_.height(), vertical_));
-    view_.Show(surface_.Picture(), scaled_, QRect(-origin_, viewport_));
+    // The fitted view is kept while another shows: the way back costs nothing, whatever the picture's size.
+    view_ = Scale() == FittedScale() ? &fitted_ : &free_;
+    if (view_ == &fitted_) free_.Invalidate();
+    view_->Show(surface_.Picture(), scaled_, QRect(-origin_, viewport_));
     update();
     ringShown_ = RingRect();  // as large as the picture's scale makes it
 }
@@ -244,14 +268,27 @@ void ImageX::ScrollBy(const QPointF& pixels) {
     vertical_->setValue(vertical_->value() + whole.y());
 }
 
+std::function<void(const QImage&)> ImageX::Preparation() {
+    prepared_ = std::make_shared<ScaledView>();
+    const double ratio = devicePixelRatioF();
+    const QSizeF room = size();
+    return [prepared = prepared_, ratio, room](const QImage& picture) {
+        if (picture.isNull()) return;
+        const FittedPlace at = PlaceFitted(picture.size(), room, ratio);
+        prepared->Show(picture, at.scaled, QRect(-at.origin, at.viewport));
+    };
+}
+
 void ImageX::OnPictureReplaced() {
     zoomKept_ = zoomAssigned_ = false;
-    view_.Invalidate();
+    fitted_ = prepared_ ? *std::exchange(prepared_, nullptr) : ScaledView();
+    free_.Invalidate();
     LayOut(QPointF(width(), height()) / 2);
 }
 
 void ImageX::OnPictureChanged(const QRect& imagePixels) {
-    const QRect device = view_.Refresh(surface_.Picture(), imagePixels).translated(origin_);
+    if (view_ != &fitted_) fitted_.Refresh(surface_.Picture(), imagePixels);
+    const QRect device = view_->Refresh(surface_.Picture(), imagePixels).translated(origin_);
     if (device.isEmpty()) return;
     const double ratio = devicePixelRatioF();
     update(QRectF(QPointF(device.topLeft()) / ratio, QSizeF(device.size()) / ratio).toAlignedRect());
@@ -264,7 +301,7 @@ QSize ImageX::sizeHint() const { return {640, 480}; }
 void ImageX::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     const QRectF picture = ImageRect();
-    const QImage& pixels = view_.Pixels();
+    const QImage& pixels = view_->Pixels();
     const bool opaque = !pixels.isNull() && !pixels.hasAlphaChannel();
     // The ground shows at the sides, and through a picture with transparency.
     QRegion ground = event->region();
@@ -287,7 +324,7 @@ void ImageX::paintEvent(QPaintEvent* event) {
     if (!pixels.isNull()) {
         QImage shown = pixels;
         shown.setDevicePixelRatio(devicePixelRatioF());
-        painter.drawImage(QPointF(origin_ + view_.Window().topLeft()) / devicePixelRatioF(), shown);
+        painter.drawImage(QPointF(origin_ + view_->Window().topLeft()) / devicePixelRatioF(), shown);
     }
     PaintLens(painter);
     PaintRing(painter);

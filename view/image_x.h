@@ -7,6 +7,8 @@
 #include <QPixmap>
 #include <QTimer>
 #include <QWidget>
+#include <functional>
+#include <memory>
 #include <optional>
 
 #include "canvas/surface.h"
@@ -39,6 +41,7 @@ class ImageX : public QWidget, public SurfaceView {
     bool ViewScrollable() const override { return viewScrollable_; }
     void SetViewScrollable(bool scrollable) override;
     void Redraw() override;
+    std::function<void(const QImage&)> Preparation() override;
     void HoldLayout(bool hold) override;
 
     /// Image pixel under a pixel of the widget (device-independent); also outside the picture.
@@ -113,7 +116,10 @@ class ImageX : public QWidget, public SurfaceView {
     const QBrush& HatchOfScreen();
 
     Surface& surface_;
-    ScaledView view_;
+    ScaledView fitted_;                     ///< the whole picture as large as it fits
+    ScaledView free_;                       ///< any other scale
+    ScaledView* view_ = &fitted_;           ///< the one that shows
+    std::shared_ptr<ScaledView> prepared_;  ///< for the next picture
     QScrollBar* horizontal_;
     QScrollBar* vertical_;
     QSize viewport_;  ///< the widget without scroll bars, device pixels

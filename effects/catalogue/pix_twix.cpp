@@ -24,6 +24,7 @@
 #include "engine/sketch.h"
 #include "engine/wind.h"
 #include "pictures/picture.h"
+#include "platform/run_beside.h"
 
 namespace kelu {
 namespace {
@@ -44,7 +45,9 @@ bool PixTwix::Render(const Renderer& renderer) {
     int reported = kDone;
     engine::Run run;
     run.threads = threads_;
-    run.progress = [this, &reported](int percent) {
+    const WorkReport work;
+    run.progress = [this, &reported, &work](int percent) {
+        if (work.Cancelled()) throw WorkCancelled();
         reported = percent;
         Q_EMIT FxProgress(percent);
     };

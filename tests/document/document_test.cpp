@@ -4,7 +4,11 @@
 
 #include <gmock/gmock.h>
 
+#include <QClipboard>
+#include <QColorSpace>
 #include <QFile>
+#include <QGuiApplication>
+#include <QMimeData>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 
@@ -29,7 +33,12 @@ struct DocumentTest : testing::Test {
     ScriptedSaveDialog saveDialog;
     QStringList pdfs, folders;
     int browses = 0;
-    Document document{surfaces, view, originalView, state};
+    bool escapes = false;  // the user leaves whatever takes long
+    Document document{
+        surfaces, view, originalView, state, SessionLog::None(), [this](const std::function<void()>& run) {
+            if (escapes) throw WorkCancelled();
+            run();
+        }};
     KeptNotes notes;
     OpenSave openSave{document,
                       state,
@@ -47,6 +56,10 @@ struct DocumentTest : testing::Test {
         const QString path = folder.filePath(name);
         EXPECT_TRUE(image.save(path));
         return path;
+    }
+    static QByteArray ReadAll(const QString& path) {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
     /// One stroke, as the painter makes it.
     void Paint() {
@@ -209,6 +222,44 @@ TEST_F(DocumentTest, AFailedSaveKeepsTheChanges) {
     EXPECT_EQ(saveDialog.shown, 2);
     EXPECT_TRUE(state.ImageDirty);
     EXPECT_TRUE(state.ImageActive);
+}
+
+TEST_F(DocumentTest, WhatIsLeftWithEscapeChangesNothingAndIsNoError) {
+    document.Open(MakePicture(40, 30), Document::Source::Browse);
+    const QString other = MakePicture(20, 10, QStringLiteral("b.png"));
+    escapes = true;
+    openSave.Drop(other);
+    EXPECT_EQ(state.CurrentFileName, "a.png");
+    EXPECT_EQ(surfaces.picCanvas.ImageWidth(), 40);
+    Paint();
+    saveDialog.names = {other, other};
+    const QByteArray before = ReadAll(other);
+    openSave.PerformSave();
+    EXPECT_EQ(ReadAll(other), before);
+    EXPECT_TRUE(state.ImageDirty);
+    EXPECT_TRUE(state.ImageActive);
+    QGuiApplication::clipboard()->clear();
+    openSave.Copy();
+    EXPECT_TRUE(QGuiApplication::clipboard()->image().isNull());
+    EXPECT_TRUE(dialog.shown.empty());
+}
+
+TEST_F(DocumentTest, CopyOffersThePictureInSeveralFormatsAndKeepsItFromLaterStrokes) {
+    document.Open(MakePicture(40, 30), Document::Source::Browse);
+    Paint();
+    const QImage copied = surfaces.picCanvas.Picture().copy();
+    openSave.Copy();
+    surfaces.picCanvas.DrawBrushLine(5, 15, 20, 15, 255);
+    const QMimeData* clipboard = QGuiApplication::clipboard()->mimeData();
+    EXPECT_EQ(QGuiApplication::clipboard()->image().convertToFormat(QImage::Format_RGB32), copied);
+    for (const char* format : {"image/png", "image/bmp", "image/tiff"}) {
+        EXPECT_TRUE(clipboard->hasFormat(format)) << format;
+        QImage pasted = QImage::fromData(clipboard->data(format));
+        pasted.setColorSpace({});
+        EXPECT_EQ(pasted.convertToFormat(QImage::Format_RGB32), copied) << format;
+    }
+    EXPECT_TRUE(clipboard->data("image/jpeg").startsWith("\xff\xd8"));
+    QGuiApplication::clipboard()->clear();
 }
 
 TEST_F(DocumentTest, UndoKeepsTheViewAndCompareIsTold) {

@@ -29,13 +29,26 @@ struct Room {
 
 // The longest matching folder decides. Tools and their like stand above everything: nobody includes them.
 const std::vector<Room> kRooms = {
-    {"platform/", 0, Core},    {"engine/", 0, None},     {"pictures/", 1, Gui},
-    {"controls/", 1, Widgets}, {"canvas/", 2, Gui},      {"document/", 3, Gui},
-    {"view/", 3, Widgets},     {"effects/", 4, Widgets}, {"effects/catalogue/", 4, Gui},
-    {"capture/", 4, Widgets},  {"output/", 4, Widgets},  {"output/pdf/", 4, Gui},
-    {"dialogs/", 5, Widgets},  {"app/", 6, Widgets},     {"cli/", 6, Widgets},
-    {"bench/", 7, Widgets},    {"fuzz/", 7, Gui},        {"help/", 7, Widgets},
+    {"platform/", 0, Core},
+    {"engine/", 0, None},
+    {"pictures/", 1, Gui},
+    {"controls/", 1, Widgets},
+    {"canvas/", 2, Gui},
+    {"document/", 3, Gui},
+    {"view/", 3, Widgets},
+    {"effects/", 4, Widgets},
+    {"effects/catalogue/", 4, Gui},
+    {"capture/", 4, Widgets},
+    {"output/", 4, Widgets},
+    {"output/pdf/", 4, Gui},
+    {"dialogs/", 5, Widgets},
+    {"app/", 6, Widgets},
+    {"cli/", 6, Widgets},
+    {"bench/", 7, Widgets},
+    {"fuzz/", 7, Gui},
+    {"help/", 7, Widgets},
     {"data/", 7, Widgets},
+    {"tests/support/", 7, Widgets},
 };
 
 using Graph = std::map<std::string, std::set<std::string>>;

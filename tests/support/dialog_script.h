@@ -54,7 +54,7 @@ class DialogScript : public QObject {
     void Look() {
         Wait();  // first: a step may bring up the next window and stay here meanwhile
         QWidget* window = QApplication::activeModalWidget();
-        if (!window || !window->isVisible()) return;
+        if (!window || !window->isVisible() || QGuiApplication::overrideCursor()) return;  // busy: takes no input
         met << QStringLiteral("%1 %2").arg(QLatin1String(window->metaObject()->className()), window->windowTitle());
         if (steps_.empty()) {
             ADD_FAILURE() << "unexpected: " << met.last().toStdString();
