@@ -183,10 +183,14 @@ TEST(Stroke, TransparentPaintReplacesOnACanvasWithAlphaAndIsLaidOverAnOpaqueOne)
         EXPECT_EQ(canvas.ColorDepth(), row.bits);
         EXPECT_EQ(canvas.Picture().pixel(20, 20), row.after) << std::hex << row.before << " " << row.paint;
         const QRgb edge = canvas.Picture().pixel(20, 25);
-        if (row.bits == 24) EXPECT_EQ(qAlpha(edge), 255);
+        if (row.bits == 24) {
+            EXPECT_EQ(qAlpha(edge), 255);
+        }
         // At the edge the colour stays and only the opacity falls: black hides in no transparent pixel.
-        if (row.after == 0) EXPECT_EQ(edge & 0xffffffu, row.before & 0xffffffu);
-        if (row.after == 0) EXPECT_NEAR(qAlpha(edge), 128, 1);
+        if (row.after == 0) {
+            EXPECT_EQ(edge & 0xffffffu, row.before & 0xffffffu);
+            EXPECT_NEAR(qAlpha(edge), 128, 1);
+        }
     }
 }
 

@@ -43,7 +43,7 @@ const std::vector<Room> kRooms = {
     {"output/pdf/", 4, Gui},
     {"dialogs/", 5, Widgets},
     {"app/", 6, Widgets},
-    {"cli/", 6, Widgets},
+    {"cli/", 6, Gui},
     {"bench/", 7, Widgets},
     {"fuzz/", 7, Gui},
     {"help/", 7, Widgets},
