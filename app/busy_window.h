@@ -20,6 +20,7 @@ class BusyWindow : public QObject {
     /// Runs `run` beside the interface thread, whose input it swallows, and returns when it has ended. Throws what
     /// `run` does, and WorkCancelled after Escape.
     void Run(const std::function<void()>& run);
+    bool Busy() const { return work_ != nullptr; }
 
  private:
     void Show();

@@ -253,7 +253,7 @@ void frmMain::EndSplash() {
 }
 
 void frmMain::TakePicture(const QString& path) {
-    if (!isEnabled() || QApplication::activeModalWidget())
+    if (!isEnabled() || busy_.Busy() || QApplication::activeModalWidget())
         QTimer::singleShot(kShutTime, this, [this, path] { TakePicture(path); });
     else
         OpenPicture(path);

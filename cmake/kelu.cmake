@@ -76,10 +76,15 @@ function(kelu_library name)
   endif()
 endfunction()
 
-# kelu_test(document SOURCES a_test.cpp ... LINKS libs... [NO_QT] [TIMEOUT s]) makes the test program of one folder.
+# kelu_test(document SOURCES a_test.cpp ... LINKS libs... [NO_QT] [ALONE] [TIMEOUT s]) makes the test program of one
+# folder; ALONE: nothing else runs beside it.
 # Qt tests run on the offscreen platform; a hanging dialog ends by the time limit.
 function(kelu_test name)
-  cmake_parse_arguments(ARG "NO_QT" "TIMEOUT" "SOURCES;LINKS" ${ARGN})
+  cmake_parse_arguments(ARG "NO_QT;ALONE" "TIMEOUT" "SOURCES;LINKS" ${ARGN})
+  set(alone OFF)
+  if(ARG_ALONE)
+    set(alone ON)
+  endif()
   if(NOT ARG_TIMEOUT)
     set(ARG_TIMEOUT 120)
   endif()
@@ -93,5 +98,5 @@ function(kelu_test name)
     kelu_use_pch(test_${name} Widgets)
   endif()
   gtest_discover_tests(test_${name} TEST_PREFIX "${name}." DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
-    PROPERTIES TIMEOUT ${ARG_TIMEOUT} ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+    PROPERTIES TIMEOUT ${ARG_TIMEOUT} RUN_SERIAL ${alone} ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
 endfunction()
