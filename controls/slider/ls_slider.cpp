@@ -5,6 +5,7 @@
 #include <QMessageBox>
 #include <QMouseEvent>
 #include <QPainter>
+#include <algorithm>
 #include <cmath>
 
 #include "controls/property_bag/property_bag.h"
@@ -17,6 +18,8 @@ namespace kelu {
 namespace {
 
 using slider::Direction;
+
+constexpr int kWheelTipTime = 1000;  // ms
 
 [[noreturn]] void RefuseProperty(const char* property) {
     throw Error(kInvalidProperty, QStringLiteral("Invalid property value"), QString::fromLatin1(property));
@@ -51,10 +54,16 @@ LsSlider::LsSlider(QWidget* parent) : QWidget(parent) {
     UseAccessibleValue<LsSlider, QAccessible::Slider>();
     setFocusPolicy(Qt::NoFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
+    wheelTip_.setSingleShot(true);
+    wheelTip_.setInterval(kWheelTipTime);
+    connect(&wheelTip_, &QTimer::timeout, this, [] { frmValueTip::Unload(); });
     ResetThumb();
 }
 
-LsSlider::~LsSlider() { EndDrag(); }
+LsSlider::~LsSlider() {
+    EndDrag();
+    EndWheelTip();
+}
 
 void LsSlider::SetMin(int min) {
     if (min >= range_.max) RefuseProperty("Min");
@@ -223,6 +232,7 @@ void LsSlider::resizeEvent(QResizeEvent*) { FitAndPlace(); }
 void LsSlider::hideEvent(QHideEvent* event) {
     // A window that goes away under the pointer gets no release.
     EndDrag();
+    EndWheelTip();
     QWidget::hideEvent(event);
 }
 
@@ -239,6 +249,7 @@ bool LsSlider::eventFilter(QObject* watched, QEvent* event) {
 
 void LsSlider::mousePressEvent(QMouseEvent* event) {
     if (!enabled_ || event->button() != Qt::LeftButton) return;
+    EndWheelTip();
     dragging_ = true;
     window()->installEventFilter(this);
     const QPointF pointer = event->position();
@@ -281,6 +292,30 @@ void LsSlider::EndDrag() {
     if (!dragging_) return;
     dragging_ = false;
     window()->removeEventFilter(this);
+    frmValueTip::Unload();
+}
+
+void LsSlider::wheelEvent(QWheelEvent* event) {
+    event->accept();
+    if (!enabled_ || dragging_) return;
+    wheelTurn_ += event->angleDelta().y();
+    const int steps = wheelTurn_ / QWheelEvent::DefaultDeltasPerStep;
+    wheelTurn_ -= steps * QWheelEvent::DefaultDeltasPerStep;
+    if (steps == 0) return;
+    SetValue(std::clamp(value_ + steps, range_.min, range_.max));
+    if (!showValueTip_) return;
+    ShowTip();
+    wheelTip_.start();
+}
+
+void LsSlider::leaveEvent(QEvent* event) {
+    EndWheelTip();
+    QWidget::leaveEvent(event);
+}
+
+void LsSlider::EndWheelTip() {
+    if (!wheelTip_.isActive()) return;
+    wheelTip_.stop();
     frmValueTip::Unload();
 }
 

@@ -1,10 +1,12 @@
 // The program's slider: a rail, a thumb that is a picture, an integer range, and a tip that shows the value beside the
-// thumb while it is dragged. By mouse only; assistive technology reads and sets the value through its own road.
+// thumb while it is dragged or the wheel turns it. By mouse only; assistive technology reads and sets the value through
+// its own road.
 // SPDX-License-Identifier: MIT
 #pragma once
 
 #include <QPixmap>
 #include <QPointer>
+#include <QTimer>
 #include <QWidget>
 
 #include "controls/slider/slider_geometry.h"
@@ -101,6 +103,9 @@ class LsSlider : public QWidget, public AccessibleValue {
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    /// A notch is one step of the value, away from the user upwards.
+    void wheelEvent(QWheelEvent* event) override;
+    void leaveEvent(QEvent* event) override;
 
  private:
     slider::Parts Parts() const;
@@ -111,6 +116,7 @@ class LsSlider : public QWidget, public AccessibleValue {
     void MoveThumbTo(const QPointF& pointer);
     void ShowTip();
     void EndDrag();
+    void EndWheelTip();
 
     slider::Direction direction_ = slider::Direction::kVertical;
     slider::Range range_;
@@ -127,6 +133,8 @@ class LsSlider : public QWidget, public AccessibleValue {
     QRect railRect_;
     bool dragging_ = false;
     QPointF grab_;
+    int wheelTurn_ = 0;  ///< less than a notch, left from turning
+    QTimer wheelTip_;    ///< runs while the tip tells what the wheel has set
 };
 
 }  // namespace kelu

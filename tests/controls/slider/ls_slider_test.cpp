@@ -192,6 +192,25 @@ TEST_F(SliderTest, TipLivesBetweenPressAndRelease) {
     }
 }
 
+TEST_F(SliderTest, TheWheelMovesByOneStepANotch) {
+    const auto turn = [this](int eighths) {
+        QWheelEvent event({5, 5}, slider_->mapToGlobal(QPointF(5, 5)), {}, {0, eighths}, Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(slider_, &event);
+        return slider_->Value();
+    };
+    EXPECT_EQ(turn(120), 1);
+    ASSERT_NE(Tip(), nullptr);
+    EXPECT_EQ(Tip()->Text(), "1");
+    EXPECT_EQ(turn(60), 1) << "half a notch";
+    EXPECT_EQ(turn(60), 2);
+    EXPECT_EQ(turn(-3 * 120), 0) << "not below the least";
+    EXPECT_EQ(turn(40 * 120), 10);
+    EXPECT_TRUE(QTest::qWaitFor([] { return !Tip(); }, 3000)) << "the tip goes by itself";
+    slider_->SetEnabled(false);
+    EXPECT_EQ(turn(-120), 10);
+}
+
 TEST_F(SliderTest, PicturesDecideTheSize) {
     QPixmap rail(90, 24);
     rail.fill(Qt::red);
