@@ -38,6 +38,7 @@ namespace {
 
 constexpr int kSplashTime = 3500;  // ms
 constexpr int kSettingsTime = 2;   // ms
+constexpr int kSoftStep = 10;      // percent
 constexpr int kShutTime = 200;     // ms between two looks at whether the window is free
 
 /// A file or folder that lies beside the executable: data, Gallery, help.
@@ -139,11 +140,19 @@ void frmMain::Connect() {
     connect(&document_, &Document::Opened, this, [this] {
         IdleMemory::Release();
         controls.picZoomContainer->show();
-        painter_.ShowBrushTip();
+        painter_.PictureOpened();
     });
     connect(&history_, &History::OriginalShown, this, [this](bool shown) {
-        controls.picCanvas->setVisible(!shown);
-        controls.picOriginal->setVisible(shown);
+        ImageX& comes = shown ? *controls.picOriginal : *controls.picCanvas;
+        ImageX& goes = shown ? *controls.picCanvas : *controls.picOriginal;
+        comes.show();
+        // The keys stay with the picture, and one that is held does not wander off.
+        if (goes.hasFocus()) comes.setFocus();
+        goes.hide();
+    });
+    connect(&keys_, &CommandKeys::LetGo, this, [this] { history_.HoldOriginal(false); });
+    connect(&keys_, &CommandKeys::ModifiersHeld, this, [this](Qt::KeyboardModifiers modifiers) {
+        if (QGuiApplication::mouseButtons() == Qt::NoButton) painter_.Hover(modifiers);
     });
 
     connect(controls.selectors, &EffectSelectors::EffectChosen, controls.pnlSettings, &EffectPanel::SetUp);
@@ -315,10 +324,37 @@ void frmMain::Run(Command command) {
         case Command::Apply:
             application_.ApplyClick();
             break;
+        case Command::PaintAll:
+            PaintEverywhere(Painter::Paint::Render);
+            break;
+        case Command::RestoreAll:
+            PaintEverywhere(Painter::Paint::Original);
+            break;
+        case Command::BrushSmaller:
+        case Command::BrushLarger:
+            StepBrush(command == Command::BrushLarger ? 1 : -1);
+            break;
+        case Command::EdgeHarder:
+        case Command::EdgeSofter:
+            painter_.SetSoftness(painter_.Softness() + (command == Command::EdgeSofter ? kSoftStep : -kSoftStep));
+            break;
+        case Command::Compare:
+            history_.HoldOriginal(true);
+            break;
         case Command::ChooseEffect:  // these two need to be told which
         case Command::Drop:
             break;
     }
+}
+
+void frmMain::PaintEverywhere(Painter::Paint paint) {
+    painter_.PaintEverywhere(paint);
+    TellStaleRender();
+}
+
+void frmMain::StepBrush(int direction) {
+    LsSlider& slider = *controls.pnlSettings->sldBrushSize;
+    slider.SetValue(SteppedBrushSize(slider.Value(), direction));
 }
 
 void frmMain::ShowBrowse() {
@@ -376,6 +412,8 @@ void frmMain::keyPressEvent(QKeyEvent* event) {
     const bool ends = key == Qt::Key_Escape || key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter;
     if (ends && tmrSplash_.isActive())
         EndSplash();
+    else if (const std::optional<Command> command = keys_.Pressed(*event))
+        Run(*command);
     else
         QWidget::keyPressEvent(event);
 }

@@ -97,6 +97,8 @@ class frmMain : public QWidget {
     /// Once for each change: the brush still paints what was rendered before it.
     void TellStaleRender();
 
+    void PaintEverywhere(Painter::Paint paint);
+    void StepBrush(int direction);
     void ShowBrowse();
     void ShowOptions();
     void PrintImage();

@@ -8,20 +8,10 @@ namespace kelu {
 
 namespace {
 
-struct OtherCommand {
-    Command command;
-    unsigned needs;
-};
-constexpr OtherCommand kOtherCommands[] = {
-    {Command::Apply, kPicture | kEffect},
-    {Command::ChooseEffect, kNoCapture | kPicture},
-    {Command::Drop, kNoCapture},
-};
-
 unsigned NeedsOf(Command command) {
     for (const CommandRow& row : kCommands)
         if (row.command == command) return row.needs;
-    for (const OtherCommand& row : kOtherCommands)
+    for (const OtherCommandRow& row : kOtherCommands)
         if (row.command == command) return row.needs;
     return kNothing;
 }
@@ -33,12 +23,16 @@ QString KeyText(const CommandKey& key) {
     return QKeySequence(key.modifiers.value_or(Qt::NoModifier) | key.key).toString(QKeySequence::NativeText);
 }
 
-std::optional<Command> CommandOfKey(int key, Qt::KeyboardModifiers modifiers) {
+std::optional<Command> CommandOfKey(int key, Qt::KeyboardModifiers modifiers, KeyActs acts, bool used) {
     // Keys of the number pad carry a flag of their own that is no shift state.
     const Qt::KeyboardModifiers held = modifiers & ~Qt::KeypadModifier;
+    const auto is = [&](const CommandKey& row) {
+        return key != Qt::Key_unknown && row.key == key && row.acts == acts && held == row.modifiers.value_or(held);
+    };
     for (const CommandRow& row : kCommands)
-        if (row.key.key == key && key != Qt::Key_unknown && (!row.key.modifiers || held == *row.key.modifiers))
-            return row.command;
+        if (is(row.key)) return row.command;
+    for (const OtherCommandRow& row : kOtherCommands)
+        if (!used && (is(row.keys[0]) || is(row.keys[1]))) return row.command;
     return std::nullopt;
 }
 

@@ -4,6 +4,8 @@
 #pragma once
 
 #include <QString>
+#include <array>
+#include <cstdint>
 #include <optional>
 
 #include "document/shared_state.h"
@@ -31,13 +33,28 @@ enum class Command {
     // Without a button among those of the window's strips.
     Apply,
     ChooseEffect,
+    PaintAll,    ///< the whole render on the picture
+    RestoreAll,  ///< the whole original
+    BrushSmaller,
+    BrushLarger,
+    EdgeHarder,
+    EdgeSofter,
+    Compare,  ///< the original, as long as the key is held
     Drop,
 };
 
-/// A key, heard when it is released under exactly these modifiers; without modifiers named, under any.
+/// When a key does its work.
+enum class KeyActs : std::uint8_t {
+    AtRelease,
+    AtPress,    ///< and again while it repeats
+    WhileHeld,  ///< from the press to the release
+};
+
+/// A key under exactly these modifiers; without modifiers named, under any.
 struct CommandKey {
     Qt::Key key = Qt::Key_unknown;
-    std::optional<Qt::KeyboardModifier> modifiers = {};
+    std::optional<Qt::KeyboardModifiers> modifiers = {};
+    KeyActs acts = KeyActs::AtRelease;
 };
 
 /// What must hold before a command may be used; several joined by |.
@@ -78,10 +95,38 @@ inline constexpr CommandRow kCommands[] = {
     {Command::Close, "cmdX", "Close", "close", {Qt::Key_F4, Qt::AltModifier}, kNothing},
 };
 
+/// A command without such a button. Its keys are heard where no control has a use of its own for them.
+struct OtherCommandRow {
+    Command command;
+    unsigned needs;
+    std::array<CommandKey, 2> keys;
+};
+
+inline constexpr OtherCommandRow kOtherCommands[] = {
+    {Command::Apply, kPicture | kEffect, {}},
+    {Command::ChooseEffect, kNoCapture | kPicture, {}},
+    {Command::PaintAll, kNoCapture, {{{Qt::Key_A, Qt::ControlModifier}}}},
+    {Command::RestoreAll, kNoCapture, {{{Qt::Key_A, Qt::ControlModifier | Qt::ShiftModifier}}}},
+    {Command::BrushSmaller, kNothing, {{{Qt::Key_BracketLeft, Qt::NoModifier, KeyActs::AtPress}}}},
+    {Command::BrushLarger, kNothing, {{{Qt::Key_BracketRight, Qt::NoModifier, KeyActs::AtPress}}}},
+    // With Shift most keyboards give a brace.
+    {Command::EdgeHarder,
+     kNothing,
+     {{{Qt::Key_BraceLeft, {}, KeyActs::AtPress}, {Qt::Key_BracketLeft, Qt::ShiftModifier, KeyActs::AtPress}}}},
+    {Command::EdgeSofter,
+     kNothing,
+     {{{Qt::Key_BraceRight, {}, KeyActs::AtPress}, {Qt::Key_BracketRight, Qt::ShiftModifier, KeyActs::AtPress}}}},
+    {Command::Compare,
+     kNoCapture | kChanges,
+     {{{Qt::Key_Backslash, {}, KeyActs::WhileHeld}, {Qt::Key_O, Qt::NoModifier, KeyActs::WhileHeld}}}},
+    {Command::Drop, kNoCapture, {}},
+};
+
 /// "Ctrl+S", as the desktop writes it; empty without a key.
 QString KeyText(const CommandKey& key);
-/// The command of a key that was released.
-std::optional<Command> CommandOfKey(int key, Qt::KeyboardModifiers modifiers);
+/// The command of a key that does its work so. `used`: a control had a use of its own for the press.
+std::optional<Command> CommandOfKey(int key, Qt::KeyboardModifiers modifiers, KeyActs acts = KeyActs::AtRelease,
+                                    bool used = false);
 
 /// Why a command may not be used now.
 enum class Obstacle {

@@ -23,7 +23,14 @@ void History::ToggleOriginal() {
     if (Enabled(Command::Original, state_)) SetOriginalShown(!state_.ShowingOriginal);
 }
 
+void History::HoldOriginal(bool held) {
+    if (held == held_ || (held && (state_.ShowingOriginal || !Enabled(Command::Compare, state_)))) return;
+    held_ = held;
+    SetOriginalShown(held);
+}
+
 void History::SetOriginalShown(bool shown) {
+    if (!shown) held_ = false;
     if (shown == state_.ShowingOriginal) return;
     state_.ShowingOriginal = shown;
     Q_EMIT OriginalShown(shown);

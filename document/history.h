@@ -27,9 +27,10 @@ class History : public QObject {
     void PerformRedo() { Perform(Command::Redo, &Surface::Redo, &SessionLog::Redone); }
 
     /// Swaps canvas and original on the screen. Needs a changed picture, but for the way back from one that was
-    /// opened meanwhile. A note
-    /// tells as long as the original shows.
+    /// opened meanwhile. A note tells as long as the original shows.
     void ToggleOriginal();
+    /// The original shows while it is held, as far as it may be shown.
+    void HoldOriginal(bool held);
     /// Back to the canvas, whatever the picture's state.
     void ShowCanvas() { SetOriginalShown(false); }
 
@@ -41,6 +42,7 @@ class History : public QObject {
     void Perform(Command command, void (Surface::*step)(), void (SessionLog::*done)());
     void SetOriginalShown(bool shown);
 
+    bool held_ = false;
     Surface& canvas_;
     SurfaceView& canvasView_;
     SharedState& state_;

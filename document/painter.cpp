@@ -2,6 +2,7 @@
 #include "document/painter.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "document/commands.h"
@@ -11,6 +12,12 @@ namespace kelu {
 namespace {
 constexpr int kFullStrength = 255;
 }  // namespace
+
+int SteppedBrushSize(int size, int direction) {
+    // Down by an eleventh undoes a tenth up.
+    const double step = direction > 0 ? size / 10.0 : -size / 11.0;
+    return std::clamp(size + direction * std::max(1, qRound(std::abs(step))), kSmallestBrush, kLargestBrush);
+}
 
 Painter::Painter(Document& document, SurfaceView& canvasView, SharedState& state, const Settings& settings,
                  Notes& notes, BrushCursors cursors, std::function<int()> brushSize, SessionLog& log)
@@ -34,6 +41,11 @@ void Painter::SetUpBrush() {
     ShowBrushTip();
 }
 
+void Painter::PictureOpened() {
+    strokeEnd_.reset();
+    ShowBrushTip();
+}
+
 void Painter::ShowBrushTip() {
     BrushTip tip;
     if (CanPaint(hovering_)) {
@@ -52,8 +64,11 @@ bool Painter::CanPaint(Paint paint) const {
            document_.Canvas().Picture().constBits() != document_.Original().Picture().constBits();
 }
 
+int Painter::PressedSize() const { return std::max(1, qRound(size_ * pressure_)); }
+
 void Painter::TakeBrush(Paint paint) {
-    const int size = brushSize_();
+    size_ = brushSize_();
+    const int size = PressedSize();
     taken_ = paint;
     document_.Canvas().SelectBrush(paint == Paint::Render ? render_ : document_.Original().MakeBrush(size));
     document_.Canvas().SetBrushSize(size);
@@ -99,13 +114,23 @@ void Painter::TellWhatIsMissing(Paint paint) {
 }
 
 void Painter::Move(Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers, const QPoint& imagePixel) {
-    if (buttons == Qt::NoButton) {
-        const Paint paint = modifiers & Qt::ControlModifier ? Paint::Original : Paint::Render;
-        if (paint != std::exchange(hovering_, paint)) ShowBrushTip();
-    }
+    if (buttons == Qt::NoButton) Hover(modifiers);
     if (!CanPaint(taken_)) return;
     if (buttons == Qt::LeftButton) Segment(lastBrush_, imagePixel);
     lastBrush_ = imagePixel;
+}
+
+void Painter::Hover(Qt::KeyboardModifiers modifiers) {
+    const Paint paint = modifiers & Qt::ControlModifier ? Paint::Original : Paint::Render;
+    if (paint != std::exchange(hovering_, paint)) ShowBrushTip();
+}
+
+void Painter::SetPressure(double share) {
+    pressure_ = std::clamp(share, 0.0, 1.0);
+    const BrushHandle& brush = document_.Canvas().Brush();
+    if (size_ == 0 || brush.paint.isNull() || brush.size == PressedSize()) return;
+    document_.Canvas().SetBrushSize(PressedSize());
+    LogBrush();
 }
 
 void Painter::SetSoftness(int percent) {
@@ -116,9 +141,12 @@ void Painter::SetSoftness(int percent) {
 }
 
 void Painter::PaintEverywhere(Paint paint) {
-    if (!CanPaint(paint)) return;
+    if (!Enabled(paint == Paint::Render ? Command::PaintAll : Command::RestoreAll, state_)) return;
+    if (!CanPaint(paint)) return TellWhatIsMissing(paint);
     TakeBrush(paint);
+    const QImage before = document_.Canvas().Picture();
     document_.Canvas().PaintAll();
+    if (document_.Canvas().Picture().constBits() == before.constBits()) return;
     log_.AllPainted();
     state_.ImageDirty = true;
 }

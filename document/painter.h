@@ -32,6 +32,11 @@ struct BrushCursors {
     }
 };
 
+inline constexpr int kSmallestBrush = 1;
+inline constexpr int kLargestBrush = 100;
+/// The size one step larger (`direction` 1) or smaller (-1), about a tenth, so that all steps feel alike.
+int SteppedBrushSize(int size, int direction);
+
 class Painter {
     Q_DECLARE_TR_FUNCTIONS(Painter)
 
@@ -45,6 +50,8 @@ class Painter {
     void SetUpBrush();
     /// The brush shows round the pointer while painting is on, with the render under it.
     void ShowBrushTip();
+    /// Another picture is in the document: no straight line goes on from the last one's strokes.
+    void PictureOpened();
 
     /// Any mouse button was pressed on the canvas: one undo level, nothing painted. With Ctrl the strokes that follow
     /// bring the original back, which needs no render; with Shift a straight line is drawn from the end of the last
@@ -53,16 +60,22 @@ class Painter {
     /// The pointer moved over the canvas; with the left button alone one segment is painted.
     void Move(Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers, const QPoint& imagePixel);
 
+    /// What is held while no button is: with Ctrl the ring shows that a press would bring the original back.
+    void Hover(Qt::KeyboardModifiers modifiers);
+    /// The share of the brush's size that a pen's pressure leaves, 0 to 1; 1 at first and for everything but a pen.
+    void SetPressure(double share);
+
     /// 0: a hard edge, to 100.
     int Softness() const { return softness_; }
     void SetSoftness(int percent);
 
     enum class Paint { Render, Original };
-    /// Lays the paint on the whole picture as one undo level.
+    /// Lays the paint on the whole picture as one undo level; where that changes nothing there is none.
     void PaintEverywhere(Paint paint);
 
  private:
     bool CanPaint(Paint paint) const;
+    int PressedSize() const;
     void TakeBrush(Paint paint);
     void LogBrush();
     void Segment(const QPoint& from, const QPoint& to);
@@ -80,6 +93,8 @@ class Painter {
     Paint taken_ = Paint::Render;     ///< what the canvas's brush paints now
     Paint hovering_ = Paint::Render;  ///< what a press would paint
     int softness_ = 0;
+    int size_ = 0;                     ///< of the brush that was taken, under full pressure
+    double pressure_ = 1;              ///< share of it
     QPoint lastBrush_;                 ///< image pixels, where the pointer was last
     std::optional<QPoint> strokeEnd_;  ///< image pixels, the end of the last segment painted
 };

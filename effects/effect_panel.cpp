@@ -13,6 +13,7 @@
 #include "controls/theme/theme.h"
 #include "controls/tool_button/tool_button.h"
 #include "controls/toolbox/toolbox.h"
+#include "document/painter.h"
 #include "effects/catalogue/catalogue.h"
 #include "effects/coordinate_box.h"
 #include "effects/panel_label.h"
@@ -23,8 +24,6 @@ namespace {
 
 constexpr QSize kPanelTwips{1935, 3135};
 constexpr int kRailPixels = 1755 / kTwipsPerPixel - 4;  // the rail's picture fixes the slider's length, 4 more
-constexpr int kBrushMin = 1;
-constexpr int kBrushMax = 100;
 constexpr int kBrushStart = 50;
 constexpr int kGapAboveApply = 6;  // pixels
 
@@ -115,8 +114,8 @@ EffectPanel::EffectPanel(SharedState& state, QWidget* parent)
     txtXCoord->setAccessibleName(QStringLiteral("X coordinate"));
     txtYCoord->setAccessibleName(QStringLiteral("Y coordinate"));
 
-    sldBrushSize->SetMax(kBrushMax);
-    sldBrushSize->SetMin(kBrushMin);
+    sldBrushSize->SetMax(kLargestBrush);
+    sldBrushSize->SetMin(kSmallestBrush);
     sldBrushSize->SetValue(kBrushStart);
     Describe(*sldBrushSize, lblBS->text());
 

@@ -104,6 +104,8 @@ void ListEx::keyPressEvent(QKeyEvent* event) {
         Q_EMIT SelectionChanged();
         return;
     }
+    // One row is chosen at a time: the key for all is left to the window.
+    if (event->matches(QKeySequence::SelectAll)) return event->ignore();
     QListView::keyPressEvent(event);
 }
 

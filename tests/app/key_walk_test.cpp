@@ -55,6 +55,7 @@ INSTANTIATE_TEST_SUITE_P(
         KeyRow{Qt::Key_Z, "Z", false, kExactlyCtrl, kNotCtrl}, KeyRow{Qt::Key_Y, "Y", false, kExactlyCtrl, kNotCtrl},
         KeyRow{Qt::Key_O, "O", true, kExactlyCtrl, kNotCtrl}, KeyRow{Qt::Key_S, "S", false, kExactlyCtrl, kNotCtrl},
         KeyRow{Qt::Key_C, "C", false, kExactlyCtrl, kNotCtrl}, KeyRow{Qt::Key_P, "P", true, kExactlyCtrl, kNotCtrl},
+        KeyRow{Qt::Key_A, "A", false, {kCtrl, kCtrl | kShift}, {kNone, kShift, kAlt, kMeta, kCtrl | kAlt}},
         KeyRow{Qt::Key_F4, "F4", false, {kAlt}, {kNone, kShift, kCtrl, kAlt | kShift, kAlt | kCtrl}},
         KeyRow{Qt::Key_F1, "F1", false, kAnyState, {}}, KeyRow{Qt::Key_F8, "F8", false, kAnyState, {}}));
 
@@ -119,6 +120,45 @@ TEST_F(KeyWalk, APressActsOnceAtItsReleaseUnderItsOwnModifiers) {
         QTest::keyRelease(&canvas, Qt::Key_Z, kCtrl);  // a release that belongs to another window's press
         EXPECT_EQ(Canvas(), row.acts ? before : painted) << row.what;
         if (!row.acts) window.Run(Command::Undo);
+    }
+}
+
+TEST_F(KeyWalk, TheBrushIsSetByKeysThatRepeatAndTheOriginalShowsWhileItsKeyIsHeld) {
+    OpenPhoto();
+    Arm(kGrayscale, 50);
+    const struct {
+        Qt::Key key;
+        Qt::KeyboardModifiers modifiers;
+        int size, softness;  // afterwards
+    } rows[] = {{Qt::Key_BracketRight, kNone, 55, 0}, {Qt::Key_BracketLeft, kNone, 50, 0},
+                {Qt::Key_BraceRight, kShift, 50, 10}, {Qt::Key_BracketRight, kShift, 50, 20},
+                {Qt::Key_BraceLeft, kNone, 50, 10},   {Qt::Key_BracketLeft, kShift, 50, 0},
+                {Qt::Key_BracketRight, kCtrl, 50, 0}};
+    for (const auto& row : rows) {
+        QTest::keyClick(&canvas, row.key, row.modifiers);
+        EXPECT_EQ(panel.sldBrushSize->Value(), row.size);
+        EXPECT_EQ(window.surfaces.picCanvas.Brush().size, row.size);
+        EXPECT_EQ(window.surfaces.picCanvas.Brush().softness, row.softness);
+    }
+    for (const Qt::Key key : {Qt::Key_BracketLeft, Qt::Key_BracketRight})
+        for (int i = 0; i < 60; ++i) {
+            QKeyEvent repeat(QEvent::KeyPress, key, kNone, QString(), /*autorep=*/true);
+            QCoreApplication::sendEvent(&canvas, &repeat);
+        }
+    EXPECT_EQ(panel.sldBrushSize->Value(), 100) << "by way of 1";
+
+    QTest::keyPress(&canvas, Qt::Key_O);
+    EXPECT_FALSE(state.ShowingOriginal) << "nothing is painted";
+    QTest::keyRelease(&canvas, Qt::Key_O);
+    Stroke({{50, 50}, {90, 90}});
+    for (const Qt::Key key : {Qt::Key_O, Qt::Key_Backslash}) {
+        canvas.setFocus();
+        QTest::keyPress(&canvas, key);
+        EXPECT_TRUE(state.ShowingOriginal && window.controls.picOriginal->hasFocus());
+        QTest::keyPress(QApplication::focusWidget(), Qt::Key_BracketLeft);
+        EXPECT_TRUE(state.ShowingOriginal);
+        QTest::keyRelease(QApplication::focusWidget(), key);
+        EXPECT_TRUE(!state.ShowingOriginal && canvas.hasFocus());
     }
 }
 

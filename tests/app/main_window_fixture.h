@@ -127,8 +127,9 @@ class MainWindowFixture : public testing::Test {
         const double scale = shown.width() / window.surfaces.picCanvas.ImageWidth();
         return QPointF(shown.left() + (x + 0.5) * scale, shown.top() + (y + 0.5) * scale).toPoint();
     }
-    void StrokeWidget(const std::vector<QPoint>& points, Qt::MouseButton button = Qt::LeftButton) {
-        QTest::mousePress(&canvas, button, {}, points.front());
+    void StrokeWidget(const std::vector<QPoint>& points, Qt::MouseButton button = Qt::LeftButton,
+                      Qt::KeyboardModifiers modifiers = {}) {
+        QTest::mousePress(&canvas, button, modifiers, points.front());
         for (const QPoint& point : points) QTest::mouseMove(&canvas, point);
         QTest::mouseRelease(&canvas, button, {}, points.back());
     }

@@ -48,7 +48,9 @@ struct Monkey : MainWindowFixture, testing::WithParamInterface<unsigned> {
                                            Qt::MiddleButton};
         std::vector<QPoint> points(static_cast<std::size_t>(1 + Below(6)));
         for (QPoint& point : points) point = Somewhere(canvas);
-        StrokeWidget(points, buttons[Below(5)]);
+        const Qt::KeyboardModifiers modifiers[] = {Qt::NoModifier, Qt::NoModifier, Qt::ControlModifier,
+                                                   Qt::ShiftModifier};
+        StrokeWidget(points, buttons[Below(5)], modifiers[Below(4)]);
     }
     void Wheel() {
         QWheelEvent event(Somewhere(canvas), {}, {}, {0, 120 * (Below(7) - 3)}, Qt::NoButton,
@@ -78,6 +80,18 @@ struct Monkey : MainWindowFixture, testing::WithParamInterface<unsigned> {
         const Qt::Key keys[] = {Qt::Key_Z, Qt::Key_Y,     Qt::Key_S,     Qt::Key_Space, Qt::Key_PageDown,
                                 Qt::Key_A, Qt::Key_Right, Qt::Key_Enter, Qt::Key_Tab,   Qt::Key_Escape};
         QTest::keyClick(&canvas, keys[Below(10)], Sometimes() ? Qt::ShiftModifier : Qt::NoModifier);
+    }
+    void BrushKey() {
+        const Qt::Key keys[] = {Qt::Key_BracketLeft, Qt::Key_BracketRight, Qt::Key_BraceLeft, Qt::Key_BraceRight};
+        QTest::keyClick(QApplication::focusWidget(), keys[Below(4)]);
+    }
+    void PaintAll() { Key(Qt::Key_A, Sometimes() ? Qt::ControlModifier | Qt::ShiftModifier : Qt::ControlModifier); }
+    void Hold() {
+        const Qt::Key key = Sometimes() ? Qt::Key_O : Qt::Key_Backslash;
+        QTest::keyPress(&window, key);
+        if (Sometimes()) Paint();
+        if (Sometimes()) Click(Command::Original);
+        QTest::keyRelease(&window, key);
     }
     void AskToLeave() {
         if (!state.ImageDirty) return;
@@ -157,6 +171,9 @@ TEST_P(Monkey, BreaksNothing) {
          }},
         {"brush", [this] { panel.sldBrushSize->SetValue(1 + Below(100)); }},
         {"key", [this] { AnyKey(); }},
+        {"brush key", [this] { BrushKey(); }},
+        {"all", [this] { PaintAll(); }},
+        {"hold", [this] { Hold(); }},
         {"leave", [this] { AskToLeave(); }},
         {"maximise",
          [this] {

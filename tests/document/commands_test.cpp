@@ -32,13 +32,15 @@ TEST(Commands, WhatIsInTheWay) {
         for (const Command command : commands) refused[command] = obstacle;
         return refused;
     };
-    const auto onPicture = {Save, Email, Print, Copy, Original, Apply, ZoomIn, ZoomOut, ZoomReset, ChooseEffect};
+    const auto onPicture = {Save,   Email,   Print,     Copy,         Original, Apply,
+                            ZoomIn, ZoomOut, ZoomReset, ChooseEffect, Compare};
     const auto without = [](std::map<Command, Obstacle> refused, std::initializer_list<Command> commands) {
         for (const Command command : commands) refused.erase(command);
         return refused;
     };
-    auto capturing = all({Open, Save, Email, Print, Undo, Redo, Original, ChooseEffect, Drop}, Capture);
-    auto opened = all({Save, Original}, NoChanges);
+    auto capturing = all(
+        {Open, Save, Email, Print, Undo, Redo, Original, ChooseEffect, Drop, PaintAll, RestoreAll, Compare}, Capture);
+    auto opened = all({Save, Original, Compare}, NoChanges);
     opened[Apply] = NoEffect;
     const Row rows[] = {
         {"nothing open", state(false, false, "", 0, false), all(onPicture, NoPicture)},
@@ -47,7 +49,7 @@ TEST(Commands, WhatIsInTheWay) {
         {"painted", state(true, true, "a.png", 1, false), {}},
         {"saved", state(false, false, "a.png", 48, false), all(onPicture, Saved)},
         {"saved and painted on", state(false, true, "a.png", 48, false),
-         without(all(onPicture, Saved), {Save, Original})},
+         without(all(onPicture, Saved), {Save, Original, Compare})},
         {"capturing", state(true, true, "a.png", 1, true), capturing},
     };
     for (const Row& row : rows)
@@ -62,10 +64,14 @@ TEST(Commands, WhatIsInTheWay) {
 
 TEST(Commands, NoTwoShareAKey) {
     std::set<std::pair<int, int>> keys;
-    for (const CommandRow& row : kCommands) {
-        if (row.key.key == Qt::Key_unknown) continue;
-        EXPECT_TRUE(keys.emplace(row.key.key, row.key.modifiers.value_or(Qt::NoModifier)).second) << row.name;
-    }
+    const auto add = [&keys](const CommandKey& key, Command command) {
+        if (key.key == Qt::Key_unknown) return;
+        EXPECT_TRUE(keys.emplace(key.key, key.modifiers.value_or(Qt::NoModifier)).second)
+            << "command " << static_cast<int>(command);
+    };
+    for (const CommandRow& row : kCommands) add(row.key, row.command);
+    for (const OtherCommandRow& row : kOtherCommands)
+        for (const CommandKey& key : row.keys) add(key, row.command);
     EXPECT_EQ(CommandOfKey(Qt::Key_unknown, Qt::NoModifier), std::nullopt) << "media keys and the like";
 }
 
