@@ -9,6 +9,7 @@
 #include <algorithm>
 
 #include "controls/theme/theme.h"
+#include "platform/language.h"
 
 namespace kelu {
 namespace {
@@ -23,7 +24,7 @@ HelpBrowser::HelpBrowser(const QString& folder, QWidget* parent)
     : QTextBrowser(parent), folder_(folder), pages_(folder) {
     setOpenExternalLinks(true);
     setFrameShape(QFrame::NoFrame);
-    setAccessibleName(QStringLiteral("Help page"));
+    setAccessibleName(tr("Help page"));
     QPalette colours = palette();
     colours.setColor(QPalette::Base, theme::kGround);
     setPalette(colours);
@@ -31,6 +32,15 @@ HelpBrowser::HelpBrowser(const QString& folder, QWidget* parent)
 
 QUrl HelpBrowser::PageUrl(const QString& page) const {
     return QUrl::fromLocalFile(QDir(folder_).absoluteFilePath(page));
+}
+
+QUrl HelpBrowser::InLanguage(const QUrl& page) const {
+    const QFileInfo file(page.toLocalFile());
+    const QString local = file.dir().filePath(file.completeBaseName() + u'_' + LanguageInUse() + u'.' + file.suffix());
+    if (LanguageInUse().isEmpty() || !page.isLocalFile() || !QFileInfo(local).isFile()) return page;
+    QUrl found = QUrl::fromLocalFile(local);
+    found.setFragment(page.fragment());
+    return found;
 }
 
 void HelpBrowser::ShowPage(const QString& page) { setSource(PageUrl(page)); }
@@ -43,7 +53,8 @@ void HelpBrowser::Search(const QString& words) {
 }
 
 void HelpBrowser::doSetSource(const QUrl& name, QTextDocument::ResourceType type) {
-    QTextBrowser::doSetSource(name, type == QTextDocument::UnknownResource ? QTextDocument::HtmlResource : type);
+    QTextBrowser::doSetSource(InLanguage(name),
+                              type == QTextDocument::UnknownResource ? QTextDocument::HtmlResource : type);
 }
 
 QVariant HelpBrowser::loadResource(int type, const QUrl& name) {
@@ -76,10 +87,10 @@ QString HelpBrowser::Framed(const QString& title, const QString& body) const {
 
 QString HelpBrowser::MissingPage(const QUrl& url) const {
     return Framed(
-        QStringLiteral("This page is missing"),
-        QStringLiteral("<p>The help has no page called <b>%1</b>. It should lie here:</p><p class=\"note\">%2</p>"
-                       "<p>Perhaps the program was moved without its <b>help</b> folder. Putting the folder back "
-                       "beside the program, or installing Kelu again, brings the page back.</p>")
+        tr("This page is missing"),
+        tr("<p>The help has no page called <b>%1</b>. It should lie here:</p><p class=\"note\">%2</p>"
+           "<p>Perhaps the program was moved without its <b>help</b> folder. Putting the folder back "
+           "beside the program, or installing Kelu again, brings the page back.</p>")
             .arg(url.fileName().toHtmlEscaped(), QDir::toNativeSeparators(url.toLocalFile()).toHtmlEscaped()));
 }
 
@@ -87,19 +98,19 @@ QString HelpBrowser::FoundPages(const QString& words) {
     const QList<HelpHit> hits = pages_.Search(words);
     const QString shown = words.toHtmlEscaped();
     if (hits.isEmpty()) {
-        return Framed(QStringLiteral("Nothing found"),
-                      QStringLiteral("<p>No page holds <b>%1</b>. Fewer words or the beginning of a word find more; "
-                                     "or have a look at <a href=\"%2\">all effects</a>.</p>")
+        return Framed(tr("Nothing found"),
+                      tr("<p>No page holds <b>%1</b>. Fewer words or the beginning of a word find more; "
+                         "or have a look at <a href=\"%2\">all effects</a>.</p>")
                           .arg(shown, Home().toString()));
     }
-    QString body =
-        QStringLiteral("<p class=\"lead\">%1 for <b>%2</b></p>")
-            .arg(hits.size() == 1 ? QStringLiteral("One page") : QStringLiteral("%1 pages").arg(hits.size()), shown);
+    const QString count = hits.size() == 1 ? tr("One page for <b>%1</b>").arg(shown)
+                                           : tr("%2 pages for <b>%1</b>").arg(shown, QString::number(hits.size()));
+    QString body = QStringLiteral("<p class=\"lead\">%1</p>").arg(count);
     for (const HelpHit& hit : hits) {
         body += QStringLiteral("<p class=\"hit\"><a href=\"%1\">%2</a><br>%3</p>")
                     .arg(PageUrl(hit.page).toString(), hit.title.toHtmlEscaped(), hit.extract.toHtmlEscaped());
     }
-    return Framed(QStringLiteral("Found"), body);
+    return Framed(tr("Found"), body);
 }
 
 }  // namespace kelu

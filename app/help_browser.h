@@ -18,7 +18,7 @@ class HelpBrowser : public QTextBrowser {
     void ShowPage(const QString& page);
     /// Shows the pages that hold all `words`.
     void Search(const QString& words);
-    QUrl Home() const { return PageUrl(QStringLiteral("index.html")); }
+    QUrl Home() const { return InLanguage(PageUrl(QStringLiteral("index.html"))); }
 
  protected:
     QVariant loadResource(int type, const QUrl& name) override;
@@ -26,6 +26,8 @@ class HelpBrowser : public QTextBrowser {
 
  private:
     QUrl PageUrl(const QString& page) const;
+    /// The page's version in the language in use, where there is one: page_de.html beside page.html.
+    QUrl InLanguage(const QUrl& page) const;
     QString Framed(const QString& title, const QString& body) const;
     QString MissingPage(const QUrl& url) const;
     QString FoundPages(const QString& words);

@@ -8,6 +8,8 @@
 #include <QTextDocument>
 #include <algorithm>
 
+#include "platform/language.h"
+
 namespace kelu {
 namespace {
 
@@ -34,6 +36,9 @@ QString Extract(const QString& text, qsizetype at) {
 void HelpPages::Load() {
     const QDir folder(folder_);
     for (const QString& name : folder.entryList({QStringLiteral("*.html")}, QDir::Files, QDir::Name)) {
+        // Of a page in several languages, the one that the browser shows.
+        const qsizetype mark = name.indexOf(u'_');
+        if (mark >= 0 && name.mid(mark + 1) != LanguageInUse() + QStringLiteral(".html")) continue;
         QFile file(folder.filePath(name));
         if (!file.open(QIODevice::ReadOnly)) continue;
         QTextDocument document;

@@ -37,12 +37,12 @@ ToolButton* MakeButton(const QString& icon, const QString& tip, QWidget* parent)
 HelpWindow::HelpWindow(const QString& folder)
     : QWidget(nullptr, Qt::Window),
       browser_(new HelpBrowser(folder, this)),
-      back_(MakeButton(QStringLiteral("back"), QStringLiteral("Back (Alt+Left)"), this)),
-      forward_(MakeButton(QStringLiteral("forward"), QStringLiteral("Forward (Alt+Right)"), this)),
-      index_(MakeButton(QStringLiteral("home"), QStringLiteral("All effects (Alt+Home)"), this)),
+      back_(MakeButton(QStringLiteral("back"), tr("Back (Alt+Left)"), this)),
+      forward_(MakeButton(QStringLiteral("forward"), tr("Forward (Alt+Right)"), this)),
+      index_(MakeButton(QStringLiteral("home"), tr("All effects (Alt+Home)"), this)),
       search_(new QLineEdit(this)) {
     setObjectName(QStringLiteral("HelpWindow"));
-    setWindowTitle(QStringLiteral("Kelu Help"));
+    setWindowTitle(tr("Kelu Help"));
     setWindowIcon(theme::Icon(QStringLiteral("kelu")));
     setAttribute(Qt::WA_QuitOnClose, false);
     resize(kFirstSize);
@@ -51,7 +51,7 @@ HelpWindow::HelpWindow(const QString& folder)
     column->addWidget(MakeToolRow());
     column->addWidget(browser_);
     auto* grip = new QSizeGrip(this);
-    grip->setToolTip(QStringLiteral("Drag to change the size"));
+    grip->setToolTip(tr("Drag to change the size"));
     column->addWidget(grip, 0, Qt::AlignRight);
 
     back_->setEnabled(false);
@@ -66,7 +66,7 @@ HelpWindow::HelpWindow(const QString& folder)
     });
     connect(browser_, &QTextBrowser::sourceChanged, this, [this] {
         const QString title = browser_->documentTitle();
-        setWindowTitle(title.isEmpty() ? QStringLiteral("Kelu Help") : QStringLiteral("Kelu Help - ") + title);
+        setWindowTitle(title.isEmpty() ? tr("Kelu Help") : tr("Kelu Help - ") + title);
     });
     AddKeys();
     SetTabOrder({back_, forward_, index_, search_, browser_});
@@ -79,8 +79,8 @@ QWidget* HelpWindow::MakeToolRow() {
     layout->setSpacing(theme::kSpacing / 2);
     for (ToolButton* button : {back_, forward_, index_}) layout->addWidget(button);
     layout->addStretch();
-    search_->setPlaceholderText(QStringLiteral("Search all pages"));
-    search_->setAccessibleName(QStringLiteral("Search all pages"));
+    search_->setPlaceholderText(tr("Search all pages"));
+    search_->setAccessibleName(tr("Search all pages"));
     search_->setClearButtonEnabled(true);
     search_->setFixedWidth(kSearchWidth);
     layout->addWidget(search_);

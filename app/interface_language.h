@@ -1,4 +1,4 @@
-// The texts of the main window, assigned in one pass. They are English; only dialogs have translations.
+// The texts of the main window, assigned in one pass. In Spanish and French they stay English.
 // SPDX-License-Identifier: MIT
 #pragma once
 

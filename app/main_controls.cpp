@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/main_controls.h"
 
+#include <QCoreApplication>
 #include <QFrame>
 #include <QLabel>
 #include <cstring>
@@ -25,6 +26,10 @@
 namespace kelu {
 
 namespace {
+
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(kelu::MainWindow)
+};
 
 constexpr int kLogoHeight = 32;     // pixels
 constexpr int kPreviewWidth = 184;  // pixels; fills the gap that the layout leaves it, 4:3
@@ -89,9 +94,9 @@ MainControls::MainControls(QWidget& window, Surfaces& surfaces, Surface& capture
     previewEdge->setPalette(edge);
     previewEdge->resize(picCapPreview->size());
     pBar1->hide();
-    picCanvas->setAccessibleName(QStringLiteral("Picture"));
-    picOriginal->setAccessibleName(QStringLiteral("Original picture"));
-    picCapPreview->setAccessibleName(QStringLiteral("Captured picture"));
+    picCanvas->setAccessibleName(Texts::tr("Picture"));
+    picOriginal->setAccessibleName(Texts::tr("Original picture"));
+    picCapPreview->setAccessibleName(Texts::tr("Captured picture"));
 
     picLogo->setPixmap(theme::LogoPixmap(kLogoHeight, window.devicePixelRatioF()));
     picLogo->adjustSize();

@@ -1,7 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "app/paint_reminder.h"
 
+#include <QCoreApplication>
+
 namespace kelu {
+
+namespace {
+
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(kelu::PaintReminder)
+};
+
+}  // namespace
 
 void PaintReminder::PrepareReminder() {
     if (settings_.Read(settings::kReminder) == true) RemindToPaint();
@@ -9,9 +19,9 @@ void PaintReminder::PrepareReminder() {
 
 void PaintReminder::RemindToPaint() {
     const MsgReply reply = dialog_.ShowMessage(
-        {QStringLiteral("Information"),
-         QStringLiteral("You are ready to go! Simply apply the chosen effect by 'brushing' over the image.\r\n"),
-         MsgIcon::Information, MsgButtons::Ok, QStringLiteral("Don't Show This Again")});
+        {Texts::tr("Information"),
+         Texts::tr("You are ready to go! Simply apply the chosen effect by 'brushing' over the image.\r\n"),
+         MsgIcon::Information, MsgButtons::Ok, Texts::tr("Don't Show This Again")});
     settings_.Write(settings::kReminder, !reply.ticked);
 }
 

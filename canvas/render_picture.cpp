@@ -4,6 +4,7 @@
 #include <new>
 
 #include "pictures/picture.h"
+#include "pictures/picture_texts.h"
 #include "platform/error.h"
 
 namespace kelu {
@@ -16,7 +17,7 @@ QImage RenderPicture(const QImage& picture, const Kernel& kernel, const engine::
         kernel({source.constBits(), source.width(), source.height(), source.bytesPerLine()},
                {target.bits(), target.width(), target.height(), target.bytesPerLine()}, run);
     } catch (const std::bad_alloc&) {
-        throw Error(kOutOfMemory, QStringLiteral("Not enough memory for this effect"));
+        throw Error(kOutOfMemory, PictureTexts::tr("Not enough memory for this effect"));
     }
     target.setDotsPerMeterX(source.dotsPerMeterX());
     target.setDotsPerMeterY(source.dotsPerMeterY());

@@ -10,6 +10,7 @@
 #include "engine/neon.h"
 #include "pictures/picture.h"
 #include "pictures/picture_file.h"
+#include "pictures/picture_texts.h"
 #include "platform/error.h"
 #include "platform/run_beside.h"
 #include "platform/units.h"
@@ -28,7 +29,7 @@ Surface::~Surface() = default;
 void Surface::LoadFile(const QString& path) { Replace(ReadPicture(path)); }
 
 void Surface::SaveFile(const QString& path) const {
-    if (picture_.isNull()) throw Error(kInvalidPicture, QStringLiteral("There is no picture to save"));
+    if (picture_.isNull()) throw Error(kInvalidPicture, PictureTexts::tr("There is no picture to save"));
     WritePicture(picture_, path);
 }
 
@@ -50,7 +51,7 @@ int Surface::ColorDepth() const {
 void Surface::ResizeImage(int width, int height) {
     if (picture_.isNull()) return;
     if (width < 0 || height < 0 || (width == 0 && height == 0))
-        throw Error(kInvalidProperty, QStringLiteral("Invalid picture size"));
+        throw Error(kInvalidProperty, PictureTexts::tr("Invalid picture size"));
     const double proportion = static_cast<double>(picture_.width()) / picture_.height();
     if (height == 0) height = std::max(1, RoundToEven(width / proportion));
     if (width == 0) width = std::max(1, RoundToEven(height * proportion));
@@ -150,13 +151,13 @@ void Surface::PaintAll() {
 void Surface::PushUndo() { undo_->Open(); }
 
 void Surface::Undo() {
-    if (!undo_->CanUndo()) throw Error(kNoUndoLevel, QStringLiteral("Nothing to undo"));
+    if (!undo_->CanUndo()) throw Error(kNoUndoLevel, PictureTexts::tr("Nothing to undo"));
     MakeUnique(picture_);
     Announce(undo_->Undo(picture_));
 }
 
 void Surface::Redo() {
-    if (!undo_->CanRedo()) throw Error(kNoUndoLevel, QStringLiteral("Nothing to redo"));
+    if (!undo_->CanRedo()) throw Error(kNoUndoLevel, PictureTexts::tr("Nothing to redo"));
     MakeUnique(picture_);
     Announce(undo_->Redo(picture_));
 }

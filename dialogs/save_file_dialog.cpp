@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "dialogs/save_file_dialog.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -10,6 +11,14 @@
 #include "pictures/picture_file.h"
 
 namespace kelu {
+
+namespace {
+
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(kelu::SaveFileDialog)
+};
+
+}  // namespace
 
 QStringList NameFilters(const QString& filter) {
     const QStringList parts = filter.split(u'|');
@@ -28,10 +37,9 @@ QString NameForFilter(const QString& name, int filterIndex) {
 bool SaveFileDialog::MayReplace(const QString& path) {
     if (!QFile::exists(path)) return true;
     return questions_
-               .ShowMessage(
-                   {QStringLiteral("Confirm"),
-                    QStringLiteral("'%1' is there already.\r\n\r\nReplace it?").arg(QFileInfo(path).fileName()),
-                    MsgIcon::Exclamation, MsgButtons::YesNo})
+               .ShowMessage({Texts::tr("Confirm"),
+                             Texts::tr("'%1' is there already.\r\n\r\nReplace it?").arg(QFileInfo(path).fileName()),
+                             MsgIcon::Exclamation, MsgButtons::YesNo})
                .answer == MsgAnswer::Yes;
 }
 
@@ -40,7 +48,7 @@ bool SaveFileDialog::Show(QString& fileName, int& filterIndex) {
     // A folder that is not there would be taken for the name of a file.
     if (!QDir(folder_).exists()) folder_ = QDir::homePath();
     const QStringList filters = NameFilters(Filter());
-    QFileDialog dialog(owner_, QString::fromLatin1(kTitle), folder_);
+    QFileDialog dialog(owner_, Texts::tr(kTitle), folder_);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setOption(QFileDialog::DontConfirmOverwrite);  // we ask
     dialog.setFileMode(QFileDialog::AnyFile);

@@ -18,6 +18,8 @@ unsigned NeedsOf(Command command) {
 
 }  // namespace
 
+QString CommandTip(const CommandRow& row) { return QCoreApplication::translate("Commands", row.tip); }
+
 QString KeyText(const CommandKey& key) {
     if (key.key == Qt::Key_unknown) return {};
     return QKeySequence(key.modifiers.value_or(Qt::NoModifier) | key.key).toString(QKeySequence::NativeText);

@@ -122,6 +122,8 @@ inline constexpr OtherCommandRow kOtherCommands[] = {
     {Command::Drop, kNoCapture, {}},
 };
 
+/// The tip in the language in use.
+QString CommandTip(const CommandRow& row);
 /// "Ctrl+S", as the desktop writes it; empty without a key.
 QString KeyText(const CommandKey& key);
 /// The command of a key that does its work so. `used`: a control had a use of its own for the press.

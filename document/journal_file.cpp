@@ -20,6 +20,10 @@
 namespace kelu {
 namespace {
 
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(kelu::Journal)
+};
+
 QString NewPath(const QString& folder) {
     static std::atomic<int> count = 0;
     return QStringLiteral("%1/%2-%3-%4%5")
@@ -31,7 +35,7 @@ QString NewPath(const QString& folder) {
 
 QString MadeFolder(const QString& folder) {
     if (!MakePrivateFolder(folder))
-        throw Error(kFileError, QStringLiteral("%1: the folder can't be made").arg(folder), QStringLiteral("Journal"));
+        throw Error(kFileError, Texts::tr("%1: the folder can't be made").arg(folder), QStringLiteral("Journal"));
     return folder;
 }
 

@@ -10,7 +10,7 @@
 
 namespace kelu {
 
-QString SaveDialog::Filter() { return SaveFilters() + QStringLiteral("|PDF Files (*.pdf)|*.pdf"); }
+QString SaveDialog::Filter() { return SaveFilters() + u'|' + SaveFilter(QStringLiteral("PDF"), QStringLiteral("pdf")); }
 
 namespace {
 
@@ -31,9 +31,9 @@ OpenSave::OpenSave(Document& document, SharedState& state, MsgDialog& dialog, Sa
       log_(log) {}
 
 bool OpenSave::SettleChanges() {
-    const MsgReply reply = dialog_.ShowMessage({QStringLiteral("Confirm"),
-                                                QStringLiteral("Save changes to '%1'?\r\n").arg(state_.CurrentFileName),
-                                                MsgIcon::Exclamation, MsgButtons::YesNoCancel});
+    const MsgReply reply =
+        dialog_.ShowMessage({tr("Confirm"), tr("Save changes to '%1'?\r\n").arg(state_.CurrentFileName),
+                             MsgIcon::Exclamation, MsgButtons::YesNoCancel});
     if (reply.answer == MsgAnswer::Yes) SaveImageNow();
     if (reply.answer == MsgAnswer::No) log_.Settled({});
     return reply.answer != MsgAnswer::Cancel;

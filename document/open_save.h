@@ -17,7 +17,7 @@ namespace kelu {
 /// The save dialog as the program sees it. The real one shows the desktop's own file dialog.
 class SaveDialog {
  public:
-    static constexpr const char* kTitle = "Save";
+    static constexpr const char* kTitle = QT_TRANSLATE_NOOP("kelu::SaveFileDialog", "Save");
     static constexpr const char* kDefaultExtension = "PNG";
     /// The picture formats that are offered, and PDF: a text and its pattern each, separated by "|".
     static QString Filter();

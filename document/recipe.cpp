@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "document/recipe.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -12,6 +13,10 @@
 
 namespace kelu {
 namespace {
+
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(kelu::Recipe)
+};
 
 constexpr qint64 kMostBytes = qint64{64} << 20;
 constexpr std::size_t kMostSteps = 4'000'000;
@@ -115,7 +120,7 @@ class Reader {
         } catch (const Unreadable& fault) {
             recipe_.fault = QStringLiteral("line %1: %2").arg(number).arg(QLatin1String(fault.why));
         }
-        if (recipe_.fault.isEmpty() && recipe_.size.isEmpty()) recipe_.fault = QStringLiteral("it opens no picture");
+        if (recipe_.fault.isEmpty() && recipe_.size.isEmpty()) recipe_.fault = Texts::tr("it opens no picture");
         return std::move(recipe_);
     }
 
@@ -290,7 +295,7 @@ QByteArray ReadRecipeBytes(const QString& path) {
     // Read one byte more than allowed: a pipe or a growing file tells no honest size.
     const QByteArray text = file.read(kMostBytes + 1);
     if (text.size() > kMostBytes)
-        throw Error(kFileError, QStringLiteral("The file is too large for a recipe"), QStringLiteral("ReadRecipe"));
+        throw Error(kFileError, Texts::tr("The file is too large for a recipe"), QStringLiteral("ReadRecipe"));
     return text;
 }
 
@@ -361,8 +366,7 @@ QByteArray LinesOf(const Recipe& recipe) {
 
 void CheckWhole(const Recipe& recipe) {
     if (!recipe.fault.isEmpty())
-        throw Error(kFileError, QStringLiteral("The recipe can't be read: ") + recipe.fault,
-                    QStringLiteral("ReadRecipe"));
+        throw Error(kFileError, Texts::tr("The recipe can't be read: ") + recipe.fault, QStringLiteral("ReadRecipe"));
 }
 
 QByteArray HeaderLine(bool isJournal) {

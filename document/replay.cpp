@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "document/replay.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <algorithm>
@@ -12,6 +13,10 @@
 
 namespace kelu {
 namespace {
+
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(kelu::Replay)
+};
 
 constexpr int kFullStrength = 255;
 constexpr double kFarthest = 1e7;  // image pixels
@@ -59,7 +64,7 @@ void Replay::Open(const QImage& picture, bool fit) {
     if (size != recipe_.size) {
         if (!fit)
             throw Error(kInvalidPicture,
-                        QStringLiteral("The picture is %1 pixels large, the recipe was made for %2")
+                        Texts::tr("The picture is %1 pixels large, the recipe was made for %2")
                             .arg(SizeText(size), SizeText(recipe_.size)),
                         QStringLiteral("Replay"));
         recipe_ = FittedRecipe(std::move(recipe_), size);
@@ -138,9 +143,9 @@ QImage ReadJournalPicture(const Recipe& recipe, const QString& folder) {
     if (!recipe.kept.name.isEmpty()) return ReadKept(recipe.kept, folder);
     const QString name = QFileInfo(recipe.file).fileName();
     if (!QFileInfo::exists(recipe.file))
-        throw Error(kFileError, QStringLiteral("'%1' is not there any more").arg(name), QStringLiteral("Replay"));
+        throw Error(kFileError, Texts::tr("'%1' is not there any more").arg(name), QStringLiteral("Replay"));
     if (!recipe.fileSum.isEmpty() && FileSum(recipe.file) != recipe.fileSum)
-        throw Error(kFileError, QStringLiteral("'%1' has changed since").arg(name), QStringLiteral("Replay"));
+        throw Error(kFileError, Texts::tr("'%1' has changed since").arg(name), QStringLiteral("Replay"));
     return ReadPicture(recipe.file);
 }
 

@@ -103,16 +103,16 @@ EffectPanel::EffectPanel(SharedState& state, QWidget* parent)
     setPalette(colors);
     setAutoFillBackground(true);
 
-    lblBS->SetCaption(QStringLiteral("Brush Size"));
+    lblBS->SetCaption(tr("Brush Size"));
     lblDesc->setWordWrap(true);
     lblDesc->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    lblCoords->SetCaption(QStringLiteral("X,Y Coordinates"));
-    cmdApply->SetCaption(QStringLiteral("  Apply"));
+    lblCoords->SetCaption(tr("X,Y Coordinates"));
+    cmdApply->SetCaption(tr("  Apply"));
     cmdApply->SetLook(ToolButton::Look::Primary);
     txtXCoord->setText(QString::number(kDefaultX));
     txtYCoord->setText(QString::number(kDefaultY));
-    txtXCoord->setAccessibleName(QStringLiteral("X coordinate"));
-    txtYCoord->setAccessibleName(QStringLiteral("Y coordinate"));
+    txtXCoord->setAccessibleName(tr("X coordinate"));
+    txtYCoord->setAccessibleName(tr("Y coordinate"));
 
     sldBrushSize->SetMax(kLargestBrush);
     sldBrushSize->SetMin(kSmallestBrush);
@@ -177,7 +177,7 @@ void EffectPanel::keyPressEvent(QKeyEvent* event) {
 
 void EffectPanel::LoadTips() {
     int button = 0;
-    for (const char* tip : kCompassTips) TBCompass->SetTip(++button, QString::fromLatin1(tip));
+    for (const char* tip : kCompassTips) TBCompass->SetTip(++button, EffectText(tip));
 }
 
 void EffectPanel::SetUp(int number) {
@@ -216,7 +216,7 @@ void EffectPanel::SetUp(int number) {
 void EffectPanel::LoadValueList(const Effect& effect) {
     lstValue->Clear();
     int row = 0;
-    for (const char* name : effect.choice.names) lstValue->AddItem(QString::fromLatin1(name), row++);
+    for (const char* name : effect.choice.names) lstValue->AddItem(EffectText(name), row++);
     lstValue->setAccessibleName(effect.PanelTitle());
     lstValue->SetListIndex(effect.choice.initial - 1);
 }
@@ -227,7 +227,7 @@ void EffectPanel::SetUpSlider(LsSlider& slider, const EffectSlider& input) {
         slider.SetMax(input.max);
         slider.SetMin(input.min);
         slider.SetValue(input.value);
-        Describe(slider, QString::fromLatin1(input.label));
+        Describe(slider, EffectText(input.label));
     }
     slider.setVisible(input.label != nullptr);
 }
@@ -245,8 +245,8 @@ void EffectPanel::SetUpCoordinates(const Effect& effect) {
 void EffectPanel::SetUpColor(ColorPicker& picker, const EffectColor& input) {
     if (input.label) {
         picker.SetColor(input.value);
-        picker.setAccessibleName(QString::fromLatin1(input.label));
-        picker.setToolTip(QString::fromLatin1(input.label));
+        picker.setAccessibleName(EffectText(input.label));
+        picker.setToolTip(picker.accessibleName());
     }
     picker.setVisible(input.label != nullptr);
 }
@@ -259,7 +259,7 @@ void EffectPanel::SetUpOptions(const Effect& effect) {
         MoveTop(lblGS[0], effect.tops.lblGS0);
         MoveTop(lblGS[1], effect.tops.lblGS1);
         for (std::size_t i = 0; i < lblGS.size(); ++i) {
-            const QString caption = QString::fromLatin1(effect.choice.names[i]);
+            const QString caption = EffectText(effect.choice.names[i]);
             lblGS[i]->SetCaption(caption);
             OptGS[i]->setAccessibleName(caption);
         }

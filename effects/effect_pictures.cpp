@@ -103,7 +103,7 @@ QImage DrawEffectPicture(const Effect& effect, const PreviewPhoto& photo, qreal 
         painter.fillPath(outline, brush);
     }
     const qreal nameTop = photoBox.bottom() + kNameGap;
-    DrawName(painter, QString::fromLatin1(effect.listText),
+    DrawName(painter, effect.ListText(),
              QRectF(kRim, nameTop, kPhotoSize.width(), kEffectPictureSize.height() - kNameGap - nameTop));
     return picture;
 }

@@ -22,10 +22,10 @@ EffectSelectors::EffectSelectors(SharedState& state, QWidget* parent)
       TBSFX(new Toolbox),
       state_(state) {
     lstSFX->setObjectName(QStringLiteral("lstSFX"));
-    lstSFX->setAccessibleName(QStringLiteral("Effects"));
+    lstSFX->setAccessibleName(tr("Effects"));
     pagerTB1->setObjectName(QStringLiteral("pagerTB1"));
     TBSFX->setObjectName(QStringLiteral("TBSFX"));
-    TBSFX->setAccessibleName(QStringLiteral("Effects"));
+    TBSFX->setAccessibleName(tr("Effects"));
     lstSFX->hide();
     pagerTB1->hide();
 
@@ -42,7 +42,7 @@ EffectSelectors::EffectSelectors(SharedState& state, QWidget* parent)
 
 void EffectSelectors::SetUpSFXList() {
     lstSFX->Clear();
-    for (const Effect& effect : Catalogue()) lstSFX->AddItem(QString::fromLatin1(effect.listText), effect.number - 1);
+    for (const Effect& effect : Catalogue()) lstSFX->AddItem(effect.ListText(), effect.number - 1);
     lstSFX->SetListIndex(0);
 }
 

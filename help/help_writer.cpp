@@ -2,22 +2,28 @@
 // SPDX-License-Identifier: MIT
 #include "help/help_writer.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 
 #include "help/help_pictures.h"
 #include "platform/error.h"
+#include "platform/language.h"
 
 namespace kelu {
 namespace {
+
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(kelu::Help)
+};
 
 constexpr QSize kShown(HelpPictures::kSize.width() / 2, HelpPictures::kSize.height() / 2);
 constexpr int kPerRow = 5;
 
 QString Page(const QString& title, const QString& body) {
     return QStringLiteral(
-               "<!DOCTYPE html>\n<html lang=\"en\"><head><meta charset=\"utf-8\"><title>%1</title>"
+               "<!DOCTYPE html>\n<html lang=\"%3\"><head><meta charset=\"utf-8\"><title>%1</title>"
                "<link rel=\"stylesheet\" type=\"text/css\" href=\"kelu.css\"></head>\n<body>\n%2\n</body></html>\n")
-        .arg(title, body);
+        .arg(title, body, LanguageInUse().isEmpty() ? QStringLiteral("en") : LanguageInUse());
 }
 
 QString Picture(const QString& name, const QSize& size, const QString& alt) {
@@ -127,7 +133,7 @@ QString HeadingOf(const Effect& effect) {
 
 }  // namespace
 
-QString TopicTitle(const Effect& effect) { return ShownCaption(QString::fromLatin1(effect.listText)).toHtmlEscaped(); }
+QString TopicTitle(const Effect& effect) { return ShownCaption(effect.ListText()).toHtmlEscaped(); }
 
 QString EffectPage(const HelpTopic& topic, const QList<HelpTopic>& all) {
     const QString title = TopicTitle(*topic.effect);
@@ -152,20 +158,24 @@ QString EffectPage(const HelpTopic& topic, const QList<HelpTopic>& all) {
 }
 
 QString IndexPage(const QList<HelpTopic>& all) {
-    QString body = QStringLiteral(
-        "<h1>Have fun with effects</h1>\n"
-        "<p class=\"lead\">Open a photo, choose an effect, press <b>Apply</b> - and brush it on where you like "
-        "it.</p>\n"
-        "<ol><li><b>Open</b> a picture with Ctrl+O, or drop one onto the window.</li>"
-        "<li>Choose an effect at the right and set its inputs. <b>Apply</b> renders it over a hidden copy of your "
-        "picture.</li>"
-        "<li><b>Paint</b> with the left mouse button. The first slider sets the size of the brush.</li>"
-        "<li>Not good? Ctrl+Z takes a stroke back, Ctrl+Y brings it again. Ctrl+S <b>saves</b> the picture.</li></ol>\n"
-        "<p>All effects stand below. How to set up the program is told under <a "
-        "href=\"settings.html\">Settings</a>.</p>\n");
+    const QString steps[] = {
+        Texts::tr("<b>Open</b> a picture with Ctrl+O, or drop one onto the window."),
+        Texts::tr(
+            "Choose an effect at the right and set its inputs. <b>Apply</b> renders it over a hidden copy of your "
+            "picture."),
+        Texts::tr("<b>Paint</b> with the left mouse button. The first slider sets the size of the brush."),
+        Texts::tr("Not good? Ctrl+Z takes a stroke back, Ctrl+Y brings it again. Ctrl+S <b>saves</b> the picture.")};
+    QString body =
+        QStringLiteral("<h1>%1</h1>\n<p class=\"lead\">%2</p>\n<ol>")
+            .arg(Texts::tr("Have fun with effects"),
+                 Texts::tr("Open a photo, choose an effect, press <b>Apply</b> - and brush it on where you like it."));
+    for (const QString& step : steps) body += QStringLiteral("<li>%1</li>").arg(step);
+    body += QStringLiteral("</ol>\n<p>%1</p>\n")
+                .arg(Texts::tr("All effects stand below. How to set up the program is told under %1.")
+                         .arg(QStringLiteral("<a href=\"settings.html\">%1</a>").arg(Texts::tr("Settings"))));
     for (const EffectFamily& family : Families()) {
         body += QStringLiteral("<h2>%1</h2>\n<table cellspacing=\"0\" cellpadding=\"4\"><tr>")
-                    .arg(QLatin1String(family.heading));
+                    .arg(EffectText(family.heading));
         int column = 0;
         for (const Effect& effect : family.rows) {
             const HelpTopic& topic = all[effect.number - 1];
@@ -182,7 +192,7 @@ QString IndexPage(const QList<HelpTopic>& all) {
         }
         body += QStringLiteral("</tr></table>\n");
     }
-    return Page(QStringLiteral("All effects"), body);
+    return Page(Texts::tr("All effects"), body);
 }
 
 QString PlainPage(const QString& body) {

@@ -18,6 +18,7 @@ struct HelpTopic {
 /// Title of an effect as the help writes it.
 QString TopicTitle(const Effect& effect);
 QString EffectPage(const HelpTopic& topic, const QList<HelpTopic>& all);
+/// In the language in use, as the window shows the names.
 QString IndexPage(const QList<HelpTopic>& all);
 /// A page written by hand, `body` without head; its first line is the title.
 QString PlainPage(const QString& body);

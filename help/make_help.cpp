@@ -9,6 +9,7 @@
 #include "help/help_pictures.h"
 #include "help/help_writer.h"
 #include "platform/error.h"
+#include "platform/language.h"
 
 namespace {
 
@@ -39,8 +40,12 @@ void MakeHelp(const QDir& texts, const QDir& gallery, const QDir& output) {
     for (const HelpTopic& topic : topics)
         Write(output.filePath(topic.stem + ".html"), EffectPage(topic, topics).toUtf8());
     Write(output.filePath("index.html"), IndexPage(topics).toUtf8());
-    Write(output.filePath("settings.html"),
-          PlainPage(QString::fromUtf8(Read(texts.filePath("settings.html")))).toUtf8());
+    for (const QString& id : LanguageIds()) {
+        UseLanguage(id);
+        Write(output.filePath("index_" + LanguageInUse() + ".html"), IndexPage(topics).toUtf8());
+    }
+    for (const QString& plain : texts.entryList({"*.html"}, QDir::Files))
+        Write(output.filePath(plain), PlainPage(QString::fromUtf8(Read(texts.filePath(plain)))).toUtf8());
     Write(output.filePath("kelu.css"), Read(texts.filePath("../kelu.css")));
 }
 

@@ -8,6 +8,7 @@
 #include "pictures/color_profile.h"
 #include "pictures/picture.h"
 #include "pictures/picture_decoders.h"
+#include "pictures/picture_texts.h"
 #include "platform/error.h"
 
 namespace kelu {
@@ -98,7 +99,8 @@ DecodedPicture DecodeWithMagick(const QByteArray& bytes, const char* coder) {
         const bool resources = dynamic_cast<const Magick::ErrorResourceLimit*>(&error) != nullptr ||
                                dynamic_cast<const Magick::ErrorCache*>(&error) != nullptr;
         if (resources) ThrowNoMemory();
-        throw Error(kInvalidPicture, QStringLiteral("The picture cannot be read: %1").arg(reason.section('\n', 0, 0)));
+        throw Error(kInvalidPicture,
+                    PictureTexts::tr("The picture cannot be read: %1").arg(reason.section('\n', 0, 0)));
     } catch (const Magick::Exception&) {
         ThrowDamaged();
     }

@@ -9,6 +9,7 @@
 #include "pictures/codec_module.h"
 #include "pictures/picture.h"
 #include "pictures/picture_decoders.h"
+#include "pictures/picture_texts.h"
 #include "platform/error.h"
 
 namespace kelu {
@@ -35,7 +36,7 @@ DecodedPicture DecodeWithModule(PictureInput& input) {
     const DecodeFunction decode = Load(format.moduleName);
     if (!decode)
         throw Error(kInvalidPicture,
-                    QStringLiteral("What reads %1 files is not installed").arg(QLatin1String(format.name)));
+                    PictureTexts::tr("What reads %1 files is not installed").arg(QLatin1String(format.name)));
     const CodecHost host{&MakePicture, &CheckPictureSize, &ThrowCutShort, &ThrowDamaged};
     DecodedPicture result;
     decode(input.Bytes(), host, result.image, result.metadata);

@@ -6,6 +6,7 @@
 #include "pictures/bytes.h"
 #include "pictures/picture.h"
 #include "pictures/picture_decoders.h"
+#include "pictures/picture_texts.h"
 #include "platform/error.h"
 
 namespace kelu {
@@ -60,7 +61,7 @@ DecodedPicture DecodeIndexedPsd(PictureInput& input) {
     qint64 at = 26;
     for (int section = 0; section < 3; ++section) at += 4 + qint64{BigEndian(bytes, at, 4)};
     const quint32 compression = BigEndian(bytes, at, 2);
-    if (compression > 1) throw Error(kInvalidPicture, QStringLiteral("This kind of compression is not known"));
+    if (compression > 1) throw Error(kInvalidPicture, PictureTexts::tr("This kind of compression is not known"));
     const bool packed = compression == 1;
     qint64 lengths = at + 2;
     at = lengths + (packed ? qint64{height} * 2 : 0);

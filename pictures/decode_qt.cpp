@@ -7,6 +7,7 @@
 
 #include "pictures/picture.h"
 #include "pictures/picture_decoders.h"
+#include "pictures/picture_texts.h"
 #include "platform/error.h"
 
 namespace kelu {
@@ -58,7 +59,7 @@ DecodedPicture DecodeWithToolkit(PictureInput& input) {
     if (direct) result.image = MakePicture(size.width(), size.height(), native);
     if (!reader.read(&result.image)) {
         if (reader.error() == QImageReader::InvalidDataError) ThrowDamaged();
-        throw Error(kInvalidPicture, QStringLiteral("The picture cannot be read: %1").arg(reader.errorString()));
+        throw Error(kInvalidPicture, PictureTexts::tr("The picture cannot be read: %1").arg(reader.errorString()));
     }
     const QColorSpace space = result.image.colorSpace();
     if (space.isValid() && space != QColorSpace(QColorSpace::SRgb)) result.metadata.profile = space.iccProfile();

@@ -7,6 +7,7 @@
 
 #include "pictures/palette.h"
 #include "pictures/picture_encoders.h"
+#include "pictures/picture_texts.h"
 #include "platform/error.h"
 
 namespace kelu {
@@ -32,7 +33,7 @@ void EncodeGif(const QImage& picture, const WriteOptions&, QIODevice& device) {
         if (!well) throw Error(kFileError, device.errorString(), QStringLiteral("WritePicture"));
     };
     if (picture.width() > kLongestSide || picture.height() > kLongestSide)
-        throw Error(kFileError, QStringLiteral("The picture is too large for a GIF file"),
+        throw Error(kFileError, PictureTexts::tr("The picture is too large for a GIF file"),
                     QStringLiteral("WritePicture"));
     PalettePicture reduced = ReduceColors(picture);
     // The format wants a power of two.

@@ -8,6 +8,7 @@
 #include <csetjmp>
 
 #include "pictures/picture_encoders.h"
+#include "pictures/picture_texts.h"
 #include "platform/error.h"
 #include "platform/run_beside.h"
 
@@ -43,7 +44,7 @@ class JpegEncoder {
                     static_cast<JDIMENSION>(picture.height()), perInch(picture.dotsPerMeterX()),
                     perInch(picture.dotsPerMeterY())))
             throw Error(kFileError,
-                        failed_ ? device_.errorString() : QStringLiteral("The picture is too large for a JPEG file"),
+                        failed_ ? device_.errorString() : PictureTexts::tr("The picture is too large for a JPEG file"),
                         QStringLiteral("WritePicture"));
     }
 

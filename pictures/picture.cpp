@@ -11,6 +11,7 @@
 
 #include "engine/pixel_memory.h"
 #include "pictures/area_scaler.h"
+#include "pictures/picture_texts.h"
 #include "platform/error.h"
 
 namespace kelu {
@@ -39,10 +40,10 @@ std::int64_t MaxPicturePixels() { return maxPixels; }
 void SetMaxPicturePixels(std::int64_t pixels) { maxPixels = pixels; }
 
 void CheckPictureSize(std::int64_t width, std::int64_t height) {
-    if (width < 1 || height < 1) throw Error(kInvalidPicture, QStringLiteral("The picture has no pixels"));
+    if (width < 1 || height < 1) throw Error(kInvalidPicture, PictureTexts::tr("The picture has no pixels"));
     // Both factors are below 2^32 in every file format read here, so the product fits.
     if (width > maxPixels || height > maxPixels || width * height > maxPixels)
-        throw Error(kOutOfMemory, QStringLiteral("The picture is too large: %1 x %2 pixels").arg(width).arg(height));
+        throw Error(kOutOfMemory, PictureTexts::tr("The picture is too large: %1 x %2 pixels").arg(width).arg(height));
 }
 
 QImage MakePicture(int width, int height, QImage::Format format) {
@@ -56,7 +57,7 @@ QImage MakePicture(int width, int height, QImage::Format format) {
             [](void* owned) { delete static_cast<std::shared_ptr<std::uint8_t>*>(owned); }, memory);
     } catch (const std::bad_alloc&) {
         throw Error(kOutOfMemory,
-                    QStringLiteral("Not enough memory for a picture of %1 x %2 pixels").arg(width).arg(height));
+                    PictureTexts::tr("Not enough memory for a picture of %1 x %2 pixels").arg(width).arg(height));
     }
 }
 

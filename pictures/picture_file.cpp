@@ -9,6 +9,7 @@
 #include "pictures/color_profile.h"
 #include "pictures/picture.h"
 #include "pictures/picture_format.h"
+#include "pictures/picture_texts.h"
 #include "platform/atomic_file.h"
 #include "platform/error.h"
 #include "platform/run_beside.h"
@@ -43,14 +44,14 @@ class ReportingFile : public QFile {
 // Opening a pipe or a device could wait for ever.
 void CheckIsFile(const QString& path) {
     const QFileInfo info(path);
-    if (info.isDir()) throw Error(kFileError, QStringLiteral("This is a folder"));
-    if (info.exists() && !info.isFile()) throw Error(kFileError, QStringLiteral("This is not a regular file"));
+    if (info.isDir()) throw Error(kFileError, PictureTexts::tr("This is a folder"));
+    if (info.exists() && !info.isFile()) throw Error(kFileError, PictureTexts::tr("This is not a regular file"));
 }
 
 DecodedPicture Decode(QFile& file, const QSize& box) {
     const PictureFormat* format = TellPictureFormat(file.peek(kHeadBytes), file.size());
-    if (!format) throw Error(kInvalidPicture, QStringLiteral("This is not a picture of a known format"));
-    if (file.size() > kLongestFile) throw Error(kOutOfMemory, QStringLiteral("The picture file is too large"));
+    if (!format) throw Error(kInvalidPicture, PictureTexts::tr("This is not a picture of a known format"));
+    if (file.size() > kLongestFile) throw Error(kOutOfMemory, PictureTexts::tr("The picture file is too large"));
     PictureInput input(file, *format, box);
     if (format->check) format->check(input);
     for (const auto decode : format->decoders) {
@@ -58,7 +59,8 @@ DecodedPicture Decode(QFile& file, const QSize& box) {
         DecodedPicture decoded = decode(input);
         if (!decoded.image.isNull()) return decoded;
     }
-    throw Error(kInvalidPicture, QStringLiteral("This kind of %1 file is not known").arg(QLatin1String(format->name)));
+    throw Error(kInvalidPicture,
+                PictureTexts::tr("This kind of %1 file is not known").arg(QLatin1String(format->name)));
 }
 
 QImage Read(const QString& path, const QSize& box) {
@@ -80,7 +82,7 @@ QImage Read(const QString& path, const QSize& box) {
     } catch (const Error& error) {
         throw Error(error.Number(), Named(path, error.Description()), QStringLiteral("ReadPicture"));
     } catch (const std::bad_alloc&) {
-        throw Error(kOutOfMemory, Named(path, QStringLiteral("Not enough memory for this picture")),
+        throw Error(kOutOfMemory, Named(path, PictureTexts::tr("Not enough memory for this picture")),
                     QStringLiteral("ReadPicture"));
     }
 }
@@ -96,13 +98,13 @@ void WritePicture(const QImage& picture, const QString& path, const WriteOptions
     const PictureFormat* format = FormatToWrite(path);
     if (!format)
         throw Error(kFileError,
-                    Named(path, QStringLiteral("The extension tells no picture format that can be written")), source);
-    if (picture.isNull()) throw Error(kInvalidPicture, Named(path, QStringLiteral("There is no picture")), source);
-    if (QFileInfo(path).isDir()) throw Error(kFileError, Named(path, QStringLiteral("This is a folder")), source);
+                    Named(path, PictureTexts::tr("The extension tells no picture format that can be written")), source);
+    if (picture.isNull()) throw Error(kInvalidPicture, Named(path, PictureTexts::tr("There is no picture")), source);
+    if (QFileInfo(path).isDir()) throw Error(kFileError, Named(path, PictureTexts::tr("This is a folder")), source);
     try {
         AtomicFile(path).FillAndCommit([&](QFile& file) { format->encode(ToPictureFormat(picture), options, file); });
     } catch (const std::bad_alloc&) {
-        throw Error(kOutOfMemory, Named(path, QStringLiteral("Not enough memory to write this picture")), source);
+        throw Error(kOutOfMemory, Named(path, PictureTexts::tr("Not enough memory to write this picture")), source);
     }
 }
 

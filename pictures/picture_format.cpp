@@ -8,6 +8,7 @@
 
 #include "pictures/picture_decoders.h"
 #include "pictures/picture_encoders.h"
+#include "pictures/picture_texts.h"
 
 namespace kelu {
 namespace {
@@ -127,6 +128,10 @@ QStringList PictureExtensions() {
     return all;
 }
 
+QString SaveFilter(const QString& name, const QString& extension) {
+    return PictureTexts::tr("%1 Files (*.%2)").arg(name, extension) + QStringLiteral("|*.") + extension;
+}
+
 QString SaveFilters() {
     std::vector<const PictureFormat*> offered;
     for (const PictureFormat& row : kFormats)
@@ -134,7 +139,7 @@ QString SaveFilters() {
     std::ranges::sort(offered, {}, &PictureFormat::saveFilter);
     QStringList filters;
     for (const PictureFormat* row : offered)
-        filters += QStringLiteral("%1 Files (*.%2)|*.%2").arg(QLatin1String(row->name), Words(row->extensions).first());
+        filters += SaveFilter(QLatin1String(row->name), Words(row->extensions).first());
     return filters.join(u'|');
 }
 

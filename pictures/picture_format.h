@@ -67,5 +67,7 @@ QStringList PictureExtensions();
 
 /// The picture formats of the save dialog, "NAME Files (*.ext)|*.ext" each, separated by "|".
 QString SaveFilters();
+/// "PNG Files (*.png)|*.png"
+QString SaveFilter(const QString& name, const QString& extension);
 
 }  // namespace kelu

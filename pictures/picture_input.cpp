@@ -3,6 +3,7 @@
 #include "pictures/picture_input.h"
 
 #include "pictures/picture_format.h"
+#include "pictures/picture_texts.h"
 #include "platform/error.h"
 
 namespace kelu {
@@ -22,10 +23,10 @@ const QByteArray& PictureInput::Bytes() {
     return bytes_;
 }
 
-void ThrowCutShort() { throw Error(kEndOfFile, QStringLiteral("The picture file is cut short")); }
+void ThrowCutShort() { throw Error(kEndOfFile, PictureTexts::tr("The picture file is cut short")); }
 
-void ThrowDamaged() { throw Error(kInvalidPicture, QStringLiteral("The picture file is damaged")); }
+void ThrowDamaged() { throw Error(kInvalidPicture, PictureTexts::tr("The picture file is damaged")); }
 
-void ThrowNoMemory() { throw Error(kOutOfMemory, QStringLiteral("Not enough memory for this picture")); }
+void ThrowNoMemory() { throw Error(kOutOfMemory, PictureTexts::tr("Not enough memory for this picture")); }
 
 }  // namespace kelu

@@ -97,13 +97,13 @@ qint64 AtomicFile::WholeFile::writeData(const char* bytes, qint64 count) {
 
 AtomicFile::AtomicFile(const QString& path, Access access) : path_(path) {
     target_ = FollowLinks(path);
-    if (target_.isEmpty()) Fail(QStringLiteral("the link leads nowhere"));
+    if (target_.isEmpty()) Fail(tr("the link leads nowhere"));
     const QFileInfo old(target_);
-    if (old.isDir()) Fail(QStringLiteral("this is a folder"));
-    if (old.exists() && !old.isFile()) Fail(QStringLiteral("this is not a file"));
-    if (old.exists() && !old.isWritable()) Fail(QStringLiteral("the file is read-only"));
+    if (old.isDir()) Fail(tr("this is a folder"));
+    if (old.exists() && !old.isFile()) Fail(tr("this is not a file"));
+    if (old.exists() && !old.isWritable()) Fail(tr("the file is read-only"));
     folder_ = old.absolutePath();
-    if (!QFileInfo(folder_).isDir()) Fail(QStringLiteral("the folder does not exist"));
+    if (!QFileInfo(folder_).isDir()) Fail(tr("the folder does not exist"));
     Open(access);
 }
 
@@ -125,7 +125,7 @@ void AtomicFile::Open(Access access) {
         Claim(descriptor);
     } else {
         inPlace_ = ::access(QFile::encodeName(folder_).constData(), W_OK) != 0;
-        if (inPlace_ && !QFileInfo::exists(target_)) Fail(QStringLiteral("the folder cannot be written to"));
+        if (inPlace_ && !QFileInfo::exists(target_)) Fail(tr("the folder cannot be written to"));
         OpenNamed(inPlace_ ? TemporaryFolder() : folder_);
         if (inPlace_) {
             ::fchmod(file_.handle(), 0600);
@@ -205,7 +205,7 @@ void AtomicFile::FillAndCommit(const std::function<void(QFile&)>& fill) {
 }
 
 void AtomicFile::Commit() {
-    if (!file_.isOpen()) Fail(QStringLiteral("already written"));
+    if (!file_.isOpen()) Fail(tr("already written"));
     if (file_.error() != QFileDevice::NoError || !Flush(file_)) Fail(file_.errorString());
     if (inPlace_) return ReplaceInPlace();
     GiveName();
@@ -232,14 +232,14 @@ void AtomicFile::ReplaceInPlace() {
         }
         return Flush(target);
     };
-    if (!target.copy(old)) Fail(QStringLiteral("the folder cannot be written to, and there is no room for a copy"));
+    if (!target.copy(old)) Fail(tr("the folder cannot be written to, and there is no room for a copy"));
     bool done = false;
     QString reason;
     if (target.open(QIODevice::ReadWrite)) {
         done = fill(file_);
         reason = target.errorString();
         if (QFile copy(old); !done && (!copy.open(QIODevice::ReadOnly) || !fill(copy)))
-            Fail(QStringLiteral("%1; the old file is kept as %2").arg(reason, old));
+            Fail(tr("%1; the old file is kept as %2").arg(reason, old));
     }
     QFile::remove(old);
     Discard();

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QCoreApplication>
 #include <QFile>
 #include <QString>
 #include <functional>
@@ -15,6 +16,8 @@ namespace kelu {
 /// into the folder for temporary files. Failures are thrown as Error(kFileError) whose description begins with the
 /// path.
 class AtomicFile {
+    Q_DECLARE_TR_FUNCTIONS(kelu::AtomicFile)
+
  public:
     enum class Access {
         AsUsual,  ///< a new file gets the permissions that the user's files get, an old one keeps its own

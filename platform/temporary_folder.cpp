@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/temporary_folder.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QStandardPaths>
@@ -14,6 +15,10 @@ namespace kelu {
 
 namespace {
 
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(kelu::TemporaryFolder)
+};
+
 bool Usable(const QString& folder) {
     const QFileInfo info(folder);
     return !folder.isEmpty() && info.isDir() && info.isWritable();
@@ -23,8 +28,7 @@ bool Usable(const QString& folder) {
 QString FolderOfThisProcess(const QString& parent) {
     static QTemporaryDir folder(parent + QStringLiteral("/kelu-XXXXXX"));
     if (!folder.isValid())
-        throw Error(kFileError, QStringLiteral("There is no folder for temporary files"),
-                    QStringLiteral("TemporaryFolder"));
+        throw Error(kFileError, Texts::tr("There is no folder for temporary files"), QStringLiteral("TemporaryFolder"));
     return folder.path();
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/win_inet_connection.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 #include <cerrno>
 #include <map>
@@ -19,6 +20,10 @@
 namespace kelu {
 
 namespace {
+
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(kelu::CWinInetConnection)
+};
 
 constexpr const char* kProxyVariables[] = {"http_proxy", "https_proxy", "all_proxy", "HTTPS_PROXY", "ALL_PROXY"};
 
@@ -123,13 +128,13 @@ QString CWinInetConnection::GetWinApiDesc(int code) {
 QString CWinInetConnection::GetWinInetDesc(int code) {
     switch (code) {
         case 12002:
-            return QStringLiteral("The operation timed out");
+            return Texts::tr("The operation timed out");
         case 12007:
-            return QStringLiteral("The server name or address could not be resolved");
+            return Texts::tr("The server name or address could not be resolved");
         case 12029:
-            return QStringLiteral("A connection with the server could not be established");
+            return Texts::tr("A connection with the server could not be established");
         case 12163:
-            return QStringLiteral("The connection with the Internet has been lost");
+            return Texts::tr("The connection with the Internet has been lost");
         default:
             return {};
     }

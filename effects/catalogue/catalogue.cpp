@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "effects/catalogue/catalogue.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 #include <vector>
 
@@ -9,9 +10,17 @@
 
 namespace kelu {
 
+namespace {
+
+constexpr const char* kNothingToSet = "No Settings. Click on 'Apply' button.";
+
+}  // namespace
+
+QString EffectText(const char* text) { return QCoreApplication::translate("Effects", text); }
+
 QString Effect::PanelCaption() const {
-    if (!HasInputs()) return PanelTitle() + QStringLiteral("\r\n\r\nNo Settings. Click on 'Apply' button.");
-    return hint ? PanelTitle() + QStringLiteral("\r\n") + QString::fromLatin1(hint) : PanelTitle();
+    if (!HasInputs()) return PanelTitle() + QStringLiteral("\r\n\r\n") + EffectText(kNothingToSet);
+    return hint ? PanelTitle() + QStringLiteral("\r\n") + EffectText(hint) : PanelTitle();
 }
 
 bool Effect::HasInputs() const {

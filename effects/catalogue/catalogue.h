@@ -82,6 +82,10 @@ struct PanelTops {
 /// Whose picture Apply renders: that of the engine, which the pen then takes over, or the pen's own, in place.
 enum class Fills { Engine, Pen };
 
+/// A text of a row as it is read in the window: in the language in use. What a row says is also its name in scripts,
+/// which is English always.
+QString EffectText(const char* text);
+
 struct Effect {
     int number = 0;
     const char* listText = nullptr;
@@ -101,8 +105,9 @@ struct Effect {
                    const engine::Run& run) = nullptr;
 
     /// Captions: a doubled ampersand stands for one on the screen.
-    QString ButtonTip() const { return QString::fromLatin1(buttonTip ? buttonTip : listText); }
-    QString PanelTitle() const { return QString::fromLatin1(panelTitle ? panelTitle : listText); }
+    QString ListText() const { return EffectText(listText); }
+    QString ButtonTip() const { return EffectText(buttonTip ? buttonTip : listText); }
+    QString PanelTitle() const { return EffectText(panelTitle ? panelTitle : listText); }
     /// Title, then the hint or, for an effect without any input, the note that there is nothing to set.
     QString PanelCaption() const;
     bool ShowsCoordinates() const {

@@ -209,9 +209,9 @@ void frmEmail::KeepDraft(bool sent) {
 
 bool frmEmail::AddressesRefused(bool valid) {
     if (valid) return false;
-    dialog_.ShowMessage({QStringLiteral("Error"),
-                         QStringLiteral("The following error(s) have occured:\r\n\r\n"
-                                        "No e-mail address or an invalid e-mail address has been entered.\r\n"),
+    dialog_.ShowMessage({tr("Error"),
+                         tr("The following error(s) have occured:\r\n\r\n"
+                            "No e-mail address or an invalid e-mail address has been entered.\r\n"),
                          MsgIcon::Error});
     return true;
 }
@@ -228,7 +228,7 @@ void frmEmail::SendAndUnload(const std::function<void()>& send) {
     const bool sent = RunShowingErrors(dialog_, [&] {
         send();
         QCoreApplication::processEvents();
-        dialog_.ShowMessage({QStringLiteral("Information"), QStringLiteral("E-mail Sent!\r\n"), MsgIcon::Information});
+        dialog_.ShowMessage({tr("Information"), tr("E-mail Sent!\r\n"), MsgIcon::Information});
     });
     if (!sent) smtp_.Disconnect();
     KeepDraft(sent);

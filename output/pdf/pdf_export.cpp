@@ -7,6 +7,7 @@
 #include "document/document.h"
 #include "output/pdf/page_layout.h"
 #include "output/pdf/product.h"
+#include "pictures/picture_texts.h"
 #include "platform/atomic_file.h"
 #include "platform/error.h"
 #include "platform/run_beside.h"
@@ -14,6 +15,10 @@
 namespace kelu {
 
 namespace {
+
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(kelu::PdfExport)
+};
 
 constexpr double kPointsPerInch = 72;
 constexpr double kLargestPage = 14400;  // points; readers refuse more
@@ -38,7 +43,7 @@ PdfProperties KeluPdfProperties() {
 }
 
 void WritePdf(const QImage& picture, const QString& path, const PdfProperties& properties) {
-    if (picture.isNull()) throw Error(kInvalidPicture, QStringLiteral("There is no picture to save"));
+    if (picture.isNull()) throw Error(kInvalidPicture, PictureTexts::tr("There is no picture to save"));
     AtomicFile(path).FillAndCommit([&](QFile& file) { WritePdfPage(file, picture, PageFor(picture), properties); });
 }
 
@@ -56,8 +61,8 @@ bool PdfExport::CreatePDF(const QString& path) {
 void PdfExport::LaunchPDF(const QString& path) {
     dialog_.Beep();
     const MsgReply reply = dialog_.ShowMessage(
-        {QStringLiteral("Information"), QStringLiteral("PDF file '%1' created successfully!").arg(FileNameOfPath(path)),
-         MsgIcon::Information, MsgButtons::Ok, QStringLiteral("View PDF File"), QStringLiteral("Information")});
+        {Texts::tr("Information"), Texts::tr("PDF file '%1' created successfully!").arg(FileNameOfPath(path)),
+         MsgIcon::Information, MsgButtons::Ok, Texts::tr("View PDF File"), Texts::tr("Information")});
     if (reply.ticked) openDocument_(path);
 }
 

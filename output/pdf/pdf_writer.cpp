@@ -10,6 +10,7 @@
 
 #include "pictures/deflated_rows.h"
 #include "pictures/picture_encoders.h"
+#include "pictures/picture_texts.h"
 #include "platform/error.h"
 
 namespace kelu {
@@ -132,7 +133,7 @@ void WriteDocument(QIODevice& device, const QImage& paper, const PdfPage& page, 
 
 bool WritePdfPage(QIODevice& device, const QImage& picture, const PdfPage& page, const PdfProperties& properties,
                   const PdfProgress& progress) {
-    if (picture.isNull()) throw Error(kInvalidPicture, QStringLiteral("There is no picture to save"));
+    if (picture.isNull()) throw Error(kInvalidPicture, PictureTexts::tr("There is no picture to save"));
     try {
         WriteDocument(device, OverWhite(picture), page, properties, progress);
     } catch (const GivenUp&) {

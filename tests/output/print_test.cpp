@@ -147,6 +147,7 @@ TEST_F(PrintDialogTest, FailuresKeepTheDialogAndTheSetting) {
 TEST_F(PrintDialogTest, SpeaksTheLanguageOfTheSetting) {
     const char* const rows[][3] = {{"2", "Imprimir", "Horizontal"},
                                    {"3", "Imprimer", "Paysage"},
+                                   {"de", "Drucken", "Querformat"},
                                    {"0", "Print", "Landscape"},
                                    {"7", "Print", "Landscape"}};
     for (const auto& [id, window, landscape] : rows) {

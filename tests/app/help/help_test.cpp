@@ -13,6 +13,7 @@
 #include "app/help_topics.h"
 #include "app/help_window.h"
 #include "effects/catalogue/catalogue.h"
+#include "platform/language.h"
 #include "tests/support/scripted_dialog.h"
 
 namespace kelu {
@@ -94,6 +95,19 @@ TEST_F(Help, GoesBackAndForward) {
     browser.forward();
     browser.forward();
     EXPECT_TRUE(Shown().contains("2 pages")) << "a search is a page like others";
+}
+
+TEST_F(Help, APageInTheLanguageInUseTakesThePlaceOfTheOther) {
+    Write("index_de.html", "Alle Effekte", "<p>Hier sind sie.</p>");
+    const auto foundIn = [&](const char* language) {
+        UseLanguage(language);
+        topics_.LoadCHMFile();
+        topics_.Window()->Browser().setSource(QUrl("index.html"));
+        HelpPages pages(folder_.path());
+        return Shown() + QString::number(pages.Search("Here").size()) + QString::number(pages.Search("Hier").size());
+    };
+    EXPECT_EQ(foundIn("de"), "Hier sind sie.01");
+    EXPECT_EQ(foundIn("0"), "Here they are. Sepia10");
 }
 
 TEST_F(Help, SearchesAllPages) {
