@@ -26,17 +26,26 @@ Surface::Surface(QObject* parent) : QObject(parent), undo_(std::make_unique<Undo
 
 Surface::~Surface() = default;
 
-void Surface::LoadFile(const QString& path) { Replace(ReadPicture(path)); }
+void Surface::LoadFile(const QString& path) {
+    const Photograph read = ReadPhotograph(path);
+    SetPicture(read.picture, read.metadata);
+}
 
 void Surface::SaveFile(const QString& path) const {
     if (picture_.isNull()) throw Error(kInvalidPicture, PictureTexts::tr("There is no picture to save"));
-    WritePicture(picture_, path);
+    WriteOptions options;
+    options.metadata = told_;
+    WritePicture(picture_, path, options);
 }
 
-void Surface::SetPicture(const QImage& picture) { Replace(ToPictureFormat(picture)); }
+void Surface::SetPicture(const QImage& picture, const Metadata& told) {
+    told_ = told;
+    Replace(ToPictureFormat(picture));
+}
 
 void Surface::TakeOver(Surface& other) {
     std::swap(picture_, other.picture_);
+    std::swap(told_, other.told_);
     std::swap(brush_, other.brush_);
     std::swap(undo_, other.undo_);
     Q_EMIT PictureReplaced();
@@ -73,7 +82,7 @@ double Surface::ResolutionY() const { return picture_.dotsPerMeterY() > 0 ? pict
 void Surface::CreateBlank(int width, int height, int bits, const QColor& color) {
     QImage blank = MakePicture(width, height, bits == 32 ? QImage::Format_ARGB32 : QImage::Format_RGB32);
     blank.fill(color);
-    Replace(std::move(blank));
+    SetPicture(blank);
 }
 
 void Surface::DrawBitmap(const QImage& bitmap, int x, int y, int opacity) {

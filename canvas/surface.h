@@ -10,6 +10,7 @@
 
 #include "canvas/brush.h"
 #include "canvas/render_picture.h"
+#include "pictures/metadata.h"
 
 namespace kelu {
 
@@ -24,14 +25,17 @@ class Surface : public QObject {
 
     /// Replaces the picture by the file's; see ReadPicture for errors. A failure changes nothing.
     void LoadFile(const QString& path);
-    /// Writes the picture, format by extension; see WritePicture. Throws Error(kInvalidPicture) without a picture.
+    /// Writes the picture with what its file told, format by extension; see WritePicture. Throws Error(kInvalidPicture)
+    /// without a picture.
     void SaveFile(const QString& path) const;
 
     /// The picture, shared until one side writes; null at first. Don't keep it while strokes go on: each stroke on a
     /// shared picture has to copy it first.
     QImage Picture() const { return picture_; }
-    /// Replaces the picture; costs no copy. All undo levels go.
-    void SetPicture(const QImage& picture);
+    /// What the picture's file told beside the pixels; changes of the pixels leave it as it is.
+    const Metadata& Told() const { return told_; }
+    /// Replaces the picture and what its file told; costs no copy. All undo levels go.
+    void SetPicture(const QImage& picture, const Metadata& told = {});
 
     /// Takes the other's picture with its undo levels and its brush, and leaves it its own.
     void TakeOver(Surface& other);
@@ -109,6 +113,7 @@ class Surface : public QObject {
     void Announce(const QRect& changed);
 
     QImage picture_;
+    Metadata told_;
     BrushHandle brush_;
     std::unique_ptr<UndoLevels> undo_;
 };

@@ -32,7 +32,7 @@ void PaintEffect(const QString& in, const Effect& effect, const EffectInputs& in
     if (strokes)
         PaintStrokes(*strokes, document.Pen(), document.Canvas());
     else
-        document.Canvas().SetPicture(document.Pen().Picture());
+        document.Canvas().SetPicture(document.Pen().Picture(), document.Canvas().Told());
 }
 
 /// All that decides a result beside its input.

@@ -76,24 +76,19 @@ QString Canonical(const QString& name) {
     return (folder.isEmpty() ? file.absolutePath() : folder) + u'/' + file.fileName();
 }
 
-void Save(const Surface& picture, const QString& out) {
-    if (IsPdf(out))
-        WritePdf(picture.Picture(), out, KeluPdfProperties());
-    else
-        picture.SaveFile(out);
-}
-
 }  // namespace
 
-QStringList Batch::Options() { return {"out-dir", "format", "jobs", "list", "shard"}; }
-QStringList Batch::Flags() { return {"force", "resume", "json", "0"}; }
+QStringList Batch::Options() { return {"out-dir", "format", "quality", "jobs", "list", "shard"}; }
+QStringList Batch::Flags() { return {"strip", "force", "resume", "json", "0"}; }
 
 Batch::Batch(const Arguments& arguments, QStringList words)
     : folder_(arguments.options.value("out-dir")),
       format_(arguments.options.value("format").toLower().toLatin1()),
       force_(arguments.Has("force")),
       resume_(arguments.Has("resume")),
-      json_(arguments.Has("json")) {
+      json_(arguments.Has("json")),
+      strip_(arguments.Has("strip")),
+      quality_(arguments.Has("quality") ? arguments.Integer("quality", 1, 100) : WriteOptions().quality) {
     const bool toFolder = arguments.Has("out-dir");
     if (!toFolder) {
         if (words.isEmpty()) throw UsageError(QStringLiteral("no name for the result, and no --out-dir"));
@@ -152,6 +147,14 @@ QString Batch::Refusal(const QString& out) {
     return {};
 }
 
+void Batch::Save(const Surface& made, const QString& out) const {
+    if (IsPdf(out)) return WritePdf(made.Picture(), out, KeluPdfProperties());
+    WriteOptions options;
+    options.quality = quality_;
+    if (!strip_) options.metadata = made.Told();
+    WritePicture(made.Picture(), out, options);
+}
+
 Batch::Outcome Batch::RunOne(const Task& task, const Make& make, QString& reason) const {
     QString failing = task.in;
     try {
@@ -205,7 +208,8 @@ int Batch::Run(const QByteArray& recipe, const Make& make) {
 
     const auto runTask = [&](const Task& task) {
         QString reason;
-        const QByteArray all = recipe + ' ' + format_;
+        const QByteArray all =
+            recipe + ' ' + format_ + ' ' + QByteArray::number(quality_) + (strip_ ? " strip" : QByteArray());
         const QByteArray key = resume_ ? DoneList::KeyOf(task.in, all) : QByteArray();
         const QString result = QFileInfo(task.out).fileName();
         QMutexLocker lock(&mutex);

@@ -12,8 +12,9 @@
 #include "cli/command_line.h"
 
 namespace kelu {
+class Surface;
 struct Surfaces;
-}
+}  // namespace kelu
 
 namespace kelu::cli {
 
@@ -48,6 +49,7 @@ class Batch {
     std::vector<Task> Tasks();
     QString NameInFolder(const QString& in) const;
     QString Refusal(const QString& out);
+    void Save(const Surface& made, const QString& out) const;
     Outcome RunOne(const Task& task, const Make& make, QString& reason) const;
     void Report(const Task& task, Outcome outcome, const QString& reason) const;
 
@@ -58,6 +60,8 @@ class Batch {
     bool force_ = false;
     bool resume_ = false;
     bool json_ = false;
+    bool strip_ = false;
+    int quality_;
     int jobs_ = 1;
     int shard_ = 0;  ///< counted from 0
     int shards_ = 1;

@@ -13,6 +13,9 @@ namespace {
 constexpr const char* kBatchUsage =
     "  --out-dir DIR       results go there under the pictures' names\n"
     "  --format png        format of the results; needed where the result is - (standard output)\n"
+    "  --quality N         1 to 100, of JPEG and WebP; 92 without it\n"
+    "  --strip             leave out what the photograph carries (camera, date, place, author); without it all is "
+    "kept\n"
     "  --force             replace what is there; without it nothing is ever overwritten\n"
     "  --resume            pass over what an earlier run made from the same picture and inputs (with --out-dir)\n"
     "  --list FILE|-       more pictures, one a line; -0: ended by NUL\n"
@@ -40,8 +43,8 @@ constexpr CommandRow kCommands[] = {
      "                      its inputs; kelu-cli effects tells which it has\n"
      "  --strokes FILE|-    paint only along the strokes, else everywhere\n",
      true},
-    {"convert", ConvertCommand, "IN... OUT|--out-dir DIR", "any readable picture to bmp, png, gif, jpg, tif or pdf", "",
-     true},
+    {"convert", ConvertCommand, "IN... OUT|--out-dir DIR",
+     "any readable picture to bmp, png, gif, jpg, tif, webp or pdf", "", true},
     {"replay", ReplayCommand, "RECIPE [IN...] OUT|--out-dir DIR",
      "what a recipe tells, bit for bit; on its own picture or others",
      "  --fit               strokes and points follow a picture of another size\n"

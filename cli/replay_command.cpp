@@ -68,7 +68,7 @@ int ReplayCommand(const QStringList& words) {
     return batch.Run((fit ? "replay --fit " : "replay ") + text, [&](const QString& in, Surfaces& made) {
         Replay replay(recipe, made, &RenderEffectOn);
         replay.SetFolder(QFileInfo(recipePath).path());
-        replay.Open(ReadPicture(in), fit);
+        replay.Open(ReadPhotograph(in), fit);
         replay.DoAll([&in](int percent) {
             ShowProgress(in, percent);
             return true;

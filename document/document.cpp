@@ -42,6 +42,7 @@ void Document::Open(const QString& path, Source source, bool wasDirty, Size size
     // Read and shrink beside the document, so that a failure at any step leaves it whole.
     const bool shrinks = size == Size::AsSet && source != Source::Capture && state_.ResizeOnOpen == 1;
     QImage picture;
+    Metadata told;
     QSize inFile;
     beside_([&, prepareCanvas = canvasView_.Preparation(), prepareOriginal = originalView_.Preparation()] {
         Surface opened;
@@ -49,19 +50,23 @@ void Document::Open(const QString& path, Source source, bool wasDirty, Size size
         inFile = opened.Picture().size();
         if (shrinks) ShrinkLargePicture(opened);
         picture = opened.Picture();
+        told = opened.Told();
         prepareCanvas(picture);
         prepareOriginal(picture);
     });
 
     const QScopedValueRollback<bool> opening(opening_, true);
-    Canvas().SetPicture(picture);
+    Canvas().SetPicture(picture, told);
     canvasView_.ShowWhole();
     Pen().SetPicture(Canvas().Picture());
-    Original().SetPicture(Canvas().Picture());
+    Original().SetPicture(Canvas().Picture(), told);
     originalView_.ShowWhole();
 
-    log_.Opened(
-        {path, Original().Picture(), Canvas().Picture().size() != inFile, source == Source::Capture, Canvas().Brush()});
+    log_.Opened({path,
+                 {Original().Picture(), told},
+                 Canvas().Picture().size() != inFile,
+                 source == Source::Capture,
+                 Canvas().Brush()});
     state_.ImageActive = true;
     if (source == Source::Browse) state_.EffectReady = false;
     state_.CurrentFileName = FileNameOfPath(path);

@@ -170,7 +170,7 @@ QByteArray MakeFilm(const Recipe& recipe, const QImage& picture, const EffectRen
                     const std::function<bool(int percent)>& progress) {
     Surfaces surfaces;
     Replay replay(recipe, surfaces, render);
-    replay.Open(picture, fit);
+    replay.Open({picture}, fit);
     Screen screen(surfaces.picCanvas);
     const QImage first = screen.Picture().copy();
     QImage shown = first;

@@ -45,7 +45,7 @@ Journal::~Journal() {
 void Journal::Opened(const OpenedPicture& picture) {
     LeavePicture();
     picture_ = picture;
-    lines_ = FileLine(picture.path) + OpenLine(picture.picture.size(), picture.shrunk);
+    lines_ = FileLine(picture.path) + OpenLine(picture.opened.picture.size(), picture.shrunk);
 }
 
 void Journal::Replaced() { LeavePicture(); }
@@ -130,7 +130,7 @@ void Journal::Settled(const QString& savedAs) {
         for (const QString& path : std::exchange(files.left, {})) JournalFile(path, 0, 0).Remove();
         // Later strokes still need the picture that this save has replaced.
         if (!files.file || files.kept || savedAs.isEmpty() || !SameFile(savedAs, picture.path)) return;
-        files.file->Append("kept " + files.file->Keep(picture.picture) + '\n');
+        files.file->Append("kept " + files.file->Keep(picture.opened) + '\n');
         files.kept = true;
     });
 }
@@ -179,7 +179,7 @@ void Journal::Begin() {
         files.file = std::make_shared<JournalFile>(folder);
         files.kept = picture.passing;
         if (picture.passing)
-            files.file->Append("kept " + files.file->Keep(picture.picture) + '\n');
+            files.file->Append("kept " + files.file->Keep(picture.opened) + '\n');
         else
             files.file->AppendStamp(picture.path);
     });
@@ -199,7 +199,7 @@ void Journal::KeepForeignBrush() {
     if (!begun_) Begin();
     Run([brush = std::exchange(picture_.brush, {})](Files& files) {
         if (!files.file) return;
-        const QByteArray name = files.file->Keep(brush.paint);
+        const QByteArray name = files.file->Keep({brush.paint});
         files.file->Append("paint " + QByteArray::number(brush.size) + ' ' + QByteArray::number(brush.softness) + ' ' +
                            name + '\n');
     });

@@ -93,11 +93,13 @@ void JournalFile::AppendStamp(const QString& picturePath) {
            QByteArray::number(picture.lastModified().toMSecsSinceEpoch()) + ' ' + sum + '\n');
 }
 
-QByteArray JournalFile::Keep(const QImage& picture) {
+QByteArray JournalFile::Keep(const Photograph& kept) {
     const QFileInfo info(path_);
     const QString name = QStringLiteral("%1-%2.png").arg(info.completeBaseName()).arg(++kept_);
-    WritePicture(picture, info.dir().filePath(name));
-    return name.toLatin1() + (picture.hasAlphaChannel() ? " 32" : " 24");
+    WriteOptions options;
+    options.metadata = kept.metadata;
+    WritePicture(kept.picture, info.dir().filePath(name), options);
+    return name.toLatin1() + (kept.picture.hasAlphaChannel() ? " 32" : " 24");
 }
 
 void JournalFile::Remove() {

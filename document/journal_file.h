@@ -7,6 +7,7 @@
 #include <QImage>
 #include <QString>
 
+#include "pictures/metadata.h"
 #include "platform/file_lock.h"
 
 namespace kelu {
@@ -35,7 +36,7 @@ class JournalFile {
     /// Size, time and checksum of the picture's file. A file that can't be read gets no such line.
     void AppendStamp(const QString& picturePath);
     /// Puts the picture beside the journal and returns its name and its bits per pixel, 24 or 32, as a line tells them.
-    QByteArray Keep(const QImage& picture);
+    QByteArray Keep(const Photograph& kept);
     /// The file and all that lies beside it.
     void Remove();
 

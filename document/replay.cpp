@@ -10,6 +10,7 @@
 #include "document/journal_file.h"
 #include "pictures/picture_file.h"
 #include "platform/error.h"
+#include "platform/units.h"
 
 namespace kelu {
 namespace {
@@ -23,11 +24,11 @@ constexpr double kFarthest = 1e7;  // image pixels
 constexpr int kLargestBrush = 10'000;
 constexpr int kRenderWork = 400;  // a render counts as much as this many segments
 
-QImage ReadKept(const Recipe::KeptPicture& kept, const QString& folder) {
-    QImage picture = ReadPicture(QDir(folder).filePath(kept.name));
+Photograph ReadKept(const Recipe::KeptPicture& kept, const QString& folder) {
+    Photograph read = ReadPhotograph(QDir(folder).filePath(kept.name));
     // What is opaque all over is read without transparency.
-    if (kept.hasAlpha && !picture.hasAlphaChannel()) picture.reinterpretAsFormat(QImage::Format_ARGB32);
-    return picture;
+    if (kept.hasAlpha && !read.picture.hasAlphaChannel()) read.picture.reinterpretAsFormat(QImage::Format_ARGB32);
+    return read;
 }
 
 QString SizeText(const QSize& size) { return QStringLiteral("%1 x %2").arg(size.width()).arg(size.height()); }
@@ -39,14 +40,14 @@ Recipe FittedRecipe(Recipe recipe, const QSize& size) {
     const double scaleY = static_cast<double>(size.height()) / recipe.size.height();
     // Whole numbers are the middles of pixels.
     const auto fit = [](int at, double scale) {
-        return static_cast<int>(std::lround(std::clamp((at + 0.5) * scale - 0.5, -kFarthest, kFarthest)));
+        return RoundToEven(std::clamp((at + 0.5) * scale - 0.5, -kFarthest, kFarthest));
     };
     const double mean = std::sqrt(scaleX * scaleY);
     for (Recipe::Step& step : recipe.steps) {
         step.from = {fit(step.from.x(), scaleX), fit(step.from.y(), scaleY)};
         step.to = {fit(step.to.x(), scaleX), fit(step.to.y(), scaleY)};
         if (step.kind == Recipe::Kind::Brush && step.number > 0)
-            step.number = static_cast<int>(std::lround(std::clamp(step.number * mean, 1.0, double{kLargestBrush})));
+            step.number = RoundToEven(std::clamp(step.number * mean, 1.0, double{kLargestBrush}));
     }
     for (Recipe::Render& render : recipe.renders) {
         render.inputs.x = fit(render.inputs.x, scaleX);
@@ -56,9 +57,9 @@ Recipe FittedRecipe(Recipe recipe, const QSize& size) {
     return recipe;
 }
 
-void Replay::Open(const QImage& picture, bool fit) {
+void Replay::Open(const Photograph& photograph, bool fit) {
     Surface opened;
-    opened.SetPicture(picture);
+    opened.SetPicture(photograph.picture);
     if (recipe_.shrunk) ShrinkLargePicture(opened);
     const QSize size = opened.Picture().size();
     if (size != recipe_.size) {
@@ -70,13 +71,13 @@ void Replay::Open(const QImage& picture, bool fit) {
         recipe_ = FittedRecipe(std::move(recipe_), size);
     }
     if (!recipe_.paint.name.isEmpty()) {
-        lastRender_ = {ReadKept(recipe_.paint, folder_), recipe_.paintBrush, recipe_.paintSoftness};
+        lastRender_ = {ReadKept(recipe_.paint, folder_).picture, recipe_.paintBrush, recipe_.paintSoftness};
         surfaces_.picCanvas.SelectBrush(lastRender_);
         effectReady_ = true;
     }
-    surfaces_.picCanvas.SetPicture(opened.Picture());
+    surfaces_.picCanvas.SetPicture(opened.Picture(), photograph.metadata);
     surfaces_.picPen.SetPicture(opened.Picture());
-    surfaces_.picOriginal.SetPicture(opened.Picture());
+    surfaces_.picOriginal.SetPicture(opened.Picture(), photograph.metadata);
 }
 
 void Replay::DoNext() {
@@ -139,14 +140,14 @@ bool Replay::DoAll(const std::function<bool(int percent)>& progress) {
     return true;
 }
 
-QImage ReadJournalPicture(const Recipe& recipe, const QString& folder) {
+Photograph ReadJournalPicture(const Recipe& recipe, const QString& folder) {
     if (!recipe.kept.name.isEmpty()) return ReadKept(recipe.kept, folder);
     const QString name = QFileInfo(recipe.file).fileName();
     if (!QFileInfo::exists(recipe.file))
         throw Error(kFileError, Texts::tr("'%1' is not there any more").arg(name), QStringLiteral("Replay"));
     if (!recipe.fileSum.isEmpty() && FileSum(recipe.file) != recipe.fileSum)
         throw Error(kFileError, Texts::tr("'%1' has changed since").arg(name), QStringLiteral("Replay"));
-    return ReadPicture(recipe.file);
+    return ReadPhotograph(recipe.file);
 }
 
 }  // namespace kelu

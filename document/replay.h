@@ -26,7 +26,7 @@ class Replay {
 
     /// Puts in the picture, shrunk where the recipe says so, as every open does. Throws Error(kInvalidPicture) when it
     /// has another size than the recipe's, or with `fit` makes the recipe fit.
-    void Open(const QImage& picture, bool fit = false);
+    void Open(const Photograph& photograph, bool fit = false);
     /// `folder` holds the pictures that lie beside a journal.
     void SetFolder(const QString& folder) { folder_ = folder; }
 
@@ -54,6 +54,6 @@ class Replay {
 
 /// The picture that a journal in `folder` began with: the copy beside it, or the file if it is still the same. Throws
 /// Error that says what is amiss.
-QImage ReadJournalPicture(const Recipe& recipe, const QString& folder);
+Photograph ReadJournalPicture(const Recipe& recipe, const QString& folder);
 
 }  // namespace kelu

@@ -7,6 +7,7 @@
 
 #include "canvas/brush.h"
 #include "document/effect_inputs.h"
+#include "pictures/metadata.h"
 
 namespace kelu {
 
@@ -19,7 +20,7 @@ enum class BrushSource : std::uint8_t {
 
 struct OpenedPicture {
     QString path;
-    QImage picture;        ///< as it stands in the document, shared
+    Photograph opened;     ///< as it stands in the document, shared
     bool shrunk = false;   ///< made smaller by the rule of opening
     bool passing = false;  ///< the file will not stay: a snapshot of the camera, a picture out of the clipboard
     BrushHandle brush;     ///< what strokes would paint with until the next brush is made

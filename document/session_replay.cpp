@@ -102,10 +102,10 @@ void SessionReplay::PlayRecipe(const QString& path) {
             work.recipe.shrunk = false;
             work.fit = true;
             work.passing = open.passing;
-            work.readPicture = [picture = document_.Original().Picture()] { return picture; };
+            work.readPicture = [opened = open.opened] { return opened; };
         } else {
             work.recipe.file = PictureOfRecipe(work.recipe, path);
-            work.readPicture = [file = work.recipe.file] { return ReadPicture(file); };
+            work.readPicture = [file = work.recipe.file] { return ReadPhotograph(file); };
         }
         Play(work);
     });
@@ -127,7 +127,11 @@ bool SessionReplay::Play(const Work& work) {
         });
     }
     document_.TakeOver(made, work.recipe.file, replay.EffectReady());
-    OpenedPicture picture{work.recipe.file, document_.Original().Picture(), replay.What().shrunk, work.passing, {}};
+    OpenedPicture picture{work.recipe.file,
+                          {document_.Original().Picture(), document_.Original().Told()},
+                          replay.What().shrunk,
+                          work.passing,
+                          {}};
     journal_.Resume(replay.What(), picture, work.file);
     surroundings_.played();
     return true;

@@ -44,7 +44,7 @@ class SessionReplay : public QObject {
  private:
     struct Work {
         Recipe recipe;
-        std::function<QImage()> readPicture;
+        std::function<Photograph()> readPicture;
         bool fit = false;
         bool passing = false;
         std::shared_ptr<JournalFile> file;  ///< to go on with; null: a new one

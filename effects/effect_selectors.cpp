@@ -60,8 +60,19 @@ void EffectSelectors::SetObstacle(const QString& obstacle) {
 }
 
 void EffectSelectors::ListSelected() {
-    if (Refused()) return;
+    if (Refused()) return UnmarkRefusedRow();
+    listed_ = lstSFX->ListIndex();
     if (const Effect* effect = FindEffect(lstSFX->ListIndex() + 1)) Q_EMIT EffectChosen(effect->number);
+}
+
+// When the event is over: the list still has the click to mark.
+void EffectSelectors::UnmarkRefusedRow() {
+    if (lstSFX->ListIndex() == listed_) return;
+    const auto unmark = [this] {
+        const QSignalBlocker silent(lstSFX);
+        lstSFX->SetListIndex(listed_);
+    };
+    QMetaObject::invokeMethod(lstSFX, unmark, Qt::QueuedConnection);
 }
 
 void EffectSelectors::ToolbarClicked(const QString& key) {

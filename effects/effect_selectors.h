@@ -44,11 +44,14 @@ class EffectSelectors : public QObject {
 
  private:
     void ListSelected();
+    void UnmarkRefusedRow();
     void ToolbarClicked(const QString& key);
     bool Refused() const { return !Enabled(Command::ChooseEffect, state_); }
 
     SharedState& state_;
-    int marked_ = 0;  ///< button of the last click that was not refused; 0: none
+    // Of the last choice that was not refused; a refused one leaves no mark.
+    int marked_ = 0;  ///< button, from 1; 0: none
+    int listed_ = 0;  ///< row
 };
 
 }  // namespace kelu

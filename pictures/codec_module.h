@@ -7,6 +7,7 @@
 #include <QImage>
 #include <cstdint>
 
+#include "pictures/bytes.h"
 #include "pictures/metadata.h"
 
 namespace kelu {
@@ -24,5 +25,8 @@ struct CodecHost {
 /// ARGB32) and `metadata`.
 using DecodeFunction = void (*)(const QByteArray& bytes, const CodecHost& host, QImage& image, Metadata& metadata);
 inline constexpr const char* kDecodeFunction = "KeluDecode";
+
+/// EXIF data as these formats keep it: the distance to its begin stands before it.
+inline QByteArray ExifOfBox(const QByteArray& box) { return box.mid(4 + qint64{BigEndian(box, 0, 4)}); }
 
 }  // namespace kelu

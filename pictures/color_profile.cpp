@@ -16,6 +16,8 @@
 namespace kelu {
 namespace {
 
+constexpr int kDateAt = 24;  // in the header of a profile
+
 struct CloseProfile {
     void operator()(void* profile) const { cmsCloseProfile(profile); }
 };
@@ -32,6 +34,13 @@ struct FreeCurve {
 Profile OpenProfile(const QByteArray& bytes) {
     if (bytes.isEmpty()) return {};
     return Profile(cmsOpenProfileFromMem(bytes.constData(), static_cast<cmsUInt32Number>(bytes.size())));
+}
+
+QByteArray Save(const Profile& profile) {
+    cmsUInt32Number length = 0;
+    if (!profile || !cmsSaveProfileToMem(profile.get(), nullptr, &length)) return {};
+    QByteArray bytes(static_cast<qsizetype>(length), '\0');
+    return cmsSaveProfileToMem(profile.get(), bytes.data(), &length) ? bytes : QByteArray();
 }
 
 bool IsFor(const Profile& profile, cmsColorSpaceSignature space) {
@@ -131,10 +140,18 @@ QByteArray GammaProfile(double gamma) {
     const std::unique_ptr<cmsToneCurve, FreeCurve> curve(cmsBuildGamma(nullptr, gamma));
     cmsToneCurve* const curves[] = {curve.get(), curve.get(), curve.get()};
     const Profile profile(cmsCreateRGBProfile(&kWhite, &kPrimaries, curves));
-    cmsUInt32Number length = 0;
-    if (!profile || !cmsSaveProfileToMem(profile.get(), nullptr, &length)) return {};
-    QByteArray bytes(static_cast<qsizetype>(length), '\0');
-    return cmsSaveProfileToMem(profile.get(), bytes.data(), &length) ? bytes : QByteArray();
+    return Save(profile);
+}
+
+const QByteArray& SrgbProfile() {
+    static const QByteArray bytes = [] {
+        QByteArray made = Save(Profile(cmsCreate_sRGBProfile()));
+        // The date at which it was made: the first of January 2000.
+        constexpr std::array<char, 12> kDate{0x07, static_cast<char>(0xd0), 0, 1, 0, 1};
+        if (made.size() > kDateAt) std::copy(kDate.begin(), kDate.end(), made.begin() + kDateAt);
+        return made;
+    }();
+    return bytes;
 }
 
 }  // namespace kelu

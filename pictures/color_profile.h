@@ -16,6 +16,9 @@ void ConvertToSrgb(QImage& picture, const QByteArray& profile);
 /// Makes them RGB32, by the profile when it is one for CMYK, else by plain multiplication.
 void ConvertCmykToSrgb(QImage& picture, const QByteArray& profile, bool inverted);
 
+/// The profile of sRGB, for files that have no mark of their own for it; the same bytes every time.
+const QByteArray& SrgbProfile();
+
 /// A profile with the primaries of sRGB and a pure power curve.
 QByteArray GammaProfile(double gamma);
 

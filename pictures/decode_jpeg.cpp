@@ -5,20 +5,24 @@
 #include <jerror.h>
 #include <jpeglib.h>
 
+#include <QStringDecoder>
 #include <csetjmp>
 
 #include "pictures/color_profile.h"
 #include "pictures/exif.h"
+#include "pictures/jpeg_markers.h"
+#include "pictures/photoshop_resources.h"
 #include "pictures/picture.h"
 #include "pictures/picture_decoders.h"
 #include "platform/error.h"
 #include "platform/run_beside.h"
+#include "platform/units.h"
 
 namespace kelu {
 namespace {
 
-constexpr int kExifMarker = JPEG_APP0 + 1;
-constexpr int kProfileMarker = JPEG_APP0 + 2;
+constexpr int kMarkersKept[] = {kJpegExifMarker, kJpegProfileMarker, kJpegResourcesMarker, JPEG_COM};
+constexpr int kMostTexts = 100;
 constexpr unsigned kLongestMarker = 0xffff;
 // More scans than any encoder writes; a file of thousands is made to burn time.
 constexpr int kMostScans = 200;
@@ -45,7 +49,8 @@ class JpegDecoder {
         CheckPictureSize(info_.image_width, info_.image_height);
         DecodedPicture result;
         result.fileSize = QSize(static_cast<int>(info_.image_width), static_cast<int>(info_.image_height));
-        const Exif exif = FindExif();
+        result.metadata = FindMetadata();
+        const Exif exif = ReadExif(result.metadata.exif);
         result.metadata.orientation = exif.orientation;
         ChooseScale(exif.orientation >= 5 ? box.transposed() : box);
         const bool cmyk = info_.jpeg_color_space == JCS_CMYK || info_.jpeg_color_space == JCS_YCCK;
@@ -92,8 +97,7 @@ class JpegDecoder {
         if (setjmp(leave_)) return false;
         jpeg_create_decompress(&info_);
         jpeg_mem_src(&info_, bytes, size);
-        jpeg_save_markers(&info_, kExifMarker, kLongestMarker);
-        jpeg_save_markers(&info_, kProfileMarker, kLongestMarker);
+        for (const int marker : kMarkersKept) jpeg_save_markers(&info_, marker, kLongestMarker);
         jpeg_read_header(&info_, TRUE);
         monitor_.progress_monitor = [](j_common_ptr info) {
             if (reinterpret_cast<j_decompress_ptr>(info)->input_scan_number > kMostScans) Self(info)->Leave();
@@ -148,14 +152,31 @@ class JpegDecoder {
         }
     }
 
-    Exif FindExif() const {
+    Metadata FindMetadata() const {
+        Metadata metadata;
+        QByteArray resources;
         for (jpeg_saved_marker_ptr marker = info_.marker_list; marker; marker = marker->next) {
             const QByteArray data(reinterpret_cast<const char*>(marker->data),
                                   static_cast<qsizetype>(marker->data_length));
-            const QByteArray name("Exif\0\0", 6);
-            if (marker->marker == kExifMarker && data.startsWith(name)) return ReadExif(data.mid(name.size()));
+            const auto take = [&](int number, QByteArrayView name, QByteArray& to) {
+                if (marker->marker == number && data.startsWith(name)) to += data.mid(name.size());
+            };
+            if (metadata.exif.isEmpty()) take(kJpegExifMarker, kJpegExifName, metadata.exif);
+            if (metadata.xmp.isEmpty()) take(kJpegExifMarker, kJpegXmpName, metadata.xmp);
+            take(kJpegResourcesMarker, kJpegResourcesName, resources);
+            if (marker->marker == JPEG_COM && metadata.texts.size() < kMostTexts)
+                metadata.texts.append({QLatin1String(kCommentName), TextOf(data)});
         }
-        return {};
+        metadata.iptc = FindResource(resources, kIptcResource);
+        return metadata;
+    }
+
+    // Comments have no encoding of their own.
+    static QString TextOf(const QByteArray& bytes) {
+        const QByteArray text = bytes.split('\0').first();
+        QStringDecoder decoder(QStringDecoder::Utf8);
+        const QString decoded = decoder(text);
+        return decoder.hasError() ? QString::fromLatin1(text) : decoded;
     }
 
     QByteArray FindProfile() {
@@ -174,8 +195,8 @@ class JpegDecoder {
         const double x = perMeter > 0 ? info_.X_density * perMeter : exif.dotsPerMeterX;
         const double y = perMeter > 0 ? info_.Y_density * perMeter : exif.dotsPerMeterY;
         if (x >= 1 && y >= 1 && x < 1e7 && y < 1e7) {
-            image.setDotsPerMeterX(qRound(x));
-            image.setDotsPerMeterY(qRound(y));
+            image.setDotsPerMeterX(RoundToEven(x));
+            image.setDotsPerMeterY(RoundToEven(y));
         }
     }
 

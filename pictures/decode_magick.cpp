@@ -10,6 +10,7 @@
 #include "pictures/picture_decoders.h"
 #include "pictures/picture_texts.h"
 #include "platform/error.h"
+#include "platform/units.h"
 
 namespace kelu {
 namespace {
@@ -40,8 +41,8 @@ void SetResolution(const Magick::Image& image, QImage& picture) {
     const double x = image.xResolution() * perMeter;
     const double y = image.yResolution() * perMeter;
     if (x >= 1 && y >= 1 && x < 1e7 && y < 1e7) {
-        picture.setDotsPerMeterX(static_cast<int>(std::lrint(x)));
-        picture.setDotsPerMeterY(static_cast<int>(std::lrint(y)));
+        picture.setDotsPerMeterX(RoundToEven(x));
+        picture.setDotsPerMeterY(RoundToEven(y));
     }
 }
 

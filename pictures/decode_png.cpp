@@ -9,6 +9,7 @@
 #include "pictures/exif.h"
 #include "pictures/picture.h"
 #include "pictures/picture_decoders.h"
+#include "pictures/png_texts.h"
 
 namespace kelu {
 namespace {
@@ -108,8 +109,11 @@ class PngDecoder {
     void Describe(DecodedPicture& result) const {
         png_bytep exif = nullptr;
         png_uint_32 length = 0;
-        if (png_get_eXIf_1(png_, info_, &length, &exif))
-            result.metadata.orientation = ReadExif(Bytes(exif, length)).orientation;
+        if (png_get_eXIf_1(png_, info_, &length, &exif)) result.metadata.exif = Bytes(exif, length);
+        result.metadata.orientation = ReadExif(result.metadata.exif).orientation;
+        png_textp texts = nullptr;
+        const int count = png_get_text(png_, info_, &texts, nullptr);
+        for (int i = 0; i < count; ++i) TakePngText(TextOf(texts[i]), result.metadata);
         const png_uint_32 x = png_get_x_pixels_per_meter(png_, info_);
         const png_uint_32 y = png_get_y_pixels_per_meter(png_, info_);
         if (x > 0 && y > 0 && x < kLongestSide && y < kLongestSide) {
@@ -129,6 +133,14 @@ class PngDecoder {
         if (png_get_valid(png_, info_, PNG_INFO_sRGB) || !png_get_gAMA(png_, info_, &gamma) || gamma <= 0) return {};
         if (std::abs(1 / gamma - kScreenGamma) < kGammaTolerance) return {};
         return GammaProfile(1 / gamma);
+    }
+
+    static PictureText TextOf(const png_text& text) {
+        const bool isUtf8 =
+            text.compression == PNG_ITXT_COMPRESSION_NONE || text.compression == PNG_ITXT_COMPRESSION_zTXt;
+        const auto length = static_cast<qsizetype>(isUtf8 ? text.itxt_length : text.text_length);
+        return {QString::fromLatin1(text.key),
+                isUtf8 ? QString::fromUtf8(text.text, length) : QString::fromLatin1(text.text, length)};
     }
 
     static QByteArray Bytes(png_bytep data, png_uint_32 length) {

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "pictures/bytes.h"
+#include "pictures/photoshop_resources.h"
 #include "pictures/picture.h"
 #include "pictures/picture_decoders.h"
 #include "pictures/picture_texts.h"
@@ -90,6 +91,15 @@ DecodedPicture DecodeMergedPsd(PictureInput& input) {
     for (int section = 0; section < 2; ++section) at += 4 + qint64{BigEndian(bytes, at, 4)};
     const qint64 layers = BigEndian(bytes, at, 4);
     return DecodeWithMagick(bytes.left(at) + QByteArray(4, '\0') + bytes.mid(at + 4 + layers), "PSD");
+}
+
+void DescribePsd(PictureInput& input, Metadata& metadata) {
+    const QByteArray& bytes = input.Bytes();
+    const qint64 at = 26 + 4 + qint64{BigEndian(bytes, 26, 4)};
+    const QByteArray resources = bytes.mid(at + 4, BigEndian(bytes, at, 4));
+    metadata.exif = FindResource(resources, kExifResource);
+    metadata.xmp = FindResource(resources, kXmpResource);
+    metadata.iptc = FindResource(resources, kIptcResource);
 }
 
 }  // namespace kelu

@@ -6,12 +6,17 @@
 #include <vector>
 
 #include "pictures/bytes.h"
+#include "pictures/exif.h"
 #include "pictures/picture.h"
 #include "pictures/picture_decoders.h"
 #include "pictures/tiff_device.h"
+#include "platform/units.h"
 
 namespace kelu {
 namespace {
+
+constexpr quint16 kXmpTag = 700;
+constexpr quint16 kIptcTag = 33723;
 
 template <typename Value>
 Value Field(TIFF* tiff, quint32 tag, Value otherwise) {
@@ -69,8 +74,8 @@ void Describe(TIFF* tiff, DecodedPicture& result) {
     const double x = Field<float>(tiff, TIFFTAG_XRESOLUTION, 0) * perMeter;
     const double y = Field<float>(tiff, TIFFTAG_YRESOLUTION, 0) * perMeter;
     if (x >= 1 && y >= 1 && x < 1e7 && y < 1e7) {
-        result.image.setDotsPerMeterX(static_cast<int>(std::lrint(x)));
-        result.image.setDotsPerMeterY(static_cast<int>(std::lrint(y)));
+        result.image.setDotsPerMeterX(RoundToEven(x));
+        result.image.setDotsPerMeterY(RoundToEven(y));
     }
 }
 
@@ -138,6 +143,13 @@ DecodedPicture DecodeTiff(PictureInput& input) {
     if (alpha == EXTRASAMPLE_ASSOCALPHA) result.image.convertTo(QImage::Format_ARGB32);
     Describe(tiff.get(), result);
     return result;
+}
+
+void DescribeTiff(PictureInput& input, Metadata& metadata) {
+    TiffTags tags = ReadTiffTags(input.Device());
+    if (const TiffTag* xmp = TiffTags::Find(tags.main, kXmpTag)) metadata.xmp = xmp->value;
+    if (const TiffTag* iptc = TiffTags::Find(tags.main, kIptcTag)) metadata.iptc = iptc->value;
+    metadata.exif = ExifOfTiff(std::move(tags));
 }
 
 }  // namespace kelu

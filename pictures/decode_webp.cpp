@@ -18,11 +18,13 @@ DecodedPicture DecodeWebp(PictureInput& input) {
     const QByteArray& bytes = input.Bytes();
     for (qint64 at = kChunks; at + 8 <= bytes.size();) {
         const qint64 length = LittleEndian(bytes, at + 4, 4);
-        if (bytes.mid(at, 4) == "EXIF") {
-            QByteArray exif = bytes.mid(at + 8, length);
-            if (exif.startsWith("Exif")) exif.remove(0, 6);
-            result.metadata.orientation = ReadExif(exif).orientation;
+        const QByteArray name = bytes.mid(at, 4);
+        if (name == "EXIF") {
+            result.metadata.exif = bytes.mid(at + 8, length);
+            if (result.metadata.exif.startsWith("Exif")) result.metadata.exif.remove(0, 6);
+            result.metadata.orientation = ReadExif(result.metadata.exif).orientation;
         }
+        if (name == "XMP ") result.metadata.xmp = bytes.mid(at + 8, length);
         at += 8 + length + length % 2;
     }
     return result;

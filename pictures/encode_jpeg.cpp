@@ -6,19 +6,53 @@
 
 #include <array>
 #include <csetjmp>
+#include <vector>
 
+#include "pictures/color_profile.h"
+#include "pictures/exif.h"
+#include "pictures/jpeg_markers.h"
+#include "pictures/photoshop_resources.h"
 #include "pictures/picture_encoders.h"
 #include "pictures/picture_texts.h"
+#include "pictures/xmp.h"
 #include "platform/error.h"
 #include "platform/run_beside.h"
+#include "platform/units.h"
 
 namespace kelu {
 namespace {
 
+struct Marker {
+    int number;
+    QByteArray data;
+};
+
+// What goes along with the picture, each part in as many markers as it needs, or in none where one must hold it.
+std::vector<Marker> MarkersOf(const Metadata& metadata, const QImage& picture) {
+    std::vector<Marker> markers;
+    const auto add = [&](int number, QByteArrayView name, const QByteArray& data) {
+        if (!data.isEmpty() && name.size() + data.size() <= kLongestJpegMarker)
+            markers.push_back({number, name.toByteArray() + data});
+    };
+    add(kJpegExifMarker, kJpegExifName,
+        ExifBlockFor(metadata.exif, picture, kLongestJpegMarker - kJpegExifName.size()));
+    add(kJpegExifMarker, kJpegXmpName, XmpFor(metadata.xmp, picture.size()));
+    const QByteArray resources = metadata.iptc.isEmpty() ? QByteArray() : ResourcesOfIptc(metadata.iptc);
+    const qsizetype most = kLongestJpegMarker - kJpegResourcesName.size();
+    for (qsizetype at = 0; at < resources.size(); at += most)
+        add(kJpegResourcesMarker, kJpegResourcesName, resources.mid(at, most));
+    for (const PictureText& text : metadata.texts) {
+        const bool isComment = text.name == QLatin1String(kCommentName);
+        add(JPEG_COM, {}, (isComment ? text.text : text.name + QStringLiteral(": ") + text.text).toUtf8());
+    }
+    return markers;
+}
+
 // The library leaves by longjmp on errors; nothing between the setjmp and the calls has a destructor.
 class JpegEncoder {
  public:
-    JpegEncoder(QIODevice& device, int quality) : device_(device), quality_(quality) {
+    JpegEncoder(QIODevice& device, int quality, const Metadata& metadata)
+        : device_(device), quality_(quality), metadata_(metadata) {
         info_.err = jpeg_std_error(&errors_);
         errors_.error_exit = [](j_common_ptr info) { std::longjmp(Self(info)->leave_, 1); };
         errors_.output_message = [](j_common_ptr) {};
@@ -37,8 +71,9 @@ class JpegEncoder {
     JpegEncoder& operator=(const JpegEncoder&) = delete;
 
     void Write(const QImage& picture) {
+        markers_ = MarkersOf(metadata_, picture);
         const auto perInch = [](int perMeter) {
-            return static_cast<UINT16>(qBound(1, qRound(perMeter * 0.0254), 65535));
+            return static_cast<UINT16>(qBound(1, RoundToEven(perMeter * 0.0254), 65535));
         };
         if (!Encode(picture.constBits(), picture.bytesPerLine(), static_cast<JDIMENSION>(picture.width()),
                     static_cast<JDIMENSION>(picture.height()), perInch(picture.dotsPerMeterX()),
@@ -72,6 +107,11 @@ class JpegEncoder {
         info_.X_density = xDensity;
         info_.Y_density = yDensity;
         jpeg_start_compress(&info_, TRUE);
+        for (const Marker& marker : markers_)
+            jpeg_write_marker(&info_, marker.number, reinterpret_cast<const JOCTET*>(marker.data.constData()),
+                              static_cast<unsigned>(marker.data.size()));
+        jpeg_write_icc_profile(&info_, reinterpret_cast<const JOCTET*>(profile_.constData()),
+                               static_cast<unsigned>(profile_.size()));
         while (info_.next_scanline < height) {
             report(info_.next_scanline, height);
             auto* row = const_cast<JSAMPLE*>(bits + std::ptrdiff_t{info_.next_scanline} * stride);
@@ -97,6 +137,9 @@ class JpegEncoder {
 
     QIODevice& device_;
     int quality_;
+    const Metadata& metadata_;
+    std::vector<Marker> markers_;
+    const QByteArray& profile_ = SrgbProfile();
     jpeg_compress_struct info_{};
     jpeg_error_mgr errors_{};
     jpeg_destination_mgr target_{};
@@ -108,7 +151,7 @@ class JpegEncoder {
 }  // namespace
 
 void EncodeJpeg(const QImage& picture, const WriteOptions& options, QIODevice& device) {
-    JpegEncoder(device, options.quality).Write(OverWhite(picture));
+    JpegEncoder(device, options.quality, options.metadata).Write(OverWhite(picture));
 }
 
 }  // namespace kelu

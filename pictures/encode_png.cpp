@@ -8,6 +8,7 @@
 
 #include "pictures/deflated_rows.h"
 #include "pictures/picture_encoders.h"
+#include "pictures/png_texts.h"
 #include "platform/run_beside.h"
 
 namespace kelu {
@@ -53,9 +54,13 @@ void WriteHeader(const QImage& picture, RowSamples samples, QIODevice& device) {
 
 }  // namespace
 
-void EncodePng(const QImage& picture, const WriteOptions&, QIODevice& device) {
+void EncodePng(const QImage& picture, const WriteOptions& options, QIODevice& device) {
     const RowSamples samples = FewestSamples(picture);
     WriteHeader(picture, samples, device);
+    PutPngChunks(options.metadata, picture, [&](const char* name, const QByteArray& data) {
+        WriteChunk(device, name, reinterpret_cast<const std::uint8_t*>(data.constData()),
+                   static_cast<std::size_t>(data.size()));
+    });
     const WorkReport report;
     DeflateRows(picture, samples, [&](std::span<const std::uint8_t> piece, int rows) {
         report(rows, picture.height());

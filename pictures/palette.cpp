@@ -11,6 +11,8 @@
 #include <limits>
 #include <unordered_map>
 
+#include "platform/units.h"
+
 namespace kelu {
 namespace {
 
@@ -328,7 +330,8 @@ std::vector<QRgb> ChooseColors(const QImage& picture, int most) {
     std::vector<Rgb> colors = CutPalette(clusters, static_cast<std::size_t>(most));
     Refine(clusters, colors);
     std::vector<QRgb> chosen;
-    for (const Rgb& color : colors) chosen.push_back(qRgb(qRound(color[0]), qRound(color[1]), qRound(color[2])));
+    for (const Rgb& color : colors)
+        chosen.push_back(qRgb(RoundToEven(color[0]), RoundToEven(color[1]), RoundToEven(color[2])));
     return chosen;
 }
 
@@ -370,7 +373,8 @@ PalettePicture ReduceColors(const QImage& picture) {
     std::vector<Cluster> clusters = Histogram(picture, transparent);
     std::vector<Rgb> colors = CutPalette(clusters, kMostColors - (transparent ? 1 : 0));
     Refine(clusters, colors);
-    for (const Rgb& color : colors) result.colors.push_back(qRgb(qRound(color[0]), qRound(color[1]), qRound(color[2])));
+    for (const Rgb& color : colors)
+        result.colors.push_back(qRgb(RoundToEven(color[0]), RoundToEven(color[1]), RoundToEven(color[2])));
     Ditherer ditherer(picture, result);
     if (transparent) {
         result.transparent = static_cast<int>(result.colors.size());

@@ -23,6 +23,7 @@ DecodedPicture DecodePng(PictureInput& input);
 bool IsTiff(const QByteArray& head, qint64 fileSize);
 void CheckTiff(PictureInput& input);
 DecodedPicture DecodeTiff(PictureInput& input);
+void DescribeTiff(PictureInput& input, Metadata& metadata);
 
 bool IsPcx(const QByteArray& head, qint64 fileSize);
 void CheckPcx(PictureInput& input);
@@ -34,6 +35,7 @@ void CheckPsd(PictureInput& input);
 DecodedPicture DecodeIndexedPsd(PictureInput& input);
 /// The merged picture, whatever the layers are.
 DecodedPicture DecodeMergedPsd(PictureInput& input);
+void DescribePsd(PictureInput& input, Metadata& metadata);
 
 /// TGA has no signature and is told by the plausibility of its header.
 bool IsTga(const QByteArray& head, qint64 fileSize);

@@ -57,13 +57,15 @@ DecodedPicture Decode(QFile& file, const QSize& box) {
     for (const auto decode : format->decoders) {
         if (!decode) break;
         DecodedPicture decoded = decode(input);
-        if (!decoded.image.isNull()) return decoded;
+        if (decoded.image.isNull()) continue;
+        if (format->describe && box.isEmpty()) format->describe(input, decoded.metadata);
+        return decoded;
     }
     throw Error(kInvalidPicture,
                 PictureTexts::tr("This kind of %1 file is not known").arg(QLatin1String(format->name)));
 }
 
-QImage Read(const QString& path, const QSize& box) {
+Photograph Read(const QString& path, const QSize& box) {
     try {
         ReportingFile file(path);
         CheckIsFile(path);
@@ -78,7 +80,9 @@ QImage Read(const QString& path, const QSize& box) {
             const QSize shrunk = whole.scaled(box, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
             if (shrunk.width() < whole.width()) picture = ScalePicture(picture, shrunk);
         }
-        return picture;
+        decoded.metadata.orientation = 1;
+        decoded.metadata.profile.clear();
+        return {picture, decoded.metadata};
     } catch (const Error& error) {
         throw Error(error.Number(), Named(path, error.Description()), QStringLiteral("ReadPicture"));
     } catch (const std::bad_alloc&) {
@@ -89,9 +93,11 @@ QImage Read(const QString& path, const QSize& box) {
 
 }  // namespace
 
-QImage ReadPicture(const QString& path) { return Read(path, QSize()); }
+QImage ReadPicture(const QString& path) { return Read(path, QSize()).picture; }
 
-QImage ReadThumbnail(const QString& path, const QSize& box) { return Read(path, box); }
+Photograph ReadPhotograph(const QString& path) { return Read(path, QSize()); }
+
+QImage ReadThumbnail(const QString& path, const QSize& box) { return Read(path, box).picture; }
 
 void WritePicture(const QImage& picture, const QString& path, const WriteOptions& options) {
     const QString source = QStringLiteral("WritePicture");

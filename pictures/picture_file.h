@@ -14,6 +14,8 @@ namespace kelu {
 /// Throws Error: kFileError (cannot be opened), kInvalidPicture (no picture, damaged), kEndOfFile (cut short),
 /// kOutOfMemory (too large).
 QImage ReadPicture(const QString& path);
+/// The same with what the file told beside the pixels.
+Photograph ReadPhotograph(const QString& path);
 
 /// The picture shrunk to fit `box` (pixels), never enlarged; faster than reading it whole where the format allows it.
 /// Throws as ReadPicture.

@@ -25,7 +25,8 @@ struct DecodedPicture {
 };
 
 struct WriteOptions {
-    int quality = 92;  ///< 0 to 100, of the formats that lose something
+    int quality = 92;        ///< 0 to 100, of the formats that lose something
+    Metadata metadata = {};  ///< what goes along, in formats that have a place for it
 };
 
 struct PictureFormat {
@@ -43,6 +44,8 @@ struct PictureFormat {
     /// Tried in turn, until one gives a picture. They throw Error for a file that is cut short or damaged, and give a
     /// null image for a kind of file that is the next one's. Unused places are null.
     std::array<DecodedPicture (*)(PictureInput& input), 2> decoders = {};
+    /// Adds what the file tells beside the pixels; after a decoder gave them, and where those don't do it themselves.
+    void (*describe)(PictureInput& input, Metadata& metadata) = nullptr;
     const char* toolkitName = nullptr;  ///< what DecodeWithToolkit asks for
     const char* magickName = nullptr;   ///< the coder that DecodeWithMagick asks for
     const char* moduleName = nullptr;   ///< what DecodeWithModule loads

@@ -9,6 +9,7 @@
 #include "controls/theme/accessible_role.h"
 #include "controls/theme/paint.h"
 #include "controls/theme/theme.h"
+#include "platform/units.h"
 
 namespace kelu {
 
@@ -51,7 +52,8 @@ void HueField::Move(int hue, int saturation) {
 }
 
 void HueField::PointAt(const QPointF& at) {
-    Move(qRound(at.x() * kLastHue / qMax(1, width() - 1)), kFull - qRound(at.y() * kFull / qMax(1, height() - 1)));
+    Move(RoundToEven(at.x() * kLastHue / qMax(1, width() - 1)),
+         kFull - RoundToEven(at.y() * kFull / qMax(1, height() - 1)));
 }
 
 void HueField::mousePressEvent(QMouseEvent* event) {

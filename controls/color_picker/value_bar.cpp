@@ -10,6 +10,7 @@
 #include "controls/theme/accessible_role.h"
 #include "controls/theme/paint.h"
 #include "controls/theme/theme.h"
+#include "platform/units.h"
 
 namespace kelu {
 
@@ -43,12 +44,12 @@ void ValueBar::Move(int value) {
 
 void ValueBar::mousePressEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton)
-        Move(qRound((event->position().x() - kInset) * kFull / qMax(1, width() - 2 * kInset)));
+        Move(RoundToEven((event->position().x() - kInset) * kFull / qMax(1, width() - 2 * kInset)));
 }
 
 void ValueBar::mouseMoveEvent(QMouseEvent* event) {
     if (event->buttons() & Qt::LeftButton)
-        Move(qRound((event->position().x() - kInset) * kFull / qMax(1, width() - 2 * kInset)));
+        Move(RoundToEven((event->position().x() - kInset) * kFull / qMax(1, width() - 2 * kInset)));
 }
 
 void ValueBar::wheelEvent(QWheelEvent* event) { Move(value_ + event->angleDelta().y() / 24); }

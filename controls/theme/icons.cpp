@@ -12,6 +12,7 @@
 #include <cmath>
 
 #include "controls/theme/theme.h"
+#include "platform/units.h"
 
 // At namespace level outside ours, as the resource compiler wants it: the linker drops resources of static libraries
 // that nobody names.
@@ -69,7 +70,7 @@ QIcon Icon(const QString& name) {
 }
 
 QPixmap IconPixmap(const QString& name, int size, qreal ratio, const QColor& tint) {
-    const int pixels = qMax(1, qRound(size * ratio));
+    const int pixels = qMax(1, RoundToEven(size * ratio));
     const QString key = QStringLiteral("kelu/%1/%2/%3").arg(name).arg(pixels).arg(tint.rgba(), 0, 16);
     QPixmap pixmap;
     if (!QPixmapCache::find(key, &pixmap)) {

@@ -67,5 +67,5 @@
     X(FxFreeze, (float w1, float w2, float w3, float w4, float w5, float w6, float w7, float w8, \
                  float w9, float divisor, int offset, bool), \
        (engine::Freeze, engine::Weights3x3{w1, w2, w3, w4, w5, w6, w7, w8, w9}, divisor, offset)) \
-    X(FxWind, (int x, float y, bool), (engine::Wind, x, qRound(y)))
+    X(FxWind, (int x, float y, bool), (engine::Wind, x, RoundToEven(y)))
 // clang-format on

@@ -25,6 +25,7 @@
 #include "engine/wind.h"
 #include "pictures/picture.h"
 #include "platform/run_beside.h"
+#include "platform/units.h"
 
 namespace kelu {
 namespace {

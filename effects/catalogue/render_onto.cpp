@@ -7,6 +7,7 @@
 #include "canvas/render_picture.h"
 #include "effects/catalogue/catalogue.h"
 #include "platform/error.h"
+#include "platform/units.h"
 
 namespace kelu {
 
@@ -29,7 +30,7 @@ EffectInputs PreviewInputs(const Effect& effect, const QSize& size, double ratio
         const double most = std::min(size.width(), size.height()) / 3.0;  // three squares side by side still show
         const double least = preview.value * ratio;
         const double promised = std::clamp(effect.sliders[i].value * scale, -most, most);
-        inputs.slider[i] = qRound(std::abs(promised) > std::abs(least) ? promised : least);
+        inputs.slider[i] = RoundToEven(std::abs(promised) > std::abs(least) ? promised : least);
     }
     return inputs;
 }

@@ -42,9 +42,10 @@ void MailImage::EmailPhoto() {
     RunShowingErrors(dialog_, [&] {
         const QString attachment = TemporaryFolder() + QStringLiteral("/Kelu.jpg");
         const QImage picture = picCanvas_.Picture();
+        const Metadata told = WithoutPlace(picCanvas_.Told());
         RunBeside([&] {
             Surface picEmail;
-            picEmail.SetPicture(picture);
+            picEmail.SetPicture(picture, told);
             picEmail.ResizeImage(picture.height() > picture.width() ? kUprightWidth : kWidth, 0);
             MakePrivateFile(attachment);
             picEmail.SaveFile(attachment);

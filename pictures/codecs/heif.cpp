@@ -3,6 +3,8 @@
 #include <libheif/heif.h>
 
 #include <QColorSpace>
+#include <array>
+#include <cstring>
 #include <memory>
 
 #include "pictures/codec_module.h"
@@ -52,6 +54,20 @@ void CopyRows(const heif_image* from, QImage& to) {
     }
 }
 
+// The first block of this kind; empty: none.
+QByteArray Block(const heif_image_handle* handle, const char* kind, const char* contentType) {
+    std::array<heif_item_id, 16> ids;
+    const int count = heif_image_handle_get_list_of_metadata_block_IDs(handle, kind, ids.data(), ids.size());
+    for (int i = 0; i < count; ++i) {
+        const heif_item_id id = ids[static_cast<std::size_t>(i)];
+        if (contentType && std::strcmp(heif_image_handle_get_metadata_content_type(handle, id), contentType) != 0)
+            continue;
+        QByteArray bytes(static_cast<qsizetype>(heif_image_handle_get_metadata_size(handle, id)), '\0');
+        if (heif_image_handle_get_metadata(handle, id, bytes.data()).code == heif_error_Ok) return bytes;
+    }
+    return {};
+}
+
 }  // namespace
 
 extern "C" Q_DECL_EXPORT void KeluDecode(const QByteArray& bytes, const kelu::CodecHost& host, QImage& image,
@@ -80,4 +96,6 @@ extern "C" Q_DECL_EXPORT void KeluDecode(const QByteArray& bytes, const kelu::Co
     CopyRows(decoded, image);
     if (multiplied) image.convertTo(QImage::Format_ARGB32);
     metadata.profile = Profile(primary);
+    metadata.exif = kelu::ExifOfBox(Block(primary, "Exif", nullptr));
+    metadata.xmp = Block(primary, "mime", "application/rdf+xml");
 }

@@ -51,6 +51,20 @@ void SwapRedAndBlue(QImage& image) {
     }
 }
 
+// Files that are a sequence of boxes may have some beside the picture's. Those that are compressed are left alone.
+void Describe(const QByteArray& bytes, kelu::Metadata& metadata) {
+    constexpr qint64 kHead = 8;  // of a box: its length, its name
+    if (bytes.mid(4, 4) != "JXL ") return;
+    for (qint64 at = 0; at + kHead <= bytes.size();) {
+        const qint64 length = kelu::BigEndian(bytes, at, 4);
+        if (length < kHead) return;  // to the end of the file, or longer than 4 GB
+        const QByteArray name = bytes.mid(at + 4, 4);
+        if (name == "Exif") metadata.exif = kelu::ExifOfBox(bytes.mid(at + kHead, length - kHead));
+        if (name == "xml ") metadata.xmp = bytes.mid(at + kHead, length - kHead);
+        at += length;
+    }
+}
+
 }  // namespace
 
 extern "C" Q_DECL_EXPORT void KeluDecode(const QByteArray& bytes, const kelu::CodecHost& host, QImage& image,
@@ -83,6 +97,7 @@ extern "C" Q_DECL_EXPORT void KeluDecode(const QByteArray& bytes, const kelu::Co
                 break;
             case JXL_DEC_FULL_IMAGE:  // of an animation the first
                 SwapRedAndBlue(image);
+                Describe(bytes, metadata);
                 return;
             case JXL_DEC_NEED_MORE_INPUT:
                 host.throwCutShort();

@@ -58,6 +58,9 @@ TEST_P(RandomSession, IsReplayedToTheSameBytes) {
     EXPECT_TRUE(recipe.unsaved);
     Surfaces replayed;
     ReplayInto(replayed, recipe, folder);
+    const auto told = [](const Surface& surface) { return surface.Told().texts.value(0).text; };
+    EXPECT_NE(told(replayed.picCanvas), "");
+    EXPECT_EQ(told(replayed.picCanvas), told(session.surfaces.picCanvas));
     EXPECT_TRUE(SameBytes(replayed.picCanvas.Picture(), session.surfaces.picCanvas.Picture()));
     EXPECT_TRUE(SameBytes(replayed.picPen.Picture(), session.surfaces.picPen.Picture()));
     EXPECT_TRUE(SameBytes(replayed.picOriginal.Picture(), session.surfaces.picOriginal.Picture()));

@@ -42,6 +42,7 @@ class PaintingSession : private EffectControls, private RenderWindow {
             for (int y = 0; y < size.height(); ++y)
                 for (int x = 0; x < size.width(); ++x)
                     image.setPixel(x, y, qRgba(x * 7 % 256, y * 5 % 256, (x * y) % 256, (x + y) % 256));
+            image.setText("Comment", name);
             EXPECT_TRUE(image.save(folder.filePath(name)));
         }
     }

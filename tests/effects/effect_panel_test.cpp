@@ -260,7 +260,9 @@ TEST_F(EffectSelectorsTest, RefuseWithoutAPictureDuringARenderAndDuringCapture) 
         selectors.lstSFX->SetListIndex(5);
         QTest::mouseClick(selectors.TBSFX->Button(7), Qt::LeftButton);
         EXPECT_EQ(chosen.count(), allowed ? 2 : 0);
+        QCoreApplication::processEvents();
         EXPECT_EQ(selectors.TBSFX->Current(), allowed ? 7 : 0) << "a refused click leaves no mark";
+        EXPECT_EQ(selectors.lstSFX->ListIndex(), allowed ? 5 : 0);
     }
     EXPECT_EQ(LastChosen(), 7);
 }

@@ -14,10 +14,12 @@ namespace kelu::picture_test {
 
 bool HasTool(const QString& program) { return !QStandardPaths::findExecutable(program).isEmpty(); }
 
-bool RunTool(const QString& program, const QStringList& arguments) {
+bool RunTool(const QString& program, const QStringList& arguments, QByteArray* output) {
     QProcess process;
     process.start(program, arguments);
-    return process.waitForFinished(60000) && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
+    const bool ended = process.waitForFinished(60000);
+    if (output) *output = process.readAllStandardOutput();
+    return ended && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
 }
 
 QImage SoftPicture(int width, int height) {

@@ -10,7 +10,7 @@
 namespace kelu::picture_test {
 
 /// Runs a program; false when it is missing or fails.
-bool RunTool(const QString& program, const QStringList& arguments);
+bool RunTool(const QString& program, const QStringList& arguments, QByteArray* output = nullptr);
 bool HasTool(const QString& program);
 
 /// A colourful picture without noise, so that lossy formats stay near it.

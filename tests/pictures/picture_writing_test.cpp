@@ -4,12 +4,18 @@
 #include <signal.h>
 #include <sys/resource.h>
 
+#include <QColorSpace>
 #include <QDir>
+#include <QImageReader>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QScopeGuard>
 #include <QTemporaryDir>
 #include <random>
 
 #include "picture_samples.h"
+#include "pictures/exif.h"
 #include "pictures/picture_file.h"
 #include "platform/error.h"
 
@@ -18,7 +24,7 @@ namespace {
 
 using namespace picture_test;
 
-QImage Photograph(int width, int height) {
+QImage NoisyPicture(int width, int height) {
     QImage image = SoftPicture(width, height);
     std::mt19937 random(1);
     std::normal_distribution<double> noise(0, 2);
@@ -47,8 +53,8 @@ TEST(PictureWriting, LosslessFormatsComeBackAsTheyWere) {
                                SoftPicture(700, 1),
                                grey,
                                clear,
-                               Photograph(1300, 900),   // several bands
-                               SoftPicture(60000, 12),  // rows longer than the dictionary
+                               NoisyPicture(1300, 900),  // several bands
+                               SoftPicture(60000, 12),   // rows longer than the dictionary
                                clear.convertToFormat(QImage::Format_RGB32).convertToFormat(QImage::Format_ARGB32)};
     for (const QImage& picture : pictures) {
         for (const char* name : {"p.png", "p.bmp", "p.tif", "p.TIFF"}) {
@@ -103,6 +109,123 @@ TEST(PictureWriting, JpegKeepsColourAtFullResolution) {
     EXPECT_EQ(QImage(folder.filePath("clear.jpg")).pixel(20, 20), qRgb(255, 255, 255));
 }
 
+// The tags of each file as exiftool prints them.
+QJsonArray Tags(const QStringList& paths) {
+    QByteArray json;
+    EXPECT_TRUE(RunTool("exiftool", QStringList{"-json", "-n", "-G1", "-struct", "-validate", "-all"} + paths, &json));
+    return QJsonDocument::fromJson(json).array();
+}
+
+std::string Text(const QJsonValue& value) {
+    return QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact).toStdString();
+}
+
+const QString kTold =
+    "-IFD0:Orientation=6|-IFD0:Make=Kamera|-IFD0:Artist=J\u00e9r\u00f4me|-IFD0:Copyright=mine|"
+    "-IFD0:ModifyDate=2024:05:06 07:08:09|-ExifIFD:ExposureTime=0.004|-ExifIFD:DateTimeOriginal=2024:05:06 07:08:09|"
+    "-ExifIFD:UserComment=at the sea|-ExifIFD:ExifImageWidth=4000|-ExifIFD:ExifImageHeight=3000|"
+    "-ExifIFD:ColorSpace=65535|-InteropIFD:InteropIndex=R03|-GPS:GPSLatitude=52.5|-GPS:GPSLatitudeRef=N|"
+    "-GPS:GPSLongitude=13.4|-GPS:GPSLongitudeRef=E|-XMP-dc:Title=Am Meer|-XMP-xmp:Rating=4|-XMP-tiff:Orientation=6|"
+    "-XMP-tiff:ImageWidth=4000|-IPTC:Keywords=sea|-IPTC:Keywords=sand|-IPTC:City=Rerik|-Comment=hello";
+
+// Every road between formats that carry it, with the picture turned by the way.
+TEST(PictureWriting, WhatAPhotographCarriesIsKept) {
+    if (!HasTool("exiftool")) GTEST_SKIP() << "exiftool is missing";
+    QTemporaryDir folder;
+    const auto path = [&](const QString& name) { return folder.filePath(name); };
+    SoftPicture(60, 40).save(path("small.jpg"));
+    const QStringList formats{"jpg", "png", "tif", "webp"};
+    for (const QString& from : formats) {
+        QImage picture = SoftPicture(120, 80);
+        picture.setColorSpace(QColorSpace(QColorSpace::AdobeRgb));
+        picture.setDotsPerMeterX(11811);
+        picture.setDotsPerMeterY(11811);
+        ASSERT_TRUE(picture.save(path("from." + from), nullptr, 100));
+        QStringList arguments = QStringList{"-overwrite_original", "-m", "-q", "-n"} + kTold.split('|');
+        if (from == "jpg") arguments += "-ThumbnailImage<=" + path("small.jpg");
+        ASSERT_TRUE(RunTool("exiftool", arguments + QStringList{path("from." + from)}));
+        const Photograph read = ReadPhotograph(path("from." + from));
+        WriteOptions options;
+        options.metadata = read.metadata;
+        QStringList files{path("from." + from), path("sent.jpg")};
+        for (const QString& to : formats) {
+            files += path("to." + to);
+            WritePicture(read.picture, files.last(), options);
+        }
+        options.metadata = WithoutPlace(read.metadata);
+        WritePicture(read.picture, path("sent.jpg"), options);
+        const QJsonArray told = Tags(files);
+        const QJsonObject before = told[0].toObject();
+        for (qsizetype i = 0; i < formats.size(); ++i) {
+            const QString& to = formats[i];
+            SCOPED_TRACE((from + " to " + to).toStdString());
+            QJsonObject expected{
+                {"IFD0:Orientation", 1},    {"ExifIFD:ExifImageWidth", 80},     {"ExifIFD:ExifImageHeight", 120},
+                {"ExifIFD:ColorSpace", 1},  {"InteropIFD:InteropIndex", "R98"}, {"XMP-tiff:Orientation", 1},
+                {"XMP-tiff:ImageWidth", 80}};
+            for (auto tag = before.begin(); tag != before.end(); ++tag) {
+                const QString group = tag.key().section(':', 0, 0);
+                const bool carried = group == "GPS" || group == "ExifIFD" || group.startsWith("XMP-") ||
+                                     (group == "IPTC" && to != "webp" && from != "webp");
+                if (carried && !expected.contains(tag.key())) expected[tag.key()] = tag.value();
+            }
+            for (const char* tag : {"IFD0:Make", "IFD0:Artist", "IFD0:Copyright", "IFD0:ModifyDate"})
+                expected[tag] = before[tag];
+            if (from != "tif" && from != "webp" && to != "webp")
+                expected[to == "jpg"   ? "File:Comment"
+                         : to == "png" ? "PNG:Comment"
+                                       : "IFD0:ImageDescription"] = "hello";
+            const QJsonObject after = told[i + 2].toObject();
+            for (auto tag = expected.begin(); tag != expected.end(); ++tag)
+                EXPECT_EQ(Text(after[tag.key()]), Text(tag.value())) << tag.key().toStdString();
+            // What it warns of in TIFF files is EXIF data that only JPEG files should have.
+            EXPECT_TRUE(after["ExifTool:Validate"].toString().startsWith(to == "tif" ? "0 " : "0 0 "))
+                << Text(after["ExifTool:Warning"]);
+            EXPECT_FALSE(after.contains("IFD1:ThumbnailOffset"));
+            if (to != "webp" && from != "webp") {
+                EXPECT_NEAR(ReadPicture(path("to." + to)).dotsPerMeterX(), 11811, 2);
+            }
+            EXPECT_TRUE(to == "png" ? after.contains("PNG:SRGBRendering")
+                                    : to == "webp" || after["ICC-header:ColorSpaceData"] == "RGB ");
+            EXPECT_EQ(QImageReader(path("to." + to)).size(), QSize(80, 120));
+            EXPECT_LE(Compare(ReadPicture(path("to." + to)), read.picture).mean, 2);
+        }
+        // A picture that is sent away tells of no place.
+        const QJsonObject sent = told[1].toObject();
+        EXPECT_EQ(Text(sent["IFD0:Artist"]), Text(before["IFD0:Artist"]));
+        for (const QString& tag : sent.keys())
+            EXPECT_FALSE(tag.contains("GPS") || tag.startsWith("IPTC") || tag.startsWith("XMP")) << tag.toStdString();
+    }
+}
+
+// A maker's note tells of places that count from the begin of the block, so it must not move. And no damage may
+// lead out of the block.
+TEST(PictureWriting, ExifBlocksAreMadeAnewAroundTheMakersNote) {
+    TiffTags tags;
+    const QByteArray note(300, 'n');
+    TiffTags::PutBytes(tags.main, 271, kText, QByteArray("A make of some length\0", 22));
+    TiffTags::PutBytes(tags.exif, TiffTags::kNoteTag, kUndefined, note);
+    TiffTags::PutBytes(tags.exif, 37510, kUndefined, QByteArray(500, 'c'));
+    TiffTags::PutBytes(tags.gps, 29, kText, QByteArray("2024:05:06\0", 11));
+    const QByteArray block = WriteTiffTags(tags);
+    const QImage picture = SoftPicture(30, 20);
+    const QByteArray made = ExifBlockFor(block, picture, INT_MAX);
+    EXPECT_EQ(made.indexOf(note), block.indexOf(note));
+    EXPECT_EQ(ReadTiffTags(made).exif.size(), 5u);
+    EXPECT_EQ(ReadTiffTags(made).gps.size(), 1u);
+    EXPECT_LE(ExifBlockFor(block, picture, 700).size(), 700);
+    std::mt19937 random(1);
+    for (int round = 0; round < 20000; ++round) {
+        QByteArray damaged = made.left(1 + static_cast<int>(random() % static_cast<unsigned>(made.size())));
+        for (int i = 0; i < 4; ++i)
+            damaged[static_cast<int>(random() % std::min(200u, static_cast<unsigned>(damaged.size())))] =
+                static_cast<char>(random() % 4 ? random() % 64 : random());
+        const QByteArray again = ExifBlockFor(damaged, picture, 65000);
+        ASSERT_LE(again.size(), 65000);
+        ASSERT_EQ(ExifBlockFor(again, picture, 65000).size(), again.size()) << round;
+    }
+}
+
 TEST(PictureWriting, GifKeepsFewColoursExactlyAndPhotographsNearly) {
     QTemporaryDir folder;
     const QString path = folder.filePath("a.gif");
@@ -113,7 +236,7 @@ TEST(PictureWriting, GifKeepsFewColoursExactlyAndPhotographsNearly) {
     EXPECT_EQ(ReadPicture(path), few);
     EXPECT_EQ(QImage(path).convertToFormat(QImage::Format_ARGB32), few);
 
-    const QImage photograph = Photograph(900, 700);
+    const QImage photograph = NoisyPicture(900, 700);
     WritePicture(photograph, path);
     const QImage back = QImage(path).convertToFormat(QImage::Format_RGB32);
     // Seen from afar, dither averages out: the mean of areas stays.
@@ -136,7 +259,7 @@ TEST(PictureWriting, GifKeepsFewColoursExactlyAndPhotographsNearly) {
 TEST(PictureWriting, FailuresLeaveTheOldFileAndNothingElse) {
     QTemporaryDir folder;
     const QDir dir(folder.path());
-    const QImage picture = Photograph(400, 300);
+    const QImage picture = NoisyPicture(400, 300);
     const auto failure = [&](const QString& path) {
         try {
             WritePicture(picture, path);

@@ -33,9 +33,14 @@ TEST_F(MailImageTest, SendsAJpegOfAHandySizeThatNobodyElseCanRead) {
     QFile::setPermissions(attachment, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther);
     const std::pair<QSize, QSize> kCases[] = {
         {{400, 300}, {800, 600}}, {{300, 400}, {600, 800}}, {{500, 500}, {800, 800}}, {{90, 3}, {800, 27}}};
+    Metadata told;
+    told.xmp = "a place";
     for (const auto& [opened, sent] : kCases) {
         picCanvas.CreateBlank(opened.width(), opened.height(), 24, Qt::red);
+        picCanvas.SetPicture(picCanvas.Picture(), told);
         mail.cmdEmail_Click();
+        QFile file(attachment);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly) && !file.readAll().contains(told.xmp));
         EXPECT_EQ(QImage(shown.value(0), "JPEG").size(), sent);
         EXPECT_EQ(picCanvas.Picture().size(), opened);
     }
