@@ -2,9 +2,9 @@
 // machine hits all alike. Prints tables for docs/performance.md.
 //     bench_engine [--extremes | --radii | --sizes] [--size WIDTHxHEIGHT] [--threads N] [--seconds S] [--cpu] [NAME...]
 // Without a choice of table: every effect at the catalogue's default inputs, beside OpenCV where that has the same
-// operation. --extremes: the dearest inputs. --radii: at a radius of 1, 10, 30 and 100. --sizes: at 1, 12, 50 and 100
-// megapixels. NAME picks the effects whose names contain it. Times are minima. --cpu counts the time of all processors
-// at work in place of the clock's, which tells more while other programs keep the machine busy.
+// operation. --extremes: every slider at either end. --radii: at a radius of 1, 10, 30 and 100. --sizes: at 1, 12, 50
+// and 100 megapixels. NAME picks the effects whose names contain it. Times are minima. --cpu counts the time of all
+// processors at work in place of the clock's, which tells more while other programs keep the machine busy.
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <chrono>

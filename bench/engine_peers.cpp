@@ -14,7 +14,7 @@ namespace kelu::bench {
 #if defined(KELU_BENCH_OPENCV)
 
 struct Peers::Data {
-    cv::Mat source, target, between, gray, sourceOf3, targetOf3, table, placesX, placesY;
+    cv::Mat source, target, between, gray, sourceOf3, targetOf3, table, placesX, placesY, madeX, madeY, slopes[4];
     std::map<std::string, std::function<void()>> operations;
 };
 
@@ -54,6 +54,22 @@ Peers::Peers(const engine::ImageView& view, int threads) : data_(std::make_uniqu
             d.placesY.at<float>(y, x) = 100 + dy * ratio;
         }
 
+    d.madeX.create(view.height, view.width, CV_32FC1);
+    d.madeY.create(view.height, view.width, CV_32FC1);
+    // `ratio` of the place to fetch to the place, both from the middle, in halves of the picture's size.
+    const auto place = [&d](auto ratio) {
+        const float halfX = static_cast<float>(d.madeX.cols) / 2, halfY = static_cast<float>(d.madeX.rows) / 2;
+        cv::parallel_for_({0, d.madeX.rows}, [&](const cv::Range& rows) {
+            for (int y = rows.start; y < rows.end; ++y)
+                for (int x = 0; x < d.madeX.cols; ++x) {
+                    const float dx = static_cast<float>(x) / halfX - 1, dy = static_cast<float>(y) / halfY - 1;
+                    const float by = ratio(dx, dy);
+                    d.madeX.at<float>(y, x) = halfX * (1 + dx * by);
+                    d.madeY.at<float>(y, x) = halfY * (1 + dy * by);
+                }
+        });
+    };
+
     d.operations = {
         {"1 Grayscale, Weighted", [=] { gray(), back(); }},
         {"2 Sepia", matrix},
@@ -86,6 +102,17 @@ Peers::Peers(const engine::ImageView& view, int threads) : data_(std::make_uniqu
          }},
         {"22 Explode",
          [&d] { cv::remap(d.source, d.target, d.placesX, d.placesY, cv::INTER_LINEAR, cv::BORDER_REPLICATE); }},
+        // Their places are made anew for each picture.
+        {"24 Fish Eye",
+         [=, &d] {
+             place([&](float x, float y) { return std::tan(std::min(1.2f, std::hypot(x, y))) / 2; });
+             cv::remap(d.source, d.target, d.madeX, d.madeY, cv::INTER_LINEAR, cv::BORDER_REPLICATE);
+         }},
+        {"26 Implode",
+         [=, &d] {
+             place([&](float x, float y) { return std::sqrt(std::hypot(x, y)); });
+             cv::remap(d.source, d.target, d.madeX, d.madeY, cv::INTER_LINEAR, cv::BORDER_REPLICATE);
+         }},
         {"25 High Pass",
          [=] {
              filter({-1, -1, -1, -1, 9, -1, -1, -1, -1});
@@ -108,11 +135,29 @@ Peers::Peers(const engine::ImageView& view, int threads) : data_(std::make_uniqu
          [=] {
              filter({0, -1, 0, -1, 4, -1, 0, -1, 0});
          }},
+        {"41 Sketch",
+         [=, &d] {
+             gray();
+             cv::Sobel(d.gray, d.slopes[0], CV_16S, 1, 0);
+             cv::Sobel(d.gray, d.slopes[1], CV_16S, 0, 1);
+             cv::convertScaleAbs(d.slopes[0], d.slopes[2]);
+             cv::convertScaleAbs(d.slopes[1], d.slopes[3]);
+             cv::addWeighted(d.slopes[2], -1, d.slopes[3], -1, 255, d.gray);
+             back();
+         }},
         {"43 Swap Colors", [&d] { cv::cvtColor(d.source, d.target, cv::COLOR_BGRA2RGBA); }},
         {"45 Tint", table},
         {"46 Freeze",
          [=] {
              filter({1, 1, 1, 1, -7, 1, 1, 1, 1});
+         }},
+        {"48 Neon",
+         [&d] {
+             cv::Sobel(d.source, d.slopes[0], CV_16S, 1, 0);
+             cv::Sobel(d.source, d.slopes[1], CV_16S, 0, 1);
+             cv::convertScaleAbs(d.slopes[0], d.between);
+             cv::convertScaleAbs(d.slopes[1], d.target);
+             cv::add(d.between, d.target, d.target);
          }},
     };
 }

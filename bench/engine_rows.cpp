@@ -44,12 +44,24 @@ std::vector<BenchRow> DefaultRows() {
 
 std::vector<BenchRow> ExtremeRows() {
     std::vector<BenchRow> rows;
-    for (const auto& [number, first, second] :
-         {std::array{7, 1, 1}, {8, 100, 0}, {9, 100, 0}, {10, 100, 0}, {38, 1, 100}}) {
-        const Effect& effect = *FindEffect(number);
-        EffectInputs inputs = effect.Defaults();
-        inputs.slider = {first, second, 0};
-        rows.push_back({NameOf(effect) + ", " + std::to_string(first), Of(effect, inputs)});
+    for (const Effect& effect : Catalogue()) {
+        std::vector<std::size_t> sliders;
+        for (std::size_t i = 0; i < effect.sliders.size(); ++i)
+            if (effect.sliders[i].label) sliders.push_back(i);
+        if (sliders.empty()) continue;
+        ForEachOption(effect, [&](const std::string& name, const EffectInputs& inputs) {
+            for (unsigned ends = 0; ends < 1u << sliders.size(); ++ends) {
+                BenchRow row{name + ",", {}};
+                EffectInputs at = inputs;
+                for (std::size_t k = 0; k < sliders.size(); ++k) {
+                    const EffectSlider& slider = effect.sliders[sliders[k]];
+                    at.slider[sliders[k]] = ends >> k & 1 ? slider.max : slider.min;
+                    row.name += ' ' + std::to_string(at.slider[sliders[k]]);
+                }
+                row.render = Of(effect, at);
+                rows.push_back(std::move(row));
+            }
+        });
     }
     return rows;
 }

@@ -72,10 +72,10 @@ inline bool FitsShorts(const Weights3x3& weights, float divisor) {
 }
 
 void ConvolveOnTarget(const ImageView& source, const MutableImageView& target, const Weights3x3& weights, float divisor,
-                      int offset, int step, Passes& passes) {
+                      int offset, int step, Passes& passes, const BandWork& after) {
     if (!FitsShorts(weights, divisor)) {
         RenderNeighbourhoods(FloatKernel{weights, 1 / divisor, static_cast<float>(offset)}, source, target, step,
-                             passes);
+                             passes, after);
         return;
     }
     WholeKernel kernel;
@@ -84,7 +84,7 @@ void ConvolveOnTarget(const ImageView& source, const MutableImageView& target, c
             kernel.taps[static_cast<std::size_t>(kernel.count++)] = {i % 3 - 1, i / 3 - 1, weight};
     while (1 << kernel.shift < divisor) ++kernel.shift;
     kernel.offset = static_cast<std::int16_t>(offset);
-    RenderNeighbourhoods(kernel, source, target, step, passes);
+    RenderNeighbourhoods(kernel, source, target, step, passes, after);
 }
 
 }  // namespace kelu::engine::HWY_NAMESPACE
@@ -147,12 +147,12 @@ const Weights3x3& Chosen(const Weights3x3 (&list)[kCount], int kind) {
 }  // namespace
 
 void Convolve(const ImageView& source, const MutableImageView& target, const Weights3x3& weights, float divisor,
-              int offset, int step, Passes& passes) {
+              int offset, int step, Passes& passes, const BandWork& after) {
     Weights3x3 tame;
     std::transform(weights.begin(), weights.end(), tame.begin(), Tame);
     const float by = std::abs(Tame(divisor)) < 1e-6f ? 1 : Tame(divisor);
     HWY_DYNAMIC_DISPATCH(ConvolveOnTarget)
-    (source, target, tame, by, std::clamp(offset, -10000, 10000), step, passes);
+    (source, target, tame, by, std::clamp(offset, -10000, 10000), step, passes, after);
 }
 
 void EnhanceEdges(const ImageView& source, const MutableImageView& target, const Run& run) {

@@ -29,8 +29,9 @@ void SpecialFilter(const ImageView& source, const MutableImageView& target, int 
 void Freeze(const ImageView& source, const MutableImageView& target, const Weights3x3& weights, float divisor,
             int offset, const Run& run);
 
-/// The same kernel alone, over neighbours that stand `step` pixels away. One pass.
+/// The same kernel alone, over neighbours that stand `step` pixels away. One pass; `after`, if any, goes over the rows
+/// of a band of the target when they are done.
 void Convolve(const ImageView& source, const MutableImageView& target, const Weights3x3& weights, float divisor,
-              int offset, int step, Passes& passes);
+              int offset, int step, Passes& passes, const BandWork& after = {});
 
 }  // namespace kelu::engine

@@ -45,23 +45,21 @@ struct FrostKernel {
     }
 };
 
-// In place: nothing is read twice.
-void FrostOnTarget(const WorkPicture& edges, const WorkPicture& ice, int factor, const MutableImageView& target,
-                   Passes& passes) {
-    passes.Split(target.height, target.width, [&](int begin, int end) HWY_ATTR {
-        EnlargedRows map(edges, factor), texture(ice, factor, true);
-        const int side = kTextureSide * factor;
-        for (int y = begin; y < end; ++y) {
-            const std::uint32_t *const mapRow = map.Row(y), *const iceRow = texture.Row(y);
-            for (int x = 0; x < target.width; x += side) {
-                const FrostKernel kernel{mapRow, iceRow, x};
-                std::uint32_t* const row = target.Row(y);
-                const int last = std::min(target.width, x + side), whole = x + (last - x) / kLanes * kLanes;
-                PointSpan(kernel, row, row, x, whole);
-                PointSpan(kernel, row, row, whole, last);
-            }
+// The rows [begin, end) in place: nothing is read twice. `mapFactor` and `iceFactor` enlarge the two.
+void FrostOnTarget(const WorkPicture& edges, int mapFactor, const WorkPicture& ice, int iceFactor,
+                   const MutableImageView& target, int begin, int end) {
+    EnlargedRows map(edges, mapFactor), texture(ice, iceFactor, true);
+    const int side = kTextureSide * iceFactor;
+    for (int y = begin; y < end; ++y) {
+        const std::uint32_t *const mapRow = map.Row(y), *const iceRow = texture.Row(y);
+        for (int x = 0; x < target.width; x += side) {
+            const FrostKernel kernel{mapRow, iceRow, x};
+            std::uint32_t* const row = target.Row(y);
+            const int last = std::min(target.width, x + side), whole = x + (last - x) / kLanes * kLanes;
+            PointSpan(kernel, row, row, x, whole);
+            PointSpan(kernel, row, row, whole, last);
         }
-    });
+    }
 }
 
 }  // namespace kelu::engine::HWY_NAMESPACE
@@ -75,10 +73,10 @@ HWY_EXPORT(FrostOnTarget);
 void Freeze(const ImageView& source, const MutableImageView& target, const Weights3x3& weights, float divisor,
             int offset, const Run& run) {
     const float scale = LengthScale(source, run);
-    const int factor = WorkingFactor(scale);
+    const int factor = CoarseFactor(scale), iceFactor = WorkingFactor(scale);
     const float base = scale / static_cast<float>(factor);  // pixels of the working size
     const double around = 6.0 * base;                       // standard deviation of the ice beside an edge
-    Passes passes(run, (factor > 1 ? 1 : 0) + MapEdgesPasses(base) + GaussianPasses(around) + 3);
+    Passes passes(run, (factor > 1 ? 1 : 0) + MapEdgesPasses(base) + GaussianPasses(around) + 2);
     const WorkPicture ice = IceTexture(passes);
     const WorkPicture first = Smaller(source, factor), second = Smaller(source, factor);
     const WorkPicture third = factor > 1 ? Smaller(source, factor) : WorkPicture(1, 1);
@@ -89,8 +87,9 @@ void Freeze(const ImageView& source, const MutableImageView& target, const Weigh
     Weights3x3 half = weights;
     const float by = divisor == 0 ? 1 : divisor;
     half[4] += by;
-    Convolve(source, target, half, 2 * by, offset / 2, NeighbourStep(source, run), passes);
-    HWY_DYNAMIC_DISPATCH(FrostOnTarget)(first, ice, factor, target, passes);
+    Convolve(source, target, half, 2 * by, offset / 2, NeighbourStep(source, run), passes, [&](int begin, int end) {
+        HWY_DYNAMIC_DISPATCH(FrostOnTarget)(first, factor, ice, iceFactor, target, begin, end);
+    });
 }
 
 }  // namespace kelu::engine

@@ -33,4 +33,10 @@ inline int WorkingFactor(float scale) {
     return static_cast<int>(std::bit_floor(static_cast<unsigned>(std::clamp(scale, 1.0f, 16.0f))));
 }
 
+/// The same for what is softer than a base pixel anyhow: above 1, a base pixel is half to one pixel wide.
+inline int CoarseFactor(float scale) {
+    const int factor = WorkingFactor(scale);
+    return factor > 1 ? std::min(2 * factor, 16) : 1;
+}
+
 }  // namespace kelu::engine

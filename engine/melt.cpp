@@ -1,5 +1,6 @@
 // The picture sags in broad folds, and over it run drops: each begins at the strongest edge from bright to dark of its
-// column and is filled with what lies just above that edge.
+// column and is filled with what lies just above that edge. Nothing moves sideways, so a pixel is the mix of two of its
+// column.
 // SPDX-License-Identifier: MIT
 #include "engine/melt.h"
 
@@ -7,11 +8,139 @@
 #include <cmath>
 #include <vector>
 
-#include "engine/random.h"
-#include "engine/warp.h"
+#undef HWY_TARGET_INCLUDE
+#define HWY_TARGET_INCLUDE "engine/melt.cpp"
+#include <hwy/foreach_target.h>
 
+#include "engine/bands.h"
+#include "engine/lanes_inl.h"
+#include "engine/random.h"
+
+#ifndef KELU_ENGINE_MELT_ONCE
+#define KELU_ENGINE_MELT_ONCE
+namespace kelu::engine {
+
+struct Drop {
+    float middle, half;   // image pixels: its column, and half its width
+    float begin, length;  // image pixels
+};
+
+// A row of a drop.
+struct DropRow {
+    float middle, thick;  // half its thickness here
+    float reach;          // what of it is seen here, at the round tip less
+    float begun;          // 0 where it begins, 1 where it stands alone
+    float from;           // the row that it shows
+};
+
+// Columns are sagged so many at once, over one another for some rows: the next row wants nearly the same pixels.
+constexpr int kSagSpan = 256;
+constexpr int kSagRows = 32;
+
+}  // namespace kelu::engine
+#endif
+
+HWY_BEFORE_NAMESPACE();
+namespace kelu::engine::HWY_NAMESPACE {
+
+using Words = hn::Vec<hn::RepartitionToNarrow<PixelTag>>;
+constexpr hn::RepartitionToNarrow<PixelTag> kWords{};
+
+// All channels of `a` and `b`, of the latter `weight` of 256.
+HWY_INLINE Pixels MixBytes(Pixels a, Pixels b, Pixels weight) {
+    const Words ofB = hn::BitCast(kWords, hn::Or(weight, hn::ShiftLeft<16>(weight)));
+    const Words ofA = hn::Sub(hn::Set(kWords, 256), ofB);
+    const auto mix = [&](Words x, Words y) HWY_ATTR {
+        const Words sum = hn::Add(hn::Mul(x, ofA), hn::Mul(y, ofB));
+        return hn::BitCast(kPixels, hn::ShiftRight<8>(hn::Add(sum, hn::Set(kWords, 128))));
+    };
+    const auto even = [](Pixels p) HWY_ATTR { return hn::BitCast(kWords, hn::And(p, All(0x00ff00ffu))); };
+    const auto odd = [](Pixels p) HWY_ATTR { return hn::ShiftRight<8>(hn::BitCast(kWords, p)); };
+    return hn::Or(mix(even(a), even(b)), hn::ShiftLeft<8>(mix(odd(a), odd(b))));
+}
+
+// `count` pixels of row `y`, each from `sag` · `part` pixels farther up. Whole vectors of `sag` are read.
+void SagSpan(const ImageView& source, const float* sag, float part, int x, int y, int count, std::uint32_t* out) {
+    HWY_ALIGN std::int32_t at[kSagSpan], weights[kSagSpan];
+    HWY_ALIGN std::uint32_t above[kSagSpan], below[kSagSpan];
+    const int step = static_cast<int>(source.stride / 4), next = source.height > 1 ? step : 0;
+    for (int i = 0; i < count; i += kLanes) {
+        const Floats down = hn::Mul(hn::LoadU(kFloats, sag + i), All(part * 256));
+        const Ints place = hn::Max(hn::Sub(All(y * 256), hn::ConvertTo(kInts, down)), hn::Zero(kInts));
+        const Ints row = hn::Min(hn::ShiftRight<8>(place), All(std::max(source.height - 2, 0)));
+        hn::Store(hn::Sub(place, hn::ShiftLeft<8>(row)), kInts, weights + i);
+        hn::Store(hn::Add(hn::Mul(row, All(step)), hn::BitCast(kInts, ColumnNumbers(x + i))), kInts, at + i);
+    }
+    const std::uint32_t* const base = source.Row(0);
+    for (int i = 0; i < count; ++i) {
+        above[i] = base[at[i]];
+        below[i] = base[at[i] + next];
+    }
+    for (int i = 0; i < count; i += kLanes) {
+        const Pixels mixed = MixBytes(hn::Load(kPixels, above + i), hn::Load(kPixels, below + i),
+                                      hn::BitCast(kPixels, hn::Load(kInts, weights + i)));
+        if (i + kLanes <= count) {
+            hn::StoreU(mixed, kPixels, out + i);
+        } else {
+            std::uint32_t few[kLanes];
+            hn::StoreU(mixed, kPixels, few);
+            std::copy(few, few + (count - i), out + i);
+        }
+    }
+}
+
+struct DropKernel {
+    DropRow row;
+    const std::uint32_t *above, *below;
+    std::uint32_t weight;
+
+    HWY_INLINE Pixels operator()(Pixels pixels, Pixels a, Pixels b, int x) const {
+        const Floats off = hn::Sub(Columns(x), All(row.middle));
+        const Floats part = Clamp01(hn::Sub(All(row.reach + 0.5f), hn::Abs(off)));
+        const Floats u = hn::Div(off, All(row.thick)), aside = hn::Add(u, All(0.45f));
+        const Floats light = hn::Sub(All(1.0f), hn::Mul(All(0.3f * row.begun), hn::Mul(u, u)));
+        const Floats shine = hn::Max(hn::Sub(All(1.0f), hn::Mul(All(9.0f), hn::Mul(aside, aside))), hn::Zero(kFloats));
+        const Floats gloss = hn::Mul(shine, All(40 * row.begun));
+        const Pixels shown = MixBytes(a, b, All(weight));
+        const Channels own = Split(shown);
+        const auto lit = [&](Floats c) HWY_ATTR { return hn::Min(hn::Add(hn::Mul(c, light), gloss), All(255.0f)); };
+        const auto alpha = [](Pixels p) HWY_ATTR { return ToFloats(hn::ShiftRight<24>(p)); };
+        return Join(Mix(Split(pixels), Channels{lit(own.blue), lit(own.green), lit(own.red)}, part),
+                    hn::ShiftLeft<24>(ToByte(Mix(alpha(pixels), alpha(shown), part))));
+    }
+};
+
+void DrawDropRow(const ImageView& source, const DropRow& row, std::uint32_t* out) {
+    const float within = std::clamp(row.from, 0.0f, static_cast<float>(source.height - 1));
+    const int y = static_cast<int>(within);
+    const DropKernel kernel{row, source.Row(y), source.Row(std::min(y + 1, source.height - 1)),
+                            static_cast<std::uint32_t>((within - static_cast<float>(y)) * 256)};
+    const int end = std::min(source.width, static_cast<int>(row.middle + row.reach + 2));
+    for (int x = std::max(0, static_cast<int>(row.middle - row.reach - 1)); x < end; x += kLanes) {
+        if (x + kLanes <= source.width) {
+            hn::StoreU(kernel(hn::LoadU(kPixels, out + x), hn::LoadU(kPixels, kernel.above + x),
+                              hn::LoadU(kPixels, kernel.below + x), x),
+                       kPixels, out + x);
+            continue;
+        }
+        std::uint32_t few[3][kLanes] = {};
+        const std::uint32_t* const rows[] = {out, kernel.above, kernel.below};
+        for (int i = 0; i < 3; ++i) std::copy(rows[i] + x, rows[i] + source.width, few[i]);
+        hn::StoreU(kernel(hn::LoadU(kPixels, few[0]), hn::LoadU(kPixels, few[1]), hn::LoadU(kPixels, few[2]), x),
+                   kPixels, few[0]);
+        std::copy(few[0], few[0] + (source.width - x), out + x);
+    }
+}
+
+}  // namespace kelu::engine::HWY_NAMESPACE
+HWY_AFTER_NAMESPACE();
+
+#if HWY_ONCE
 namespace kelu::engine {
 namespace {
+
+HWY_EXPORT(SagSpan);
+HWY_EXPORT(DrawDropRow);
 
 constexpr int kEffect = 30;
 constexpr int kFolds = 12, kDrops = 44;  // over the picture's width
@@ -19,12 +148,7 @@ constexpr int kFolds = 12, kDrops = 44;  // over the picture's width
 constexpr int kRowsLookedAt = 256;
 constexpr int kEdgeRows = 8;  // of these, above and below an edge
 
-struct Drop {
-    float middle, half;   // image pixels: its column, and half its width
-    float begin, length;  // image pixels
-};
-
-// Mean luma of some rows of one column, 0 to 255.
+// Luma of one of some rows of one column, 0 to 255.
 float LumaAt(const ImageView& source, int x, int row, int rows) {
     const std::uint32_t p = source.Row(static_cast<int>(std::int64_t{row} * source.height / rows))[x];
     return static_cast<float>(299 * (p >> 16 & 0xff) + 587 * (p >> 8 & 0xff) + 114 * (p & 0xff)) / 1000;
@@ -61,78 +185,47 @@ std::vector<Drop> FindDrops(const ImageView& source) {
     return drops;
 }
 
-// A pixel of the source with all four channels between two rows.
-std::uint32_t Between(const ImageView& source, int x, float y) {
-    const float within = std::clamp(y, 0.0f, static_cast<float>(source.height - 1));
-    const int row = static_cast<int>(within);
-    const auto part = static_cast<std::uint32_t>((within - static_cast<float>(row)) * 256);
-    const std::uint32_t a = source.Row(row)[x], b = source.Row(std::min(row + 1, source.height - 1))[x];
-    std::uint32_t mixed = 0;
-    for (int shift = 0; shift < 32; shift += 8)
-        mixed |= ((a >> shift & 0xff) * (256 - part) + (b >> shift & 0xff) * part + 128) >> 8 << shift;
-    return mixed;
-}
-
-// `drop` over a part of `pixel`, 0 to 1, its colour times `light` plus `gloss`.
-std::uint32_t Over(std::uint32_t pixel, std::uint32_t drop, float part, float light, float gloss) {
-    std::uint32_t mixed = 0;
-    for (int shift = 0; shift < 32; shift += 8) {
-        const float below = static_cast<float>(pixel >> shift & 0xff), own = static_cast<float>(drop >> shift & 0xff);
-        const float lit = shift < 24 ? std::min(255.0f, own * light + gloss) : own;
-        mixed |= static_cast<std::uint32_t>(below + (lit - below) * part + 0.5f) << shift;
-    }
-    return mixed;
-}
-
 }  // namespace
 
 void Melt(const ImageView& source, const MutableImageView& target, const Run& run) {
     const float width = static_cast<float>(source.width), height = static_cast<float>(source.height);
-    std::vector<float> sag;  // pixels, at the bottom
-    for (int x = 0; x < source.width; ++x)
+    constexpr int kRoom = 16;  // whole vectors are read
+    std::vector<float> sag;    // pixels, at the bottom
+    for (int x = 0; x < source.width + kRoom; ++x)
         sag.push_back(height * 0.18f * SmoothNoise(static_cast<float>(x) / width * kFolds, RandomRow(0, kEffect, 0)));
     const std::vector<Drop> drops = FindDrops(source);
 
-    Passes passes(run, 2);
-    Warp(source, target, passes, [&](int x, int y, int count, Places& places) {
-        const float part = Smoothstep(static_cast<float>(y) / height);
-        for (int i = 0; i < count; ++i) {
-            places.x[i] = (x + i) * kPlaceOne;
-            places.y[i] = y * kPlaceOne - static_cast<int>(sag[static_cast<std::size_t>(x + i)] * part * kPlaceOne);
-        }
-    });
-    passes.Split(source.height, source.width / 2, [&](int begin, int end) {
-        for (const Drop& drop : drops) {
-            // The edge has sagged with the picture.
-            const auto middle = std::min(static_cast<std::size_t>(drop.middle), sag.size() - 1);
-            const float from = drop.begin + sag[middle] * Smoothstep(drop.begin / height);
-            const float tip = from + drop.length;
-            if (drop.length <= 0 || from >= static_cast<float>(end) || tip + 1 < static_cast<float>(begin)) continue;
-            const int left = std::max(0, static_cast<int>(drop.middle - 2 * drop.half)),
-                      right = std::min(source.width - 1, static_cast<int>(drop.middle + 2 * drop.half + 1));
-            for (int y = std::max(begin, static_cast<int>(from)); y < std::min(end, static_cast<int>(tip) + 2); ++y) {
-                const float along = static_cast<float>(y) - from;
-                // It flows together, thins, and swells towards its round tip.
-                const float gather = 1 / (1 + along / drop.half);
-                const float thick =
-                    drop.half * (0.6f + 1.1f * gather * gather + 0.4f * Smoothstep(along / drop.length));
-                const float round = std::max(0.0f, static_cast<float>(y) - (tip - thick));
-                const float reach = std::sqrt(std::max(0.0f, thick * thick - round * round));
-                // It begins in its colour's own edge and leaves that within its width.
-                const float begun = Smoothstep(along / (3 * drop.half + 1));
-                for (int x = left; x <= right; ++x) {
-                    const float off = static_cast<float>(x) - drop.middle;
-                    const float part = std::clamp(reach - std::abs(off) + 0.5f, 0.0f, 1.0f);
-                    if (part <= 0) continue;
-                    const float u = off / thick;
-                    const float light = 1 - 0.3f * begun * u * u;
-                    const float shine = std::max(0.0f, 1 - 9 * (u + 0.45f) * (u + 0.45f));
-                    target.Row(y)[x] = Over(target.Row(y)[x], Between(source, x, drop.begin - 2 - 0.15f * along), part,
-                                            light, 40 * begun * shine);
+    SplitRows(
+        run, source.height, source.width,
+        [&](int begin, int end) {
+            for (int x = 0; x < source.width; x += kSagSpan)
+                for (int y = begin; y < end; ++y) HWY_DYNAMIC_DISPATCH(SagSpan)
+            (source, sag.data() + x, Smoothstep(static_cast<float>(y) / height), x, y,
+             std::min(kSagSpan, source.width - x), target.Row(y) + x);
+            for (const Drop& drop : drops) {
+                // The edge has sagged with the picture.
+                const auto middle = static_cast<std::size_t>(std::min(source.width - 1, static_cast<int>(drop.middle)));
+                const float from = drop.begin + sag[middle] * Smoothstep(drop.begin / height);
+                const float tip = from + drop.length;
+                if (drop.length <= 0) continue;
+                const int last = std::min(end, static_cast<int>(tip) + 2);
+                for (int y = std::max(begin, static_cast<int>(from)); y < last; ++y) {
+                    const float along = static_cast<float>(y) - from;
+                    // It flows together, thins, and swells towards its round tip.
+                    const float gather = 1 / (1 + along / drop.half);
+                    const float thick =
+                        drop.half * (0.6f + 1.1f * gather * gather + 0.4f * Smoothstep(along / drop.length));
+                    const float round = std::max(0.0f, static_cast<float>(y) - (tip - thick));
+                    const float reach = std::sqrt(std::max(0.0f, thick * thick - round * round));
+                    // It begins in its colour's own edge and leaves that within its width.
+                    const float begun = Smoothstep(along / (3 * drop.half + 1));
+                    HWY_DYNAMIC_DISPATCH(DrawDropRow)
+                    (source, {drop.middle, thick, reach, begun, drop.begin - 2 - 0.15f * along}, target.Row(y));
                 }
             }
-        }
-    });
+        },
+        kSagRows);
 }
 
 }  // namespace kelu::engine
+#endif

@@ -69,12 +69,13 @@ HWY_NOINLINE HWY_FLATTEN void NeighbourhoodRow(const Kernel& given, const ImageV
     for (; x < source.width; x += kLanes) NeighbourhoodAtEdge(kernel, source, target, x, y, step);
 }
 
-/// One pass.
+/// One pass. `after`, if any, goes over the rows of a band while they are still in the cache.
 template <class Kernel>
 void RenderNeighbourhoods(const Kernel& kernel, const ImageView& source, const MutableImageView& target, int step,
-                          Passes& passes) {
+                          Passes& passes, const BandWork& after = {}) {
     const auto work = [&](int begin, int end) HWY_ATTR {
         for (int y = begin; y < end; ++y) NeighbourhoodRow(kernel, source, target.Row(y), y, step);
+        if (after) after(begin, end);
     };
     passes.Split(source.height, source.width, work, kLeastNeighbourRows);
 }

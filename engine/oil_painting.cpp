@@ -1,9 +1,11 @@
-// Sliding counts and sums of 32 bands of brightness.
+// Counts of 32 bands of brightness, weighed by a pyramid, and sliding sums of their colours.
 // SPDX-License-Identifier: MIT
 #include "engine/oil_painting.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
+#include <utility>
 #include <vector>
 
 #undef HWY_TARGET_INCLUDE
@@ -18,18 +20,21 @@
 #define KELU_ENGINE_OIL_ONCE
 namespace kelu::engine {
 
-// Every column keeps, for each band, the count and the sum of its pixels within the window's height.
-// From row to row a column gains a pixel and loses one; from pixel to pixel the window gains a column and loses one
-// (Perreault and Hébert, "Median Filtering in Constant Time", 2007). The window keeps all its counts, for these are
-// compared at every pixel, but a band's sum follows only when the band wins: it then takes in the columns passed since
-// it last did.
+// Every column keeps, for each band, how much its pixels weigh within the window's height, and their sum. The weight of
+// a row falls evenly with its distance, so from row to row the weight changes by a slope, and the slope by three
+// pixels: one that enters, one in the middle, one that leaves. Columns weigh likewise: from pixel to pixel the window's
+// weights change by slopes, and these by three columns. The window keeps all its weights, for these are compared at
+// every pixel, but a band's sum of colours follows only when the band wins: it then takes in the columns passed since
+// it last did (both after Perreault and Hébert, "Median Filtering in Constant Time", 2007).
 
 constexpr int kOilBands = 32;
 
-// What a column of the window holds in each band. A sum of 2 · kMostOilRadius + 2 bytes fits 16 bits.
+// What a column of the window holds in each band. 2 · kMostOilRadius + 2 bytes, and the squared height of the pyramid,
+// fit 16 bits.
 struct OilColumn {
-    alignas(64) std::uint16_t counts[kOilBands];
-    std::uint64_t sums[kOilBands];  // blue, green, red, alpha, 16 bits each
+    alignas(64) std::uint16_t weights[kOilBands];
+    std::int16_t slopes[kOilBands];
+    std::uint64_t sums[kOilBands];  // blue, green, red, count, 16 bits each
 };
 static_assert((2 * kMostOilRadius + 2) * 255 < 65536);
 
@@ -39,53 +44,67 @@ static_assert((2 * kMostOilRadius + 2) * 255 < 65536);
 HWY_BEFORE_NAMESPACE();
 namespace kelu::engine::HWY_NAMESPACE {
 
-constexpr hn::ScalableTag<std::uint16_t> kCounts;
-using CountVector = hn::Vec<decltype(kCounts)>;
-constexpr int kCountLanes = static_cast<int>(hn::MaxLanes(kCounts));
-constexpr int kCountVectors = kOilBands / kCountLanes;
+constexpr hn::ScalableTag<std::uint32_t> kWeights;
+constexpr hn::ScalableTag<std::int32_t> kSlopes;
+constexpr hn::Rebind<std::uint16_t, decltype(kWeights)> kColumnWeights;
+constexpr int kWeightLanes = static_cast<int>(hn::MaxLanes(kWeights));
+constexpr int kWeightVectors = kOilBands / kWeightLanes;
 
-// One pixel's four channels, as sums.
+// One pixel's colour and count, as sums.
 constexpr hn::CappedTag<std::uint32_t, 4> kSums;
 constexpr hn::CappedTag<std::uint16_t, 4> kShortSums;
 using SumVector = hn::Vec<decltype(kSums)>;
 
-template <class V>
-HWY_INLINE std::uint16_t Largest(V v) {
-    const hn::CappedTag<std::uint16_t, 8> d;
-    hn::Vec<decltype(d)> best;
-    if constexpr (sizeof(V) == sizeof best) {
-        best = v;
-    } else {
-        best = hn::Max(hn::LowerHalf(d, v), hn::UpperHalf(d, v));
-    }
-    best = hn::Max(best, hn::ShiftRightBytes<8>(d, best));
-    best = hn::Max(best, hn::ShiftRightBytes<4>(d, best));
-    best = hn::Max(best, hn::ShiftRightBytes<2>(d, best));
-    return hn::GetLane(best);
-}
+// The weights of the window, in registers. Below a weight stand five bits that count the bands down: the largest of
+// them all tells which it is, and of equals the first is the largest.
+struct OilWeights {
+    hn::Vec<decltype(kWeights)> v[kWeightVectors];
+    hn::Vec<decltype(kWeights)> slope[kWeightVectors];
+    static_assert(std::uint64_t{kMostOilRadius + 1} * (kMostOilRadius + 1) * (kMostOilRadius + 1) *
+                      (kMostOilRadius + 1) * kOilBands <=
+                  0xffffffffu);
 
-// The counts of the window, in registers.
-struct OilCounts {
-    CountVector v[kCountVectors];
-
-    HWY_INLINE void Add(const OilColumn& column) {
-        for (int i = 0; i < kCountVectors; ++i)
-            v[i] = hn::Add(v[i], hn::Load(kCounts, column.counts + i * kCountLanes));
+    // The window whose first column is the first of `columns`.
+    HWY_INLINE OilWeights(const OilColumn* columns, int radius) {
+        for (int i = 0; i < kWeightVectors; ++i) {
+            auto all = hn::Zero(kWeights), rising = hn::Zero(kWeights), falling = hn::Zero(kWeights);
+            for (int at = 0; at <= radius; ++at) {
+                const auto near = Column(columns[at], i);
+                all = hn::Add(all, hn::Mul(near, hn::Set(kWeights, static_cast<std::uint32_t>(at + 1))));
+                falling = hn::Add(falling, near);
+            }
+            for (int at = radius + 1; at <= 2 * radius + 1; ++at) {
+                const auto far = Column(columns[at], i);
+                all = hn::Add(all, hn::Mul(far, hn::Set(kWeights, static_cast<std::uint32_t>(2 * radius + 1 - at))));
+                rising = hn::Add(rising, far);
+            }
+            const auto names = hn::Sub(hn::Set(kWeights, static_cast<std::uint32_t>(kOilBands - 1 - i * kWeightLanes)),
+                                       hn::Iota(kWeights, 0));
+            v[i] = hn::Add(hn::ShiftLeft<5>(all), names);
+            slope[i] = hn::ShiftLeft<5>(hn::Sub(rising, falling));
+        }
     }
-    HWY_INLINE void Subtract(const OilColumn& column) {
-        for (int i = 0; i < kCountVectors; ++i)
-            v[i] = hn::Sub(v[i], hn::Load(kCounts, column.counts + i * kCountLanes));
+
+    // From the window whose first column is *column to the next.
+    HWY_INLINE void Move(const OilColumn* column, int radius) {
+        for (int i = 0; i < kWeightVectors; ++i) {
+            v[i] = hn::Add(v[i], slope[i]);
+            const auto ends = hn::Add(Column(column[0], i), Column(column[2 * radius + 2], i));
+            const auto middle = Column(column[radius + 1], i);
+            slope[i] = hn::Add(slope[i], hn::ShiftLeft<5>(hn::Sub(ends, hn::Add(middle, middle))));
+        }
     }
 
-    // The first band with the highest count.
-    HWY_INLINE int FullestBand(std::uint16_t& count) const {
-        CountVector best = v[0];
-        for (int i = 1; i < kCountVectors; ++i) best = hn::Max(best, v[i]);
-        count = Largest(best);
-        const CountVector wanted = hn::Set(kCounts, count);
-        int i = 0;
-        while (i < kCountVectors - 1 && hn::AllFalse(kCounts, hn::Eq(v[i], wanted))) ++i;
-        return i * kCountLanes + static_cast<int>(hn::FindKnownFirstTrue(kCounts, hn::Eq(v[i], wanted)));
+    // The first band of the highest weight.
+    HWY_INLINE int FullestBand() const {
+        auto best = v[0];
+        for (int i = 1; i < kWeightVectors; ++i) best = hn::Max(best, v[i]);
+        return kOilBands - 1 - static_cast<int>(hn::GetLane(hn::MaxOfLanes(kWeights, best)) % kOilBands);
+    }
+
+ private:
+    static HWY_INLINE hn::Vec<decltype(kWeights)> Column(const OilColumn& column, int i) {
+        return hn::PromoteTo(kWeights, hn::Load(kColumnWeights, column.weights + i * kWeightLanes));
     }
 };
 
@@ -93,10 +112,11 @@ HWY_INLINE SumVector SumsOf(const OilColumn& column, int band) {
     return hn::PromoteTo(kSums, hn::Load(kShortSums, reinterpret_cast<const std::uint16_t*>(&column.sums[band])));
 }
 
-HWY_INLINE std::uint32_t MeanOf(SumVector sums, std::uint16_t count, std::uint32_t alphaOf) {
+HWY_INLINE std::uint32_t MeanOf(SumVector sums, std::uint32_t alphaOf) {
     const hn::RebindToFloat<decltype(kSums)> kReal;
     const hn::RebindToSigned<decltype(kSums)> kWhole;
-    const auto mean = hn::Div(hn::ConvertTo(kReal, hn::BitCast(kWhole, sums)), hn::Set(kReal, count));
+    const auto real = hn::ConvertTo(kReal, hn::BitCast(kWhole, sums));
+    const auto mean = hn::Div(real, hn::Broadcast<3>(real));
     const auto level = hn::ConvertTo(kWhole, hn::Add(mean, hn::Set(kReal, 0.5f)));
     const auto bytes = hn::DemoteTo(hn::CappedTag<std::uint8_t, 4>(), level);
     const std::uint32_t pixel = hn::GetLane(hn::BitCast(hn::CappedTag<std::uint32_t, 1>(), bytes));
@@ -108,29 +128,49 @@ class OilStrip {
  public:
     OilStrip(const ImageView& source, const MutableImageView& target, int x, int count, int radius)
         : source_(source), target_(target), x_(x), count_(count), radius_(radius), width_(count + 2 * radius) {
-        columns_.resize(static_cast<std::size_t>(width_));
-        for (auto* row : {&gained_, &lost_}) row->Resize(width_);
+        columns_.resize(static_cast<std::size_t>(width_ + 2));  // two more are read, and change nothing
+        for (Row* row : {&entering_, &middle_, &leaving_, &gone_}) row->Resize(width_);
     }
 
     void Render(int begin, int end) {
         std::fill(columns_.begin(), columns_.end(), OilColumn{});
-        first_ = OilColumn{};
         std::fill_n(&firstSums_[0][0], kOilBands * 4, 0u);
-        for (int y = begin - radius_; y <= begin + radius_; ++y) {
-            gained_.Read(source_, y, x_ - radius_);
-            Update<false>();
+        const auto read = [&](Row& row, int y) { row.Read(source_, y, x_ - radius_); };
+        for (int away = -radius_ - 1; away <= radius_; ++away) {
+            read(away < -radius_ ? leaving_ : entering_, begin + away);
+            if (away < -radius_)
+                Weigh(leaving_, 0, -1);
+            else
+                Weigh(entering_, radius_ + 1 - std::abs(away), away < 0 ? -1 : 1);
+            if (away >= -radius_) Sum(entering_, [](auto& sum, auto part) { sum += part; });
         }
         RenderRow(begin);
         for (int y = begin + 1; y < end; ++y) {
-            gained_.Read(source_, y + radius_, x_ - radius_);
-            lost_.Read(source_, y - radius_ - 1, x_ - radius_);
-            Update<true>();
+            std::swap(gone_, leaving_);
+            read(entering_, y + radius_);
+            read(middle_, y - 1);
+            read(leaving_, y - radius_ - 1);
+            for (int i = 0; i < width_; ++i) {
+                OilColumn& column = columns_[static_cast<std::size_t>(i)];
+                ++column.slopes[entering_.Band(i)];
+                column.slopes[middle_.Band(i)] -= 2;
+                ++column.slopes[gone_.Band(i)];
+            }
+            Sum(entering_, [](auto& sum, auto part) { sum += part; });
+            Sum(leaving_, [](auto& sum, auto part) { sum -= part; });
+            const hn::ScalableTag<std::int16_t> kShorts16;
+            for (OilColumn& column : columns_)
+                for (int i = 0; i < kOilBands; i += static_cast<int>(hn::MaxLanes(kShorts16))) {
+                    auto* const weights = reinterpret_cast<std::int16_t*>(column.weights) + i;
+                    hn::Store(hn::Add(hn::Load(kShorts16, weights), hn::Load(kShorts16, column.slopes + i)), kShorts16,
+                              weights);
+                }
             RenderRow(y);
         }
     }
 
  private:
-    // A picture row: the band of each pixel and its channels as four sums.
+    // A picture row: the band of each pixel and its channels.
     struct Row {
         std::vector<std::uint32_t> pixels, bands;
 
@@ -147,64 +187,53 @@ class OilStrip {
                 hn::StoreU(hn::BitCast(kPixels, hn::ShiftRight<3>(luma)), kPixels, bands.data() + i);
             }
         }
-        HWY_INLINE std::uint64_t Sums(int i) const {
-            const std::uint64_t p = pixels[static_cast<std::size_t>(i)];
-            const std::uint64_t far = (p | p << 16) & 0x0000ffff0000ffffu;
-            return (far | far << 8) & 0x00ff00ff00ff00ffu;
+        HWY_INLINE std::uint32_t Band(int i) const { return bands[static_cast<std::size_t>(i)]; }
+        /// Blue, green, red and a count of one.
+        HWY_INLINE std::uint32_t Parts(int i) const {
+            return (pixels[static_cast<std::size_t>(i)] & ~kAlphaMask) | 1u << 24;
         }
     };
 
-    template <bool kAlsoLose>
-    void Update() {
+    void Weigh(const Row& row, int weight, int slope) {
         for (int i = 0; i < width_; ++i) {
             OilColumn& column = columns_[static_cast<std::size_t>(i)];
-            const std::uint32_t in = gained_.bands[static_cast<std::size_t>(i)];
-            ++column.counts[in];
-            column.sums[in] += gained_.Sums(i);
-            if constexpr (kAlsoLose) {
-                const std::uint32_t out = lost_.bands[static_cast<std::size_t>(i)];
-                --column.counts[out];
-                column.sums[out] -= lost_.Sums(i);
-            }
+            column.weights[row.Band(i)] = static_cast<std::uint16_t>(column.weights[row.Band(i)] + weight);
+            column.slopes[row.Band(i)] = static_cast<std::int16_t>(column.slopes[row.Band(i)] + slope);
         }
-        // The same once more for the row's first window.
-        for (int i = 0; i <= 2 * radius_; ++i) {
-            const std::uint32_t in = gained_.bands[static_cast<std::size_t>(i)];
-            ++first_.counts[in];
-            for (int c = 0; c < 4; ++c)
-                firstSums_[in][c] += gained_.pixels[static_cast<std::size_t>(i)] >> (8 * c) & 0xff;
-            if constexpr (kAlsoLose) {
-                const std::uint32_t out = lost_.bands[static_cast<std::size_t>(i)];
-                --first_.counts[out];
-                for (int c = 0; c < 4; ++c)
-                    firstSums_[out][c] -= lost_.pixels[static_cast<std::size_t>(i)] >> (8 * c) & 0xff;
-            }
+    }
+
+    // Adds the row to the sums or takes it from them, and likewise to those of the first window.
+    template <class Change>
+    void Sum(const Row& row, Change change) {
+        for (int i = 0; i < width_; ++i) {
+            const std::uint64_t parts = row.Parts(i);
+            const std::uint64_t far = (parts | parts << 16) & 0x0000ffff0000ffffu;
+            change(columns_[static_cast<std::size_t>(i)].sums[row.Band(i)], (far | far << 8) & 0x00ff00ff00ff00ffu);
         }
+        for (int i = 0; i <= 2 * radius_; ++i)
+            for (int c = 0; c < 4; ++c) change(firstSums_[row.Band(i)][c], row.Parts(i) >> (8 * c) & 0xff);
     }
 
     void RenderRow(int y) {
         alignas(16) std::uint32_t sums[kOilBands][4];
         int upTo[kOilBands] = {};  // the window, by its first column, that a band's sum belongs to
         std::memcpy(sums, firstSums_, sizeof sums);
-        OilCounts counts;
-        for (int i = 0; i < kCountVectors; ++i) counts.v[i] = hn::Load(kCounts, first_.counts + i * kCountLanes);
+        const OilColumn* const columns = columns_.data();
+        OilWeights weights(columns, radius_);
 
         const std::uint32_t* const alphaOf = source_.Row(y) + x_;
         std::uint32_t* const out = target_.Row(y) + x_;
-        const OilColumn* const columns = columns_.data();
         const int side = 2 * radius_ + 1;
         for (int i = 0;; ++i) {
-            std::uint16_t count;
-            const int band = counts.FullestBand(count);
+            const int band = weights.FullestBand();
             SumVector sum = hn::Load(kSums, sums[band]);
             for (int at = upTo[band]; at < i; ++at)
                 sum = hn::Add(sum, hn::Sub(SumsOf(columns[at + side], band), SumsOf(columns[at], band)));
             hn::Store(sum, kSums, sums[band]);
             upTo[band] = i;
-            out[i] = MeanOf(sum, count, alphaOf[i]);
+            out[i] = MeanOf(sum, alphaOf[i]);
             if (i + 1 == count_) break;
-            counts.Subtract(columns[i]);
-            counts.Add(columns[i + side]);
+            weights.Move(columns + i, radius_);
         }
     }
 
@@ -212,8 +241,7 @@ class OilStrip {
     const MutableImageView& target_;
     const int x_, count_, radius_, width_;
     std::vector<OilColumn> columns_;
-    Row gained_, lost_;
-    OilColumn first_;  // counts of the row's first window
+    Row entering_, middle_, leaving_, gone_;
     alignas(16) std::uint32_t firstSums_[kOilBands][4];
 };
 

@@ -22,9 +22,11 @@ constexpr std::size_t kHugePage = 2u << 20;
 // Smaller blocks come from the ordinary heap and are not kept.
 constexpr std::size_t kLarge = 1u << 20;
 
-// What one render needs besides its target: some blocks of a quarter of its size and less. More would only sit there,
-// and all of them together must not be larger than two targets.
+// What one render of some 30 megapixels needs: a target, and some blocks of a quarter of its size and less. More would
+// only sit there, and with larger pictures, of which three are in use, no spare one is kept: fresh memory costs less
+// than a render of theirs.
 constexpr std::size_t kIdleBlocks = 8;
+constexpr std::size_t kMostIdle = 192u << 20;  // bytes together
 
 struct Block {
     std::uint8_t* data = nullptr;
@@ -118,12 +120,9 @@ class Pool {
 
  private:
     bool TooMuch() const {
-        std::size_t all = 0, largest = 0;
-        for (const Block& block : idle_) {
-            all += block.size;
-            largest = std::max(largest, block.size);
-        }
-        return all > 2 * largest;
+        std::size_t all = 0;
+        for (const Block& block : idle_) all += block.size;
+        return all > kMostIdle;
     }
 
     std::mutex mutex_;

@@ -65,11 +65,11 @@ void LinesOnTarget(const WorkPicture& soft, const WorkPicture& around, Passes& p
     });
 }
 
-void DrawOnTarget(const WorkPicture& lines, const WorkPicture& paper, int factor, const ImageView& source,
-                  const MutableImageView& target, Passes& passes) {
+void DrawOnTarget(const WorkPicture& lines, int factor, const WorkPicture& paper, int paperFactor,
+                  const ImageView& source, const MutableImageView& target, Passes& passes) {
     passes.Split(target.height, target.width, [&](int begin, int end) HWY_ATTR {
-        EnlargedRows map(lines, factor), texture(paper, factor, true);
-        const int side = kTextureSide * factor;
+        EnlargedRows map(lines, factor), texture(paper, paperFactor, true);
+        const int side = kTextureSide * paperFactor;
         for (int y = begin; y < end; ++y) {
             const std::uint32_t *const mapRow = map.Row(y), *const paperRow = texture.Row(y);
             for (int x = 0; x < target.width; x += side)
@@ -90,18 +90,21 @@ HWY_EXPORT(DrawOnTarget);
 
 void Sketch(const ImageView& source, const MutableImageView& target, const Run& run) {
     const float scale = LengthScale(source, run);
-    const int factor = WorkingFactor(scale);
+    const int factor = CoarseFactor(scale), paperFactor = WorkingFactor(scale);
     const double base = scale / static_cast<float>(factor);  // pixels of the working size
-    // Standard deviations: of the softening that a camera's grain and compression need, and of the surroundings.
-    const double softly = std::max(0.3, 0.8 * base), around = 8 * base;
-    Passes passes(run, (factor > 1 ? 1 : 0) + GaussianPasses(softly) + GaussianPasses(around) + 3);
+    // Standard deviations: of the softening that a camera's grain and compression need, where making the picture
+    // smaller and larger again is not it, and of the surroundings.
+    const double softly = 0.8 * base, around = 8 * base;
+    Passes passes(run, 3 + (factor > 1 ? 1 : GaussianPasses(softly)) + GaussianPasses(around));
     const WorkPicture paper = PencilTexture(passes);
     const WorkPicture soft = Smaller(source, factor), blurred = Smaller(source, factor);
-    if (factor > 1) Shrink(source, factor, blurred, passes);
-    GaussianBlur(factor > 1 ? ImageView(blurred) : source, soft.View(), softly, passes);
+    if (factor > 1)
+        Shrink(source, factor, soft, passes);
+    else
+        GaussianBlur(source, soft.View(), softly, passes);
     GaussianBlur(soft, blurred.View(), around, passes);
     HWY_DYNAMIC_DISPATCH(LinesOnTarget)(soft, blurred, passes);
-    HWY_DYNAMIC_DISPATCH(DrawOnTarget)(soft, paper, factor, source, target, passes);
+    HWY_DYNAMIC_DISPATCH(DrawOnTarget)(soft, factor, paper, paperFactor, source, target, passes);
 }
 
 }  // namespace kelu::engine

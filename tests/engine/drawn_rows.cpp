@@ -7,6 +7,7 @@
 #include "engine/bands.h"
 #include "engine/convolution.h"
 #include "engine/gaussian.h"
+#include "engine/lengths.h"
 #include "engine/neon.h"
 #include "engine/random.h"
 #include "engine/sketch.h"
@@ -98,11 +99,10 @@ double Smooth(double t) {
     return t * t * (3 - 2 * t);
 }
 
-// Renders with lengths of `scale`; the definition gets the factor of the working size and a base pixel's length there.
+// Renders with lengths of `scale`; the definition gets the scale of the textures and a base pixel's length there.
 template <class Defined>
 EffectRow DrawnRow(const std::string& name, Render effect, float scale, Defined defined, int tolerance) {
-    int factor = 1;
-    while (2.0f * static_cast<float>(factor) <= scale) factor *= 2;
+    const int factor = WorkingFactor(scale);
     return {name + "_" + std::to_string(static_cast<int>(scale)),
             [=](auto& s, auto& t, auto& run) {
                 Run scaled = run;
@@ -171,10 +171,12 @@ Picture PencilTexture() {
     });
 }
 
-Picture SketchOf(const Picture& source, int factor, float base) {
+Picture SketchOf(const Picture& source, int paperFactor, float paperBase) {
     static const Picture pencil = PencilTexture(), twice = Enlarged(pencil, 2, true);
-    const Picture& paper = factor == 1 ? pencil : twice;
-    const Picture soft = Blurred(Shrunk(source, factor), 0.8 * static_cast<double>(base)),
+    const Picture& paper = paperFactor == 1 ? pencil : twice;
+    const int factor = paperFactor == 1 ? 1 : 2 * paperFactor;
+    const double base = static_cast<double>(paperBase) * paperFactor / factor;
+    const Picture soft = factor == 1 ? Blurred(source, 0.8 * base) : Shrunk(source, factor),
                   around = Blurred(soft, 8.0 * base);
     const Picture lines = Made(soft.Width(), soft.Height(), [&](int x, int y) {
         const int luma = Luma(soft.At(x, y));
@@ -230,9 +232,11 @@ Picture IceTexture() {
     });
 }
 
-Picture FreezeOf(const Picture& source, int factor, float base) {
+Picture FreezeOf(const Picture& source, int iceFactor, float iceBase) {
     static const Picture ice = IceTexture(), twice = Enlarged(ice, 2, true);
-    const Picture& crystals = factor == 1 ? ice : twice;
+    const Picture& crystals = iceFactor == 1 ? ice : twice;
+    const int factor = iceFactor == 1 ? 1 : 2 * iceFactor;
+    const float base = iceBase * static_cast<float>(iceFactor) / static_cast<float>(factor);
     const Picture edges = Enlarged(Blurred(EdgeMap(Shrunk(source, factor), base), 6.0 * base), factor);
     Picture bite(source.Width(), source.Height());
     const Run run;

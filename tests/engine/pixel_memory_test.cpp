@@ -40,12 +40,12 @@ TEST(PixelMemory, AReturnedBlockServesThePictureOfTheSameSize) {
 }
 
 #if defined(__linux__)
-TEST(PixelMemory, OfThreeIdleBlocksTheOldestGoesBackToTheSystem) {
+TEST(PixelMemory, OfTooManyIdleBlocksTheOldestGoesBackToTheSystem) {
     ReleaseIdlePixelMemory();
     std::vector<std::shared_ptr<std::uint8_t>> blocks;
     std::vector<std::uint8_t*> places;
     for (int i = 0; i < 3; ++i) {
-        blocks.push_back(TakePixelMemory(4 * kMegabyte));
+        blocks.push_back(TakePixelMemory(80 * kMegabyte));
         places.push_back(blocks.back().get());
     }
     for (auto& block : blocks) block.reset();
@@ -54,6 +54,8 @@ TEST(PixelMemory, OfThreeIdleBlocksTheOldestGoesBackToTheSystem) {
     EXPECT_TRUE(mapped(places[1]) && mapped(places[2]));
     ReleaseIdlePixelMemory();
     EXPECT_FALSE(mapped(places[1]) || mapped(places[2]));
+    std::uint8_t* const large = TakePixelMemory(400 * kMegabyte).get();
+    EXPECT_FALSE(mapped(large)) << "a large picture has no room for a spare one";
 }
 #endif
 

@@ -6,6 +6,7 @@
 
 #include "engine/melt.h"
 #include "engine/radial_warps.h"
+#include "engine/random.h"
 #include "tests/engine/effect_rows.h"
 
 namespace kelu::engine_test {
@@ -131,12 +132,89 @@ EffectRow FishEyeRow(Color color) {
             3, false};
 }
 
+// A place of a column between two rows, mixed.
+Rgba Between(const Picture& source, int x, double y) {
+    const double within = std::clamp(y, 0.0, source.Height() - 1.0);
+    const int row = static_cast<int>(within);
+    const auto channel = [&](int Rgba::*c) {
+        const int a = source.At(x, row).*c, b = source.At(x, row + 1).*c;
+        return Rounded(a + (b - a) * (within - row));
+    };
+    return {channel(&Rgba::red), channel(&Rgba::green), channel(&Rgba::blue), channel(&Rgba::alpha)};
+}
+
+// One of the 44 drops. Where it begins is found in the engine's own floats, so that of two like places the same wins.
+struct Drop {
+    double middle, half, begin = 0, length = 0;
+
+    Drop(const Picture& source, int number) {
+        const int width = source.Width(), height = source.Height(), rows = std::min(height, 256);
+        const auto random = [=](int stream) { return RandomRow(0, 30, 2 + stream).Unit(number); };
+        middle = static_cast<double>((static_cast<float>(number) + 0.3f + 0.4f * random(0)) *
+                                     static_cast<float>(width) / 44);
+        half = static_cast<double>((0.2f + 0.3f * random(1) * random(1)) * static_cast<float>(width) / 44);
+        const int reach = std::max(1, rows / 32), x = std::min(width - 1, static_cast<int>(middle));
+        std::vector<float> sums{0};
+        for (int row = 0; row < rows; ++row) {
+            const Rgba p = source.At(x, row * height / rows);
+            sums.push_back(sums.back() + static_cast<float>(299 * p.red + 587 * p.green + 114 * p.blue) / 1000);
+        }
+        float best = 0;
+        for (int row = reach; row < rows * 3 / 4 && row + reach <= rows; ++row) {
+            const auto sum = [&](int at) { return sums[static_cast<std::size_t>(at)]; };
+            const float fall = 2 * sum(row) - sum(row - reach) - sum(row + reach);
+            const float wanted = fall * (0.5f + RandomRow(1 + number, 30, 2).Unit(row / (2 * reach)));
+            if (wanted <= best) continue;
+            best = wanted;
+            begin = row * height / rows;
+            length = height * (0.02 + 0.24 * static_cast<double>(random(2) * random(2)));
+        }
+    }
+};
+
+void Melted(const Picture& source, Picture& expected) {
+    const int width = source.Width(), height = source.Height();
+    const auto sagged = [=](int x, double y) {
+        const float place = static_cast<float>(x) / static_cast<float>(width) * 12;
+        return 0.18 * height * static_cast<double>(SmoothNoise(place, RandomRow(0, 30, 0))) * Smooth(y / height);
+    };
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x) expected.Set(x, y, Between(source, x, y - sagged(x, y)));
+    for (int number = 0; number < 44; ++number) {
+        const Drop drop(source, number);
+        if (drop.length <= 0) continue;
+        const double from = drop.begin + sagged(std::min(width - 1, static_cast<int>(drop.middle)), drop.begin);
+        const double tip = from + drop.length;
+        for (int y = static_cast<int>(from); y < std::min(height, static_cast<int>(tip) + 2); ++y) {
+            const double along = y - from, gather = 1 / (1 + along / drop.half);
+            const double thick = drop.half * (0.6 + 1.1 * gather * gather + 0.4 * Smooth(along / drop.length));
+            const double round = std::max(0.0, y - tip + thick);
+            const double reach = std::sqrt(std::max(0.0, thick * thick - round * round));
+            const double begun = Smooth(along / (3 * drop.half + 1));
+            for (int x = 0; x < width; ++x) {
+                const double off = x - drop.middle, u = off / thick;
+                const double part = std::clamp(reach + 0.5 - std::abs(off), 0.0, 1.0);
+                const double light = 1 - 0.3 * begun * u * u;
+                const double gloss = 40 * begun * std::max(0.0, 1 - 9 * (u + 0.45) * (u + 0.45));
+                const Rgba below = expected.At(x, y), own = Between(source, x, drop.begin - 2 - 0.15 * along);
+                const auto channel = [&](int Rgba::*c) {
+                    const double lit = c == &Rgba::alpha ? own.*c : std::min(255.0, own.*c * light + gloss);
+                    return Rounded(below.*c + (lit - below.*c) * part);
+                };
+                expected.Set(x, y,
+                             {channel(&Rgba::red), channel(&Rgba::green), channel(&Rgba::blue), channel(&Rgba::alpha)});
+            }
+        }
+    }
+}
+
 }  // namespace
 
 std::vector<EffectRow> WarpRows() {
     return {
-        {"Melt", Melt, {}, 0, false}, ExplodeRow({250, 100}, 10),          ExplodeRow({20, 15}, 100),
-        ExplodeRow({-40, 999}, 50),   ImplodeRow({30, 20}, 10, {0, 0, 0}), ImplodeRow({250, 100}, 60, {255, 10, 100}),
+        {"Melt", Melt, Melted, 3, false},    ExplodeRow({250, 100}, 10),
+        ExplodeRow({20, 15}, 100),           ExplodeRow({-40, 999}, 50),
+        ImplodeRow({30, 20}, 10, {0, 0, 0}), ImplodeRow({250, 100}, 60, {255, 10, 100}),
         FishEyeRow({255, 255, 255}),
     };
 }

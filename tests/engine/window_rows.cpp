@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 
 #include "engine/blurs.h"
 #include "engine/extremes.h"
@@ -126,7 +127,7 @@ EffectRow OilPaintingRow(int radius) {
             [=](auto& s, auto& t, auto& run) { OilPainting(s, t, radius, run); },
             EachPixel([=](const Picture& source, int x, int y) -> std::array<double, 3> {
                 struct Band {
-                    int count = 0;
+                    int weight = 0, count = 0;
                     double red = 0, green = 0, blue = 0;
                 };
                 std::array<Band, 32> bands;
@@ -134,13 +135,14 @@ EffectRow OilPaintingRow(int radius) {
                     for (int dx = -radius; dx <= radius; ++dx) {
                         const Rgba p = source.At(x + dx, y + dy);
                         Band& band = bands[static_cast<std::size_t>(Luma(p) / 8)];
+                        band.weight += (radius + 1 - std::abs(dx)) * (radius + 1 - std::abs(dy));
                         ++band.count;
                         band.red += p.red;
                         band.green += p.green;
                         band.blue += p.blue;
                     }
                 const Band& full = *std::max_element(bands.begin(), bands.end(),
-                                                     [](const Band& a, const Band& b) { return a.count < b.count; });
+                                                     [](const Band& a, const Band& b) { return a.weight < b.weight; });
                 return {full.red / full.count, full.green / full.count, full.blue / full.count};
             }),
             1};
