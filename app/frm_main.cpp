@@ -341,6 +341,9 @@ void frmMain::Run(Command command) {
         case Command::Compare:
             history_.HoldOriginal(true);
             break;
+        case Command::AllEffects:
+            controls.selectors->ShowAll();
+            break;
         case Command::ChooseEffect:  // these two need to be told which
         case Command::Drop:
             break;

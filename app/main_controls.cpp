@@ -154,6 +154,7 @@ void MainControls::ApplyLayout() {
     Place(*picOriginal, at.picOriginal);
     Place(*selectors->pagerTB1, at.pagerTB1);
     selectors->pagerTB1->SetChild(selectors->TBSFX);
+    Place(*selectors->cmdAllEffects, at.cmdAllEffects);
     Place(*pnlSettings, at.pnlSettings);
     Place(*picZoomContainer, at.picZoomContainer);
     Place(*picCapContainer, at.picCapContainer);
@@ -168,9 +169,10 @@ void MainControls::ApplyLayout() {
 }
 
 void MainControls::ShowTools(bool shown) {
-    for (QWidget* tool : {picTB, picPipe1, static_cast<QWidget*>(picCanvas), static_cast<QWidget*>(pnlSettings),
-                          static_cast<QWidget*>(selectors->pagerTB1), static_cast<QWidget*>(&Button(Command::Settings)),
-                          static_cast<QWidget*>(&Button(Command::Help))})
+    for (QWidget* tool :
+         {picTB, picPipe1, static_cast<QWidget*>(picCanvas), static_cast<QWidget*>(pnlSettings),
+          static_cast<QWidget*>(selectors->pagerTB1), static_cast<QWidget*>(selectors->cmdAllEffects),
+          static_cast<QWidget*>(&Button(Command::Settings)), static_cast<QWidget*>(&Button(Command::Help))})
         tool->setVisible(shown);
 }
 

@@ -28,6 +28,7 @@ WindowLayout LayOut(WindowSize window) {
     at.picCanvas = {480, 960, w - 2600, h - 1920};
     at.picOriginal = at.picCanvas;
     at.pagerTB1 = {w - 2000, at.picCanvas.top, 0, at.picCanvas.height - 2800};
+    at.cmdAllEffects = {at.pagerTB1.left, at.pagerTB1.top - 345, 1785, 330};
     at.pnlSettings = {w - 2050, h - 3700, 1935, 3135};
     at.picZoomContainer = {w - 3300, h - 900, 1250, 370};
     at.picCapContainer = {w - 3400, h - 900};

@@ -30,7 +30,8 @@ WindowSize AllowedSize(WindowSize asked, WindowSize room);
 
 struct WindowLayout {
     TwipsRect picLogo, picSystem, picTB, picCover, cmdHelp, picPipe1, cmdSettings;
-    TwipsRect picCanvas, picOriginal, pagerTB1, pnlSettings, picZoomContainer, picCapContainer, picCapPreview, lstSFX;
+    TwipsRect picCanvas, picOriginal, pagerTB1, cmdAllEffects, pnlSettings, picZoomContainer, picCapContainer,
+        picCapPreview, lstSFX;
     TwipsRect picTitleBar, sBar1, pBar1;
 };
 

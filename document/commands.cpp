@@ -25,6 +25,14 @@ QString KeyText(const CommandKey& key) {
     return QKeySequence(key.modifiers.value_or(Qt::NoModifier) | key.key).toString(QKeySequence::NativeText);
 }
 
+CommandKey KeyOf(Command command) {
+    for (const CommandRow& row : kCommands)
+        if (row.command == command) return row.key;
+    for (const OtherCommandRow& row : kOtherCommands)
+        if (row.command == command) return row.keys[0];
+    return {};
+}
+
 std::optional<Command> CommandOfKey(int key, Qt::KeyboardModifiers modifiers, KeyActs acts, bool used) {
     // Keys of the number pad carry a flag of their own that is no shift state.
     const Qt::KeyboardModifiers held = modifiers & ~Qt::KeypadModifier;

@@ -33,6 +33,7 @@ enum class Command {
     // Without a button among those of the window's strips.
     Apply,
     ChooseEffect,
+    AllEffects,  ///< shows them side by side
     PaintAll,    ///< the whole render on the picture
     RestoreAll,  ///< the whole original
     BrushSmaller,
@@ -105,6 +106,7 @@ struct OtherCommandRow {
 inline constexpr OtherCommandRow kOtherCommands[] = {
     {Command::Apply, kPicture | kEffect, {}},
     {Command::ChooseEffect, kNoCapture | kPicture, {}},
+    {Command::AllEffects, kNothing, {{{Qt::Key_E, Qt::ControlModifier}}}},
     {Command::PaintAll, kNoCapture, {{{Qt::Key_A, Qt::ControlModifier}}}},
     {Command::RestoreAll, kNoCapture, {{{Qt::Key_A, Qt::ControlModifier | Qt::ShiftModifier}}}},
     {Command::BrushSmaller, kNothing, {{{Qt::Key_BracketLeft, Qt::NoModifier, KeyActs::AtPress}}}},
@@ -126,6 +128,8 @@ inline constexpr OtherCommandRow kOtherCommands[] = {
 QString CommandTip(const CommandRow& row);
 /// "Ctrl+S", as the desktop writes it; empty without a key.
 QString KeyText(const CommandKey& key);
+/// The first key of a command; unknown where it has none.
+CommandKey KeyOf(Command command);
 /// The command of a key that does its work so. `used`: a control had a use of its own for the press.
 std::optional<Command> CommandOfKey(int key, Qt::KeyboardModifiers modifiers, KeyActs acts = KeyActs::AtRelease,
                                     bool used = false);

@@ -1,11 +1,13 @@
-// From a row or a button's key to the number of an effect.
+// From a row or a button to the number of an effect.
 // SPDX-License-Identifier: MIT
 #include "effects/effect_selectors.h"
 
 #include "controls/list_ex/list_ex.h"
 #include "controls/pager/pager.h"
+#include "controls/tool_button/tool_button.h"
 #include "controls/toolbox/toolbox.h"
 #include "effects/catalogue/catalogue.h"
+#include "effects/effect_overview.h"
 #include "effects/effect_pictures.h"
 
 namespace kelu {
@@ -17,17 +19,24 @@ QString ButtonKey(int number) { return QStringLiteral("keySFX%1").arg(number); }
 
 EffectSelectors::EffectSelectors(SharedState& state, QWidget* parent)
     : QObject(parent),
+      cmdAllEffects(new ToolButton(QStringLiteral("grid"), parent)),
       lstSFX(new ListEx(parent)),
       pagerTB1(new Pager(Qt::Vertical, parent)),
       TBSFX(new Toolbox),
+      overview(new EffectOverview(parent)),
       state_(state) {
     lstSFX->setObjectName(QStringLiteral("lstSFX"));
     lstSFX->setAccessibleName(tr("Effects"));
     pagerTB1->setObjectName(QStringLiteral("pagerTB1"));
     TBSFX->setObjectName(QStringLiteral("TBSFX"));
     TBSFX->setAccessibleName(tr("Effects"));
+    cmdAllEffects->setObjectName(QStringLiteral("cmdAllEffects"));
+    cmdAllEffects->SetCaption(tr("All effects"));
+    cmdAllEffects->SetTip(tr("All effects"));
+    cmdAllEffects->SetKey(KeyText(KeyOf(Command::AllEffects)));
     lstSFX->hide();
     pagerTB1->hide();
+    cmdAllEffects->hide();
 
     TBSFX->SetColumns(1);
     TBSFX->SetButtonSize(kEffectPictureSize);
@@ -38,6 +47,8 @@ EffectSelectors::EffectSelectors(SharedState& state, QWidget* parent)
 
     connect(lstSFX, &ListEx::SelectionChanged, this, &EffectSelectors::ListSelected);
     connect(TBSFX, &Toolbox::ButtonClicked, this, [this](int, const QString& key) { ToolbarClicked(key); });
+    connect(cmdAllEffects, &ToolButton::clicked, this, &EffectSelectors::ShowAll);
+    connect(overview, &EffectOverview::Pressed, this, &EffectSelectors::OverviewPressed);
 }
 
 void EffectSelectors::SetUpSFXList() {
@@ -48,15 +59,20 @@ void EffectSelectors::SetUpSFXList() {
 
 void EffectSelectors::LoadTips() {
     for (const Effect& effect : Catalogue()) TBSFX->SetTip(effect.number, effect.ButtonTip());
+    overview->LoadTips();
 }
 
 void EffectSelectors::ShowPicture(int number, const QImage& picture) {
     TBSFX->SetPictures(number, QPixmap::fromImage(picture));
+    overview->ShowPicture(number, picture);
 }
+
+void EffectSelectors::ShowAll() { overview->Open(marked_); }
 
 void EffectSelectors::SetObstacle(const QString& obstacle) {
     lstSFX->SetObstacle(obstacle);
     TBSFX->SetObstacle(obstacle);
+    overview->SetObstacle(obstacle);
 }
 
 void EffectSelectors::ListSelected() {
@@ -80,6 +96,15 @@ void EffectSelectors::ToolbarClicked(const QString& key) {
     marked_ = TBSFX->Current();
     for (const Effect& effect : Catalogue())
         if (key == ButtonKey(effect.number)) return Q_EMIT EffectChosen(effect.number);
+}
+
+void EffectSelectors::OverviewPressed(int number) {
+    if (Refused()) return overview->SetCurrent(marked_);
+    overview->hide();
+    marked_ = number;
+    TBSFX->SetCurrent(number);
+    pagerTB1->EnsureVisible(TBSFX->Button(number)->geometry());
+    Q_EMIT EffectChosen(number);
 }
 
 }  // namespace kelu

@@ -1,4 +1,5 @@
-// The two selectors of the effects: the text list lstSFX and the picture toolbar TBSFX in its pager pagerTB1.
+// The selectors of the effects: the text list lstSFX, the picture toolbar TBSFX in its pager pagerTB1, and all pictures
+// side by side over the window.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -12,11 +13,14 @@ class QWidget;
 
 namespace kelu {
 
+class EffectOverview;
 class ListEx;
 class Pager;
+class ToolButton;
 class Toolbox;
 
-/// Which of the two shows, and where, is the window's business; both lead to the same signal and are not kept in step.
+/// Which of list and toolbar shows, and where, is the window's business. All lead to the same signal; the list is not
+/// kept in step with the others.
 class EffectSelectors : public QObject {
     Q_OBJECT
 
@@ -26,16 +30,20 @@ class EffectSelectors : public QObject {
 
     /// Fills the list and selects its first row.
     void SetUpSFXList();
-    /// Tips of the toolbar's buttons.
+    /// Tips of the picture buttons.
     void LoadTips();
-    /// The picture of one toolbar button; its looks under the pointer and pressed follow from it.
+    /// The picture of one effect's buttons; their looks under the pointer and pressed follow from it.
     void ShowPicture(int number, const QImage& picture);
+    /// Opens the overview.
+    void ShowAll();
     /// Shows what is in the way of a choice; empty: nothing.
     void SetObstacle(const QString& obstacle);
 
+    ToolButton* const cmdAllEffects;  ///< opens the overview; first, as Tab goes
     ListEx* const lstSFX;
     Pager* const pagerTB1;
     Toolbox* const TBSFX;
+    EffectOverview* const overview;
 
  Q_SIGNALS:
     /// The user chose an effect, also when it was chosen before. Never without an open picture, during a
@@ -46,6 +54,7 @@ class EffectSelectors : public QObject {
     void ListSelected();
     void UnmarkRefusedRow();
     void ToolbarClicked(const QString& key);
+    void OverviewPressed(int number);
     bool Refused() const { return !Enabled(Command::ChooseEffect, state_); }
 
     SharedState& state_;

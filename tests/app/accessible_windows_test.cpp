@@ -127,15 +127,15 @@ TEST_F(AccessibleWindows, MainWindow) {
     const QString statusAndStrip = window.controls.sBar1->PanelText(1).trimmed() +
                                    ", cmdOpen, cmdSave, cmdEmail, cmdPrint, cmdCopy, cmdUndo, cmdRedo, cmdWebCam, "
                                    "cmdOriginal, cmdSettings, cmdHelp, cmdMin, cmdRestore, cmdX";
-    EXPECT_EQ(TabOrder(window), "picCanvas, Grayscale, " + panelAndZoom + statusAndStrip);
+    EXPECT_EQ(TabOrder(window), "picCanvas, cmdAllEffects, Grayscale, " + panelAndZoom + statusAndStrip);
 
     window.controls.selectors->pagerTB1->hide();
     window.controls.selectors->lstSFX->show();
     Key(Qt::Key_F8, {});
     ASSERT_TRUE(QTest::qWaitFor([&] { return window.controls.picCapContainer->isVisible(); }));
     ExpectNamesAndRoles(window);
-    EXPECT_EQ(TabOrder(window),
-              "picCanvas, lstSFX, " + panelAndZoom + "cmdCapture, cmdCaptureOK, cmdCaptureCancel, " + statusAndStrip);
+    EXPECT_EQ(TabOrder(window), "picCanvas, cmdAllEffects, lstSFX, " + panelAndZoom +
+                                    "cmdCapture, cmdCaptureOK, cmdCaptureCancel, " + statusAndStrip);
 }
 
 TEST_F(AccessibleWindows, ColorPopup) {

@@ -19,6 +19,7 @@
 #include "controls/toolbox/toolbox.h"
 #include "effects/catalogue/catalogue.h"
 #include "effects/coordinate_box.h"
+#include "effects/effect_overview.h"
 #include "effects/effect_selectors.h"
 #include "effects/panel_label.h"
 #include "platform/units.h"
@@ -265,6 +266,21 @@ TEST_F(EffectSelectorsTest, RefuseWithoutAPictureDuringARenderAndDuringCapture) 
         EXPECT_EQ(selectors.lstSFX->ListIndex(), allowed ? 5 : 0);
     }
     EXPECT_EQ(LastChosen(), 7);
+}
+
+TEST_F(EffectSelectorsTest, TheOverviewClosesWithAChoiceThatTheToolbarShows) {
+    selectors.ShowAll();
+    auto* const grid = selectors.overview->findChild<Toolbox*>();
+    QTest::mouseClick(grid->Button(48), Qt::LeftButton);
+    EXPECT_TRUE(chosen.isEmpty() && selectors.overview->isVisible() && grid->Current() == 0) << "no picture is open";
+    state.ImageActive = true;
+    QTest::keyClick(grid->Button(1), Qt::Key_Escape);
+    EXPECT_FALSE(selectors.overview->isVisible());
+    QTest::mouseClick(selectors.cmdAllEffects, Qt::LeftButton);
+    QTest::mouseClick(grid->Button(48), Qt::LeftButton);
+    EXPECT_FALSE(selectors.overview->isVisible());
+    EXPECT_EQ(LastChosen(), 48);
+    EXPECT_EQ(selectors.TBSFX->Current(), 48);
 }
 
 }  // namespace
