@@ -26,29 +26,6 @@ constexpr int kNotch = QWheelEvent::DefaultDeltasPerStep;
 
 int Twips(double widgetPixels) { return RoundToEven(widgetPixels * kTwipsPerPixel); }
 
-/// The toolkit's pattern of this name as it looks at ratio 1. The toolkit draws its patterns in device pixels: the
-/// finer the screen, the denser they would lie.
-QBrush DiagonalCross(QColor color, qreal ratio) {
-    constexpr int kPeriod = 8;  // device-independent pixels
-    const int side = RoundToEven(kPeriod * ratio);
-    QPixmap tile(side, side);
-    tile.fill(Qt::transparent);
-    QPainter painter(&tile);
-    painter.setRenderHint(QPainter::Antialiasing);
-    // Opaque while they are drawn, so that crossings are no brighter; as thick as a staircase of single pixels.
-    const QColor veil(0, 0, 0, color.alpha());
-    color.setAlpha(255);
-    painter.setPen(QPen(color, ratio / std::sqrt(2.0)));
-    painter.drawLine(QPointF(-1, -1), QPointF(side + 1, side + 1));
-    painter.drawLine(QPointF(-1, side + 1), QPointF(side + 1, -1));
-    painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
-    painter.fillRect(tile.rect(), veil);
-    painter.end();
-    QBrush brush(tile);
-    brush.setTransform(QTransform::fromScale(1 / ratio, 1 / ratio));
-    return brush;
-}
-
 QString FirstLocalFile(const QMimeData* data) {
     for (const QUrl& url : data->urls())
         if (url.isLocalFile()) return url.toLocalFile();
@@ -88,8 +65,7 @@ ImageX::ImageX(Surface& surface, QWidget* parent)
     : QWidget(parent),
       surface_(surface),
       horizontal_(new QScrollBar(Qt::Horizontal, this)),
-      vertical_(new QScrollBar(Qt::Vertical, this)),
-      hatch_(Qt::NoBrush) {
+      vertical_(new QScrollBar(Qt::Vertical, this)) {
     UseAccessibleRole<ImageX, QAccessible::Canvas>();
     setAcceptDrops(true);
     setMouseTracking(true);
@@ -102,9 +78,7 @@ ImageX::ImageX(Surface& surface, QWidget* parent)
         bar->setFocusPolicy(Qt::NoFocus);
         connect(bar, &QScrollBar::valueChanged, this, &ImageX::OnScrolled);
     }
-    tipTold_.setSingleShot(true);
-    tipTold_.setInterval(1000);
-    connect(&tipTold_, &QTimer::timeout, this, &ImageX::UpdateRing);
+    connect(&ring_, &BrushRing::TextOver, this, &ImageX::UpdateRing);
     connect(&surface_, &Surface::PictureReplaced, this, &ImageX::OnPictureReplaced);
     connect(&surface_, &Surface::PictureChanged, this, &ImageX::OnPictureChanged);
     OnPictureReplaced();
@@ -317,7 +291,7 @@ void ImageX::paintEvent(QPaintEvent* event) {
         painter.setClipRegion(ground);
         for (const QRect& part : ground) {
             painter.fillRect(part, palette().window());
-            if (hatch_.style() != Qt::NoBrush) painter.fillRect(part, HatchOfScreen());
+            painter.fillRect(part, hatch_.At(devicePixelRatioF()));
         }
         painter.setClipRegion(event->region());
     }
@@ -326,26 +300,17 @@ void ImageX::paintEvent(QPaintEvent* event) {
         shown.setDevicePixelRatio(devicePixelRatioF());
         painter.drawImage(QPointF(origin_ + view_->Window().topLeft()) / devicePixelRatioF(), shown);
     }
-    PaintLens(painter);
-    PaintRing(painter);
-    PaintTipText(painter);
+    if (!RingRect().isEmpty()) ring_.Paint(painter, RingGround(), palette().window(), !pressed_);
 }
 
-double ImageX::RingRadius() const {
-    const double scale = ImageRect().width() / surface_.ImageWidth();
-    return std::max(1.0, tip_.size * scale / 2);
-}
+QRect ImageX::RingRect() const { return dragging_ ? QRect() : ring_.Rect(RingGround(), font()); }
 
-QRect ImageX::RingRect() const {
-    if (tip_.size <= 0 || mouse_.x() < 0 || surface_.ImageWidth() == 0 || dragging_) return {};
-    const double radius = RingRadius() + 2;
-    QRect ring = QRectF(mouse_ - QPointF(radius, radius), QSizeF(2 * radius, 2 * radius)).toAlignedRect();
-    if (tipTold_.isActive()) {
-        const QFontMetrics metrics(font());
-        ring |= QRect(ring.right(), ring.center().y() - metrics.height(), metrics.horizontalAdvance(TipText()) + 16,
-                      2 * metrics.height());
-    }
-    return ring;
+BrushRing::Ground ImageX::RingGround() const {
+    return {.picture = {surface_.ImageWidth(), surface_.ImageHeight()},
+            .scaled = scaled_,
+            .viewport = viewport_,
+            .origin = origin_,
+            .ratio = devicePixelRatioF()};
 }
 
 void ImageX::UpdateRing() {
@@ -356,94 +321,15 @@ void ImageX::UpdateRing() {
     update(ringShown_);
 }
 
-void ImageX::PaintRing(QPainter& painter) const {
-    const QRectF ring = RingRect();
-    if (ring.isEmpty()) return;
-    const double radius = RingRadius();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setBrush(Qt::NoBrush);
-    // Two tones, so that it shows on every ground.
-    QPen dark(QColor(0, 0, 0, 150), 1), light(QColor(255, 255, 255, 200), 1);
-    if (tip_.restores) light.setDashPattern({4, 4});
-    painter.setPen(dark);
-    painter.drawEllipse(mouse_, radius + 0.5, radius + 0.5);
-    painter.setPen(light);
-    painter.drawEllipse(mouse_, radius - 0.5, radius - 0.5);
-    if (tip_.softness > 0 && tip_.softness < 100) {
-        painter.setPen(QPen(QColor(255, 255, 255, 110), 1));
-        const double core = radius * (100 - tip_.softness) / 100;
-        painter.drawEllipse(mouse_, core, core);
-    }
-}
-
-// What a stroke would bring, before anything is pressed: the same pixels that the view would show after it.
-void ImageX::PaintLens(QPainter& painter) {
-    const QRectF ring = RingRect();
-    if (ring.isEmpty() || pressed_ || tip_.paint.size() != surface_.Picture().size()) return;
-    const double ratio = devicePixelRatioF();
-    const double radius = RingRadius();
-    const QRect device =
-        QRectF((mouse_ - QPointF(radius, radius)) * ratio, QSizeF(2 * radius, 2 * radius) * ratio).toAlignedRect() &
-        QRect(QPoint(0, 0), viewport_) & QRect(origin_, scaled_);
-    if (device.isEmpty()) return;
-    lens_.Show(tip_.paint, scaled_, device.translated(-origin_));
-    QBrush paint(lens_.Pixels());
-    paint.setTransform(QTransform::fromScale(1 / ratio, 1 / ratio));
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setClipRect(QRectF(QPointF(device.topLeft()) / ratio, QSizeF(device.size()) / ratio), Qt::IntersectClip);
-    painter.setPen(Qt::NoPen);
-    if (lens_.Pixels().hasAlphaChannel()) {
-        painter.setBrush(palette().window());
-        painter.drawEllipse(mouse_, radius, radius);
-    }
-    painter.setBrushOrigin(QPointF(device.topLeft()) / ratio);
-    painter.setBrush(paint);
-    painter.drawEllipse(mouse_, radius, radius);
-    painter.restore();
-}
-
-QString ImageX::TipText() const {
-    const QString size = tr("%1 px").arg(tip_.size);
-    return tip_.softness == 0 ? size : tr("%1, soft %2 %").arg(size).arg(tip_.softness);
-}
-
-void ImageX::PaintTipText(QPainter& painter) const {
-    if (!tipTold_.isActive() || tip_.size <= 0 || mouse_.x() < 0) return;
-    const QFontMetrics metrics(font());
-    const QRectF box(mouse_.x() + RingRadius() + 6, mouse_.y() - metrics.height() * 0.7,
-                     metrics.horizontalAdvance(TipText()) + 8, metrics.height() * 1.4);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(0, 0, 0, 170));
-    painter.drawRoundedRect(box, 3, 3);
-    painter.setPen(Qt::white);
-    painter.drawText(box, Qt::AlignCenter, TipText());
-}
-
 void ImageX::SetBrushTip(const BrushTip& tip) {
-    const bool told = tip.size > 0 && tip_.size > 0 && (tip.size != tip_.size || tip.softness != tip_.softness);
-    if (tip.paint.constBits() != tip_.paint.constBits()) lens_.Invalidate();
-    tip_ = tip;
-    if (told) tipTold_.start();
+    ring_.SetTip(tip);
     update(ringShown_);
     UpdateRing();
 }
 
 void ImageX::SetBackgroundHatch(const QBrush& brush) {
-    hatch_ = brush;
-    screenHatchRatio_ = 0;
+    hatch_ = Hatch(brush);
     update();
-}
-
-const QBrush& ImageX::HatchOfScreen() {
-    const qreal ratio = devicePixelRatioF();
-    if (ratio != screenHatchRatio_) {
-        screenHatch_ =
-            hatch_.style() == Qt::DiagCrossPattern && ratio != 1 ? DiagonalCross(hatch_.color(), ratio) : hatch_;
-        screenHatchRatio_ = ratio;
-    }
-    return screenHatch_;
 }
 
 // ---- cursor
@@ -475,7 +361,7 @@ void ImageX::ApplyCursor() {
 bool ImageX::event(QEvent* event) {
     switch (event->type()) {
         case QEvent::Leave:
-            mouse_ = QPointF(-1, -1);
+            ring_.MoveTo(std::nullopt);
             UpdateRing();
             break;
         case QEvent::FocusOut:
@@ -498,7 +384,7 @@ void ImageX::resizeEvent(QResizeEvent* event) {
 }
 
 void ImageX::mousePressEvent(QMouseEvent* event) {
-    mouse_ = event->position();
+    ring_.MoveTo(event->position());
     const bool drags = event->button() == Qt::MiddleButton || (event->button() == Qt::LeftButton && spaceHeld_);
     if (drags && CanScroll()) {
         dragging_ = true;
@@ -514,7 +400,7 @@ void ImageX::mousePressEvent(QMouseEvent* event) {
 }
 
 void ImageX::mouseMoveEvent(QMouseEvent* event) {
-    mouse_ = event->position();
+    ring_.MoveTo(event->position());
     if (dragging_) {
         ScrollBy(dragFrom_ - event->position());
         dragFrom_ = event->position();

@@ -5,7 +5,6 @@
 
 #include <QBrush>
 #include <QPixmap>
-#include <QTimer>
 #include <QWidget>
 #include <functional>
 #include <memory>
@@ -13,6 +12,8 @@
 
 #include "canvas/surface.h"
 #include "canvas/surface_view.h"
+#include "view/brush_ring.h"
+#include "view/hatch.h"
 #include "view/scaled_view.h"
 
 class QScrollBar;
@@ -107,13 +108,8 @@ class ImageX : public QWidget, public SurfaceView {
     void ScrollOrPass(QKeyEvent* event, const QPointF& pixels);
     void ApplyCursor();
     void UpdateRing();
-    void PaintLens(QPainter& painter);
-    void PaintRing(QPainter& painter) const;
-    void PaintTipText(QPainter& painter) const;
-    double RingRadius() const;
-    QString TipText() const;
+    BrushRing::Ground RingGround() const;
     QRect RingRect() const;
-    const QBrush& HatchOfScreen();
 
     Surface& surface_;
     ScaledView fitted_;                     ///< the whole picture as large as it fits
@@ -137,18 +133,13 @@ class ImageX : public QWidget, public SurfaceView {
     int zoomTold_ = 0;           ///< ZoomPercent at the last ZoomChanged
     std::optional<QPointF> zoomFocus_;
 
-    QBrush hatch_;
-    QBrush screenHatch_;          ///< hatch_ as drawn at screenHatchRatio_
-    qreal screenHatchRatio_ = 0;  ///< 0: screenHatch_ is out of date
+    Hatch hatch_;
     QPixmap cursorPicture_;
     QPoint cursorHotSpot_{-1, -1};
     SurfaceCursor cursorStyle_ = SurfaceCursor::Arrow;
-    BrushTip tip_;
-    ScaledView lens_;  ///< the tip's paint under the ring
-    QTimer tipTold_;   ///< runs while size and softness stand beside the ring
-    bool pressed_ = false;
+    BrushRing ring_;
     QRect ringShown_;
-    QPointF mouse_{-1, -1};  ///< negative: not over the widget
+    bool pressed_ = false;
 
     bool spaceHeld_ = false;
     bool dragging_ = false;
