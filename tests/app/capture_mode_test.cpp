@@ -57,15 +57,5 @@ TEST_F(CaptureModeTest, F8ToTheOpenPicture) {
     EXPECT_FALSE(camera.Connected()) << "the camera is let go at the end";
 }
 
-TEST_F(CaptureModeTest, WithoutACameraTheButtonOnlyTells) {
-    camera.devices.clear();
-    Start();
-    ASSERT_EQ(dialog.shown.size(), 1u);
-    QTest::mouseClick(&controls.Button(Command::WebCam), Qt::LeftButton);
-    EXPECT_EQ(dialog.shown.size(), 2u);
-    EXPECT_TRUE(state.CameraMissing);
-    EXPECT_FALSE(controls.picCapContainer->isVisible());
-}
-
 }  // namespace
 }  // namespace kelu

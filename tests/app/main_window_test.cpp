@@ -107,15 +107,6 @@ TEST_F(MainWindowTest, ThereIsAlwaysAWayOutOfTheCompareView) {
     EXPECT_TRUE(canvas.isVisible()) << "a fresh picture has nothing to compare";
 }
 
-TEST_F(MainWindowTest, MaximiseTellsItsState) {
-    EXPECT_EQ(window.controls.Button(Command::Restore).Tip(), "Maximize");
-    window.Run(Command::Restore);
-    EXPECT_EQ(window.controls.Button(Command::Restore).Tip(), "Restore Down");
-    EXPECT_TRUE(state.WindowMaximised);
-    window.Run(Command::Restore);
-    EXPECT_EQ(window.controls.Button(Command::Restore).Tip(), "Maximize");
-}
-
 TEST_F(MainWindowTest, TheTitleBarMovesTheWindowOnceThePointerDoesAndTellsADoubleClick) {
     QWidget& title = *window.controls.picTitleBar;
     const QPoint grip(400, 20);

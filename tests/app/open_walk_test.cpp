@@ -92,20 +92,6 @@ TEST_F(RealDialogs, ACleanPictureGivesWayWithoutAQuestion) {
     EXPECT_EQ(script.met.size(), 1) << "the browse dialog and no question";
 }
 
-TEST_F(RealDialogs, ABrushStaysArmedOverADroppedPictureOnly) {
-    OpenPhoto();
-    Arm();
-    const QString next = MakePhoto("next.png", 200, 150);
-    DialogScript script;
-    Open(Way::Drop, next, script);
-    Stroke({{50, 50}, {100, 60}});
-    EXPECT_TRUE(state.ImageDirty);
-    script.Press("No");
-    Open(Way::Browse, next, script);
-    Stroke({{50, 50}, {100, 60}});
-    EXPECT_FALSE(state.ImageDirty);
-}
-
 TEST_F(RealDialogs, ABrokenFileIsOneErrorAndChangesNothing) {
     const QString broken = folder.filePath("broken.png");
     ASSERT_TRUE(QFile::copy(MakePhoto(), broken));

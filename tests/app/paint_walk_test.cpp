@@ -1,5 +1,5 @@
-// Painting as it is seen: strokes under the pointer at every zoom and scroll, the wheel, undo in the middle of a
-// stroke, and the compare view.
+// Painting as it is seen: strokes under the pointer at every zoom and scroll, undo in the middle of a stroke, and
+// the compare view.
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
@@ -81,34 +81,6 @@ TEST_P(EveryView, StrokesLieUnderThePointer) {
         Key(Qt::Key_Z, Qt::ControlModifier);
         EXPECT_EQ(Canvas(), picture);
     }
-}
-
-TEST_F(PaintWalk, TheWheelScrollsAndWithCtrlItZooms) {
-    OpenPhoto(800, 600);
-    EXPECT_EQ(Status(), "photo.png - (800 x 600 / 24 bits)");
-    const QImage fitted = Screen();
-    Wheel({300, 200}, -2);
-    EXPECT_EQ(Screen(), fitted) << "nothing to scroll";
-    const int start = canvas.ZoomPercent();
-
-    const QPoint pointer(350, 200);
-    const QPoint under(canvas.ScreenToImageX(pointer.x()), canvas.ScreenToImageY(pointer.y()));
-    Wheel(pointer, 10, Qt::ControlModifier);
-    EXPECT_EQ(canvas.ZoomPercent(), start + 100);
-    EXPECT_EQ(Status(), QStringLiteral("photo.png - [800 x 600 / 24 bits / %1%]").arg(start + 100));
-    EXPECT_LE(
-        (QPoint(canvas.ScreenToImageX(pointer.x()), canvas.ScreenToImageY(pointer.y())) - under).manhattanLength(), 2);
-    Wheel(pointer, -20, Qt::ControlModifier);
-    EXPECT_EQ(canvas.ZoomPercent(), 3) << "the smallest, as by the button";
-    Click(Command::ZoomReset);
-    EXPECT_EQ(Screen(), fitted);
-
-    saveDialog.names = {folder.filePath("out.png")};
-    Arm();
-    Stroke({{100, 100}, {150, 100}});
-    Click(Command::Save);
-    Wheel(pointer, 5, Qt::ControlModifier);
-    EXPECT_EQ(canvas.ZoomPercent(), start) << "after a save there is no zoom";
 }
 
 TEST_F(PaintWalk, UndoInTheMiddleOfAStrokeLosesNothing) {

@@ -146,24 +146,6 @@ TEST_F(CameraCaptureTest, ASearchWithoutTheStoredDeviceTakesWhatThereIs) {
     }
 }
 
-TEST_F(CameraCaptureTest, ShowsTheNewestFrameOnTheCanvas) {
-    StartUp();
-    surfaces.picCanvas.SetPicture(Frame(qRgb(9, 9, 9), 50, 50));
-    canvasView.SetFreeView();
-    capture.WebCamClick();
-    EXPECT_FALSE(state.CaptureBusy) << "only the first tick takes the document over";
-    EXPECT_TRUE(panel);
-    WaitForTick();
-    EXPECT_TRUE(state.CaptureBusy);
-    EXPECT_FALSE(state.ImageActive || state.CaptureReady);
-    EXPECT_EQ(Canvas(), camera.frame);
-    EXPECT_EQ(canvasView.ViewMode(), ViewKind::Fitted);
-    EXPECT_EQ(canvasView.ViewAnchor(), Anchor::Fitted);
-    camera.frame = Frame(qRgb(0, 200, 0));
-    WaitForTick();
-    EXPECT_EQ(Canvas(), camera.frame);
-}
-
 TEST_F(CameraCaptureTest, TakesSnapshotsOfTheChosenSizeThroughTheFile) {
     struct Case {
         std::optional<CaptureSize> chosen;

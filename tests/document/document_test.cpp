@@ -129,23 +129,6 @@ TEST_F(DocumentTest, TheCallersOfOpenDifferAsTold) {
     EXPECT_EQ(FileNameOfPath("C:\\pictures\\a.b.png"), "a.b.png");
 }
 
-TEST_F(DocumentTest, ABrokenFileChangesNothing) {
-    document.Open(MakePicture(40, 30), Document::Source::Browse);
-    state.EffectReady = true;
-    const QImage before = surfaces.picCanvas.Picture();
-    QFile file(folder.filePath("broken.png"));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("\x89PNG\r\n\x1a\n no more");
-    file.close();
-    openSave.Drop(file.fileName());
-    ASSERT_EQ(dialog.shown.size(), 1u);
-    EXPECT_EQ(dialog.shown[0].heading, "Error");
-    EXPECT_TRUE(dialog.shown[0].text.startsWith("The following error has occured:\r\n"));
-    EXPECT_EQ(surfaces.picCanvas.Picture(), before);
-    EXPECT_EQ(state.CurrentFileName, "a.png");
-    EXPECT_TRUE(state.EffectReady);
-}
-
 TEST_F(DocumentTest, SaveFollowsTheExtensionAndSettlesTheState) {
     document.Open(MakePicture(40, 30), Document::Source::Browse);
     openSave.PerformSave();

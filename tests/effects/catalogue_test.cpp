@@ -171,14 +171,6 @@ TEST(CatalogueCall, PassesWhatTheEngineExpectsInItsOrder) {
     }
 }
 
-TEST(Catalogue, CaptionsSayWhatThereIsToSet) {
-    EXPECT_EQ(FindEffect(2)->PanelCaption(), QStringLiteral("Sepia"));
-    EXPECT_EQ(FindEffect(20)->PanelCaption(), QStringLiteral("Emboss\r\nDirection && Intensity"));
-    EXPECT_EQ(FindEffect(19)->PanelCaption(),
-              QStringLiteral("Enhance Edge\r\n\r\nNo Settings. Click on 'Apply' button."));
-    EXPECT_EQ(FindEffect(29)->ButtonTip(), QStringLiteral("Minmum"));
-}
-
 TEST(Catalogue, NegativePickerColorsCountAsBlack) {
     EXPECT_EQ(SplitColor(PickerColor(200, 100, 50)), (ColorBytes{200, 100, 50}));
     EXPECT_EQ(SplitColor(-1), (ColorBytes{0, 0, 0}));

@@ -147,18 +147,6 @@ TEST_F(EffectApplicationTest, AFailingStepIsPassedOver) {
     EXPECT_THAT(log, ElementsAre("x", "y", "pen", "color1", "color2", "slider1", "loop", "brush", "reminder"));
 }
 
-TEST_F(EffectApplicationTest, TheChoiceComesFromItsSharedVariable) {
-    Effect row = *FindEffect(43);
-    row.render = LogRender;
-    state.SwapChannelsSelect = 2;
-    application.ApplySFX(row);
-    EXPECT_EQ(received.choice, 2);
-    log.clear();
-    state.SwapChannelsSelect = 4;
-    application.ApplySFX(row);
-    EXPECT_THAT(log, ElementsAre("pen", "loop", "brush", "reminder"));
-}
-
 TEST_F(EffectApplicationTest, EngineProgressShutsAndOpensTheWindow) {
     duringRender = [this] {
         Q_EMIT engine.FxProgress(7);

@@ -88,19 +88,6 @@ TEST_F(EffectPanelTest, ShowsTheInputsOfTheRowAndNoOthersAtTheirStart) {
     }
 }
 
-TEST_F(EffectPanelTest, MovedSliderAndPickerStayWhereTheLastEffectPutThem) {
-    panel.SetUp(9);
-    EXPECT_EQ(panel.sldValue[0]->y(), TwipsToPixels(1200));
-    panel.SetUp(26);
-    EXPECT_EQ(panel.sldValue[0]->y(), TwipsToPixels(1000));
-    EXPECT_EQ(panel.CPicker[0]->y(), TwipsToPixels(1400));
-    panel.SetUp(9);
-    EXPECT_EQ(panel.sldValue[0]->y(), TwipsToPixels(1000));
-    panel.SetUp(15);
-    EXPECT_EQ(panel.CPicker[0]->y(), TwipsToPixels(1400));
-    EXPECT_EQ(panel.CPicker[1]->y(), TwipsToPixels(1560));
-}
-
 TEST_F(EffectPanelTest, OptionsWriteAllThreeVariablesAndStartAnewWithTheEffect) {
     panel.SetUp(28);
     panel.OptGS[1]->click();
@@ -203,18 +190,6 @@ TEST_F(EffectPanelTest, CoordinateBoxesTakeUpToThreeDigits) {
     panel.txtYCoord->setFocus();
     QTest::mouseClick(&box, Qt::LeftButton);
     EXPECT_EQ(box.selectedText(), QStringLiteral("99")) << "typing replaces what stood there";
-}
-
-TEST_F(EffectPanelTest, SlidersSayWhatTheySet) {
-    panel.SetUp(34);
-    EXPECT_EQ(panel.sldValue[1]->accessibleName(), QStringLiteral("Green Bits"));
-    panel.sldValue[1]->SetValue(6);
-    EXPECT_EQ(panel.sldValue[1]->toolTip(), QStringLiteral("Green Bits: 6"));
-    EXPECT_EQ(panel.sldBrushSize->Value(), 50);
-    panel.sldBrushSize->SetValue(12);
-    panel.SetUp(2);
-    EXPECT_EQ(panel.sldBrushSize->Value(), 12);
-    EXPECT_EQ(panel.sldValue[0]->toolTip(), QStringLiteral("Strength: 30"));
 }
 
 class EffectSelectorsTest : public testing::Test {

@@ -12,7 +12,6 @@
 #include "app/help_browser.h"
 #include "app/help_topics.h"
 #include "app/help_window.h"
-#include "effects/catalogue/catalogue.h"
 #include "platform/language.h"
 #include "tests/support/scripted_dialog.h"
 
@@ -23,10 +22,9 @@ class Help : public testing::Test {
  protected:
     Help() {
         Write("index.html", "All effects", "<p>Here they are. <a href=\"sepia.html\">Sepia</a></p>");
-        Write("sepia.html", "Sepia", "<p>The warm brown of old photographs.</p><img src=\"wide.png\">");
+        Write("sepia.html", "Sepia", "<p>The warm brown of old photographs.</p>");
         Write("negative.html", "Negative", "<p>Looks like the negative of old films.</p>");
         Write("settings.html", "Settings", "<p>Six pages of photographs? No.</p>");
-        QImage(400, 200, QImage::Format_RGB32).save(folder_.filePath("wide.png"));
     }
 
     void Write(const char* name, const char* title, const char* body) {
@@ -42,15 +40,6 @@ class Help : public testing::Test {
     ScriptedDialog dialog_;
     HelpTopics topics_{state_, dialog_, folder_.path()};
 };
-
-TEST(HelpTopics, EveryValueHasItsPage) {
-    EXPECT_EQ(HelpTopics::PageOf(1), "grayscale.html");
-    EXPECT_EQ(HelpTopics::PageOf(4), "bwd.html");
-    EXPECT_EQ(HelpTopics::PageOf(33), "oilpainting.html");
-    EXPECT_EQ(HelpTopics::PageOf(48), "neon.html");
-    EXPECT_EQ(HelpTopics::PageOf(99), "settings.html");
-    for (const int other : {0, -1, 49, 98, 100, 32767}) EXPECT_EQ(HelpTopics::PageOf(other), "index.html") << other;
-}
 
 TEST_F(Help, OpensThePageOfTheChosenEffectInOneWindow) {
     state_.CurrentSFX = 2;
@@ -79,22 +68,6 @@ TEST_F(Help, AMissingPageIsToldInTheWindow) {
     QFile::remove(folder_.filePath("index.html"));
     topics_.Window()->Browser().setSource(topics_.Window()->Browser().Home());
     EXPECT_TRUE(Shown().contains("index.html"));
-}
-
-TEST_F(Help, GoesBackAndForward) {
-    topics_.LoadCHMFile();
-    HelpBrowser& browser = topics_.Window()->Browser();
-    browser.setSource(browser.source().resolved(QUrl("sepia.html")));
-    browser.Search("old");
-    EXPECT_TRUE(Shown().contains("2 pages"));
-    browser.backward();
-    EXPECT_TRUE(Shown().contains("warm brown"));
-    browser.backward();
-    EXPECT_TRUE(Shown().contains("Here they are"));
-    EXPECT_FALSE(browser.isBackwardAvailable());
-    browser.forward();
-    browser.forward();
-    EXPECT_TRUE(Shown().contains("2 pages")) << "a search is a page like others";
 }
 
 TEST_F(Help, APageInTheLanguageInUseTakesThePlaceOfTheOther) {
@@ -131,15 +104,6 @@ TEST_F(Help, SearchesAllPages) {
     search->setText("<b>nothing");
     QTest::keyClick(search, Qt::Key_Return);
     EXPECT_TRUE(Shown().contains("No page holds <b>nothing")) << "what was typed is text, not markup";
-}
-
-TEST_F(Help, PicturesTakeHalfTheirPixels) {
-    state_.CurrentSFX = 2;
-    topics_.LoadCHMFile();
-    HelpBrowser& browser = topics_.Window()->Browser();
-    const QImage picture = browser.document()->resource(QTextDocument::ImageResource, QUrl("wide.png")).value<QImage>();
-    ASSERT_FALSE(picture.isNull());
-    EXPECT_EQ(picture.width() / picture.devicePixelRatio(), 200);
 }
 
 TEST_F(Help, WorksBesideAModalDialog) {

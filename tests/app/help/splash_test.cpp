@@ -1,4 +1,4 @@
-// The splash's rotation, and the About message.
+// The splash's rotation.
 // SPDX-License-Identifier: MIT
 #include "app/splash.h"
 
@@ -7,11 +7,8 @@
 #include <QFile>
 #include <QImage>
 #include <QLabel>
-#include <QRegularExpression>
 #include <QTemporaryDir>
 
-#include "app/about_message.h"
-#include "controls/animated_gif/uc_ani_gif.h"
 #include "tests/support/memory_settings.h"
 #include "tests/support/scripted_dialog.h"
 
@@ -71,31 +68,6 @@ TEST_F(SplashTest, AMissingPictureKeepsItsTurn) {
     ASSERT_EQ(dialog_.shown.size(), 1U);
     EXPECT_EQ(dialog_.shown[0].heading, "Error");
     EXPECT_EQ(Stored(), "3");
-}
-
-TEST_F(SplashTest, TheAnimationPlaysUntilTheEnd) {
-    QLabel cover;
-    Splash splash(cover, state_, settings_, dialog_, folder_.path());
-    cover.show();
-    auto* animation = cover.findChild<ucAniGIF*>("AniGIF1");
-    ASSERT_NE(animation, nullptr);
-    EXPECT_TRUE(cover.rect().contains(animation->geometry()));
-    EXPECT_GT(animation->FrameCount(), 10);
-    EXPECT_EQ(animation->Action(), 1);
-    splash.End();
-    EXPECT_EQ(animation->Action(), 0);
-    EXPECT_FALSE(cover.isVisible());
-}
-
-TEST(AboutMessage, TellsVersionAndThanks) {
-    ScriptedDialog dialog;
-    ShowAboutMsg(dialog);
-    ASSERT_EQ(dialog.shown.size(), 1U);
-    const auto& shown = dialog.shown[0];
-    EXPECT_EQ(shown.look, MsgLook::About);
-    EXPECT_TRUE(
-        QRegularExpression(R"(\r\nVersion \d+\.\d+\.\d+ - \(Build \d{8}\)\r\n)").match(shown.heading).hasMatch())
-        << shown.heading.toStdString();
 }
 
 }  // namespace

@@ -201,17 +201,5 @@ TEST(AniGif, LoadsByUrl) {
     }
 }
 
-TEST(AniGif, ASecondUrlReplacesTheFirst) {
-    const Server silent(""), good(Answer(Animation()));
-    ucAniGIF gif;
-    QSignalSpy complete(&gif, &ucAniGIF::RemoteLoadComplete), failure(&gif, &ucAniGIF::RemoteLoadFailure);
-    gif.LoadAnimatedGIF_Remote(silent.Url());
-    gif.LoadAnimatedGIF_Remote(good.Url());
-    ASSERT_TRUE(QTest::qWaitFor([&] { return complete.count() > 0; }, 5000));
-    EXPECT_EQ(complete.count(), 1);
-    EXPECT_EQ(failure.count(), 0);
-    gif.LoadAnimatedGIF_Remote(silent.Url());  // under way when the control ends
-}
-
 }  // namespace
 }  // namespace kelu

@@ -1,4 +1,4 @@
-// Rows, the chosen row and exactly when the list announces it.
+// The chosen row and exactly when the list announces it.
 // SPDX-License-Identifier: MIT
 #include "controls/list_ex/list_ex.h"
 
@@ -37,20 +37,6 @@ TEST_F(ListExTest, AnnouncesTheProgramsChoiceOnceEachTime) {
     list.SetListIndex(-1);
     EXPECT_EQ(list.ListIndex(), -1);
     EXPECT_EQ(rows.size(), 3u);
-}
-
-TEST_F(ListExTest, LoadingAnewIsSilentAndStartsWithoutAChoice) {
-    list.SetListIndex(2);
-    rows.clear();
-    list.Clear();
-    EXPECT_EQ(list.Count(), 0);
-    EXPECT_EQ(list.ListIndex(), -1);
-    list.AddItem(QStringLiteral("Mean Removal"));
-    list.AddItem(QStringLiteral("Sharpen"));
-    EXPECT_EQ(list.ListIndex(), -1);
-    EXPECT_TRUE(rows.empty());
-    list.SetListIndex(0);
-    EXPECT_EQ(rows, std::vector<int>{0});
 }
 
 TEST_F(ListExTest, RefusesRowsThatAreNotThere) {

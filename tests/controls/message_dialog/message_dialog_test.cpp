@@ -134,22 +134,6 @@ TEST(MsgDialogWindow, ShowsTextsAsTheyStandAndCopiesThem) {
          });
 }
 
-TEST(MsgDialogWindow, KeepsItsBreadthWhateverTheText) {
-    int plain = 0, wide = 0, about = 0;
-    Message message = Ask(MsgButtons::Ok);
-    Show(message, [&](QWidget& window) { plain = window.width(); });
-    message.text = QString(400, QLatin1Char('W'));
-    Show(message, [&](QWidget& window) { wide = window.width(); });
-    EXPECT_EQ(plain, wide);
-    message.look = MsgLook::About;
-    message.text = QStringLiteral("Many words. ").repeated(400);
-    Show(message, [&](QWidget& window) {
-        about = window.width();
-        EXPECT_LT(window.height(), 500) << "a long text scrolls";
-    });
-    EXPECT_GT(about, plain);
-}
-
 TEST(MsgDialogWindow, StandsOverTheMiddleOfItsOwnerAndAnswersThoughThatIsDisabled) {
     QWidget owner, another;
     owner.setGeometry(100, 80, 600, 400);
@@ -200,13 +184,6 @@ TEST(StandardError, ShowsDescriptionAndNumber) {
     EXPECT_EQ(first.title, QStringLiteral("Kelu"));
     EXPECT_EQ(first.icon, MsgIcon::Error);
     EXPECT_EQ(dialog.shown[1].text, QStringLiteral("The following error has occured:\r\nOut of memory (7)\r\n"));
-}
-
-TEST(StandardError, TakesADescriptionWithPercentSignsAsItStands) {
-    ScriptedDialog dialog;
-    ShowStandardError(dialog, Error(kFileError, QStringLiteral("Cannot read '100%2.png'")));
-    EXPECT_EQ(dialog.Texts().value(0),
-              QStringLiteral("The following error has occured:\r\nCannot read '100%2.png' (57)\r\n"));
 }
 
 }  // namespace

@@ -163,29 +163,5 @@ TEST_F(PagerTest, ADragScrollsAndDoesNotClickAClickStillDoes) {
     EXPECT_EQ(clicked, std::vector<int>{5});
 }
 
-TEST(PagerCompass, ShowsTheEightDirectionsInTwoWholePages) {
-    Pager pager(Qt::Horizontal);
-    Toolbox compass;
-    FillCompass(compass);
-    pager.resize(117, 27);
-    pager.SetChild(&compass);
-    pager.show();
-    const auto inSight = [&] {
-        std::vector<int> found;
-        const PagerPlan plan = PlanPager(117, compass.sizeHint().width(), pager.Offset());
-        for (int i = 1; i <= 8; ++i) {
-            const QRect box = compass.Button(i)->geometry().translated(compass.pos());
-            if (box.left() >= (plan.back ? kPagerArrow : 0) && box.right() < 117 - (plan.forward ? kPagerArrow : 0))
-                found.push_back(i);
-        }
-        return found;
-    };
-    EXPECT_EQ(compass.Current(), 3);
-    EXPECT_EQ(inSight(), (std::vector<int>{1, 2, 3, 4}));
-    pager.SetOffset(pager.MaxOffset());
-    EXPECT_EQ(inSight(), (std::vector<int>{5, 6, 7, 8}));
-    pager.SetChild(nullptr);
-}
-
 }  // namespace
 }  // namespace kelu

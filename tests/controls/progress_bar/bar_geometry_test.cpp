@@ -1,10 +1,8 @@
-// Progress bar arithmetic and colours, worked out by hand.
+// Progress bar arithmetic, worked out by hand.
 // SPDX-License-Identifier: MIT
 #include "controls/progress_bar/bar_geometry.h"
 
 #include <gmock/gmock.h>
-
-#include "controls/progress_bar/bar_strokes.h"
 
 namespace kelu::bar {
 
@@ -63,65 +61,6 @@ TEST(BarGeometry, HorizontalChunks) {
     EXPECT_EQ(HorizontalBar(client, -1, chunked).right, 3);
     EXPECT_THAT(HorizontalGaps(client, {3, 0, 27, 19}, chunked),
                 ElementsAre(Box{10, 0, 12, 19}, Box{18, 0, 20, 19}, Box{26, 0, 28, 19}));
-}
-
-TEST(BarGeometry, VerticalChunks) {
-    const Box client{3, 0, 19, 160};
-    const Chunks chunks;
-    EXPECT_EQ(VerticalBar(client, 0, chunks).top, 160);
-    EXPECT_EQ(VerticalBar(client, 50 / 98.0, chunks).top, 80);  // 78.4, 82 above the bottom: ten steps
-    EXPECT_EQ(VerticalBar(client, 100 / 98.0, chunks).top, 0);  // -3.3, cut to whole steps from the bottom
-    EXPECT_THAT(VerticalGaps(client, {3, 140, 19, 160}, chunks),
-                ElementsAre(Box{3, 158, 19, 160}, Box{3, 150, 19, 152}));
-}
-
-TEST(BarGeometry, TextIsCentred) {
-    EXPECT_EQ(TextBox({160, 19}, {31, 14}), (Box{64, 2, 95, 16}));  // 64.5 and 2.5 to the even pixels
-    EXPECT_EQ(TextBox({20, 10}, {31, 14}), (Box{-6, -2, 25, 12}));
-}
-
-class Strokes : public testing::Test {
- protected:
-    Strokes() { picture_.fill(Qt::white); }
-    /// Rows of the picture: '.' white, '#' black, '+' anything else.
-    std::vector<std::string> Rows() const {
-        std::vector<std::string> rows;
-        for (int y = 0; y < picture_.height(); ++y) {
-            std::string row;
-            for (int x = 0; x < picture_.width(); ++x) {
-                const QRgb pixel = picture_.pixel(x, y) & 0xFFFFFFU;
-                row += pixel == 0xFFFFFFU ? '.' : pixel == 0 ? '#' : '+';
-            }
-            rows.push_back(row);
-        }
-        return rows;
-    }
-    QImage picture_{6, 4, QImage::Format_RGB32};
-};
-
-TEST_F(Strokes, LinesLeaveTheirLastPixel) {
-    {
-        QPainter painter(&picture_);
-        DrawLine(painter, 0, 0, 3, 0, 0);
-        DrawLine(painter, 5, 3, 5, 1, 0);
-        DrawLine(painter, 0, 1, 3, 4, 0);
-    }
-    EXPECT_THAT(Rows(), ElementsAre("###...", "#.....", ".#...#", "..#..#"));
-}
-
-TEST_F(Strokes, GradientHasOneLineMoreThanItsLength) {
-    {
-        QPainter painter(&picture_);
-        DrawGradient(painter, 0xFFFFFF, 0x000000, 1, 1, 5, 2, GradientLines::kHorizontal);
-    }
-    EXPECT_THAT(Rows(), ElementsAre("......", "......", ".++++.", ".####."));
-    EXPECT_EQ(picture_.pixelColor(1, 2), QColor(128, 128, 128)) << "127.5 to the even 128";
-    {
-        QPainter painter(&picture_);
-        DrawGradient(painter, 0x000000, 0xFFFFFF, 3, 0, 2, 2, GradientLines::kVertical);
-        DrawGradient(painter, 0, 0, 0, 0, 0, 4, GradientLines::kVertical);
-    }
-    EXPECT_THAT(Rows(), ElementsAre("...#+.", "...#+.", ".++++.", ".####."));
 }
 
 }  // namespace

@@ -74,36 +74,6 @@ TEST(ProgressLooks, EveryLookAtEverySizeStaysInside) {
     }
 }
 
-TEST(ProgressLooks, TextChangesColourAtTheBarsEnd) {
-    bar::State state;
-    state.look = bar::kGlass;
-    state.color = 0x000000;
-    state.showText = true;
-    state.font.setPixelSize(40);
-    const auto inkOf = [&](int percent) {
-        state.percent = percent;
-        const QImage shot = Shot(state, {200, 60});
-        state.showText = false;
-        const QImage bare = Shot(state, {200, 60});
-        state.showText = true;
-        bool dark = false, bright = false;
-        for (int y = 0; y < 60; ++y) {
-            for (int x = 0; x < 200; ++x) {
-                const int change = qGray(shot.pixel(x, y)) - qGray(bare.pixel(x, y));
-                dark |= change < -200;
-                bright |= change > 100;
-                // Bright text stands on the bar only, dark text beside it only.
-                EXPECT_FALSE(change < -200 && x < percent * 2) << percent << " at " << x;
-                EXPECT_FALSE(change > 100 && x >= percent * 2) << percent << " at " << x;
-            }
-        }
-        return std::pair(dark, bright);
-    };
-    EXPECT_EQ(inkOf(5), std::pair(true, false));
-    EXPECT_EQ(inkOf(50), std::pair(true, true));
-    EXPECT_EQ(inkOf(98), std::pair(false, true));
-}
-
 class CountingBar : public XP_ProgressBar {
  public:
     int drawn = 0;
@@ -142,17 +112,6 @@ TEST(ProgressBar, ThePercentStaysBetweenItsEnds) {
     EXPECT_EQ(bar.Value(), 100);
     bar.SetValue(-250);
     EXPECT_EQ(bar.Percent(), 0);
-}
-
-TEST(ProgressBar, ScreenReaderReadsThePercent) {
-    XP_ProgressBar bar;
-    bar.SetMax(200);
-    bar.SetValue(50);
-    QAccessibleInterface* reader = QAccessible::queryAccessibleInterface(&bar);
-    ASSERT_NE(reader, nullptr);
-    EXPECT_EQ(reader->role(), QAccessible::ProgressBar);
-    EXPECT_EQ(reader->text(QAccessible::Value), "25 %");
-    EXPECT_EQ(reader->valueInterface()->currentValue().toInt(), 25);
 }
 
 }  // namespace

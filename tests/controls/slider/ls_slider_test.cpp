@@ -58,12 +58,6 @@ class SliderTest : public testing::Test {
     std::vector<std::string> heard_;
 };
 
-/// Colour in the middle of a widget pixel, at any device pixel ratio.
-QColor At(const QImage& shot, int x, int y) {
-    const double ratio = shot.devicePixelRatio();
-    return shot.pixelColor(static_cast<int>((x + 0.5) * ratio), static_cast<int>((y + 0.5) * ratio));
-}
-
 TEST_F(SliderTest, WritesFromTheProgram) {
     slider_->SetValue(4);
     EXPECT_THAT(Heard(), ElementsAre("ValueChanged 4"));
@@ -209,26 +203,6 @@ TEST_F(SliderTest, TheWheelMovesByOneStepANotch) {
     EXPECT_TRUE(QTest::qWaitFor([] { return !Tip(); }, 3000)) << "the tip goes by itself";
     slider_->SetEnabled(false);
     EXPECT_EQ(turn(-120), 10);
-}
-
-TEST_F(SliderTest, PicturesDecideTheSize) {
-    QPixmap rail(90, 24);
-    rail.fill(Qt::red);
-    slider_->SetRailPicture(rail);
-    EXPECT_EQ(slider_->size(), QSize(116, 16)) << "not shown yet";
-    slider_->SetRailStyle(LsSlider::kPictureRail);
-    EXPECT_EQ(slider_->size(), QSize(94, 24));
-    EXPECT_EQ(slider_->ThumbRect(), QRectF(0, 4, 16, 16));
-    QPixmap thumb(20, 40);
-    thumb.setDevicePixelRatio(2);
-    thumb.fill(Qt::green);
-    slider_->SetSliderIcon(thumb);
-    EXPECT_EQ(slider_->ThumbRect(), QRectF(0, 2, 10, 20));
-
-    const QImage shot = slider_->grab().toImage();
-    EXPECT_EQ(At(shot, 5, 12), QColor(Qt::green));
-    EXPECT_EQ(At(shot, 50, 0), QColor(Qt::red));
-    EXPECT_EQ(At(shot, 92, 12), TranslateColor(kButtonFaceColor));
 }
 
 TEST_F(SliderTest, ScreenReaderReadsAndSetsTheValue) {

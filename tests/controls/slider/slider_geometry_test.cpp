@@ -119,15 +119,5 @@ TEST(SliderGeometry, SizeThumbAndRail) {
     }
 }
 
-TEST(SliderGeometry, TipBesideTheThumb) {
-    const QSize thumb(16, 16);
-    // Above: x = 50 + 100 + (16 - 14 - 4) / 2, y = 0 + 200 - 13 - 5.
-    EXPECT_EQ(TipRect(kAcross, {50, 0}, thumb, {100, 200}, {14, 13}), QRect(149, 182, 18, 16));
-    // Left of a vertical slider: x = 0 + 100 - 14 - 6, y = 30 + 200 + (16 - 13 - 4) / 2 = 229.5, to the even 230.
-    EXPECT_EQ(TipRect(kUp, {0, 30}, thumb, {100, 200}, {14, 13}), QRect(80, 230, 18, 16));
-    // A half falls to the even pixel: 50 + 100 + (16 - 13 - 4) / 2 = 149.5.
-    EXPECT_EQ(TipRect(kAcross, {50, 0}, thumb, {100, 200}, {13, 13}).left(), 150);
-}
-
 }  // namespace
 }  // namespace kelu::slider

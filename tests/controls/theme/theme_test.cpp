@@ -1,15 +1,10 @@
-// The theme's promises: contrast of every pair that meets on the screen, drawings at every ratio, the style's
-// arithmetic.
+// The theme's promises: contrast of every pair that meets on the screen, drawings at every ratio.
 // SPDX-License-Identifier: MIT
 #include "controls/theme/theme.h"
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QPainter>
-#include <QPushButton>
-#include <QScrollBar>
-#include <QStyleOptionSlider>
 #include <cmath>
 
 #include "controls/theme/icons.h"
@@ -101,24 +96,6 @@ TEST(ThemeIcons, EveryDrawingFillsItsGridAtEveryRatio) {
     EXPECT_EQ(InkOf(IconPixmap(QStringLiteral("no such drawing"), 18, 1, kText)).count, 0);
 }
 
-TEST(ThemeIcons, LineIconsTakeTheColourOfTheirStatePicturesKeepTheirs) {
-    const auto strongest = [](const QPixmap& pixmap) {
-        const QImage image = pixmap.toImage().convertToFormat(QImage::Format_ARGB32);
-        QRgb found = 0;
-        for (int y = 0; y < image.height(); ++y)
-            for (int x = 0; x < image.width(); ++x)
-                if (qAlpha(image.pixel(x, y)) > qAlpha(found)) found = image.pixel(x, y);
-        return QColor(found).name();
-    };
-    const QIcon icon = Icon(QStringLiteral("max"));
-    EXPECT_EQ(strongest(icon.pixmap(QSize(36, 36), QIcon::Normal)), kText.name());
-    EXPECT_EQ(strongest(icon.pixmap(QSize(36, 36), QIcon::Active)), kBrightText.name());
-    EXPECT_EQ(strongest(icon.pixmap(QSize(36, 36), QIcon::Disabled)), kDisabledText.name());
-    EXPECT_EQ(strongest(icon.pixmap(QSize(36, 36), QIcon::Normal, QIcon::On)), kAccent.name());
-    EXPECT_EQ(IconPixmap(QStringLiteral("kelu"), 48, 1, Qt::green).toImage(),
-              IconPixmap(QStringLiteral("kelu"), 48, 1, Qt::red).toImage());
-}
-
 TEST(ThemeCursors, TheHotSpotLiesAtTheTouchingEndOfThePicture) {
     for (const qreal ratio : {1.0, 2.0}) {
         for (const CursorPicture& cursor : {BrushCursor(ratio), SmudgeCursor(ratio)}) {
@@ -134,46 +111,6 @@ TEST(ThemeCursors, TheHotSpotLiesAtTheTouchingEndOfThePicture) {
         const QPointF middle = QRectF(ink).center() / ratio;
         EXPECT_NEAR(middle.x(), cross.hotSpot.x() + 0.5, 0.51);
         EXPECT_NEAR(middle.y(), cross.hotSpot.y() + 0.5, 0.51);
-    }
-}
-
-class StyleTest : public testing::Test {
- protected:
-    static void SetUpTestSuite() { Apply(*qApp); }
-};
-
-TEST_F(StyleTest, ScrollThumbHasNoDeadZonesAndReachesBothEnds) {
-    QScrollBar bar(Qt::Vertical);
-    bar.resize(10, 200);
-    struct Row {
-        int maximum, page, value, top, length;
-    };
-    const Row rows[] = {
-        {100, 100, 0, 0, 100},                                  // half the content in view: half the length
-        {100, 100, 100, 100, 100},                              // at its end
-        {100, 100, 50, 50, 100},       {100000, 10, 0, 0, 28},  // never shorter than can be caught
-        {100000, 10, 100000, 172, 28}, {0, 10, 0, 0, 200},      // nothing to scroll
-    };
-    for (const Row& row : rows) {
-        bar.setRange(0, row.maximum);
-        bar.setPageStep(row.page);
-        bar.setValue(row.value);
-        QStyleOptionSlider option;
-        option.initFrom(&bar);
-        option.orientation = Qt::Vertical;
-        option.minimum = 0;
-        option.maximum = row.maximum;
-        option.pageStep = row.page;
-        option.sliderPosition = row.value;
-        const auto part = [&](QStyle::SubControl which) {
-            return bar.style()->subControlRect(QStyle::CC_ScrollBar, &option, which, &bar);
-        };
-        const QRect thumb = part(QStyle::SC_ScrollBarSlider);
-        EXPECT_EQ(thumb.top(), row.top) << row.maximum << " " << row.value;
-        EXPECT_EQ(thumb.height(), row.length) << row.maximum << " " << row.value;
-        EXPECT_EQ(
-            part(QStyle::SC_ScrollBarSubPage).height() + thumb.height() + part(QStyle::SC_ScrollBarAddPage).height(),
-            200);
     }
 }
 

@@ -1,4 +1,4 @@
-// Names, keys and states of the tool button.
+// Focus and states of the tool button.
 // SPDX-License-Identifier: MIT
 #include "controls/tool_button/tool_button.h"
 
@@ -11,26 +11,6 @@
 
 namespace kelu {
 namespace {
-
-TEST(ToolButton, ClicksByMouseAndKeysButNotWhenDisabled) {
-    ToolButton button(QStringLiteral("open"));
-    button.resize(19, 19);
-    button.show();
-    QApplication::setActiveWindow(&button);
-    int clicks = 0;
-    QObject::connect(&button, &ToolButton::clicked, &button, [&] { ++clicks; });
-    QTest::mouseClick(&button, Qt::LeftButton);
-    EXPECT_EQ(clicks, 1);
-    QTest::keyClick(&button, Qt::Key_Space);
-    EXPECT_EQ(clicks, 2);
-    QTest::keyClick(&button, Qt::Key_Return);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return clicks == 3; }, 1000));
-    button.setEnabled(false);
-    QTest::mouseClick(&button, Qt::LeftButton);
-    QTest::keyClick(&button, Qt::Key_Return);
-    QTest::qWait(150);
-    EXPECT_EQ(clicks, 3);
-}
 
 TEST(ToolButton, TabReachesItAClickTakesNoFocus) {
     QWidget window;

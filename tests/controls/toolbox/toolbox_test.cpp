@@ -1,4 +1,4 @@
-// Grid, current button, signals and keys of the toolbox.
+// Current button, signals and keys of the toolbox.
 // SPDX-License-Identifier: MIT
 #include "controls/toolbox/toolbox.h"
 
@@ -42,21 +42,6 @@ class ToolboxTest : public testing::Test {
     Toolbox box;
     QStringList clicks;
 };
-
-TEST_F(ToolboxTest, LaysButtonsInRowsWithMarginAndGap) {
-    EXPECT_EQ(box.sizeHint(), QSize(2 * 5 + 3 * 30 + 2 * 2, 2 * 5 + 3 * 20 + 2 * 2));
-    EXPECT_EQ(box.Button(1)->geometry(), QRect(5, 5, 30, 20));
-    EXPECT_EQ(box.Button(5)->geometry(), QRect(5 + 32, 5 + 22, 30, 20));
-    EXPECT_EQ(box.Button(8)->geometry(), QRect(5 + 32, 5 + 44, 30, 20));
-    box.resize(box.width() + 20, box.height());
-    EXPECT_EQ(box.Button(1)->x(), 15) << "the grid stands in the middle of a wider space";
-    box.SetColumns(100);
-    EXPECT_EQ(box.sizeHint(), QSize(10 + 8 * 30 + 7 * 2, 30));
-    EXPECT_EQ(box.Button(0), nullptr);
-    EXPECT_EQ(box.Button(9), nullptr);
-    EXPECT_EQ(box.Key(8), QStringLiteral("keySFX8"));
-    EXPECT_EQ(box.Key(9), QString());
-}
 
 TEST_F(ToolboxTest, TellsEachClickAfterMarkingItsButton) {
     box.SetCurrent(2);

@@ -44,30 +44,6 @@ struct FrmEmail : testing::Test {
     void Send() { QTest::mouseClick(form->cmdSend, Qt::LeftButton); }
 };
 
-TEST_F(FrmEmail, ShowsTheFrameOfTheWayAndItsFields) {
-    Open("2");
-    EXPECT_TRUE(form->FrameEmail->isVisible() && !form->FrameGmail->isVisible());
-    EXPECT_EQ(form->txtFrom1->text(), "Not Set");
-    Open("3");
-    EXPECT_TRUE(!form->FrameEmail->isVisible() && form->FrameGmail->isVisible());
-    EXPECT_EQ(form->txtFrom2->text() + form->txtTo2->text(), "Not SetNot Set");
-    Open("4");
-    Send();
-    EXPECT_TRUE(form->isVisible() && dialog.shown.empty());
-    Open("1");
-    EXPECT_TRUE(form->FrameEmail->isVisible() && !form->FrameGmail->isVisible());
-    EXPECT_EQ(form->txtFrom1->text() + form->txtTo1->text() + form->txtText1->toPlainText(), "");
-    form->txtText1->setPlainText("some text");
-    form->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
-    QTest::mouseClick(form->txtSubject1, Qt::LeftButton);
-    QTest::qWait(10);
-    EXPECT_EQ(form->txtSubject1->selectedText(), "Kelu") << "entering a field selects its text";
-    QTest::keyClick(form->txtSubject1, Qt::Key_Tab);
-    QTest::qWait(10);
-    EXPECT_EQ(form->txtText1->textCursor().selectedText(), "some text");
-}
-
 TEST_F(FrmEmail, RefusesBadAddressesAndStaysOpen) {
     const char* const kCases[][3] = {{"1", "", ""},
                                      {"1", "a@b.c;d@e.f", ""},

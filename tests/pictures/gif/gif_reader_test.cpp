@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/error.h"
 #include "tests/pictures/gif/gif_bytes.h"
 
 namespace kelu {
@@ -15,39 +14,6 @@ using namespace test;
 GifStream Parse(const QByteArray& bytes) {
     return ParseGifStream(
         {reinterpret_cast<const std::uint8_t*>(bytes.constData()), static_cast<std::size_t>(bytes.size())});
-}
-
-// One pixel of colour 1, every field told.
-const QByteArray kOnePixel87a = Bytes({'G',  'I',  'F', '8', '7', 'a',  // signature
-                                       9,    0,    7,   0,              // screen 9 x 7
-                                       0x80,                            // global table of 2 colours
-                                       0,    0,                         // background colour, aspect ratio
-                                       10,   20,   30,  40,  50,  60,   // the two colours
-                                       0x2C,                            // image separator
-                                       2,    0,    1,   0,              // left 2, top 1
-                                       1,    0,    1,   0,              // width 1, height 1
-                                       0,                               // no local table, not interlaced
-                                       2,                               // smallest code size
-                                       2,                               // sub-block of 2 bytes:
-                                       0x4C, 0x01,                      //   clear (4), 1, end (5), three bits each
-                                       0,                               // end of the image
-                                       0x3B});                          // trailer
-
-TEST(GifReader, ReadsAFileOfTheOlderKind) {
-    const GifStream stream = Parse(kOnePixel87a);
-    ASSERT_EQ(stream.Frames.size(), 1U);
-    const GifFrame& frame = stream.Frames[0];
-    EXPECT_EQ(frame.Left, 2);
-    EXPECT_EQ(frame.Top, 1);
-    EXPECT_EQ(frame.Width, 1);
-    EXPECT_EQ(frame.Height, 1);
-    EXPECT_EQ(frame.DelayMs, 0);
-    EXPECT_FALSE(frame.HasTransparency);
-    EXPECT_EQ(stream.FrameSpans[0].SpanStart, 19U);
-    EXPECT_EQ(stream.FrameSpans[0].SpanLength, 15U);
-    EXPECT_EQ(stream.ColourTables[0], (ColourTable{0x0A141E, 0x28323C}));
-    EXPECT_EQ(stream.ScreenWidth, 3) << "the frames' reach, not the 9 x 7 of the header";
-    EXPECT_EQ(stream.ScreenHeight, 2);
 }
 
 const QByteArray kPixel = Image(0, 0, 1, 1, {1});
@@ -147,24 +113,6 @@ TEST(GifReader, GraphicControlBelongsToTheNextImage) {
     EXPECT_EQ(stream.ColourTables[1], (ColourTable{0x010203, 0x040506, 0x070809, 0x0A0B0C}));
     EXPECT_EQ(stream.ScreenWidth, 4);
     EXPECT_EQ(stream.ScreenHeight, 4);
-}
-
-TEST(GifReader, TheEndOfTheBytesIsAnError) {
-    const std::uint8_t bytes[] = {1, 2};
-    GifReader reader(bytes);
-    EXPECT_TRUE(reader.ReadBytes(3).empty());
-    EXPECT_EQ(reader.ReadPos(), 0U) << "a read of too many bytes does not move";
-    EXPECT_EQ(reader.ReadWord(), 0x0201);
-    try {
-        reader.ReadByte();
-        FAIL() << "read past the end";
-    } catch (const Error& error) {
-        EXPECT_EQ(error.Number(), 53);
-        EXPECT_EQ(error.Description(), "End of File");
-        EXPECT_EQ(error.Source(), "ReadGifFile");
-    }
-    EXPECT_THROW(reader.ReadColourTable(0), Error);
-    EXPECT_FALSE(reader.SkipSubBlocks()) << "sub-blocks end without a throw";
 }
 
 }  // namespace
