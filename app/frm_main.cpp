@@ -2,10 +2,12 @@
 #include "app/frm_main.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QDir>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QScreen>
 #include <QWindow>
 
@@ -94,6 +96,7 @@ frmMain::frmMain(SharedState& state, const MainServices& services)
       splash_(*controls.picCover, state, services.settings, services.dialog, BesideProgram("data")),
       chrome_(*this, state),
       keys_(*this),
+      drops_(*this, [this] { return !Shut() && Enabled(Command::Drop, state_); }),
       startUp_(controls, surfaces.picCanvas, capture_, splash_, state, services.settings, services.dialog,
                BesideProgram("data")) {
     setObjectName(QStringLiteral("frmMain"));
@@ -116,6 +119,9 @@ void frmMain::Connect() {
     connect(controls.picCanvas, &ImageX::MousePressed, this,
             [this](Qt::MouseButton, Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers, int, int,
                    const QPoint& imagePixel) {
+                // The placeholder asks for a picture. Later: the dialog would keep the release from the canvas.
+                if (buttons == Qt::LeftButton && ObstacleTo(Command::Print, state_) == Obstacle::NoPicture)
+                    return static_cast<void>(QTimer::singleShot(0, this, [this] { Run(Command::Open); }));
                 painter_.Press(buttons, modifiers, imagePixel);
                 TellStaleRender();
             });
@@ -123,14 +129,13 @@ void frmMain::Connect() {
             [this](Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers, int, int, const QPoint& imagePixel) {
                 painter_.Move(buttons, modifiers, imagePixel);
             });
-    // Later, so that the program the file came from need not wait for the answer to a question.
-    connect(controls.picCanvas, &ImageX::FileDropped, this, &frmMain::OpenPicture, Qt::QueuedConnection);
+    // Later, so that the program the picture came from need not wait for the answer to a question.
+    connect(&drops_, &DropTarget::Dropped, this, &frmMain::TakeOffered, Qt::QueuedConnection);
     connect(controls.picCanvas, &ImageX::ZoomWheel, this, [this](int steps) {
         for (; steps > 0; --steps) Run(Command::ZoomIn);
         for (; steps < 0; ++steps) Run(Command::ZoomOut);
     });
 
-    connect(controls.picOriginal, &ImageX::FileDropped, this, &frmMain::OpenPicture, Qt::QueuedConnection);
     connect(controls.picCanvas, &ImageX::ZoomChanged, &document_, &Document::RefreshStatusText);
     connect(&document_, &Document::StatusTextChanged, controls.sBar1,
             [this](const QString& text) { controls.sBar1->SetPanelText(2, text); });
@@ -141,6 +146,8 @@ void frmMain::Connect() {
         IdleMemory::Release();
         controls.picZoomContainer->show();
         painter_.PictureOpened();
+        if (services_.rememberRecent && !Document::Passing(document_.OpenedBy()))
+            services_.rememberRecent(document_.OpenedPath());
     });
     connect(&history_, &History::OriginalShown, this, [this](bool shown) {
         ImageX& comes = shown ? *controls.picOriginal : *controls.picCanvas;
@@ -261,8 +268,10 @@ void frmMain::EndSplash() {
     if (sessionReplay_) sessionReplay_->LookForJournals();
 }
 
+bool frmMain::Shut() const { return !isEnabled() || busy_.Busy() || QApplication::activeModalWidget(); }
+
 void frmMain::TakePicture(const QString& path) {
-    if (!isEnabled() || busy_.Busy() || QApplication::activeModalWidget())
+    if (Shut())
         QTimer::singleShot(kShutTime, this, [this, path] { TakePicture(path); });
     else
         OpenPicture(path);
@@ -344,6 +353,9 @@ void frmMain::Run(Command command) {
         case Command::AllEffects:
             controls.selectors->ShowAll();
             break;
+        case Command::Paste:
+            Paste();
+            break;
         case Command::ChooseEffect:  // these two need to be told which
         case Command::Drop:
             break;
@@ -358,6 +370,22 @@ void frmMain::PaintEverywhere(Painter::Paint paint) {
 void frmMain::StepBrush(int direction) {
     LsSlider& slider = *controls.pnlSettings->sldBrushSize;
     slider.SetValue(SteppedBrushSize(slider.Value(), direction));
+}
+
+void frmMain::TakeOffered(const OfferedPicture& offered) {
+    if (offered.path.isEmpty())
+        openSave_.DropPicture(offered);
+    else
+        OpenPicture(offered.path);
+}
+
+void frmMain::Paste() {
+    if (!Enabled(Command::Paste, state_)) return;
+    const QMimeData* data = QGuiApplication::clipboard()->mimeData();
+    if (data && OffersPicture(*data))
+        TakeOffered(kelu::TakeOffered(*data));
+    else
+        controls.note->Show({tr("There is no picture to paste")});
 }
 
 void frmMain::ShowBrowse() {

@@ -11,6 +11,7 @@
 #include "app/busy_window.h"
 #include "app/command_keys.h"
 #include "app/command_look.h"
+#include "app/drop_target.h"
 #include "app/help_topics.h"
 #include "app/idle_memory.h"
 #include "app/main_controls.h"
@@ -50,7 +51,8 @@ struct MainServices {
     std::function<bool(const QString& path)> openDocument;
     std::function<bool()> anotherInstanceRuns;
     std::function<void(const QString& path)> playSound;
-    Journal* journal = nullptr;  ///< null: nobody records what is done
+    std::function<void(const QString& path)> rememberRecent = {};  ///< a picture was opened from this file
+    Journal* journal = nullptr;                                    ///< null: nobody records what is done
 
     SessionLog& Log() const { return journal ? *journal : SessionLog::None(); }
 };
@@ -99,6 +101,10 @@ class frmMain : public QWidget {
 
     void PaintEverywhere(Painter::Paint paint);
     void StepBrush(int direction);
+    /// By a render, long work or a dialog.
+    bool Shut() const;
+    void TakeOffered(const OfferedPicture& offered);
+    void Paste();
     void ShowBrowse();
     void ShowOptions();
     void PrintImage();
@@ -128,6 +134,7 @@ class frmMain : public QWidget {
     Splash splash_;
     WindowChrome chrome_;
     CommandKeys keys_;
+    DropTarget drops_;
     StartUp startUp_;
     IdleMemory idleMemory_;
     std::unique_ptr<SessionReplay> sessionReplay_;  ///< null without a journal

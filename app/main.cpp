@@ -1,6 +1,7 @@
 // kelu: the program with its window.
 // SPDX-License-Identifier: MIT
 #include <QFileInfo>
+#include <QThreadPool>
 #include <cstdio>
 #include <cstdlib>
 
@@ -19,6 +20,7 @@
 #include "document/journal_file.h"
 #include "platform/hand_over.h"
 #include "platform/language.h"
+#include "platform/recent_files.h"
 #include "platform/registry_access.h"
 #include "platform/registry_file.h"
 #include "platform/single_instance.h"
@@ -27,6 +29,10 @@
 namespace {
 
 constexpr int kLongestEnd = 1000;  // ms
+
+void RememberRecent(const QString& path) {
+    QThreadPool::globalInstance()->start([path] { kelu::RememberRecentFile(path); });
+}
 
 int Run(kelu::Application& application, const QString& picture) {
     kelu::RegistryFile store(kelu::RegistryFile::UserPath());
@@ -45,7 +51,7 @@ int Run(kelu::Application& application, const QString& picture) {
     kelu::GstVideoCapX optionsCamera(cameras);
     kelu::Journal journal(kelu::JournalFile::UserFolder());
     kelu::frmMain window(state, {settings, dialog, saveDialog, printing, camera, optionsCamera, kelu::OpenDocument,
-                                 [&] { return !instance.IsFirst(); }, kelu::PlaySoundFile, &journal});
+                                 [&] { return !instance.IsFirst(); }, kelu::PlaySoundFile, RememberRecent, &journal});
     dialog.SetParent(&window);
     saveDialog.SetParent(&window);
     const QString socket = kelu::HandOverSocket(QFileInfo(kelu::RegistryFile::UserPath()).path());

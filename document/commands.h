@@ -41,6 +41,7 @@ enum class Command {
     EdgeHarder,
     EdgeSofter,
     Compare,  ///< the original, as long as the key is held
+    Paste,
     Drop,
 };
 
@@ -121,6 +122,7 @@ inline constexpr OtherCommandRow kOtherCommands[] = {
     {Command::Compare,
      kNoCapture | kChanges,
      {{{Qt::Key_Backslash, {}, KeyActs::WhileHeld}, {Qt::Key_O, Qt::NoModifier, KeyActs::WhileHeld}}}},
+    {Command::Paste, kNoCapture, {{{Qt::Key_V, Qt::ControlModifier}}}},
     {Command::Drop, kNoCapture, {}},
 };
 

@@ -65,7 +65,7 @@ void Document::Open(const QString& path, Source source, bool wasDirty, Size size
     log_.Opened({path,
                  {Original().Picture(), told},
                  Canvas().Picture().size() != inFile,
-                 source == Source::Capture,
+                 Passing(source),
                  Canvas().Brush()});
     state_.ImageActive = true;
     if (source == Source::Browse) state_.EffectReady = false;
@@ -74,7 +74,8 @@ void Document::Open(const QString& path, Source source, bool wasDirty, Size size
     openedBy_ = source;
     sizeInFile_ = inFile;
     openedSize_ = Canvas().Picture().size();
-    ShowStatusText(/*longForm=*/source != Source::Drop || wasDirty);
+    const bool dropped = source == Source::Drop || source == Source::Paste;
+    ShowStatusText(/*longForm=*/!dropped || wasDirty);
     Q_EMIT Opened();
 }
 

@@ -33,7 +33,7 @@ class Document : public QObject {
 
  public:
     /// Who opens a file; the callers differ in shrinking, in the status text and in disarming the brush.
-    enum class Source { Drop, Browse, Capture };
+    enum class Source { Drop, Browse, Capture, Paste };
     /// Large pictures are made smaller where the setting and the source say so, or come as they are.
     enum class Size { AsSet, Full };
 
@@ -55,6 +55,8 @@ class Document : public QObject {
     /// The file that is open, and how it was opened.
     const QString& OpenedPath() const { return openedPath_; }
     Source OpenedBy() const { return openedBy_; }
+    /// The file will not stay: it lies among the temporary ones.
+    static bool Passing(Source source) { return source == Source::Capture || source == Source::Paste; }
     /// Image pixels of the picture in that file, and of what it was opened as.
     QSize SizeInFile() const { return sizeInFile_; }
     QSize OpenedSize() const { return openedSize_; }

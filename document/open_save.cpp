@@ -57,11 +57,23 @@ void OpenSave::OpenImageNow() {
 }
 
 void OpenSave::Drop(const QString& path) {
+    TakeIn(Document::Source::Drop, [&] { return path; });
+}
+
+void OpenSave::DropPicture(const OfferedPicture& offered) {
+    TakeIn(Document::Source::Paste, [&] {
+        QString path;
+        document_.RunsBeside()([&] { path = KeepOffered(offered); });
+        return path;
+    });
+}
+
+void OpenSave::TakeIn(Document::Source source, const std::function<QString()>& makePath) {
     if (!Enabled(Command::Drop, state_)) return;
     const bool wasDirty = state_.ImageDirty;
     if (!GiveWay()) return;
     RunShowingErrors(dialog_, [&] {
-        document_.Open(path, Document::Source::Drop, wasDirty);
+        document_.Open(makePath(), source, wasDirty);
         TellMadeSmaller();
     });
 }
@@ -87,8 +99,8 @@ QString OpenSave::ProposedName() const {
     const QString effect = helpers_.effectName ? helpers_.effectName() : QString();
     if (!effect.isEmpty()) name += QStringLiteral(" - ") + effect;
     name = name.replace(u'/', u'-') + QStringLiteral(".png");
-    // A snapshot lies among the temporary files, where nobody keeps anything.
-    return document_.OpenedBy() == Document::Source::Capture ? name : opened.absoluteDir().filePath(name);
+    // Among the temporary files nobody keeps anything.
+    return Document::Passing(document_.OpenedBy()) ? name : opened.absoluteDir().filePath(name);
 }
 
 bool OpenSave::MayReplace(const QString& path) {

@@ -8,6 +8,7 @@
 #include <functional>
 
 #include "document/document.h"
+#include "document/offered_picture.h"
 #include "document/shared_state.h"
 #include "platform/msg_dialog.h"
 #include "platform/notes.h"
@@ -52,8 +53,10 @@ class OpenSave {
     bool SettleChanges();
 
     void OpenImageNow();
-    /// A file was dropped on the canvas.
+    /// A file was dropped on the window.
     void Drop(const QString& path);
+    /// A picture without a file was dropped or pasted.
+    void DropPicture(const OfferedPicture& offered);
     /// The Save command: nothing without changes; the dialog comes a second time after a first Cancel.
     void PerformSave();
     /// Asks, with a beep, when there are unsaved changes; a refused save stops nothing. False: the user stays.
@@ -68,6 +71,7 @@ class OpenSave {
  private:
     /// The same before another picture takes the place of a changed one; then nothing counts as changed any more.
     bool GiveWay();
+    void TakeIn(Document::Source source, const std::function<QString()>& makePath);
     void OpenAgain(const QString& path, Document::Source source);
     QString ProposedName() const;
     /// Asks before the file that is open is replaced by the smaller picture that was made of it.

@@ -38,6 +38,8 @@ class CoordinateValidator : public QValidator {
 
 CoordinateBox::CoordinateBox(QWidget* parent) : QLineEdit(parent) {
     setValidator(new CoordinateValidator(this));
+    // A file dropped here is for the window.
+    setAcceptDrops(false);
     setAlignment(Qt::AlignCenter);
     setFont(theme::ListFont());
     // The room that the style keeps beside a text is too much for a box of three digits.

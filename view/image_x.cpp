@@ -2,10 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "view/image_x.h"
 
-#include <QDragEnterEvent>
-#include <QDropEvent>
-#include <QMetaMethod>
-#include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -25,12 +21,6 @@ constexpr int kArrowStep = 40;  // widget pixels
 constexpr int kNotch = QWheelEvent::DefaultDeltasPerStep;
 
 int Twips(double widgetPixels) { return RoundToEven(widgetPixels * kTwipsPerPixel); }
-
-QString FirstLocalFile(const QMimeData* data) {
-    for (const QUrl& url : data->urls())
-        if (url.isLocalFile()) return url.toLocalFile();
-    return {};
-}
 
 struct FittedPlace {
     QSize scaled, viewport;  ///< device pixels, as the two origins
@@ -53,12 +43,6 @@ FittedPlace PlaceFitted(const QSize& picture, const QSizeF& room, double ratio) 
     return at;
 }
 
-/// Whatever is offered, the file stays the user's: a source that hears "moved" may delete it.
-void AcceptCopy(QDropEvent& event) {
-    event.setDropAction(Qt::CopyAction);
-    event.accept();
-}
-
 }  // namespace
 
 ImageX::ImageX(Surface& surface, QWidget* parent)
@@ -67,7 +51,6 @@ ImageX::ImageX(Surface& surface, QWidget* parent)
       horizontal_(new QScrollBar(Qt::Horizontal, this)),
       vertical_(new QScrollBar(Qt::Vertical, this)) {
     UseAccessibleRole<ImageX, QAccessible::Canvas>();
-    setAcceptDrops(true);
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -480,19 +463,6 @@ void ImageX::keyReleaseEvent(QKeyEvent* event) {
         return;
     }
     QWidget::keyReleaseEvent(event);
-}
-
-void ImageX::dragEnterEvent(QDragEnterEvent* event) {
-    // A view from which nobody takes files shows so while they are dragged over it.
-    const bool wanted = isSignalConnected(QMetaMethod::fromSignal(&ImageX::FileDropped));
-    if (wanted && !FirstLocalFile(event->mimeData()).isEmpty()) AcceptCopy(*event);
-}
-
-void ImageX::dropEvent(QDropEvent* event) {
-    const QString path = FirstLocalFile(event->mimeData());
-    if (path.isEmpty()) return;
-    AcceptCopy(*event);
-    Q_EMIT FileDropped(path);
 }
 
 }  // namespace kelu

@@ -1,4 +1,4 @@
-// The widget that shows a surface: fitted and free view, scrolling, cursor, drop, hatch behind the picture. Mouse
+// The widget that shows a surface: fitted and free view, scrolling, cursor, hatch behind the picture. Mouse
 // events come out in twips; nothing here knows what a press means.
 // SPDX-License-Identifier: MIT
 #pragma once
@@ -69,8 +69,6 @@ class ImageX : public QWidget, public SurfaceView {
     /// Also without a button.
     void MouseMoved(Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers, int xTwips, int yTwips,
                     const QPoint& imagePixel);
-    /// Files are accepted only where this signal is connected.
-    void FileDropped(const QString& path);
     /// ZoomPercent reads another value than before, as after a change of the view, the picture or the widget's size.
     void ZoomChanged();
     /// Control and wheel: notches away from (above 0) or towards the user. Zoom changes made by the receiver keep the
@@ -87,8 +85,6 @@ class ImageX : public QWidget, public SurfaceView {
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
-    void dragEnterEvent(QDragEnterEvent* event) override;
-    void dropEvent(QDropEvent* event) override;
 
  private:
     QPoint ImagePixel(const QPointF& widgetPixels) const;

@@ -87,18 +87,25 @@ class MainWindowFixture : public testing::Test {
         EXPECT_TRUE(image.save(folder.filePath(name)));
         return folder.filePath(name);
     }
-    /// Drops the file on the middle of the canvas, as a file manager does.
-    void Drop(const QString& path) { Drop(path, canvas); }
-    void Drop(const QString& path, ImageX& view) {
+    /// Drops the file on the middle of the window, as a file manager does.
+    void Drop(const QString& path) {
         QMimeData files;
         files.setUrls({QUrl::fromLocalFile(path)});
-        const QPointF middle = view.rect().center();
-        QDragEnterEvent enter(middle.toPoint(), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(&view, &enter);
-        if (!enter.isAccepted()) return;
-        QDropEvent drop(middle, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(&view, &drop);
+        Drop(files);
+    }
+    /// False when it is not taken. The source would rather move: it deletes what it hears was moved.
+    bool Drop(const QMimeData& offered) {
+        const QPointF middle = window.rect().center();
+        const Qt::DropActions actions = Qt::MoveAction | Qt::CopyAction;
+        QDragEnterEvent enter(middle.toPoint(), actions, &offered, Qt::LeftButton, Qt::NoModifier);
+        enter.setAccepted(false);
+        QCoreApplication::sendEvent(&window, &enter);
+        if (!enter.isAccepted()) return false;
+        QDropEvent drop(middle, actions, &offered, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&window, &drop);
+        EXPECT_EQ(drop.dropAction(), Qt::CopyAction);
         QCoreApplication::processEvents();
+        return true;
     }
     void OpenPhoto(int width = 400, int height = 300) {
         Drop(MakePhoto(QStringLiteral("photo.png"), width, height));

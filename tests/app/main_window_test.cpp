@@ -98,7 +98,7 @@ TEST_F(MainWindowTest, ThereIsAlwaysAWayOutOfTheCompareView) {
     Click(Command::Original);
     ASSERT_TRUE(window.controls.picOriginal->isVisible());
     dialog.answers = {MsgAnswer::No};
-    Drop(MakePhoto("next.png", 120, 90), *window.controls.picOriginal);
+    Drop(MakePhoto("next.png", 120, 90));
     EXPECT_EQ(window.surfaces.picOriginal.ImageWidth(), 120) << "the original takes drops, too";
     EXPECT_FALSE(canvas.isVisible());
     Click(Command::Original);

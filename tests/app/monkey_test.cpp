@@ -32,7 +32,12 @@ struct Monkey : MainWindowFixture, testing::WithParamInterface<unsigned> {
         const MsgAnswer answer = state.ImageDirty && Sometimes() ? MsgAnswer::Cancel : MsgAnswer::No;
         if (state.ImageDirty) dialog.answers = {answer};
         const QString path = folder.filePath(QStringLiteral("%1.png").arg(Below(3)));
-        Drop(path);
+        if (Sometimes()) {
+            QGuiApplication::clipboard()->setImage(QImage(path));
+            Key(Qt::Key_V, Qt::ControlModifier);
+        } else {
+            Drop(path);
+        }
         if (answer != MsgAnswer::Cancel) opened = ReadPicture(path);
     }
     void ApplyOne() {

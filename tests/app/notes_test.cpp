@@ -7,6 +7,7 @@
 #include "app/command_look.h"
 #include "controls/note/note_bar.h"
 #include "effects/coordinate_box.h"
+#include "tests/app/dialog_hands.h"
 #include "tests/app/main_window_fixture.h"
 
 namespace kelu {
@@ -27,7 +28,13 @@ struct NotesTest : MainWindowFixture {
 };
 
 TEST_F(NotesTest, TellWhatIsMissingForTheBrush) {
-    QTest::mouseClick(&canvas, Qt::LeftButton);
+    {
+        DialogScript script;
+        script.Then<frmBrowse>(CancelBrowse());
+        QTest::mouseClick(&canvas, Qt::LeftButton);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !script.met.isEmpty() && !QApplication::activeModalWidget(); }));
+    }
+    QTest::mouseClick(&canvas, Qt::RightButton);
     EXPECT_EQ(note.Text(), "Open a picture first");
     OpenPhoto();
     QTest::mouseClick(&canvas, Qt::LeftButton);

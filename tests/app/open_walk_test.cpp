@@ -3,6 +3,7 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
+#include <QClipboard>
 #include <QFile>
 
 #include "pictures/picture_file.h"
@@ -90,6 +91,54 @@ TEST_F(RealDialogs, ACleanPictureGivesWayWithoutAQuestion) {
     EXPECT_EQ(window.surfaces.picOriginal.Picture(), ReadPicture(third));
     EXPECT_EQ(window.surfaces.picPen.Picture(), ReadPicture(third));
     EXPECT_EQ(script.met.size(), 1) << "the browse dialog and no question";
+}
+
+TEST_F(RealDialogs, WhatIsDroppedOrPastedIsAFileOrAPictureWithoutOne) {
+    const QString first = MakePhoto("first.png", 120, 90), second = MakePhoto("second.png", 90, 60);
+    const QImage web = ReadPicture(MakePhoto("web.png", 70, 80));
+    QFile file(folder.filePath("web.png"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray bytes = file.readAll();
+    const QUrl address("https://example.org/a.png");
+    const struct {
+        const char* what;
+        QList<QUrl> urls;
+        QByteArray png;
+        bool image;
+        QSize opened;  // empty: refused
+    } rows[] = {{"files", {address, QUrl::fromLocalFile(first), QUrl::fromLocalFile(second)}, {}, false, {120, 90}},
+                {"a browser's picture", {address}, bytes, false, {70, 80}},
+                {"pixels alone", {}, {}, true, {70, 80}},
+                {"an address alone", {address}, {}, false, {}}};
+    DialogScript script;
+    for (const bool pasted : {false, true})
+        for (const auto& row : rows) {
+            Drop(second);
+            QMimeData data;
+            if (!row.urls.isEmpty()) data.setUrls(row.urls);
+            if (!row.png.isEmpty()) data.setData("image/png", row.png);
+            if (row.image) data.setImageData(web);
+            if (pasted) {
+                auto* copied = new QMimeData;
+                for (const QString& format : data.formats()) copied->setData(format, data.data(format));
+                if (row.image) copied->setImageData(web);
+                QGuiApplication::clipboard()->setMimeData(copied);
+                Key(Qt::Key_V, Qt::ControlModifier);
+            } else {
+                EXPECT_EQ(Drop(data), !row.opened.isEmpty()) << row.what;
+            }
+            EXPECT_EQ(Canvas().size(), row.opened.isEmpty() ? QSize(90, 60) : row.opened) << row.what << pasted;
+            if (row.opened != web.size()) continue;
+            EXPECT_EQ(Canvas(), web) << row.what << pasted;
+            EXPECT_EQ(Status(), "Kelu_Paste.png - (70 x 80 / 24 bits)");
+        }
+    Arm();
+    Stroke({{30, 30}, {60, 40}});
+    const QImage painted = Canvas();
+    script.Press("Cancel");
+    QGuiApplication::clipboard()->setImage(web);
+    Key(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(Canvas(), painted) << "a paste asks as a drop does";
 }
 
 TEST_F(RealDialogs, ABrokenFileIsOneErrorAndChangesNothing) {

@@ -8,9 +8,11 @@
 
 #include <QDir>
 #include <QFile>
+#include <QScopeGuard>
 #include <QTemporaryDir>
 
 #include "platform/private_folder.h"
+#include "platform/recent_files.h"
 #include "platform/single_instance.h"
 #include "platform/temporary_folder.h"
 
@@ -36,6 +38,26 @@ struct Folders : testing::Test {
         return path;
     }
 };
+
+TEST_F(Folders, TheDesktopsListOfRecentFilesKeepsWhatOthersPutThere) {
+    const QByteArray oldData = qgetenv("XDG_DATA_HOME");
+    qputenv("XDG_DATA_HOME", home.filePath("share").toLocal8Bit());
+    const auto restore = qScopeGuard([&] { qputenv("XDG_DATA_HOME", oldData); });
+    QFile list(home.filePath("share/recently-used.xbel"));
+    const auto read = [&list] { return list.open(QFile::ReadOnly) ? list.readAll() : QByteArray(); };
+    RememberRecentFile(home.filePath("a & b.png"));
+    RememberRecentFile(home.filePath("second.jpg"));
+    RememberRecentFile(home.filePath("a & b.png"));
+    const QByteArray both = read();
+    list.close();
+    EXPECT_EQ(both.count("<bookmark:application name=\"Kelu\""), 2) << both.constData();
+    EXPECT_TRUE(both.contains("a%20&amp;%20b.png") && both.contains("second.jpg") && both.contains("image/jpeg"));
+    EXPECT_EQ(Mode(list.fileName()), 0600);
+    ASSERT_TRUE(list.open(QFile::WriteOnly) && list.write("not a list") > 0);
+    list.close();
+    RememberRecentFile(home.filePath("third.png"));
+    EXPECT_EQ(read(), "not a list");
+}
 
 TEST_F(Folders, TemporaryFolderIsTheNamedOneOrAPrivateOne) {
     const QString own = Make("own", 0755);

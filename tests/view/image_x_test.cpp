@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QDropEvent>
 #include <QMimeData>
 #include <QPainter>
 #include <QScreen>
@@ -253,31 +252,6 @@ TEST_F(ImageXTest, ZoomingByTheWheelKeepsThePointUnderTheMouse) {
     turn(-120, Qt::NoModifier);
     EXPECT_GT(view_.ScreenToImageY(0), top);
     EXPECT_EQ(steps, 2);
-}
-
-TEST_F(ImageXTest, TakesACopyOfTheFirstLocalFileOfADropWhereSomebodyListens) {
-    const auto drop = [&](const QList<QUrl>& urls) {
-        QMimeData data;
-        data.setUrls(urls);
-        // A file manager that would rather move: it deletes the file once it hears that it was moved.
-        const Qt::DropActions offered = Qt::MoveAction | Qt::CopyAction;
-        QDragEnterEvent enter(QPoint(5, 5), offered, &data, Qt::LeftButton, Qt::NoModifier);
-        enter.setAccepted(false);
-        QApplication::sendEvent(&view_, &enter);
-        if (!enter.isAccepted()) return false;
-        QDropEvent event(QPointF(5, 5), offered, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(&view_, &event);
-        EXPECT_EQ(enter.dropAction(), Qt::CopyAction);
-        EXPECT_EQ(event.dropAction(), Qt::CopyAction);
-        return true;
-    };
-    EXPECT_FALSE(drop({QUrl::fromLocalFile("/tmp/a b.jpg")}));
-    QSignalSpy dropped(&view_, &ImageX::FileDropped);
-    EXPECT_TRUE(drop(
-        {QUrl("https://example.org/a.png"), QUrl::fromLocalFile("/tmp/a b.jpg"), QUrl::fromLocalFile("/tmp/c.jpg")}));
-    EXPECT_FALSE(drop({QUrl("https://example.org/a.png")}));
-    ASSERT_EQ(dropped.count(), 1);
-    EXPECT_EQ(dropped[0][0].toString(), "/tmp/a b.jpg");
 }
 
 TEST_F(ImageXTest, ShowsTheCursorPictureInStyle99Only) {

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#include "document/offered_picture.h"
+
+#include <QDir>
+#include <QMimeData>
+#include <QUrl>
+
+#include "pictures/picture_format.h"
+#include "platform/atomic_file.h"
+#include "platform/temporary_folder.h"
+
+namespace kelu {
+namespace {
+
+QString FirstLocalFile(const QMimeData& data) {
+    for (const QUrl& url : data.urls())
+        if (url.isLocalFile()) return url.toLocalFile();
+    return {};
+}
+
+/// Of the types offered the one that loses least and is read; empty: none.
+QString PictureType(const QMimeData& data) {
+    const QStringList offered = data.formats();
+    if (offered.contains(QStringLiteral("image/png"))) return QStringLiteral("image/png");
+    for (const PictureFormat& format : PictureFormats())
+        for (const QString& type : QString::fromLatin1(format.mimeTypes).split(u' '))
+            if (offered.contains(type)) return type;
+    return {};
+}
+
+}  // namespace
+
+bool OffersPicture(const QMimeData& data) {
+    return !FirstLocalFile(data).isEmpty() || !PictureType(data).isEmpty() || data.hasImage();
+}
+
+OfferedPicture TakeOffered(const QMimeData& data) {
+    OfferedPicture taken{FirstLocalFile(data), {}};
+    if (!taken.path.isEmpty()) return taken;
+    if (const QString type = PictureType(data); !type.isEmpty()) taken.bytes = data.data(type);
+    if (taken.bytes.isEmpty()) taken.picture = qvariant_cast<QImage>(data.imageData());
+    return taken;
+}
+
+QString KeepOffered(const OfferedPicture& offered) {
+    // What it is, is told by its content.
+    const QString path = QDir(TemporaryFolder()).filePath(QStringLiteral("Kelu_Paste.png"));
+    AtomicFile file(path, AtomicFile::Access::Private);
+    if (offered.bytes.isEmpty())
+        FormatToWrite(path)->encode(
+            offered.picture.convertToFormat(offered.picture.hasAlphaChannel() ? QImage::Format_ARGB32
+                                                                              : QImage::Format_RGB32),
+            {}, file.Device());
+    else
+        file.Write(offered.bytes);
+    file.Commit();
+    return path;
+}
+
+}  // namespace kelu
