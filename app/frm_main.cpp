@@ -84,7 +84,12 @@ frmMain::frmMain(SharedState& state, const MainServices& services)
       reminder_(services.dialog, services.settings),
       renderWindow_(*this, *controls.pBar1),
       application_(surfaces.picCanvas, surfaces.picPen, PixTwix1_, state, *controls.pnlSettings, renderWindow_,
-                   {[this] { painter_.SetUpBrush(); }, [this] { reminder_.PrepareReminder(); }}, services.Log()),
+                   {[this] {
+                        painter_.SetUpBrush();
+                        controls.pnlSettings->RememberApplied();
+                    },
+                    [this] { reminder_.PrepareReminder(); }},
+                   services.Log()),
       commandLook_(controls, surfaces.picCanvas, state, application_),
       capture_(document_, capturePreview, *controls.picCanvas, *controls.picCapPreview, state,
                {services.camera, services.dialog, services.playSound, BesideProgram("data")}),
@@ -96,6 +101,7 @@ frmMain::frmMain(SharedState& state, const MainServices& services)
       splash_(*controls.picCover, state, services.settings, services.dialog, BesideProgram("data")),
       chrome_(*this, state),
       keys_(*this),
+      hand_(controls, painter_, keys_, state),
       drops_(*this, [this] { return !Shut() && Enabled(Command::Drop, state_); }),
       startUp_(controls, surfaces.picCanvas, capture_, splash_, state, services.settings, services.dialog,
                BesideProgram("data")) {
@@ -116,19 +122,10 @@ void frmMain::Connect() {
     for (const CommandRow& row : kCommands)
         connect(&controls.Button(row.command), &ToolButton::clicked, this, [this, row] { Run(row.command); });
 
-    connect(controls.picCanvas, &ImageX::MousePressed, this,
-            [this](Qt::MouseButton, Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers, int, int,
-                   const QPoint& imagePixel) {
-                // The placeholder asks for a picture. Later: the dialog would keep the release from the canvas.
-                if (buttons == Qt::LeftButton && ObstacleTo(Command::Print, state_) == Obstacle::NoPicture)
-                    return static_cast<void>(QTimer::singleShot(0, this, [this] { Run(Command::Open); }));
-                painter_.Press(buttons, modifiers, imagePixel);
-                TellStaleRender();
-            });
-    connect(controls.picCanvas, &ImageX::MouseMoved, this,
-            [this](Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers, int, int, const QPoint& imagePixel) {
-                painter_.Move(buttons, modifiers, imagePixel);
-            });
+    connect(&hand_, &CanvasHand::Pressed, this, &frmMain::TellStaleRender);
+    // Later: the dialog would keep the release from the canvas.
+    connect(
+        &hand_, &CanvasHand::PictureWanted, this, [this] { Run(Command::Open); }, Qt::QueuedConnection);
     // Later, so that the program the picture came from need not wait for the answer to a question.
     connect(&drops_, &DropTarget::Dropped, this, &frmMain::TakeOffered, Qt::QueuedConnection);
     connect(controls.picCanvas, &ImageX::ZoomWheel, this, [this](int steps) {
@@ -158,9 +155,6 @@ void frmMain::Connect() {
         goes.hide();
     });
     connect(&keys_, &CommandKeys::LetGo, this, [this] { history_.HoldOriginal(false); });
-    connect(&keys_, &CommandKeys::ModifiersHeld, this, [this](Qt::KeyboardModifiers modifiers) {
-        if (QGuiApplication::mouseButtons() == Qt::NoButton) painter_.Hover(modifiers);
-    });
 
     connect(controls.selectors, &EffectSelectors::EffectChosen, controls.pnlSettings, &EffectPanel::SetUp);
     connect(controls.pnlSettings->sldBrushSize, &LsSlider::ValueChanged, this, [this] { painter_.SetUpBrush(); });

@@ -9,6 +9,7 @@
 #include <memory>
 
 #include "app/busy_window.h"
+#include "app/canvas_hand.h"
 #include "app/command_keys.h"
 #include "app/command_look.h"
 #include "app/drop_target.h"
@@ -134,6 +135,7 @@ class frmMain : public QWidget {
     Splash splash_;
     WindowChrome chrome_;
     CommandKeys keys_;
+    CanvasHand hand_;
     DropTarget drops_;
     StartUp startUp_;
     IdleMemory idleMemory_;

@@ -17,6 +17,8 @@
 #include "effects/catalogue/catalogue.h"
 #include "effects/coordinate_box.h"
 #include "effects/panel_label.h"
+#include "effects/point_input.h"
+#include "effects/slider_menu.h"
 #include "platform/units.h"
 
 namespace kelu {
@@ -93,10 +95,12 @@ EffectPanel::EffectPanel(SharedState& state, QWidget* parent)
       lblCoords(Named(new PanelLabel(this), "lblCoords")),
       txtXCoord(Named(new CoordinateBox(this), "txtXCoord")),
       txtYCoord(Named(new CoordinateBox(this), "txtYCoord")),
+      cmdPick(Named(new ToolButton(QStringLiteral("crosshair"), this), "cmdPick")),
       OptGS{Named(new QRadioButton(this), "OptGS1"), Named(new QRadioButton(this), "OptGS2")},
       lblGS{Named(new PanelLabel(this), "lblGS0"), Named(new PanelLabel(this), "lblGS1")},
       cmdApply(Named(new ToolButton(this), "cmdApply")),
-      state_(state) {
+      state_(state),
+      point_(new PointInput(*txtXCoord, *txtYCoord)) {
     setObjectName(QStringLiteral("pnlSettings"));
     QPalette colors = palette();
     colors.setColor(QPalette::Window, theme::kGround);
@@ -112,6 +116,8 @@ EffectPanel::EffectPanel(SharedState& state, QWidget* parent)
     txtXCoord->setText(QString::number(kDefaultX));
     txtYCoord->setText(QString::number(kDefaultY));
     txtXCoord->setAccessibleName(tr("X coordinate"));
+    cmdPick->SetTip(tr("Pick the point on the picture"));
+    cmdPick->setCheckable(true);
     txtYCoord->setAccessibleName(tr("Y coordinate"));
 
     sldBrushSize->SetMax(kLargestBrush);
@@ -147,6 +153,7 @@ void EffectPanel::Place() {
     PlaceInTwips(lblCoords, 120, 1905, 1095, 165);
     PlaceInTwips(txtXCoord, 240, 2175, 495, 315);
     PlaceInTwips(txtYCoord, 1080, 2175, 495, 315);
+    PlaceInTwips(cmdPick, 765, 2190, 285, 285);
     PlaceInTwips(OptGS[0], 120, 1200, 255, 255);
     PlaceInTwips(OptGS[1], 120, 1440, 255, 255);
     PlaceInTwips(lblGS[0], 405, 1215, 870, 165);
@@ -165,6 +172,37 @@ void EffectPanel::Connect() {
         });
         connect(lblGS[i], &PanelLabel::Pressed, OptGS[i], &QRadioButton::click);
     }
+    connect(point_, &PointInput::Changed, this, &EffectPanel::ShowPoint);
+    AddSliderMenu(*sldBrushSize, [this] { return OfferedValues{appliedBrush_, kBrushStart}; });
+    for (std::size_t i = 0; i < sldValue.size(); ++i)
+        AddSliderMenu(*sldValue[i], [this, i] {
+            const auto applied = applied_.find(state_.CurrentSFX);
+            const Effect* effect = FindEffect(state_.CurrentSFX);
+            return OfferedValues{applied == applied_.end() ? std::nullopt : std::optional(applied->second[i]),
+                                 effect ? effect->sliders[i].value : sldValue[i]->Value()};
+        });
+}
+
+void EffectPanel::RememberApplied() {
+    applied_[state_.CurrentSFX] = {sldValue[0]->Value(), sldValue[1]->Value(), sldValue[2]->Value()};
+    appliedBrush_ = sldBrushSize->Value();
+}
+
+void EffectPanel::SetPoint(const QPoint& imagePixel) { point_->SetPicked(imagePixel); }
+
+void EffectPanel::ShowPoint() {
+    const bool shown = underMouse() && lblCoords->isVisible();
+    Q_EMIT PointShown(shown ? std::optional(point_->Point()) : std::nullopt);
+}
+
+void EffectPanel::enterEvent(QEnterEvent* event) {
+    QWidget::enterEvent(event);
+    ShowPoint();
+}
+
+void EffectPanel::leaveEvent(QEvent* event) {
+    QWidget::leaveEvent(event);
+    Q_EMIT PointShown(std::nullopt);
 }
 
 void EffectPanel::keyPressEvent(QKeyEvent* event) {
@@ -237,9 +275,12 @@ void EffectPanel::SetUpCoordinates(const Effect& effect) {
         txtXCoord->setText(QString::number(kDefaultX));
         txtYCoord->setText(QString::number(kDefaultY));
     }
-    for (QWidget* control :
-         {static_cast<QWidget*>(lblCoords), static_cast<QWidget*>(txtXCoord), static_cast<QWidget*>(txtYCoord)})
+    for (QWidget* control : {static_cast<QWidget*>(lblCoords), static_cast<QWidget*>(txtXCoord),
+                             static_cast<QWidget*>(txtYCoord), static_cast<QWidget*>(cmdPick)})
         control->setVisible(effect.ShowsCoordinates());
+    cmdPick->setChecked(false);
+    point_->Forget();
+    ShowPoint();
 }
 
 void EffectPanel::SetUpColor(ColorPicker& picker, const EffectColor& input) {
@@ -294,8 +335,8 @@ void EffectPanel::CompassClicked(int button) {
     state_.CompassDirection = static_cast<std::int16_t>(button);
 }
 
-int EffectPanel::XCoordinate() const { return txtXCoord->Value(); }
-int EffectPanel::YCoordinate() const { return txtYCoord->Value(); }
+int EffectPanel::XCoordinate() const { return point_->Point().x(); }
+int EffectPanel::YCoordinate() const { return point_->Point().y(); }
 qint32 EffectPanel::PickerValue(int picker) const { return CPicker[static_cast<std::size_t>(picker - 1)]->Color(); }
 int EffectPanel::SliderValue(int slider) const { return sldValue[static_cast<std::size_t>(slider - 1)]->Value(); }
 

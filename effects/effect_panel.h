@@ -2,8 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QPoint>
 #include <QWidget>
 #include <array>
+#include <map>
+#include <optional>
 
 #include "document/shared_state.h"
 #include "effects/effect_controls.h"
@@ -18,6 +21,7 @@ class ListEx;
 class LsSlider;
 class Pager;
 class PanelLabel;
+class PointInput;
 class ToolButton;
 class Toolbox;
 struct Effect;
@@ -36,6 +40,10 @@ class EffectPanel : public QWidget, public EffectControls {
     void SetUp(int number);
     /// Tips of the compass buttons.
     void LoadTips();
+    /// The point was picked on the picture. It counts, as it is, until a box is edited or an effect chosen.
+    void SetPoint(const QPoint& imagePixel);
+    /// The inputs of this moment were applied; a right click on a slider offers them again.
+    void RememberApplied();
 
     int XCoordinate() const override;
     int YCoordinate() const override;
@@ -56,11 +64,18 @@ class EffectPanel : public QWidget, public EffectControls {
     PanelLabel* const lblCoords;
     CoordinateBox* const txtXCoord;
     CoordinateBox* const txtYCoord;
+    ToolButton* const cmdPick;                 ///< while it is checked, a click on the picture sets the point
     const std::array<QRadioButton*, 2> OptGS;  ///< OptGS1 and OptGS2
     const std::array<PanelLabel*, 2> lblGS;    ///< indices 0 and 1
     ToolButton* const cmdApply;
 
+ Q_SIGNALS:
+    /// The point of the chosen effect, to be marked on the picture while the pointer is over the panel; none: no mark.
+    void PointShown(const std::optional<QPoint>& imagePixel);
+
  protected:
+    void enterEvent(QEnterEvent* event) override;
+    void leaveEvent(QEvent* event) override;
     /// Enter, where no control of the panel has a use of its own for it, presses Apply.
     void keyPressEvent(QKeyEvent* event) override;
 
@@ -77,8 +92,12 @@ class EffectPanel : public QWidget, public EffectControls {
     void ValueListSelected();
     void OptionMarked(int option);
     void CompassClicked(int button);
+    void ShowPoint();
 
     SharedState& state_;
+    PointInput* const point_;
+    std::map<int, std::array<int, 3>> applied_;  ///< by effect: the sliders at its last Apply
+    std::optional<int> appliedBrush_;
 };
 
 }  // namespace kelu

@@ -48,6 +48,7 @@ class ImageX : public QWidget, public SurfaceView {
     /// Image pixel under a pixel of the widget (device-independent); also outside the picture.
     int ScreenToImageX(int x) const;
     int ScreenToImageY(int y) const;
+    QSize ImageSize() const { return {surface_.ImageWidth(), surface_.ImageHeight()}; }
     /// Where the picture lies in the widget, device-independent pixels; may reach beyond it.
     QRectF ImageRect() const;
 

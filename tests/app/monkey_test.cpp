@@ -10,6 +10,7 @@
 #include "effects/catalogue/catalogue.h"
 #include "pictures/picture_file.h"
 #include "tests/app/main_window_fixture.h"
+#include "view/point_picker.h"
 
 namespace kelu {
 namespace {
@@ -90,6 +91,29 @@ struct Monkey : MainWindowFixture, testing::WithParamInterface<unsigned> {
         const Qt::Key keys[] = {Qt::Key_BracketLeft, Qt::Key_BracketRight, Qt::Key_BraceLeft, Qt::Key_BraceRight};
         QTest::keyClick(QApplication::focusWidget(), keys[Below(4)]);
     }
+    void PaintByKeys() {
+        const Qt::Key keys[] = {Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down, Qt::Key_Control};
+        canvas.setFocus();
+        if (Sometimes()) QTest::mouseMove(&canvas, Somewhere(canvas));
+        QTest::keyPress(&canvas, Qt::Key_Space, Sometimes() ? Qt::ControlModifier : Qt::NoModifier);
+        for (int i = Below(10); i > 0; --i)
+            QTest::keyClick(&canvas, keys[Below(5)], Sometimes() ? Qt::NoModifier : Qt::ShiftModifier);
+        if (Sometimes()) Key(Qt::Key_Z, Qt::ControlModifier);
+        QTest::keyRelease(&canvas, Qt::Key_Space);
+    }
+    void PickPoint() {
+        if (!panel.cmdPick->isVisible()) return;
+        QTest::mouseClick(panel.cmdPick, Qt::LeftButton);
+        auto* picker = canvas.findChild<PointPicker*>();
+        Sometimes() ? QTest::keyClick(picker, Qt::Key_Escape)
+                    : QTest::mouseClick(picker, Qt::LeftButton, {}, Somewhere(*picker));
+        EXPECT_FALSE(panel.cmdPick->isChecked());
+    }
+    void TurnSlider() {
+        LsSlider& slider = *panel.sldValue[static_cast<std::size_t>(Below(3))];
+        QWheelEvent event({5, 5}, {}, {}, {0, 120 * (Below(7) - 3)}, Qt::NoButton, {}, Qt::NoScrollPhase, false);
+        if (slider.isVisible()) QCoreApplication::sendEvent(&slider, &event);
+    }
     void PaintAll() { Key(Qt::Key_A, Sometimes() ? Qt::ControlModifier | Qt::ShiftModifier : Qt::ControlModifier); }
     void Hold() {
         const Qt::Key key = Sometimes() ? Qt::Key_O : Qt::Key_Backslash;
@@ -158,6 +182,7 @@ TEST_P(Monkey, BreaksNothing) {
         {"paint", [this] { Paint(); }},
         {"paint", [this] { Paint(); }},
         {"paint", [this] { Paint(); }},
+        {"paint", [this] { Paint(); }},
         {"undo", [this] { Key(Qt::Key_Z, Qt::ControlModifier); }},
         {"redo",
          [this] {
@@ -179,6 +204,9 @@ TEST_P(Monkey, BreaksNothing) {
         {"brush key", [this] { BrushKey(); }},
         {"all", [this] { PaintAll(); }},
         {"hold", [this] { Hold(); }},
+        {"keys", [this] { PaintByKeys(); }},
+        {"pick", [this] { PickPoint(); }},
+        {"slider", [this] { TurnSlider(); }},
         {"leave", [this] { AskToLeave(); }},
         {"maximise",
          [this] {
@@ -195,7 +223,7 @@ TEST_P(Monkey, BreaksNothing) {
         done << name;
         const QImage before = Canvas();
         trick();
-        strokes += qstrcmp(name, "paint") == 0 && Canvas() != before;
+        strokes += (qstrcmp(name, "paint") == 0 || qstrcmp(name, "keys") == 0) && Canvas() != before;
         ExpectAgreement();
         if (step % 50 == 0) ExpectFreshScreen();
     }

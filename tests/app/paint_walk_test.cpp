@@ -3,8 +3,13 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
+#include <QMenu>
+
+#include "effects/catalogue/render_on.h"
+#include "effects/coordinate_box.h"
 #include "pictures/picture_file.h"
 #include "tests/app/main_window_fixture.h"
+#include "view/point_picker.h"
 
 namespace kelu {
 namespace {
@@ -102,6 +107,116 @@ TEST_F(PaintWalk, UndoInTheMiddleOfAStrokeLosesNothing) {
     EXPECT_EQ(Canvas(), opened);
     Key(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(Canvas(), opened) << "nothing is left to undo";
+}
+
+TEST_F(PaintWalk, KeysAndAPenPaintAsTheMouseDoes) {
+    OpenPhoto();
+    Arm();
+    const QPoint from = Over(100, 100);
+    const auto startAt = [&](const QPoint& at) {
+        QTest::mouseMove(&canvas, at + QPoint(7, 7));  // a mouse that is there already does not move
+        QTest::mouseMove(&canvas, at);
+    };
+    const auto hold = [&](Qt::Key key, std::initializer_list<std::pair<Qt::Key, Qt::KeyboardModifiers>> moves,
+                          Qt::KeyboardModifiers modifiers = {}) {
+        canvas.setFocus();
+        QTest::keyPress(&canvas, key, modifiers);
+        for (const auto& [arrow, with] : moves) QTest::keyClick(&canvas, arrow, with);
+        QTest::keyRelease(&canvas, key);
+        const QImage painted = Canvas();
+        Key(Qt::Key_Z, Qt::ControlModifier);
+        return painted;
+    };
+    const QImage opened = Canvas();
+    startAt(from + QPoint(5, 5));
+    StrokeWidget({from, from + QPoint(10, 0), from + QPoint(10, 1), from + QPoint(0, 1)});
+    const QImage painted = Canvas();
+    Key(Qt::Key_Z, Qt::ControlModifier);
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return}) {
+        startAt(from);
+        EXPECT_EQ(hold(key, {{Qt::Key_Right, Qt::ShiftModifier},
+                             {Qt::Key_Down, Qt::NoModifier},
+                             {Qt::Key_Left, Qt::ShiftModifier}}),
+                  painted);
+    }
+    Key(Qt::Key_Y, Qt::ControlModifier);
+    startAt(from);
+    ASSERT_NE(Canvas().pixel(104, 100), opened.pixel(104, 100));
+    const QImage restored = hold(Qt::Key_Space, {{Qt::Key_Right, Qt::ShiftModifier}}, Qt::ControlModifier);
+    EXPECT_EQ(restored.pixel(104, 100), opened.pixel(104, 100)) << "with Ctrl the original comes back";
+    Key(Qt::Key_Z, Qt::ControlModifier);
+
+    // The mouse's events follow from the pen's, as the toolkit makes them.
+    const auto penStroke = [&](double pressure, int tilt) {
+        const auto pen = [&](QEvent::Type type) {
+            QTabletEvent event(type, QPointingDevice::primaryPointingDevice(), from, from, pressure,
+                               static_cast<float>(tilt), 0, 0, 0, 0, Qt::NoModifier, Qt::LeftButton,
+                               type == QEvent::TabletRelease ? Qt::NoButton : Qt::LeftButton);
+            QCoreApplication::sendEvent(&canvas, &event);
+        };
+        pen(QEvent::TabletPress);
+        QTest::mousePress(&canvas, Qt::LeftButton, {}, from);
+        pen(QEvent::TabletMove);
+        QTest::mouseMove(&canvas, from + QPoint(60, 0));
+        pen(QEvent::TabletRelease);
+        QTest::mouseRelease(&canvas, Qt::LeftButton, {}, from + QPoint(60, 0));
+        const int high = Changed(opened, Canvas()).boundingRect().height();
+        Key(Qt::Key_Z, Qt::ControlModifier);
+        return high;
+    };
+    const int full = penStroke(1, 0);
+    EXPECT_NEAR(penStroke(0.5, 0), full / 2.0, 2);
+    EXPECT_EQ(penStroke(0.5, 60), full) << "held flat";
+    EXPECT_EQ(window.surfaces.picCanvas.Brush().size, 20);
+}
+
+TEST_F(PaintWalk, APickedPointIsUsedAsItIsUntilABoxIsEdited) {
+    OpenPhoto(1600, 1200);
+    Choose(14);
+    ASSERT_TRUE(panel.cmdPick->isVisible());
+    auto* picker = canvas.findChild<PointPicker*>();
+    const QImage opened = Canvas();
+    QTest::mouseClick(panel.cmdPick, Qt::LeftButton);
+    const QPoint there = Over(1234, 321);
+    QTest::mouseClick(picker, Qt::LeftButton, {}, there);
+    EXPECT_FALSE(panel.cmdPick->isChecked() || state.ImageDirty);
+    const QPoint point(panel.XCoordinate(), panel.YCoordinate());
+    EXPECT_LE((point - QPoint(1234, 321)).manhattanLength(), 4);
+    EXPECT_EQ(panel.txtXCoord->text(), "999");
+    EXPECT_EQ(panel.txtYCoord->text(), QString::number(point.y()));
+    Apply();
+    EffectInputs inputs;
+    for (std::size_t i = 0; i < 3; ++i) inputs.slider[i] = panel.sldValue[i]->Value();
+    inputs.x = point.x();
+    inputs.y = point.y();
+    EXPECT_EQ(window.surfaces.picPen.Picture(), RenderEffectOn(opened, 14, inputs));
+    QTest::keyClicks(panel.txtYCoord, "7");
+    EXPECT_EQ(panel.XCoordinate(), 999);
+    QTest::mouseClick(panel.cmdPick, Qt::LeftButton);
+    QTest::mouseClick(picker, Qt::LeftButton, {}, there);
+    Choose(14);
+    EXPECT_LE(panel.XCoordinate(), 999);
+    QTest::mouseClick(panel.cmdPick, Qt::LeftButton);
+    Choose(kGrayscale);
+    EXPECT_FALSE(panel.cmdPick->isChecked() || picker->isVisible()) << "another effect ends the picking";
+
+    // The sliders' menu.
+    Choose(14);
+    LsSlider& slider = *panel.sldValue[0];
+    const int initial = slider.Value();
+    slider.SetValue(initial + 3);
+    Apply();
+    slider.SetValue(initial + 1);
+    const auto choose = [&](int row) {
+        QContextMenuEvent event(QContextMenuEvent::Mouse, {5, 5}, slider.mapToGlobal(QPoint(5, 5)));
+        QCoreApplication::sendEvent(&slider, &event);
+        auto* menu = slider.findChild<QMenu*>();
+        menu->actions().at(row)->trigger();
+        delete menu;
+        return slider.Value();
+    };
+    EXPECT_EQ(choose(0), initial + 3);
+    EXPECT_EQ(choose(1), initial);
 }
 
 TEST_F(PaintWalk, CompareShowsTheOriginalWholeAndComesBack) {

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#include "app/canvas_hand.h"
+
+#include <QGuiApplication>
+
+#include "app/command_keys.h"
+#include "app/main_controls.h"
+#include "controls/tool_button/tool_button.h"
+#include "document/painter.h"
+#include "effects/effect_panel.h"
+#include "view/key_brush.h"
+#include "view/pen_pressure.h"
+#include "view/point_picker.h"
+
+namespace kelu {
+
+CanvasHand::CanvasHand(MainControls& controls, Painter& painter, const CommandKeys& keys, const SharedState& state)
+    : controls_(controls), painter_(painter), state_(state) {
+    connect(controls_.picCanvas, &ImageX::MousePressed, this,
+            [this](Qt::MouseButton, Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers, int, int,
+                   const QPoint& imagePixel) {
+                if (buttons == Qt::LeftButton && ObstacleTo(Command::Print, state_) == Obstacle::NoPicture) {
+                    Q_EMIT PictureWanted();
+                    return;
+                }
+                painter_.Press(buttons, modifiers, imagePixel);
+                Q_EMIT Pressed();
+            });
+    connect(controls_.picCanvas, &ImageX::MouseMoved, this,
+            [this](Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers, int, int, const QPoint& imagePixel) {
+                painter_.Move(buttons, modifiers, imagePixel);
+            });
+    connect(&keys, &CommandKeys::ModifiersHeld, this, [this](Qt::KeyboardModifiers modifiers) {
+        if (QGuiApplication::mouseButtons() == Qt::NoButton) painter_.Hover(modifiers);
+    });
+    new KeyBrush(*controls_.picCanvas);
+    FollowPen();
+    FollowPoint();
+}
+
+void CanvasHand::FollowPen() {
+    connect(new PenPressure(*controls_.picCanvas), &PenPressure::Changed, this,
+            [this](double pressure) { painter_.SetPressure(pressure); });
+}
+
+void CanvasHand::FollowPoint() {
+    auto* const picker = new PointPicker(*controls_.picCanvas);
+    EffectPanel* const panel = controls_.pnlSettings;
+    connect(panel->cmdPick, &ToolButton::toggled, picker, &PointPicker::SetPicking);
+    connect(picker, &PointPicker::Ended, panel->cmdPick, [panel] { panel->cmdPick->setChecked(false); });
+    connect(picker, &PointPicker::Picked, panel, &EffectPanel::SetPoint);
+    connect(panel, &EffectPanel::PointShown, picker, &PointPicker::ShowMark);
+}
+
+}  // namespace kelu
