@@ -81,7 +81,7 @@ frmMain::frmMain(SharedState& state, const MainServices& services)
                 {[this] { ShowBrowse(); }, [this](const QString& path) { return pdfExport_.CreatePDF(path); },
                  [this] { return RenderedEffectName(); }, services.openDocument},
                 services.Log()),
-      reminder_(services.dialog, services.settings),
+      reminder_(services.dialog, services.settings, *controls.note),
       renderWindow_(*this, *controls.pBar1),
       application_(surfaces.picCanvas, surfaces.picPen, PixTwix1_, state, *controls.pnlSettings, renderWindow_,
                    {[this] {
@@ -98,6 +98,7 @@ frmMain::frmMain(SharedState& state, const MainServices& services)
                 ShowEmailForm(attachment, services_.settings, services_.dialog, draft, this);
             }),
       help_(state, services.dialog, BesideProgram("help")),
+      helpKey_([this](const QString& page) { help_.ShowPage(page); }),
       splash_(*controls.picCover, state, services.settings, services.dialog, BesideProgram("data")),
       chrome_(*this, state),
       keys_(*this),

@@ -13,6 +13,7 @@
 #include "app/command_keys.h"
 #include "app/command_look.h"
 #include "app/drop_target.h"
+#include "app/help_key.h"
 #include "app/help_topics.h"
 #include "app/idle_memory.h"
 #include "app/main_controls.h"
@@ -132,6 +133,7 @@ class frmMain : public QWidget {
     CameraCapture capture_;
     MailImage mail_;
     HelpTopics help_;
+    HelpKey helpKey_;
     Splash splash_;
     WindowChrome chrome_;
     CommandKeys keys_;

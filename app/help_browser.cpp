@@ -31,7 +31,9 @@ HelpBrowser::HelpBrowser(const QString& folder, QWidget* parent)
 }
 
 QUrl HelpBrowser::PageUrl(const QString& page) const {
-    return QUrl::fromLocalFile(QDir(folder_).absoluteFilePath(page));
+    QUrl url = QUrl::fromLocalFile(QDir(folder_).absoluteFilePath(page.section(u'#', 0, 0)));
+    if (page.contains(u'#')) url.setFragment(page.section(u'#', 1));
+    return url;
 }
 
 QUrl HelpBrowser::InLanguage(const QUrl& page) const {

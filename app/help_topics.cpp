@@ -20,10 +20,12 @@ QString HelpTopics::PageOf(int currentSFX) {
 
 HelpWindow* HelpTopics::Window() const { return window_; }
 
-void HelpTopics::LoadCHMFile() {
-    RunShowingErrors(dialog_, [this] {
+void HelpTopics::LoadCHMFile() { ShowPage(PageOf(state_.CurrentSFX)); }
+
+void HelpTopics::ShowPage(const QString& page) {
+    RunShowingErrors(dialog_, [&] {
         if (!window_) window_ = new HelpWindow(folder_);
-        window_->ShowPage(PageOf(state_.CurrentSFX));
+        window_->ShowPage(page);
         window_->Raise();
     });
 }

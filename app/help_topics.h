@@ -24,6 +24,8 @@ class HelpTopics {
     /// Opens the page that fits in the help window, which is made at the first use and then stays where the user put
     /// it.
     void LoadCHMFile();
+    /// The same for a page by its name, with "#" and a place on it.
+    void ShowPage(const QString& page);
     /// Null before the first use.
     HelpWindow* Window() const;
 

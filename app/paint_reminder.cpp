@@ -14,7 +14,9 @@ struct Texts {
 }  // namespace
 
 void PaintReminder::PrepareReminder() {
-    if (settings_.Read(settings::kReminder) == true) RemindToPaint();
+    if (settings_.Read(settings::kReminder) != true) return;
+    RemindToPaint();
+    notes_.Show({tr("Hold Ctrl while you paint to bring the original back"), {}});
 }
 
 void PaintReminder::RemindToPaint() {

@@ -2,14 +2,20 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QCoreApplication>
+
 #include "document/settings.h"
 #include "platform/msg_dialog.h"
+#include "platform/notes.h"
 
 namespace kelu {
 
 class PaintReminder {
+    Q_DECLARE_TR_FUNCTIONS(PaintReminder)
+
  public:
-    PaintReminder(MsgDialog& dialog, Settings& settings) : dialog_(dialog), settings_(settings) {}
+    PaintReminder(MsgDialog& dialog, Settings& settings, Notes& notes)
+        : dialog_(dialog), settings_(settings), notes_(notes) {}
 
     /// Shows the reminder unless the user turned it off.
     void PrepareReminder();
@@ -19,6 +25,7 @@ class PaintReminder {
  private:
     MsgDialog& dialog_;
     Settings& settings_;
+    Notes& notes_;
 };
 
 }  // namespace kelu

@@ -170,9 +170,12 @@ QString IndexPage(const QList<HelpTopic>& all) {
             .arg(Texts::tr("Have fun with effects"),
                  Texts::tr("Open a photo, choose an effect, press <b>Apply</b> - and brush it on where you like it."));
     for (const QString& step : steps) body += QStringLiteral("<li>%1</li>").arg(step);
-    body += QStringLiteral("</ol>\n<p>%1</p>\n")
-                .arg(Texts::tr("All effects stand below. How to set up the program is told under %1.")
-                         .arg(QStringLiteral("<a href=\"settings.html\">%1</a>").arg(Texts::tr("Settings"))));
+    body +=
+        QStringLiteral("</ol>\n<p>%1</p>\n")
+            .arg(Texts::tr(
+                     "All effects stand below. What hands can do is told under %1, how to set up the program under %2.")
+                     .arg(QStringLiteral("<a href=\"keys.html\">%1</a>").arg(Texts::tr("Mouse and keys")),
+                          QStringLiteral("<a href=\"settings.html\">%1</a>").arg(Texts::tr("Settings"))));
     for (const EffectFamily& family : Families()) {
         body += QStringLiteral("<h2>%1</h2>\n<table cellspacing=\"0\" cellpadding=\"4\"><tr>")
                     .arg(EffectText(family.heading));

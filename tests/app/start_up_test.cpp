@@ -11,6 +11,7 @@
 #include "effects/effect_settings.h"
 #include "platform/temporary_folder.h"
 #include "tests/app/main_window_fixture.h"
+#include "tests/support/kept_notes.h"
 
 namespace kelu {
 namespace {
@@ -63,7 +64,8 @@ TEST_F(StartUpTest, ASecondInstanceEndsWithoutAWord) {
 TEST(PaintReminder, StopsOnceItsBoxIsTicked) {
     ScriptedDialog dialog;
     MemorySettings settings;
-    PaintReminder reminder(dialog, settings);
+    KeptNotes notes;
+    PaintReminder reminder(dialog, settings, notes);
     reminder.PrepareReminder();
     EXPECT_EQ(settings.Read(settings::kReminder), true);
     dialog.ticks = true;

@@ -42,6 +42,7 @@ QStringList Matches(const QString& page, const char* pattern) {
 TEST(HelpPages, EveryLinkLeadsSomewhere) {
     const QList<HelpTopic> topics = AllTopics();
     QMap<QString, QString> pages{{"index.html", IndexPage(topics)},
+                                 {"keys.html", PlainPage(ReadAll(kTexts.filePath("keys.html")))},
                                  {"settings.html", PlainPage(ReadAll(kTexts.filePath("settings.html")))}};
     QSet<QString> pictures;
     for (const HelpTopic& topic : topics) {
@@ -50,7 +51,7 @@ TEST(HelpPages, EveryLinkLeadsSomewhere) {
         EXPECT_TRUE(QFileInfo::exists(QStringLiteral(KELU_SOURCE_DIR "/Gallery/") + topic.text.photo + ".jpg"))
             << topic.stem.toStdString();
     }
-    ASSERT_EQ(pages.size(), topics.size() + 2);
+    ASSERT_EQ(pages.size(), topics.size() + 3);
     for (auto page = pages.begin(); page != pages.end(); ++page) {
         for (const QString& link : Matches(*page, "<a href=\"([^\"]*)\""))
             EXPECT_TRUE(pages.contains(link)) << page.key().toStdString() << " to " << link.toStdString();

@@ -10,6 +10,7 @@
 #include <QTest>
 
 #include "app/help_browser.h"
+#include "app/help_key.h"
 #include "app/help_topics.h"
 #include "app/help_window.h"
 #include "platform/language.h"
@@ -40,6 +41,19 @@ class Help : public testing::Test {
     ScriptedDialog dialog_;
     HelpTopics topics_{state_, dialog_, folder_.path()};
 };
+
+TEST_F(Help, F1InADialogOpensItsPage) {
+    const HelpKey key([this](const QString& page) { topics_.ShowPage(page); });
+    Write("keys.html", "Mouse and keys", "<p>Hands.</p>");
+    QDialog dialog;
+    auto* field = new QLineEdit(&dialog);
+    dialog.show();
+    QTest::keyClick(field, Qt::Key_F1);
+    ASSERT_NE(topics_.Window(), nullptr);
+    EXPECT_TRUE(Shown().contains("Hands"));
+    QTest::keyClick(topics_.Window(), Qt::Key_F1);
+    EXPECT_TRUE(Shown().contains("Hands")) << "a window that is no dialog is left alone";
+}
 
 TEST_F(Help, OpensThePageOfTheChosenEffectInOneWindow) {
     state_.CurrentSFX = 2;
