@@ -5,10 +5,10 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMenu>
-#include <QScopeGuard>
 #include <QStandardPaths>
 
 #include "controls/title_row/dialog_frame.h"
+#include "dialogs/film_dialog.h"
 #include "document/film.h"
 #include "document/recipe.h"
 #include "effects/catalogue/render_on.h"
@@ -27,15 +27,8 @@ void WriteFile(const QString& path, const QByteArray& bytes) {
 
 }  // namespace
 
-SaveMenu::SaveMenu(QWidget& button, Document& document, const SharedState& state, Journal& journal, MsgDialog& dialog,
-                   std::function<void(int)> showProgress)
-    : QObject(&button),
-      button_(button),
-      document_(document),
-      state_(state),
-      journal_(journal),
-      dialog_(dialog),
-      showProgress_(std::move(showProgress)) {
+SaveMenu::SaveMenu(QWidget& button, Document& document, const SharedState& state, Journal& journal, MsgDialog& dialog)
+    : QObject(&button), button_(button), document_(document), state_(state), journal_(journal), dialog_(dialog) {
     button.setContextMenuPolicy(Qt::CustomContextMenu);
     connect(&button, &QWidget::customContextMenuRequested, this, &SaveMenu::Show);
 }
@@ -59,21 +52,27 @@ void SaveMenu::SaveRecipe() {
 }
 
 void SaveMenu::SaveFilm() {
-    const QString path = AskForName(tr("Save as It Grew"), tr("GIF Files (*.gif)"), "gif");
-    if (path.isEmpty()) return;
-    RunShowingErrors(dialog_, [&] {
-        Recipe recipe = ReadRecipeText(HeaderLine(/*isJournal=*/false) + journal_.Lines());
-        CheckWhole(recipe);
-        recipe.shrunk = false;  // the picture was shrunk when it was opened
-        const auto atEnd = qScopeGuard([this] { showProgress_(100); });
-        RunBeside([&, picture = document_.Original().Picture()] {
-            const QByteArray film = MakeFilm(recipe, picture, &RenderEffectOn, /*fit=*/false, [this](int percent) {
-                QMetaObject::invokeMethod(this, [this, percent] { showProgress_(percent); });
-                return true;
-            });
-            WriteFile(path, film);
+    RunShowingErrors(dialog_, [this] {
+        const QByteArray film = Film();
+        if (film.isEmpty() || FilmDialog(film, button_.window()).exec() != QDialog::Accepted) return;
+        const QString path = AskForName(tr("Save as It Grew"), tr("GIF Files (*.gif)"), "gif");
+        if (!path.isEmpty()) document_.RunsBeside()([&] { WriteFile(path, film); });
+    });
+}
+
+QByteArray SaveMenu::Film() {
+    Recipe recipe = ReadRecipeText(HeaderLine(/*isJournal=*/false) + journal_.Lines());
+    CheckWhole(recipe);
+    recipe.shrunk = false;  // the picture was shrunk when it was opened
+    QByteArray film;
+    document_.RunsBeside()([&, picture = document_.Original().Picture()] {
+        const WorkReport report;
+        film = MakeFilm(recipe, picture, &RenderEffectOn, /*fit=*/false, [&report](int percent) {
+            report.Tell(percent, 100);
+            return !report.Cancelled();
         });
     });
+    return film;
 }
 
 QString SaveMenu::AskForName(const QString& title, const QString& filter, const char* suffix) {

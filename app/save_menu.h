@@ -3,7 +3,6 @@
 #pragma once
 
 #include <QObject>
-#include <functional>
 
 #include "document/document.h"
 #include "document/journal.h"
@@ -18,14 +17,15 @@ class SaveMenu : public QObject {
     Q_OBJECT
 
  public:
-    /// `button` gets the menu, also by the keyboard's menu key. `showProgress` gets percent; 100 hides it.
-    SaveMenu(QWidget& button, Document& document, const SharedState& state, Journal& journal, MsgDialog& dialog,
-             std::function<void(int)> showProgress);
+    /// `button` gets the menu, also by the keyboard's menu key.
+    SaveMenu(QWidget& button, Document& document, const SharedState& state, Journal& journal, MsgDialog& dialog);
 
  private:
     void Show(const QPoint& at);
     void SaveRecipe();
     void SaveFilm();
+    /// Empty when the user did not want to wait.
+    QByteArray Film();
     /// A name for what is to be saved, "" when the user cancelled.
     QString AskForName(const QString& title, const QString& filter, const char* suffix);
 
@@ -34,7 +34,6 @@ class SaveMenu : public QObject {
     const SharedState& state_;
     Journal& journal_;
     MsgDialog& dialog_;
-    std::function<void(int)> showProgress_;
 };
 
 }  // namespace kelu
