@@ -4,6 +4,7 @@
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
+#include <QMouseEvent>
 #include <cstring>
 #include <random>
 
@@ -104,13 +105,54 @@ void Move(benchmark::State& state) {
     Stroke(state, scene, [] {});
 }
 
-void MoveToScreen(benchmark::State& state) {
+void SoftMove(benchmark::State& state) {
     Scene scene(static_cast<int>(state.range(0)));
-    ImageX view(scene.canvas);
-    view.resize(1000, 750);
-    view.show();
-    QApplication::processEvents();
-    Stroke(state, scene, [] { QApplication::processEvents(); });
+    scene.canvas.SetBrushSoftness(50);
+    Stroke(state, scene, [] {});
+}
+
+struct Screen : Scene {
+    explicit Screen(int megapixels) : Scene(megapixels), view(canvas) {
+        view.resize(1000, 750);
+        view.show();
+        QApplication::processEvents();
+    }
+    ImageX view;
+};
+
+void MoveToScreen(benchmark::State& state) {
+    Screen screen(static_cast<int>(state.range(0)));
+    Stroke(state, screen, [] { QApplication::processEvents(); });
+}
+
+void SoftMoveToScreen(benchmark::State& state) {
+    Screen screen(static_cast<int>(state.range(0)));
+    screen.canvas.SetBrushSoftness(50);
+    Stroke(state, screen, [] { QApplication::processEvents(); });
+}
+
+/// The mouse moves over the picture with no button down; each move is on the screen.
+void Hover(benchmark::State& state, const BrushTip& tip, Screen& screen) {
+    screen.view.SetBrushTip(tip);
+    int x = 0;
+    for (auto _ : state) {
+        const QPointF at(100 + x % 800, 100 + x * 7 % 500);
+        QMouseEvent move(QEvent::MouseMove, at, at, Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+        QApplication::sendEvent(&screen.view, &move);
+        QApplication::processEvents();
+        x += 3;
+    }
+}
+
+/// The ring alone, and with the render under it.
+void RingToScreen(benchmark::State& state) {
+    Screen screen(static_cast<int>(state.range(0)));
+    Hover(state, {.size = kSize, .softness = 0, .restores = false, .paint = {}}, screen);
+}
+
+void LensToScreen(benchmark::State& state) {
+    Screen screen(static_cast<int>(state.range(0)));
+    Hover(state, {.size = kSize, .softness = 0, .restores = false, .paint = screen.pen.Picture()}, screen);
 }
 
 void Press(benchmark::State& state) {
@@ -141,6 +183,10 @@ KELU_STROKE(CopySpans);
 KELU_STROKE(MoveElsewhere);
 KELU_STROKE(Move);
 KELU_STROKE(MoveToScreen);
+KELU_STROKE(SoftMove);
+KELU_STROKE(SoftMoveToScreen);
+KELU_STROKE(RingToScreen);
+KELU_STROKE(LensToScreen);
 KELU_STROKE(Press)->Iterations(500);
 KELU_STROKE(UndoAndRedo);
 

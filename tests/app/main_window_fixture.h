@@ -53,7 +53,7 @@ class MainWindowFixture : public testing::Test {
     ImageX& canvas = *window.controls.picCanvas;
     EffectPanel& panel = *window.controls.pnlSettings;
 
-    explicit MainWindowFixture(Dialogs dialogs = Dialogs::Scripted)
+    explicit MainWindowFixture(Dialogs dialogs = Dialogs::Scripted, Journal* journal = nullptr)
         : window(state, {settings,
                          dialogs == Dialogs::Real ? static_cast<MsgDialog&>(realDialog) : dialog,
                          dialogs == Dialogs::Real ? static_cast<SaveDialog&>(realSaveDialog) : saveDialog,
@@ -62,7 +62,9 @@ class MainWindowFixture : public testing::Test {
                          camera,
                          {},
                          [this] { return anotherRuns; },
-                         {}}) {
+                         {},
+                         {},
+                         journal}) {
         camera.devices = {QStringLiteral("Camera")};
         camera.frame = QImage(64, 48, QImage::Format_RGB32);
         camera.frame.fill(Qt::green);

@@ -4,10 +4,13 @@
 #include <gtest/gtest.h>
 
 #include <QClipboard>
+#include <numeric>
 #include <random>
 
 #include "controls/progress_bar/xp_progress_bar.h"
+#include "document/replay.h"
 #include "effects/catalogue/catalogue.h"
+#include "effects/catalogue/render_on.h"
 #include "pictures/picture_file.h"
 #include "tests/app/main_window_fixture.h"
 #include "view/point_picker.h"
@@ -17,7 +20,14 @@ namespace {
 
 constexpr int kSteps = 500;
 
-struct Monkey : MainWindowFixture, testing::WithParamInterface<unsigned> {
+struct KeepsJournal {
+    QTemporaryDir stateFolder;
+    Journal journal{stateFolder.path()};
+};
+
+struct Monkey : KeepsJournal, MainWindowFixture, testing::WithParamInterface<unsigned> {
+    Monkey() : MainWindowFixture(Dialogs::Scripted, &journal) {}
+
     std::mt19937 random{GetParam()};
     QImage opened;
     QStringList done;
@@ -166,9 +176,36 @@ struct Monkey : MainWindowFixture, testing::WithParamInterface<unsigned> {
         ASSERT_EQ(Canvas(), opened);
         for (; levels > 0; --levels) Key(Qt::Key_Y, Qt::ControlModifier);
     }
+    void ExpectTheRecipeGivesThePicture() {
+        const QByteArray lines = journal.Lines();
+        if (lines.isEmpty()) return;  // painted with a brush of the picture before, which no recipe tells
+        const Recipe recipe = ReadRecipeText(HeaderLine(/*isJournal=*/false) + lines);
+        ASSERT_EQ(recipe.fault, "");
+        Surfaces again;
+        Replay replay(recipe, again, &RenderEffectOn);
+        replay.Open(journal.Picture().picture);
+        replay.DoAll();
+        EXPECT_EQ(again.picCanvas.Picture(), Canvas());
+        KeepRecipe(lines);
+    }
+    /// For tools/replayed_recipes.sh, which has another process do the same.
+    void KeepRecipe(const QByteArray& lines) {
+        const QString out = qEnvironmentVariable("KELU_RECIPES");
+        if (out.isEmpty()) return;
+        const QString stem = QDir(out).filePath(QString::number(GetParam()));
+        QFile file(stem + ".kelu");
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(RecipeText(lines, file.fileName())) > 0);
+        ASSERT_TRUE(opened.save(stem + ".photo.png") && Canvas().save(stem + ".painted.png"));
+    }
 };
 
-INSTANTIATE_TEST_SUITE_P(Seeds, Monkey, testing::Values(1u, 2u, 3u));
+std::vector<unsigned> Seeds() {
+    std::vector<unsigned> seeds(static_cast<std::size_t>(std::max(3, qEnvironmentVariableIntValue("KELU_MONKEYS"))));
+    std::iota(seeds.begin(), seeds.end(), 1u);
+    return seeds;
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, Monkey, testing::ValuesIn(Seeds()));
 
 TEST_P(Monkey, BreaksNothing) {
     MakePhoto("0.png", 160, 120);
@@ -227,6 +264,7 @@ TEST_P(Monkey, BreaksNothing) {
         ExpectAgreement();
         if (step % 50 == 0) ExpectFreshScreen();
     }
+    ExpectTheRecipeGivesThePicture();
     ExpectUndoGivesThePictureBack();
     if (HasFailure()) ADD_FAILURE() << "after " << qPrintable(done.join(", "));
     EXPECT_GT(strokes, 10) << "the monkey was idle";
