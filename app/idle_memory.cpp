@@ -3,6 +3,7 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QThreadPool>
 
 #include "engine/pixel_memory.h"
 
@@ -16,7 +17,8 @@ IdleMemory::IdleMemory() {
     pause_.start();
 }
 
-void IdleMemory::Release() { engine::ReleaseIdlePixelMemory(); }
+// On a worker: to unmap a large picture takes milliseconds.
+void IdleMemory::Release() { QThreadPool::globalInstance()->start(&engine::ReleaseIdlePixelMemory); }
 
 bool IdleMemory::eventFilter(QObject*, QEvent* event) {
     switch (event->type()) {

@@ -161,13 +161,11 @@ void Surface::PushUndo() { undo_->Open(); }
 
 void Surface::Undo() {
     if (!undo_->CanUndo()) throw Error(kNoUndoLevel, PictureTexts::tr("Nothing to undo"));
-    MakeUnique(picture_);
     Announce(undo_->Undo(picture_));
 }
 
 void Surface::Redo() {
     if (!undo_->CanRedo()) throw Error(kNoUndoLevel, PictureTexts::tr("Nothing to redo"));
-    MakeUnique(picture_);
     Announce(undo_->Redo(picture_));
 }
 

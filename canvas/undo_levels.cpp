@@ -2,8 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "canvas/undo_levels.h"
 
+#include <tbb/parallel_for_each.h>
+
 #include <algorithm>
 #include <cstring>
+
+#include "pictures/picture.h"
 
 namespace kelu {
 namespace {
@@ -121,18 +125,20 @@ QRect UndoLevels::Exchange(Level& level, QImage& picture) {
         std::swap(level.whole, picture);
         return picture.rect();
     }
+    if (level.tiles.empty()) return {};
+    MakeUnique(picture);
     uchar* const bits = picture.bits();
     const qsizetype stride = picture.bytesPerLine();
-    QRect changed;
-    for (const SavedTile& tile : level.tiles) {
+    tbb::parallel_for_each(level.tiles, [&](const SavedTile& tile) {
         const QRect rect = TileRect(tile.index);
         const std::ptrdiff_t bytes = std::ptrdiff_t{rect.width()} * 4;
         for (int y = 0; y < rect.height(); ++y) {
             uchar* row = bits + (rect.top() + y) * stride + std::ptrdiff_t{rect.left()} * 4;
             std::swap_ranges(row, row + bytes, tile.pixels + std::ptrdiff_t{y} * kTile * 4);
         }
-        changed |= rect;
-    }
+    });
+    QRect changed;
+    for (const SavedTile& tile : level.tiles) changed |= TileRect(tile.index);
     return changed;
 }
 

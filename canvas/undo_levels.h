@@ -42,8 +42,7 @@ class UndoLevels {
 
     bool CanUndo() const { return !undo_.empty(); }
     bool CanRedo() const { return !redo_.empty(); }
-    /// Exchange the pixels of a level with those of `picture`, which must be the only owner of its memory; return
-    /// what changed. A level must be there.
+    /// Exchange the pixels of a level with those of `picture`; return what changed. A level must be there.
     QRect Undo(QImage& picture);
     QRect Redo(QImage& picture);
 

@@ -121,12 +121,14 @@ Taps MixedTaps(int position, int length, int scaled) {
     return {first, first + 1, 1.0f - part, 0.0f, part};
 }
 
+Taps NearestTaps(int position, int length, int scaled) {
+    const int nearest = static_cast<int>((2 * std::int64_t{position} + 1) * length / (2 * std::int64_t{scaled}));
+    return {nearest, nearest, 1.0f, 0.0f, 0.0f};
+}
+
 Taps TapsOf(int position, int length, int scaled) {
     if (scaled > length && !IsCopied(length, scaled)) return MixedTaps(position, length, scaled);
-    if (scaled >= length) {
-        const int nearest = static_cast<int>((2 * std::int64_t{position} + 1) * length / (2 * std::int64_t{scaled}));
-        return {nearest, nearest, 1.0f, 0.0f, 0.0f};
-    }
+    if (scaled >= length) return NearestTaps(position, length, scaled);
     // In units of 1 / scaled of a source pixel everything is a whole number.
     const std::int64_t begin = std::int64_t{position} * length;
     const std::int64_t end = begin + length;
@@ -138,10 +140,10 @@ Taps TapsOf(int position, int length, int scaled) {
     return {first, last, firstPart / whole, static_cast<float>(scaled) / whole, lastPart / whole};
 }
 
-std::vector<Taps> AllTaps(int begin, int end, int length, int scaled) {
+std::vector<Taps> AllTaps(int begin, int end, int length, int scaled, decltype(TapsOf)& tapsOf = TapsOf) {
     std::vector<Taps> taps;
     taps.reserve(static_cast<std::size_t>(end - begin));
-    for (int i = begin; i < end; ++i) taps.push_back(TapsOf(i, length, scaled));
+    for (int i = begin; i < end; ++i) taps.push_back(tapsOf(i, length, scaled));
     return taps;
 }
 
@@ -244,6 +246,19 @@ void ScaleArea(const QImage& picture, const QSize& scaled, const QRect& part, QI
     }
     tbb::parallel_for(tbb::blocked_range<int>(0, part.height(), 8),
                       [&](const tbb::blocked_range<int>& range) { renderRows(range.begin(), range.end()); });
+}
+
+void SampleArea(const QImage& picture, const QSize& scaled, const QRect& part, QImage& target, const QPoint& at) {
+    if (part.isEmpty()) return;
+    const auto columns = AllTaps(part.left(), part.right() + 1, picture.width(), scaled.width(), NearestTaps);
+    const auto rows = AllTaps(part.top(), part.bottom() + 1, picture.height(), scaled.height(), NearestTaps);
+    uchar* const bits = target.bits() + std::ptrdiff_t{at.x()} * 4;
+    const qsizetype stride = target.bytesPerLine();
+    tbb::parallel_for(tbb::blocked_range<int>(0, part.height(), 16), [&](const tbb::blocked_range<int>& range) {
+        for (int y = range.begin(); y < range.end(); ++y)
+            CopyNearest(picture, columns, rows[static_cast<std::size_t>(y)].first,
+                        reinterpret_cast<QRgb*>(bits + (at.y() + y) * stride));
+    });
 }
 
 PixelRange DependentPixels(int begin, int end, int length, int scaled) {

@@ -16,6 +16,10 @@ namespace kelu {
 /// share its pixels. `part` lies inside `scaled`.
 void ScaleArea(const QImage& picture, const QSize& scaled, const QRect& part, QImage& target, const QPoint& at);
 
+/// The same with the middle pixel of each area alone: coarse, but in a tenth of the time where the picture shrinks
+/// much.
+void SampleArea(const QImage& picture, const QSize& scaled, const QRect& part, QImage& target, const QPoint& at);
+
 /// The pixels of the scaled side [0, scaled) that depend on pixels [begin, end) of the side of `length` pixels, as
 /// first and one past the last.
 struct PixelRange {

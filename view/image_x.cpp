@@ -62,6 +62,7 @@ ImageX::ImageX(Surface& surface, QWidget* parent)
         connect(bar, &QScrollBar::valueChanged, this, &ImageX::OnScrolled);
     }
     connect(&ring_, &BrushRing::TextOver, this, &ImageX::UpdateRing);
+    connect(&refine_, &QTimer::timeout, this, &ImageX::Refine);
     connect(&surface_, &Surface::PictureReplaced, this, &ImageX::OnPictureReplaced);
     connect(&surface_, &Surface::PictureChanged, this, &ImageX::OnPictureChanged);
     OnPictureReplaced();
@@ -212,6 +213,7 @@ void ImageX::OnScrolled() {
     view_ = Scale() == FittedScale() ? &fitted_ : &free_;
     if (view_ == &fitted_) free_.Invalidate();
     view_->Show(surface_.Picture(), scaled_, QRect(-origin_, viewport_));
+    if (view_->IsCoarse()) refine_.start();
     update();
     ringShown_ = RingRect();  // as large as the picture's scale makes it
 }
@@ -233,6 +235,7 @@ std::function<void(const QImage&)> ImageX::Preparation() {
         if (picture.isNull()) return;
         const FittedPlace at = PlaceFitted(picture.size(), room, ratio);
         prepared->Show(picture, at.scaled, QRect(-at.origin, at.viewport));
+        while (prepared->IsCoarse()) prepared->Refine(picture);
     };
 }
 
@@ -245,8 +248,18 @@ void ImageX::OnPictureReplaced() {
 
 void ImageX::OnPictureChanged(const QRect& imagePixels) {
     if (view_ != &fitted_) fitted_.Refresh(surface_.Picture(), imagePixels);
-    const QRect device = view_->Refresh(surface_.Picture(), imagePixels).translated(origin_);
-    if (device.isEmpty()) return;
+    UpdateScaled(view_->Refresh(surface_.Picture(), imagePixels));
+    if (fitted_.IsCoarse() || free_.IsCoarse()) refine_.start();
+}
+
+void ImageX::Refine() {
+    if (view_->IsCoarse()) return UpdateScaled(view_->Refine(surface_.Picture()));
+    if (fitted_.Refine(surface_.Picture()).isEmpty()) refine_.stop();
+}
+
+void ImageX::UpdateScaled(const QRect& pixels) {
+    if (pixels.isEmpty()) return;
+    const QRect device = pixels.translated(origin_);
     const double ratio = devicePixelRatioF();
     update(QRectF(QPointF(device.topLeft()) / ratio, QSizeF(device.size()) / ratio).toAlignedRect());
 }

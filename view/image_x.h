@@ -94,6 +94,10 @@ class ImageX : public QWidget, public SurfaceView {
     void OnPictureReplaced();
     void OnPictureChanged(const QRect& imagePixels);
     void OnScrolled();
+    /// Repaints device pixels of the scaled picture.
+    void UpdateScaled(const QRect& pixels);
+    /// Makes coarse pixels fine, a part in each turn of the event loop.
+    void Refine();
     /// Lays out scroll bars and the view for the present size, view and picture; `focus` (widget pixels) keeps the
     /// image point under it.
     void LayOut(const QPointF& focus);
@@ -113,6 +117,7 @@ class ImageX : public QWidget, public SurfaceView {
     ScaledView free_;                       ///< any other scale
     ScaledView* view_ = &fitted_;           ///< the one that shows
     std::shared_ptr<ScaledView> prepared_;  ///< for the next picture
+    QTimer refine_;                         ///< runs while pixels are coarse
     QScrollBar* horizontal_;
     QScrollBar* vertical_;
     QSize viewport_;  ///< the widget without scroll bars, device pixels

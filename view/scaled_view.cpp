@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "view/scaled_view.h"
 
-#include <QRegion>
+#include <algorithm>
 #include <cstring>
 
 #include "pictures/area_scaler.h"
@@ -40,6 +40,7 @@ void ScaledView::Show(const QImage& picture, const QSize& scaled, const QRect& w
         CopyCommon(buffer_, window_, buffer, wanted);
         missing -= window_;
     }
+    coarse_ = keeps ? coarse_ & wanted : QRegion();
     buffer_ = std::move(buffer);
     window_ = wanted;
     scaled_ = scaled;
@@ -57,8 +58,28 @@ QRect ScaledView::Refresh(const QImage& picture, const QRect& imagePixels) {
     return part;
 }
 
+double ScaledView::Share() const {
+    return static_cast<double>(pictureSize_.width()) * pictureSize_.height() /
+           (static_cast<double>(scaled_.width()) * scaled_.height());
+}
+
+QRect ScaledView::Refine(const QImage& picture) {
+    if (coarse_.isEmpty()) return {};
+    QRect part = *coarse_.begin();
+    part.setHeight(std::clamp(static_cast<int>(kAtOnce / (part.width() * Share())), 1, part.height()));
+    Render(picture, part);
+    return part;
+}
+
 void ScaledView::Render(const QImage& picture, const QRect& part) {
-    ScaleArea(picture, scaled_, part, buffer_, part.topLeft() - window_.topLeft());
+    const QPoint at = part.topLeft() - window_.topLeft();
+    if (part.height() > 1 && static_cast<double>(part.width()) * part.height() * Share() > kAtOnce) {
+        SampleArea(picture, scaled_, part, buffer_, at);
+        coarse_ += part;
+    } else {
+        ScaleArea(picture, scaled_, part, buffer_, at);
+        coarse_ -= part;
+    }
 }
 
 }  // namespace kelu

@@ -59,6 +59,18 @@ TEST(ScaledView, PartsRenewedAndScrolledEqualAFreshScaling) {
             }
         }
     }
+    // Of a large picture not all is made at once, and in the end the same.
+    const QImage large = Noise(4800, 2900, 5);
+    const QRect all(0, 0, 480, 290);
+    QImage whole(all.size(), QImage::Format_RGB32);
+    ScaleArea(large, all.size(), all, whole, QPoint(0, 0));
+    ScaledView view;
+    view.Show(large, all.size(), all);
+    QRect part = view.Refine(large);
+    EXPECT_TRUE(view.IsCoarse() && view.Pixels().copy(part) == whole.copy(part));
+    while (view.IsCoarse()) part |= view.Refine(large);
+    EXPECT_EQ(part, all);
+    EXPECT_EQ(view.Pixels(), whole);
 }
 
 class ImageXTest : public testing::Test {
