@@ -76,7 +76,7 @@ frmMain::frmMain(SharedState& state, const MainServices& services)
           [this] { return controls.pnlSettings->sldBrushSize->Value(); }, services.Log()),
       history_(surfaces.picCanvas, *controls.picCanvas, state, *controls.note, services.Log()),
       zoomView_(document_, *controls.picCanvas, state),
-      pdfExport_(surfaces.picCanvas, services.dialog, services.openDocument),
+      pdfExport_(surfaces.picCanvas, services.dialog, services.openDocument, document_.RunsBeside()),
       openSave_(document_, state, services.dialog, services.saveDialog, *controls.note,
                 {[this] { ShowBrowse(); }, [this](const QString& path) { return pdfExport_.CreatePDF(path); },
                  [this] { return RenderedEffectName(); }, services.openDocument},

@@ -38,8 +38,7 @@ class NoPrinting : public PrintService {
  public:
     QStringList Printers() override { return {}; }
     QString DefaultPrinter() override { return {}; }
-    void Print(const PrintTicket&) override {}
-    void Cancel() override {}
+    void Print(const PrintTicket&, Work&) override {}
 };
 
 /// Milliseconds of the processors that this thread has taken.
@@ -107,8 +106,8 @@ double Memory(const std::string& name) {
 class Drive {
  public:
     explicit Drive(const QString& photo) : photo_(ReadPicture(photo)) {
-        settings_.Write(settings::kResize, QStringLiteral("0"));
-        settings_.Write(settings::kReminder, QStringLiteral("0"));
+        settings_.Write(settings::kResize, 0);
+        settings_.Write(settings::kReminder, false);
         camera_.devices = {QStringLiteral("Camera")};
     }
 

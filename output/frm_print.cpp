@@ -8,6 +8,8 @@
 #include <QVBoxLayout>
 
 #include "controls/list_ex/list_ex.h"
+#include "controls/progress_bar/work_bar.h"
+#include "controls/progress_bar/xp_progress_bar.h"
 #include "controls/theme/icons.h"
 #include "controls/theme/tab_order.h"
 #include "controls/theme/theme.h"
@@ -23,8 +25,9 @@ namespace kelu {
 
 namespace {
 
-constexpr QSize kPreviewSize(380, 300);  // device-independent pixels, as the next four
+constexpr QSize kPreviewSize(380, 300);  // device-independent pixels, as the next five
 constexpr int kListWidth = 220;
+constexpr int kWaitingWidth = 250;
 constexpr int kLeastListHeight = 90;
 constexpr int kOrientationButton = 40;
 constexpr int kOrientationIcon = 26;
@@ -49,6 +52,8 @@ frmPrint::frmPrint(const QImage& picture, PrintService& service, Settings& setti
       cmdCancel(Named(new QPushButton(this), "cmdCancel")),
       lblAvPrinters(Named(new QLabel(this), "lblAvPrinters")),
       lblOrietation(Named(new QLabel(this), "lblOrietation")),
+      lblWaiting(Named(new QLabel(this), "lblWaiting")),
+      pBar1(Named(new XP_ProgressBar(this), "pBar1")),
       service_(service),
       settings_(settings),
       dialog_(dialog) {
@@ -109,7 +114,10 @@ void frmPrint::LayOut() {
 
     QVBoxLayout* content = MakeDialogFrame(*this);
     content->addLayout(middle);
-    content->addLayout(ButtonRow({}, {cmdOK, cmdCancel}));
+    content->addLayout(ButtonRow({lblWaiting, pBar1}, {cmdOK, cmdCancel}));
+    pBar1->SetBackColor(ToColorRef(theme::kSunken));
+    lblWaiting->hide();
+    pBar1->hide();
 }
 
 void frmPrint::GetPrinters() {
@@ -190,9 +198,11 @@ void frmPrint::Turn(int orientation) {
     picPrint->SetFittedView();
 }
 
-/// Meanwhile only cmdCancel can be used.
-void frmPrint::SetPrinting(bool printing) {
-    printing_ = printing;
+/// Meanwhile only cmdCancel can be used. Null: no more.
+void frmPrint::SetPrinting(Work* work) {
+    printing_ = work;
+    const bool printing = work != nullptr;
+    lblWaiting->setVisible(printing);
     for (QWidget* widget : std::initializer_list<QWidget*>{lstPrinters, Option1, Option2, picPort, picLand, cmdOK})
         widget->setEnabled(!printing);
     if (printing) return setCursor(Qt::BusyCursor);
@@ -202,20 +212,18 @@ void frmPrint::SetPrinting(bool printing) {
 
 void frmPrint::PrintNow() {
     if (printing_) return;
-    bool cancelled = false;
+    Work work;
     const bool printed = RunShowingErrors(dialog_, [&] {
         if (lstPrinters->ListIndex() < 0) throw Error(PrintService::kNoPrinterInformation, tr("No printer is chosen"));
-        SetPrinting(true);
-        const auto end = qScopeGuard([this] { SetPrinting(false); });
-        try {
-            service_.Print(
-                {lstPrinters->Text(lstPrinters->ListIndex()), Option1->isChecked(), surface.Picture(), setup});
-        } catch (const Error& error) {
-            if (error.Number() != PrintService::kPrintCancelled) throw;
-            cancelled = true;
-        }
+        const QString printer = lstPrinters->Text(lstPrinters->ListIndex());
+        lblWaiting->setText(lblWaiting->fontMetrics().elidedText(tr("Handing the page to \"%1\"").arg(printer),
+                                                                 Qt::ElideRight, kWaitingWidth));
+        SetPrinting(&work);
+        const auto end = qScopeGuard([this] { SetPrinting(nullptr); });
+        const WorkBar shown(*pBar1, work);
+        service_.Print({printer, Option1->isChecked(), surface.Picture(), setup}, work);
     });
-    if (cancelled) return QDialog::reject();
+    if (!printed && work.cancelled) return QDialog::reject();
     if (!printed) return;
     SaveMySettings();
     accept();
@@ -223,7 +231,7 @@ void frmPrint::PrintNow() {
 
 void frmPrint::reject() {
     if (printing_)
-        service_.Cancel();
+        printing_->cancelled = true;
     else
         QDialog::reject();
 }

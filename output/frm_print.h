@@ -17,6 +17,8 @@ class QRadioButton;
 
 namespace kelu {
 
+class XP_ProgressBar;
+
 class ListEx;
 class ToolButton;
 
@@ -38,6 +40,8 @@ class frmPrint : public QDialog {
     QPushButton* const cmdCancel;
     QLabel* const lblAvPrinters;
     QLabel* const lblOrietation;
+    QLabel* const lblWaiting;  ///< while a page is on its way, as the next
+    XP_ProgressBar* const pBar1;
 
     /// Fixed at its start values as long as no control shows it.
     PageSetup setup;
@@ -55,14 +59,14 @@ class frmPrint : public QDialog {
     void RotateLeft();
     void RotateRight();
     void Turn(int orientation);
-    void SetPrinting(bool printing);
+    void SetPrinting(Work* work);
     void PrintNow();
 
     PrintService& service_;
     Settings& settings_;
     MsgDialog& dialog_;
     bool rotated_ = false;
-    bool printing_ = false;
+    Work* printing_ = nullptr;  ///< the page on its way
 };
 
 }  // namespace kelu

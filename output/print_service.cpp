@@ -30,8 +30,7 @@ constexpr double kLookSeconds = 0.25;        // between two looks at the cancel 
 /// A talk with the print server, for one thread. Every answer is waited for so long and no longer.
 class PrintServer {
  public:
-    PrintServer(int patienceMs, const std::atomic<bool>& cancelled)
-        : patience_(patienceMs / 1000.0), cancelled_(cancelled) {
+    explicit PrintServer(int patienceMs) : patience_(patienceMs / 1000.0) {
         // Without this the library would ask for a password on the terminal.
         cupsSetPasswordCB2([](const char*, http_t*, const char*, const char*, void*) -> const char* { return nullptr; },
                            nullptr);
@@ -53,7 +52,7 @@ class PrintServer {
         auto& server = *static_cast<PrintServer*>(self);
         server.waited_ += kLookSeconds;
         server.silent_ = server.silent_ || server.waited_ >= server.patience_;
-        return !server.silent_ && !server.cancelled_;
+        return !server.silent_ && !server.report_.Cancelled();
     }
 
     struct Close {
@@ -61,7 +60,7 @@ class PrintServer {
     };
     std::unique_ptr<http_t, Close> http_;
     const double patience_;
-    const std::atomic<bool>& cancelled_;
+    const WorkReport report_;
     double waited_ = 0;
     bool silent_ = false;
 };
@@ -128,13 +127,13 @@ PdfPage Sheet(const PrintTicket& ticket, const QSizeF& paper) {
 
 [[noreturn]] void Fail(const QString& reason) { throw Error(kFileError, reason, QStringLiteral("PrintNow")); }
 
-void SendToServer(const PrintTicket& ticket, int patience, const std::atomic<bool>& cancelled) {
+void SendToServer(const PrintTicket& ticket, int patience) {
     const auto check = [&](bool good, const PrintServer& server) {
-        if (cancelled) throw Error(PrintService::kPrintCancelled, Texts::tr("Printing was cancelled"));
+        if (WorkReport().Cancelled()) throw WorkCancelled();
         if (server.Silent()) Fail(Texts::tr("The print server does not answer"));
         if (!good) Fail(ticket.printer + QStringLiteral(": ") + QString::fromUtf8(cupsLastErrorString()));
     };
-    PrintServer server(patience, cancelled);
+    PrintServer server(patience);
     check(server.Connected(), server);
     const Destinations printers(server);
     cups_dest_t* printer = printers.Find(ticket.printer);
@@ -147,8 +146,7 @@ void SendToServer(const PrintTicket& ticket, int patience, const std::atomic<boo
 
     QTemporaryFile document(TemporaryFolder() + QStringLiteral("/kelu-print-XXXXXX.pdf"));  // the user's alone
     if (!document.open()) Fail(document.errorString());
-    WritePdfPage(document, ticket.picture, Sheet(ticket, paper), KeluPdfProperties(),
-                 [&](double) { return !cancelled; });
+    WritePdfPage(document, ticket.picture, Sheet(ticket, paper), KeluPdfProperties());
     if (!document.flush()) Fail(document.errorString());
     check(true, server);
     const int job =
@@ -162,9 +160,8 @@ void SendToServer(const PrintTicket& ticket, int patience, const std::atomic<boo
 QStringList SystemPrintService::Printers() {
     QStringList names;
     default_.clear();
-    cancelled_ = false;
     RunBeside([&] {
-        PrintServer server(listPatience_, cancelled_);
+        PrintServer server(listPatience_);
         if (!server.Connected()) return;  // nobody prints here
         for (const cups_dest_t& each : Destinations(server)) {
             names.append(Destinations::NameOf(each));
@@ -175,9 +172,8 @@ QStringList SystemPrintService::Printers() {
     return names;
 }
 
-void SystemPrintService::Print(const PrintTicket& ticket) {
-    cancelled_ = false;
-    RunBeside([&] { SendToServer(ticket, jobPatience_, cancelled_); }, UserInput::Let);
+void SystemPrintService::Print(const PrintTicket& ticket, Work& work) {
+    RunBeside([&] { SendToServer(ticket, jobPatience_); }, UserInput::Let, &work);
 }
 
 }  // namespace kelu

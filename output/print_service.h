@@ -4,9 +4,9 @@
 
 #include <QImage>
 #include <QStringList>
-#include <atomic>
 
 #include "output/pdf/page_layout.h"
+#include "platform/run_beside.h"
 
 namespace kelu {
 
@@ -21,8 +21,6 @@ class PrintService {
  public:
     /// Raised by Printers when the system can't tell of its printers.
     static constexpr int kNoPrinterInformation = 484;
-    /// Raised by Print when Cancel ended it.
-    static constexpr int kPrintCancelled = 482;
 
     virtual ~PrintService() = default;
 
@@ -31,10 +29,9 @@ class PrintService {
     /// Device name of the default printer; empty when there is none.
     virtual QString DefaultPrinter() = 0;
     /// Prints one page on the paper that the printer has by default, and returns when the print system has taken it;
-    /// events run meanwhile. Throws Error with the system's own reason when it refuses.
-    virtual void Print(const PrintTicket& ticket) = 0;
-    /// Ends a running Print.
-    virtual void Cancel() = 0;
+    /// events run meanwhile. `work` tells how far the page is made, and ends it (WorkCancelled). Throws Error with the
+    /// system's own reason when it refuses.
+    virtual void Print(const PrintTicket& ticket, Work& work) = 0;
 };
 
 /// The system's print server, which gets the page as a PDF document. It is waited for beside the interface thread.
@@ -47,14 +44,12 @@ class SystemPrintService : public PrintService {
 
     QStringList Printers() override;
     QString DefaultPrinter() override { return default_; }
-    void Print(const PrintTicket& ticket) override;
-    void Cancel() override { cancelled_ = true; }
+    void Print(const PrintTicket& ticket, Work& work) override;
 
  private:
     const int listPatience_;
     const int jobPatience_;
     QString default_;
-    std::atomic<bool> cancelled_ = false;
 };
 
 }  // namespace kelu

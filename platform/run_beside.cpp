@@ -86,7 +86,9 @@ void RunBeside(const std::function<void()>& run, UserInput input, Work* work) {
     });
     thread->start();
     loop.exec();
-    thread->wait();  // the loop ends early only with the application
+    // The loop ends early only with the application, which nobody is to wait for.
+    if (work && !thread->isFinished()) work->cancelled = true;
+    thread->wait();
     if (failure && work && work->cancelled) throw WorkCancelled();
     if (failure) std::rethrow_exception(failure);
 }

@@ -10,7 +10,6 @@
 #include "pictures/picture_texts.h"
 #include "platform/atomic_file.h"
 #include "platform/error.h"
-#include "platform/run_beside.h"
 
 namespace kelu {
 
@@ -48,13 +47,18 @@ void WritePdf(const QImage& picture, const QString& path, const PdfProperties& p
 }
 
 bool PdfExport::CreatePDF(const QString& path) {
-    bool written = false;
+    bool written = false, left = false;
     RunShowingErrors(dialog_, [&] {
-        const QImage picture = picCanvas_.Picture();
-        RunBeside([&] { WritePdf(picture, path, KeluPdfProperties()); });
+        try {
+            beside_([&, picture = picCanvas_.Picture()] { WritePdf(picture, path, KeluPdfProperties()); });
+        } catch (const WorkCancelled&) {
+            left = true;
+            return;
+        }
         written = true;
         LaunchPDF(path);
     });
+    if (left) throw WorkCancelled();
     return written;
 }
 

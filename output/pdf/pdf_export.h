@@ -10,6 +10,7 @@
 #include "canvas/surface.h"
 #include "output/pdf/pdf_writer.h"
 #include "platform/msg_dialog.h"
+#include "platform/run_beside.h"
 
 namespace kelu {
 
@@ -23,11 +24,12 @@ void WritePdf(const QImage& picture, const QString& path, const PdfProperties& p
 
 class PdfExport {
  public:
-    PdfExport(Surface& picCanvas, MsgDialog& dialog, std::function<bool(const QString&)> openDocument)
-        : picCanvas_(picCanvas), dialog_(dialog), openDocument_(std::move(openDocument)) {}
+    /// `beside` runs the writing.
+    PdfExport(Surface& picCanvas, MsgDialog& dialog, std::function<bool(const QString&)> openDocument, Beside beside)
+        : picCanvas_(picCanvas), dialog_(dialog), openDocument_(std::move(openDocument)), beside_(std::move(beside)) {}
 
-    /// Writes the canvas to `path` and says so. A failure shows the standard error message;
-    /// false when nothing was written.
+    /// Writes the canvas to `path` and says so. A failure shows the standard error message; false when nothing was
+    /// written. Throws WorkCancelled when the user left it; the old file then stands.
     bool CreatePDF(const QString& path);
 
  private:
@@ -37,6 +39,7 @@ class PdfExport {
     Surface& picCanvas_;
     MsgDialog& dialog_;
     std::function<bool(const QString&)> openDocument_;
+    Beside beside_;
 };
 
 }  // namespace kelu

@@ -12,12 +12,11 @@
 #include "pictures/picture_encoders.h"
 #include "pictures/picture_texts.h"
 #include "platform/error.h"
+#include "platform/run_beside.h"
 
 namespace kelu {
 
 namespace {
-
-struct GivenUp {};
 
 /// Writes objects one behind the other and remembers where each begins.
 class Objects {
@@ -91,17 +90,17 @@ QByteArray Properties(const PdfProperties& properties) {
 }
 
 /// Returns the length of the stream.
-qint64 WriteRows(Objects& objects, const QImage& paper, RowSamples samples, const PdfProgress& progress) {
+qint64 WriteRows(Objects& objects, const QImage& paper, RowSamples samples) {
     const qint64 begin = objects.Position();
+    const WorkReport report;
     DeflateRows(paper, samples, [&](std::span<const std::uint8_t> piece, int rows) {
         objects.Write(reinterpret_cast<const char*>(piece.data()), static_cast<qint64>(piece.size()));
-        if (progress && !progress(static_cast<double>(rows) / paper.height())) throw GivenUp();
+        report(rows, paper.height());
     });
     return objects.Position() - begin;
 }
 
-void WriteDocument(QIODevice& device, const QImage& paper, const PdfPage& page, const PdfProperties& properties,
-                   const PdfProgress& progress) {
+void WriteDocument(QIODevice& device, const QImage& paper, const PdfPage& page, const PdfProperties& properties) {
     Objects objects(device);
     objects.Add("<< /Type /Catalog /Pages 2 0 R >>");
     objects.Add("<< /Type /Pages /Kids [3 0 R] /Count 1 >>");
@@ -121,7 +120,7 @@ void WriteDocument(QIODevice& device, const QImage& paper, const PdfPage& page, 
         " /BitsPerComponent 8\n/ColorSpace " + (samples == RowSamples::Grey ? "/DeviceGray" : "/DeviceRGB") +
         " /Filter /FlateDecode\n/DecodeParms << /Predictor 15 /Colors " +
         QByteArray::number(static_cast<int>(samples)) + " /Columns " + width + " >> /Length 6 0 R >>\nstream\n");
-    const qint64 length = WriteRows(objects, paper, samples, progress);
+    const qint64 length = WriteRows(objects, paper, samples);
     objects.Write("\nendstream");
     objects.End();
     objects.Add(QByteArray::number(length));
@@ -131,15 +130,9 @@ void WriteDocument(QIODevice& device, const QImage& paper, const PdfPage& page, 
 
 }  // namespace
 
-bool WritePdfPage(QIODevice& device, const QImage& picture, const PdfPage& page, const PdfProperties& properties,
-                  const PdfProgress& progress) {
+void WritePdfPage(QIODevice& device, const QImage& picture, const PdfPage& page, const PdfProperties& properties) {
     if (picture.isNull()) throw Error(kInvalidPicture, PictureTexts::tr("There is no picture to save"));
-    try {
-        WriteDocument(device, OverWhite(picture), page, properties, progress);
-    } catch (const GivenUp&) {
-        return false;
-    }
-    return true;
+    WriteDocument(device, OverWhite(picture), page, properties);
 }
 
 }  // namespace kelu

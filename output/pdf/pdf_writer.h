@@ -6,7 +6,6 @@
 #include <QImage>
 #include <QRectF>
 #include <QString>
-#include <functional>
 
 namespace kelu {
 
@@ -24,12 +23,8 @@ struct PdfPage {
     QRectF picture;  ///< from the upper left corner; may reach beyond the page
 };
 
-/// Told now and then, on any thread: the part of the picture that is written, 0 to 1. False gives the work up.
-using PdfProgress = std::function<bool(double part)>;
-
 /// Throws Error: kInvalidPicture without a picture, kFileError when the device doesn't take all bytes. Transparency is
-/// laid over white. Returns false when `progress` gave it up; what was written then is no document.
-bool WritePdfPage(QIODevice& device, const QImage& picture, const PdfPage& page, const PdfProperties& properties,
-                  const PdfProgress& progress = {});
+/// laid over white. Reports as work does (WorkReport).
+void WritePdfPage(QIODevice& device, const QImage& picture, const PdfPage& page, const PdfProperties& properties);
 
 }  // namespace kelu

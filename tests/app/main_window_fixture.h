@@ -27,8 +27,7 @@ class PaperOnlyPrinting : public PrintService {
  public:
     QStringList Printers() override { return {QStringLiteral("Paper")}; }
     QString DefaultPrinter() override { return QStringLiteral("Paper"); }
-    void Print(const PrintTicket&) override {}
-    void Cancel() override {}
+    void Print(const PrintTicket&, Work&) override {}
 };
 
 /// Messages and the save dialog are scripted, or the real ones, which a DialogScript then answers.

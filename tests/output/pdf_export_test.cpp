@@ -83,7 +83,9 @@ TEST_F(PdfTest, TheUserIsToldAndAskedAndAFailureLeavesNothing) {
     canvas.SetPicture(Tiles(20, 20, 20));
     ScriptedDialog dialog;
     QStringList opened;
-    PdfExport pdf(canvas, dialog, [&](const QString& file) { return opened << file, true; });
+    PdfExport pdf(
+        canvas, dialog, [&](const QString& file) { return opened << file, true; },
+        [](const std::function<void()>& run) { run(); });
     pdf.CreatePDF(folder.filePath("no/such/folder.pdf"));
     EXPECT_TRUE(QDir(folder.path()).isEmpty());
     const QString odd = folder.filePath("page.png");  // the extension plays no part

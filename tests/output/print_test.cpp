@@ -59,19 +59,17 @@ class ScriptedPrintService : public PrintService {
     int listError = 0;
     std::function<void()> whilePrinting;
     QList<PrintTicket> jobs;
-    bool cancelled = false;
 
     QStringList Printers() override {
         if (listError) throw Error(listError, "no list");
         return printers;
     }
     QString DefaultPrinter() override { return "Photo"; }
-    void Print(const PrintTicket& ticket) override {
+    void Print(const PrintTicket& ticket, Work& work) override {
         if (whilePrinting) whilePrinting();
-        if (cancelled) throw Error(kPrintCancelled, "cancelled");
+        if (work.cancelled) throw WorkCancelled();
         jobs << ticket;
     }
-    void Cancel() override { cancelled = true; }
 };
 
 struct PrintDialogTest : testing::Test {
@@ -121,6 +119,8 @@ TEST_F(PrintDialogTest, FailuresKeepTheDialogAndTheSetting) {
     frmPrint form(picture, service, settings, dialog, nullptr);
     form.show();
     service.whilePrinting = [&] {
+        EXPECT_EQ(form.lblWaiting->text(), "Handing the page to \"Photo\"");
+        EXPECT_TRUE(form.lblWaiting->isVisible());
         EXPECT_FALSE(form.cmdOK->isEnabled() || form.lstPrinters->isEnabled());
         throw Error(kFileError, "out of paper");
     };
@@ -132,7 +132,7 @@ TEST_F(PrintDialogTest, FailuresKeepTheDialogAndTheSetting) {
 
     service.whilePrinting = [&] { QTest::keyClick(&form, Qt::Key_Escape); };
     form.cmdOK->click();
-    EXPECT_TRUE(service.cancelled);
+    EXPECT_TRUE(service.jobs.isEmpty());
     EXPECT_FALSE(form.isVisible());
     EXPECT_EQ(settings.Read(settings::kPrinter), 0);
     EXPECT_EQ(dialog.shown.size(), 1u) << "a cancel is told as an error";
