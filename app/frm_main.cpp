@@ -95,7 +95,8 @@ frmMain::frmMain(SharedState& state, const MainServices& services)
                {services.camera, services.dialog, services.playSound, BesideProgram("data")}),
       mail_(surfaces.picCanvas, state, services.dialog,
             [this, draft = MailDraft()](const QString& attachment) mutable {
-                ShowEmailForm(attachment, services_.settings, services_.dialog, draft, this);
+                const QString sent = ShowEmailForm(attachment, services_.settings, services_.dialog, draft, this);
+                if (!sent.isEmpty()) controls.note->Show({sent});
             }),
       help_(state, services.dialog, BesideProgram("help")),
       helpKey_([this](const QString& page) { help_.ShowPage(page); }),

@@ -57,6 +57,8 @@ frmEmail::frmEmail(SmtpSender& smtp, MailClient& client, MsgDialog& dialog, Sett
     setWindowTitle(tr("E-mail"));
     MakeFrameEmail();
     MakeFrameGmail();
+    lblWaiting = new QLabel(tr("Waiting for the mail server"), this);
+    lblWaiting->hide();
     pBar1 = new XP_ProgressBar(this);
     pBar1->setObjectName(QStringLiteral("pBar1"));
     pBar1->SetBackColor(ToColorRef(theme::kSunken));
@@ -76,6 +78,7 @@ frmEmail::frmEmail(SmtpSender& smtp, MailClient& client, MsgDialog& dialog, Sett
     body->addWidget(FrameGmail);
     auto* bottom = new QHBoxLayout;
     bottom->setSpacing(theme::kSpacing);
+    bottom->addWidget(lblWaiting);
     bottom->addWidget(pBar1, 1);
     bottom->addSpacing(theme::kMargin);
     bottom->addWidget(cmdSend);
@@ -221,6 +224,7 @@ void frmEmail::SetSending(bool sending) {
     sending_ = sending;
     for (QWidget* widget : std::initializer_list<QWidget*>{cmdCancel, cmdSend, FrameEmail, FrameGmail})
         widget->setEnabled(!sending);
+    lblWaiting->setVisible(sending);
     if (!sending) pBar1->hide();
 }
 
@@ -306,6 +310,11 @@ void frmEmail::SendviaMAPI() {
     if (!sent) return;
     QCoreApplication::processEvents();
     accept();
+}
+
+QString frmEmail::SentText() const {
+    if (method_ == MailMethod::Client) return tr("The e-mail is on its way: send it from your mail program");
+    return tr("The e-mail is on its way to %1").arg((method_ == MailMethod::Account ? txtTo2 : txtTo1)->text());
 }
 
 void frmEmail::ShowProgress(qint64 sent, qint64 total) {

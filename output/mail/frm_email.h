@@ -16,6 +16,7 @@
 #include "platform/msg_dialog.h"
 
 class QGroupBox;
+class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
 class QPushButton;
@@ -48,6 +49,8 @@ class frmEmail : public QDialog {
     void SendviaMAPI();
     /// The user's mail account. As the first way.
     void SendviaGmail();
+    /// What became of the message that was sent, for the user.
+    QString SentText() const;
 
     QGroupBox* FrameEmail;
     QLineEdit* txtFrom1;
@@ -60,6 +63,7 @@ class frmEmail : public QDialog {
     QLineEdit* txtCC2;
     QLineEdit* txtSubject2;
     QPlainTextEdit* txtText2;
+    QLabel* lblWaiting;  ///< while a message is on its way
     XP_ProgressBar* pBar1;
     QPushButton* cmdSend;
     QPushButton* cmdCancel;

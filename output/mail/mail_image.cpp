@@ -54,12 +54,12 @@ void MailImage::EmailPhoto() {
     });
 }
 
-void ShowEmailForm(const QString& attachment, Settings& settings, MsgDialog& dialog, MailDraft& draft,
-                   QWidget* parent) {
+QString ShowEmailForm(const QString& attachment, Settings& settings, MsgDialog& dialog, MailDraft& draft,
+                      QWidget* parent) {
     SmtpSender smtp;
     DesktopMailClient client;
     frmEmail form(smtp, client, dialog, settings, attachment, draft, MailPorts(), parent);
-    form.exec();
+    return form.exec() == QDialog::Accepted ? form.SentText() : QString();
 }
 
 }  // namespace kelu

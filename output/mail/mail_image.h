@@ -37,7 +37,9 @@ class MailImage {
     CWinInetConnection connection_;
 };
 
-/// Shows frmEmail with its real carriers. `dialog` shows the form's messages.
-void ShowEmailForm(const QString& attachment, Settings& settings, MsgDialog& dialog, MailDraft& draft, QWidget* parent);
+/// Shows frmEmail with its real carriers. `dialog` shows the form's messages. What became of the e-mail; empty when it
+/// was not sent.
+QString ShowEmailForm(const QString& attachment, Settings& settings, MsgDialog& dialog, MailDraft& draft,
+                      QWidget* parent);
 
 }  // namespace kelu

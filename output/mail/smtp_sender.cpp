@@ -6,7 +6,6 @@
 
 #include "output/mail/mail_error.h"
 #include "platform/error.h"
-#include "platform/run_beside.h"
 
 namespace kelu {
 
@@ -17,13 +16,17 @@ SmtpSender::~SmtpSender() = default;
 void SmtpSender::RunMeanwhile(const std::function<void()>& work) {
     if (busy_) throw Error(kMailFailed, tr("A message is being sent already"), QStringLiteral("Send"));
     const QScopedValueRollback<bool> busy(busy_, true);
-    cancelled_ = false;
-    RunBeside(work, UserInput::Let);
+    work_.cancelled = false;
+    try {
+        RunBeside(work, UserInput::Let, &work_);
+    } catch (const WorkCancelled&) {
+        throw Error(kMailCancelled, tr("Sending was cancelled"), QStringLiteral("Send"));
+    }
 }
 
 std::vector<MailHost> SmtpSender::MailHostOf(const QString& address) {
     std::vector<MailHost> hosts;
-    RunMeanwhile([&] { hosts = FindMailHosts(address, nameServers_, cancelled_); });
+    RunMeanwhile([&] { hosts = FindMailHosts(address, nameServers_, work_.cancelled); });
     return hosts;
 }
 
@@ -34,7 +37,7 @@ void SmtpSender::Send(const MailMessage& message) {
     qint64 lastSent = 0;
     RunMeanwhile([&] {
         delivery.text = message.Text();
-        DeliverBySmtp(delivery, cancelled_, [&](qint64 sent, qint64 total) {
+        DeliverBySmtp(delivery, work_.cancelled, [&](qint64 sent, qint64 total) {
             if (sent == lastSent || sent >= total) return;
             lastSent = sent;
             QMetaObject::invokeMethod(

@@ -3,13 +3,13 @@
 #pragma once
 
 #include <QObject>
-#include <atomic>
 #include <functional>
 #include <vector>
 
 #include "output/mail/mail_host_lookup.h"
 #include "output/mail/mail_message.h"
 #include "output/mail/smtp_session.h"
+#include "platform/run_beside.h"
 
 namespace kelu {
 
@@ -44,7 +44,7 @@ class SmtpSender : public QObject {
     /// Returns when the message has gone; throws Error if not.
     void Send(const MailMessage& message);
     /// Ends a running operation, which then throws Error(kMailCancelled).
-    void Disconnect() { cancelled_ = true; }
+    void Disconnect() { work_.cancelled = true; }
 
  Q_SIGNALS:
     /// Bytes of the message; ends with both the same when the message has gone.
@@ -55,7 +55,7 @@ class SmtpSender : public QObject {
 
     SmtpDelivery delivery_;
     NameServerOptions nameServers_;
-    std::atomic<bool> cancelled_ = false;
+    Work work_;
     bool busy_ = false;
 };
 
