@@ -88,7 +88,8 @@ frmMain::frmMain(SharedState& state, const MainServices& services)
                         painter_.SetUpBrush();
                         controls.pnlSettings->RememberApplied();
                     },
-                    [this] { reminder_.PrepareReminder(); }},
+                    [this] { reminder_.PrepareReminder(); },
+                    [this] { controls.note->Show({tr("Not enough memory for this effect on this picture")}); }},
                    services.Log()),
       commandLook_(controls, surfaces.picCanvas, state, application_),
       capture_(document_, capturePreview, *controls.picCanvas, *controls.picCapPreview, state,

@@ -12,7 +12,7 @@
 #include "effects/catalogue/render_onto.h"
 #include "effects/effect_controls.h"
 #include "effects/render_window.h"
-#include "platform/error.h"
+#include "platform/lack_of_memory.h"
 #include "platform/run_beside.h"
 
 namespace kelu {
@@ -49,6 +49,7 @@ void EffectApplication::ApplySFX(const Effect& effect) {
     // Before the first report nothing shuts the window, and short renders make none.
     if (applying_) return;
     const QScopedValueRollback<bool> once(applying_, true);
+    lackedMemory_ = false;
     EffectInputs inputs;
     ReadPoint(effect, inputs);
     const QImage penBefore = pen_.Picture();
@@ -68,6 +69,7 @@ EffectApplication::Outcome EffectApplication::RenderOnEngine(const Effect& effec
         const Renderer render = RendererOf(effect, inputs);
         window_.RunRender([&] {
             effectResult_ = engine_.Render(render);
+            lackedMemory_ = engine_.LackedMemory();
             if (!effectResult_ && WorkReport().Cancelled()) throw WorkCancelled();
         });
     });
@@ -102,8 +104,9 @@ bool EffectApplication::RunRender(const std::function<void()>& render) {
         render();
     } catch (const WorkCancelled&) {
         done = false;
-    } catch (const std::exception&) {
+    } catch (const std::exception& failure) {
         // As any failure of a step.
+        lackedMemory_ = IsLackOfMemory(failure);
     }
     // Reports of another thread that are still on their way: the last one opens the window again.
     QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
@@ -144,8 +147,13 @@ void EffectApplication::ArmBrush(const Effect& effect, const EffectInputs& input
     renderedInputs_ = inputs;
     canvasChanged_ = false;
     state_.EffectReady = true;
-    Attempt(lastSteps_.setUpBrush);
+    try {
+        lastSteps_.setUpBrush();
+    } catch (const std::exception& failure) {
+        lackedMemory_ = lackedMemory_ || IsLackOfMemory(failure);
+    }
     Attempt(lastSteps_.prepareReminder);
+    if (lackedMemory_) lastSteps_.tellNoMemory();
 }
 
 void EffectApplication::EngineProgress(int percent) {

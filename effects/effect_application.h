@@ -27,6 +27,7 @@ class EffectApplication : public QObject {
     struct LastSteps {
         std::function<void()> setUpBrush;       ///< makes the brush anew from the pen
         std::function<void()> prepareReminder;  ///< tells the user to paint
+        std::function<void()> tellNoMemory;     ///< last, when render or brush found none
     };
 
     EffectApplication(Surface& canvas, Surface& pen, PixTwix& engine, SharedState& state,
@@ -82,6 +83,7 @@ class EffectApplication : public QObject {
     bool canvasChanged_ = true;
     bool effectResult_ = false;
     bool applying_ = false;
+    bool lackedMemory_ = false;  // the render under way
     bool formShut_ = false;
 };
 

@@ -24,6 +24,7 @@
 #include "engine/sketch.h"
 #include "engine/wind.h"
 #include "pictures/picture.h"
+#include "platform/lack_of_memory.h"
 #include "platform/run_beside.h"
 #include "platform/units.h"
 
@@ -40,6 +41,7 @@ bool PixTwix::Render(const Renderer& renderer) {
     // A report lets events run, and one of them may ask for another render: it is refused.
     if (rendering_ || picture_.isNull()) return false;
     const QScopedValueRollback<bool> once(rendering_, true);
+    lackedMemory_ = false;
 
     const QImage source = picture_;  // keeps the pixels, whatever is set meanwhile
     QImage result;
@@ -54,8 +56,9 @@ bool PixTwix::Render(const Renderer& renderer) {
     };
     try {
         result = renderer(source, run);
-    } catch (const std::exception&) {
-        // The answer false says it all: the caller goes on with the picture that it had.
+    } catch (const std::exception& failure) {
+        // Else the answer false says it all: the caller goes on with the picture that it had.
+        lackedMemory_ = IsLackOfMemory(failure);
     }
     // Whoever heard of less than 100 has locked its window and waits for this.
     if (reported < kDone) Q_EMIT FxProgress(kDone);

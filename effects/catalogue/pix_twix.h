@@ -26,6 +26,8 @@ class PixTwix : public QObject {
 
     /// Any render that answers to the same rules.
     bool Render(const Renderer& renderer);
+    /// Whether the last operation answered false for want of memory.
+    bool LackedMemory() const { return lackedMemory_; }
 
     // FxGrayscale to FxWind: one for each line of the list.
 #define KELU_DECLARE(Name, parameters, call) bool Name parameters;
@@ -43,6 +45,7 @@ class PixTwix : public QObject {
     QImage picture_;
     int threads_;
     bool rendering_ = false;
+    bool lackedMemory_ = false;
 };
 
 }  // namespace kelu

@@ -82,8 +82,9 @@ Effect FullRow() {
 class EffectApplicationTest : public testing::Test {
  protected:
     EffectApplicationTest()
-        : application(canvas, pen, engine, state, controls, window,
-                      {[] { log.push_back("brush"); }, [] { log.push_back("reminder"); }}) {
+        : application(
+              canvas, pen, engine, state, controls, window,
+              {[] { log.push_back("brush"); }, [] { log.push_back("reminder"); }, [] { log.push_back("no memory"); }}) {
         log.clear();
         duringRender = nullptr;
         received = {};
@@ -126,6 +127,17 @@ TEST_F(EffectApplicationTest, AFailingRenderLeavesTheCanvasOnThePenAndArmsTheBru
     EXPECT_FALSE(application.EffectResult());
     EXPECT_TRUE(state.EffectReady);
     EXPECT_EQ(pen.Picture(), canvas.Picture());
+
+    // For want of memory: that is told, on whichever picture it is rendered.
+    duringRender = [] { throw std::bad_alloc(); };
+    for (const Fills fills : {Fills::Engine, Fills::Pen}) {
+        Effect row = PlainRow();
+        row.fills = fills;
+        application.ApplySFX(row);
+        EXPECT_EQ(log.back(), "no memory");
+        log.pop_back();
+    }
+    EXPECT_EQ(log.back(), "reminder");
 }
 
 TEST_F(EffectApplicationTest, AFailingStepIsPassedOver) {
