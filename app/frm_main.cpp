@@ -93,7 +93,7 @@ frmMain::frmMain(SharedState& state, const MainServices& services)
                    services.Log()),
       commandLook_(controls, surfaces.picCanvas, state, application_),
       capture_(document_, capturePreview, *controls.picCanvas, *controls.picCapPreview, state,
-               {services.camera, services.dialog, services.playSound, BesideProgram("data")}),
+               {services.camera, services.dialog, services.settings, services.playSound, BesideProgram("data")}),
       mail_(surfaces.picCanvas, state, services.dialog,
             [this, draft = MailDraft()](const QString& attachment) mutable {
                 const QString sent = ShowEmailForm(attachment, services_.settings, services_.dialog, draft, this);

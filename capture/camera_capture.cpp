@@ -52,10 +52,13 @@ void CameraCapture::DevicesFound() {
         } catch (const Error& error) {
             if (error.Number() != kNoCamera) throw;
             state_.CameraMissing = true;
-            entersLater_ = false;  // the message answers the key as well
+            const bool asked = std::exchange(entersLater_, false);  // the message answers the key as well
+            if (!asked && services_.settings.Read(settings::kCameraReminder) == false) return;
             Message message{tr("Error"), tr(kNoDevice), MsgIcon::Error};
+            message.checkbox = tr("Don't Show This Again");
             message.title = tr("Error");
-            services_.dialog.ShowMessage(message);
+            if (services_.dialog.ShowMessage(message).ticked)
+                services_.settings.Write(settings::kCameraReminder, false);
         }
     });
     if (std::exchange(loadsLater_, false)) {

@@ -21,6 +21,7 @@ namespace kelu {
 struct CaptureServices {
     VideoCapX& VCX1;
     MsgDialog& dialog;
+    Settings& settings;
     std::function<void(const QString& path)> playSound;  ///< must not wait for the sound's end; may be empty
     QString dataFolder;                                  ///< of ploader.rs and kelu.snd
 };
@@ -36,7 +37,7 @@ class CameraCapture : public QObject {
     CameraCapture(Document& document, Surface& preview, SurfaceView& canvasView, SurfaceView& previewView,
                   SharedState& state, const CaptureServices& services);
 
-    /// With no device: a message, and CameraMissing.
+    /// With no device: CameraMissing, and a message unless the user wants no more of it.
     void Connect2Camera();
     /// Adds the names of the devices to the list; it is not cleared before.
     void LoadDevices();

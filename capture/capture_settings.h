@@ -14,6 +14,8 @@ inline constexpr ChoiceSetting<CaptureSize> kCaptureSize{
     {"Capture", "Size"}, CaptureSize::Large, CaptureSize::Small, CaptureSize::Large};
 /// Index of the camera, in spite of its name.
 inline constexpr NumberSetting kDevice{{"Device", "Name"}, 0};
+/// Tell at the start that there is no camera.
+inline constexpr FlagSetting kCameraReminder{{"Capture", "Reminder"}, true};
 }  // namespace settings
 
 }  // namespace kelu

@@ -10,6 +10,7 @@
 
 #include "pictures/picture_file.h"
 #include "platform/temporary_folder.h"
+#include "tests/support/memory_settings.h"
 #include "tests/support/scripted_camera.h"
 #include "tests/support/scripted_dialog.h"
 
@@ -40,10 +41,12 @@ struct CameraCaptureTest : testing::Test {
     Document document{surfaces, canvasView, originalView, state};
     ScriptedCamera camera;
     ScriptedDialog dialog;
+    MemorySettings settings;
     QStringList sounds;
     CameraCapture capture{
-        document,    preview, canvasView,
-        previewView, state,   {camera, dialog, [this](const QString& path) { sounds.append(path); }, data.path()}};
+        document,   preview,
+        canvasView, previewView,
+        state,      {camera, dialog, settings, [this](const QString& path) { sounds.append(path); }, data.path()}};
     bool panel = false, previewShown = false, zoom = true;
     QString status;
     const QString snapshot = QDir(TemporaryFolder()).filePath("Kelu_Cap.png");
@@ -83,12 +86,16 @@ struct CameraCaptureTest : testing::Test {
 
 TEST_F(CameraCaptureTest, WithoutCameraTellsAtTheStartAndAtEachClick) {
     camera.devices.clear();
+    dialog.ticks = true;
     capture.Connect2Camera();
     EXPECT_TRUE(state.CameraMissing);
     EXPECT_EQ(camera.calls, QStringList({"Connected 1"})) << "the steps behind the failing one don't run";
     ASSERT_EQ(dialog.shown.size(), 1u);
     EXPECT_EQ(dialog.shown[0].text, kNoDevice);
     EXPECT_EQ(dialog.shown[0].title, "Error");
+    EXPECT_EQ(dialog.shown[0].checkbox, "Don't Show This Again");
+    capture.Connect2Camera();
+    EXPECT_EQ(dialog.shown.size(), 1u) << "the user had enough of it";
     capture.LoadDevices();
     EXPECT_THROW(capture.SelectDevice(0), Error);
 
