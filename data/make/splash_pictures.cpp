@@ -3,7 +3,6 @@
 #include "data/make/splash_pictures.h"
 
 #include <QDir>
-#include <QFontMetrics>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPixmap>
@@ -14,7 +13,6 @@
 #include <functional>
 #include <random>
 
-#include "controls/theme/icons.h"
 #include "controls/theme/theme.h"
 #include "data/make/look.h"
 #include "effects/catalogue/catalogue.h"
@@ -26,6 +24,7 @@ namespace {
 
 constexpr QSize kSize(1200, 900);  // shown at 800 x 600; finer screens see the difference
 constexpr int kFooterHeight = 72;
+constexpr int kFadeHeight = 230;
 
 // A patch brushed to and fro, as one does with the mouse.
 struct Scribble {
@@ -41,7 +40,6 @@ struct Recipe {
     int effect;
     std::function<void(EffectInputs&)> set;
     Scribble scribble;
-    bool titleAtTop;
 };
 
 void Nothing(EffectInputs&) {}
@@ -50,19 +48,19 @@ void Nothing(EffectInputs&) {}
 const std::array<Recipe, kSplashPictures>& Recipes() {
     static const std::array<Recipe, kSplashPictures> recipes{{
         {"pier.jpg", 0.5, 33, [](EffectInputs& in) { in.slider[0] = 16; },
-         {{-0.02, 0.34, 1.04, 0.56}, -6, 4, 170}, true},
-        {"canyon.jpg", 0.4, 48, Nothing, {{0.50, -0.02, 0.46, 0.92}, 68, 4, 170}, false},
-        {"dandelion.jpg", 0.5, 41, Nothing, {{0.01, 0.03, 0.42, 0.58}, -24, 5, 130}, false},
+         {{-0.02, 0.34, 1.04, 0.56}, -6, 4, 170}},
+        {"canyon.jpg", 0.4, 48, Nothing, {{0.50, -0.02, 0.46, 0.92}, 68, 4, 170}},
+        {"dandelion.jpg", 0.5, 41, Nothing, {{0.01, 0.03, 0.42, 0.58}, -24, 5, 130}},
         {"capsule.jpg", 0.5, 31, [](EffectInputs& in) { in.slider[0] = in.slider[1] = 24; },
-         {{0.30, 0.40, 0.68, 0.46}, -14, 4, 140}, true},
-        {"canyon.jpg", 0.6, 1, [](EffectInputs& in) { in.choice = 2; }, {{0.02, -0.02, 0.44, 0.94}, 76, 4, 150}, false},
+         {{0.30, 0.40, 0.68, 0.46}, -14, 4, 140}},
+        {"canyon.jpg", 0.6, 1, [](EffectInputs& in) { in.choice = 2; }, {{0.02, -0.02, 0.44, 0.94}, 76, 4, 150}},
         {"pier.jpg", 0.5, 14, [](EffectInputs& in) { in.slider[0] = 90, in.x = 760, in.y = 300; },
-         {{0.34, 0.02, 0.66, 0.56}, -12, 4, 170}, false},
+         {{0.34, 0.02, 0.66, 0.56}, -12, 4, 170}},
         {"dandelion.jpg", 0.5, 7, [](EffectInputs& in) { in.slider[0] = 26, in.slider[1] = 20; },
-         {{0.53, 0.03, 0.44, 0.84}, -28, 6, 150}, false},
+         {{0.53, 0.03, 0.44, 0.84}, -28, 6, 150}},
         {"capsule.jpg", 0.5, 18,
          [](EffectInputs& in) { in.color1 = {60, 20, 70}, in.color2 = {255, 190, 90}; },
-         {{0.26, 0.26, 0.50, 0.56}, 24, 4, 150}, false},
+         {{0.26, 0.26, 0.50, 0.56}, 24, 4, 150}},
     }};
     return recipes;
 }
@@ -151,38 +149,34 @@ QImage BrushedMask(const Scribble& scribble) {
     return mask;
 }
 
-void DrawTitle(QPainter& painter, bool atTop) {
-    const QRect band(0, atTop ? 0 : kSize.height() - kFooterHeight - 330, kSize.width(), 330);
+// The window's logo stands in the upper left corner, whatever the photograph is like there.
+void ShadeTop(QPainter& painter) {
+    const QRect band(0, 0, kSize.width(), 200);
     QLinearGradient shade(band.topLeft(), band.bottomLeft());
-    shade.setColorAt(atTop ? 0 : 1, QColor(0, 0, 0, 175));
-    shade.setColorAt(atTop ? 1 : 0, QColor(0, 0, 0, 0));
+    shade.setColorAt(0, QColor(0, 0, 0, 150));
+    shade.setColorAt(1, QColor(0, 0, 0, 0));
     painter.fillRect(band, shade);
-    const int baseline = atTop ? 168 : kSize.height() - kFooterHeight - 108;
-    QFont name = DisplayFont(150, QFont::Black);
-    name.setLetterSpacing(QFont::PercentageSpacing, 98);
-    const QFont motto = DisplayFont(38, QFont::Medium);
-    const QString words = QStringLiteral("Have Fun With Effects");
-    // The window's logo stands in the upper left corner, so a title at the top keeps to the right.
-    const int left = atTop ? kSize.width() - 68 - QFontMetrics(motto).horizontalAdvance(words) : 60;
-    painter.setFont(name);
-    painter.setPen(QColor(0, 0, 0, 120));
-    painter.drawText(QPoint(left + 4, baseline + 4), QStringLiteral("Kelu"));
-    painter.setPen(Qt::white);
-    painter.drawText(QPoint(left, baseline), QStringLiteral("Kelu"));
-    painter.setFont(motto);
-    painter.setPen(theme::kAccentHover);
-    painter.drawText(QPoint(left + 8, baseline + 62), words);
 }
 
+// The photograph darkens into the foot, so that no edge shows.
 void DrawFooter(QPainter& painter, const QString& effect) {
     const QRect foot(0, kSize.height() - kFooterHeight, kSize.width(), kFooterHeight);
+    const QRect fade(0, foot.top() - kFadeHeight, kSize.width(), kFadeHeight);
+    QLinearGradient ground(fade.topLeft(), fade.bottomLeft());
+    QColor color = kSplashFooter;
+    for (const double part : {0.0, 0.25, 0.5, 0.75, 1.0}) {
+        color.setAlphaF(static_cast<float>(part * part * (3 - 2 * part)));
+        ground.setColorAt(part, color);
+    }
+    painter.fillRect(fade, ground);
     painter.fillRect(foot, kSplashFooter);
-    const int logo = 42;
-    painter.drawPixmap(60, foot.top() + (kFooterHeight - logo) / 2,
-                       theme::IconPixmap(QStringLiteral("kelu"), logo, 1, theme::kText));
+    const QRect line = foot.adjusted(60, 0, -60, 0);
+    painter.setFont(DisplayFont(32, QFont::Medium));
+    painter.setPen(theme::kAccentHover);
+    painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("Have Fun With Effects"));
     painter.setFont(DisplayFont(24, QFont::Normal));
     painter.setPen(theme::kMutedText);
-    painter.drawText(foot.adjusted(0, 0, -60, 0), Qt::AlignRight | Qt::AlignVCenter, effect);
+    painter.drawText(line, Qt::AlignRight | Qt::AlignVCenter, effect);
 }
 
 }  // namespace
@@ -200,7 +194,7 @@ QImage MakeSplashPicture(int number, const QString& gallery) {
     QPainter painter(&picture);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.drawImage(0, 0, painted);
-    DrawTitle(painter, recipe.titleAtTop);
+    ShadeTop(painter);
     DrawFooter(painter, QString::fromLatin1(FindEffect(recipe.effect)->listText));
     return picture;
 }
