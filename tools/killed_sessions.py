@@ -5,9 +5,11 @@
 #   tools/killed_sessions.py BIN_FOLDER Gallery/cat.jpg ROUNDS [SEED]
 #
 # Mouse and keys come from xdotool on a display of its own (Xvfb, openbox); what was on the canvas after each stroke comes
-# from the program's own Copy (xclip). A round is good when, after SIGKILL and a new start that is answered with Yes, the
-# canvas is what kelu-cli replays from the journal, and some prefix of that journal is the canvas as it was after a
-# stroke that ended at most a second before the kill, or a later one. Prints a line a round and the counts.
+# from the program's own Copy (xclip). The kill comes at any moment from the start on: while a picture is opened or
+# saved, during a render, a stroke, an undo. A round is good when every saved file is whole and, after SIGKILL and a new
+# start that is answered with Yes, the canvas is what kelu-cli replays from the journal, and some prefix of that journal
+# is the canvas as it was after a stroke that ended at most a second before the kill, or a later one. Where the last
+# stroke was saved nothing need come back. Prints a line a round and the counts.
 import hashlib, os, random, shutil, subprocess, sys, tempfile, threading, time
 
 bin_folder, picture, rounds = os.path.abspath(sys.argv[1]), os.path.abspath(sys.argv[2]), int(sys.argv[3])
@@ -54,24 +56,37 @@ class Session:
         os.makedirs(folder + "/run", mode=0o700)
         shutil.copy(picture, folder)
         with open(folder + "/settings.reg", "w") as file:
-            file.write('REGEDIT4\r\n\r\n[HKEY_CURRENT_USER\\SOFTWARE\\Tarvane\\Kelu\\Settings\\Paint]\r\n"Reminder"="0"\r\n')
+            file.write('REGEDIT4\r\n\r\n[HKEY_CURRENT_USER\\SOFTWARE\\Tarvane\\Kelu\\Settings\\Paint]\r\n"Reminder"="0"\r\n'
+                       '[HKEY_CURRENT_USER\\SOFTWARE\\Tarvane\\Kelu\\Settings\\Capture]\r\n"Reminder"="0"\r\n')
         run(cli, "registry", "import", folder + "/settings.reg", env=self.env)
-        self.truths = []  # (time of the stroke's end, sum)
+        self.killed = None
+        self.saves = 0
+        self.truths = []  # (time of the stroke's end, sum) of the open picture
+        self.files = {}  # what a saved file must hold: sum by path
 
-    def start(self, *words):
+    def launch(self, *words):
         self.program = subprocess.Popen([os.path.join(bin_folder, "kelu"), *words], env=self.env,
                                         stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        time.sleep(5.0)  # the splash
-        xdo(self.env, "key", "Return")  # there is no camera
-        time.sleep(0.8)
+
+    def wait_for_window(self):
+        for _ in range(60):
+            if run("xdotool", "search", "--onlyvisible", "--name", "^Kelu$", env=self.env).stdout:
+                break
+            time.sleep(0.2)
+        time.sleep(0.5)
+        xdo(self.env, "key", "Return")  # ends the splash
+        time.sleep(1.2)
 
     def work(self, seconds):
         killer = threading.Timer(seconds, self.kill)
-        self.killed = None
         killer.start()
+        self.wait_for_window()
         left, top, width, height = CANVAS
         apply = True
         while self.killed is None:
+            if self.truths and self.dice.random() < 0.12:
+                self.save_and_go_on()
+                apply = True
             if apply or self.dice.random() < 0.1:
                 xdo(self.env, "mousemove", *self.dice.choice(EFFECTS), "click", 1, "sleep", 0.05,
                     "mousemove", *APPLY, "click", 1, "sleep", 0.4)
@@ -90,6 +105,18 @@ class Session:
                 self.truths.append((ended, seen))
         killer.join()
 
+    def save_and_go_on(self):
+        self.saves += 1
+        path = "%s/saved%d.%s" % (self.folder, self.saves, self.dice.choice(["png", "bmp"]))
+        self.files[path] = self.truths[-1][1]
+        xdo(self.env, "key", "ctrl+s", "sleep", 0.6)
+        xdo(self.env, "key", "ctrl+a", "type", path)
+        xdo(self.env, "key", "Return", "sleep", 0.6)
+        if self.killed is None and os.path.exists(path):
+            self.truths = []
+            run(os.path.join(bin_folder, "kelu"), path, env=self.env, timeout=5)  # hands it over
+            time.sleep(0.8)
+
     def kill(self):
         self.program.kill()
         self.killed = time.time()
@@ -98,27 +125,37 @@ class Session:
     def journal(self):
         folder = self.folder + "/state/Tarvane/Kelu"
         found = [f for f in (os.listdir(folder) if os.path.isdir(folder) else []) if f.endswith(".journal")]
-        return os.path.join(folder, found[0]) if found else None
+        return os.path.join(folder, max(found)) if found else None
 
     def replayed(self, journal):
         out = self.folder + "/replayed.png"
         run(cli, "replay", journal, out, "--force", env=self.env)
         return sum_of(out)
 
+    def saved_last(self):
+        return any(self.truths and sum_of(path) == self.truths[-1][1] for path in self.files)
+
     def verdict(self):
+        for path, wanted in self.files.items():
+            if os.path.exists(path) and sum_of(path) != wanted:
+                return "BROKEN FILE"
         wanted = [s for t, s in self.truths if t <= self.killed - 1.0][-1:]
         since = [s for t, s in self.truths if t > self.killed - 1.0]
         journal = self.journal()
         if not journal:
-            return "nothing painted" if not wanted else "LOST"
+            return "nothing painted" if not wanted else "saved" if self.saved_last() else "LOST"
         text = open(journal, "rb").read()
         whole = text[:text.rfind(b"\n") + 1]
         if b"\nstroke " not in whole:  # killed before its first line was due: there is nothing to bring back
             return "LOST" if wanted else "nothing due"
+        if b"\nsettled" in whole and b"\nstroke " not in whole[whole.rfind(b"\nsettled"):]:
+            return "saved" if self.saved_last() or not self.truths else "SETTLED UNSAVED"
         with open(self.folder + "/whole.journal", "wb") as file:
             file.write(whole)
         all_of_it = self.replayed(self.folder + "/whole.journal")
-        self.start()
+        self.launch()
+        self.wait_for_window()
+        time.sleep(2.0)
         run("import", "-window", "root", self.folder + "/question.png", env=self.env)
         xdo(self.env, "key", "Return")  # Yes
         time.sleep(2.0)
@@ -147,8 +184,8 @@ try:
         dice = random.Random(seed * 1000 + number)
         folder = tempfile.mkdtemp(prefix="kelu-killed-")
         session = Session(folder, dice)
-        session.start(os.path.join(folder, os.path.basename(picture)))
-        session.work(dice.uniform(1.0, 9.0))
+        session.launch(os.path.join(folder, os.path.basename(picture)))
+        session.work(dice.uniform(0.2, 20.0))
         verdict = session.verdict()
         counts[verdict] = counts.get(verdict, 0) + 1
         print(number, verdict, len(session.truths), "strokes", folder if verdict.isupper() else "", flush=True)
