@@ -210,11 +210,16 @@ void frmMain::ConnectJournal(Journal& journal) {
                                                                     showProgress, [this] { painter_.SetUpBrush(); }});
     new SaveMenu(controls.Button(Command::Save), document_, state_, journal, services_.dialog);
     connect(&journal, &Journal::Off, this, [this](const QString& reason) {
-        controls.note->Show({tr("What you paint can't be recovered after a crash: %1").arg(reason), {}});
+        controls.note->Show({tr("What you paint can't be recovered after a crash: %1").arg(reason),
+                             {},
+                             /*stays=*/false,
+                             /*unasked=*/true});
     });
     connect(&journal, &Journal::Left, this, [this](const QString& path, const QString& name) {
         controls.note->Show({tr("The strokes on '%1' were not saved").arg(name),
-                             {{tr("Bring back"), [this, path] { sessionReplay_->BringBack(path); }}}});
+                             {{tr("Bring back"), [this, path] { sessionReplay_->BringBack(path); }}},
+                             /*stays=*/false,
+                             /*unasked=*/true});
     });
 }
 

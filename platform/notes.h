@@ -17,7 +17,8 @@ struct NoteButton {
 struct Note {
     QString text;  ///< one line
     std::vector<NoteButton> buttons = {};
-    bool stays = false;  ///< tells of a state: comes back after other notes until it is cleared
+    bool stays = false;    ///< tells of a state: comes back after other notes until it is cleared
+    bool unasked = false;  ///< tells what happened by itself: no action ends it, for nobody has read it yet
 };
 
 /// On the interface thread only; never waits for anything.

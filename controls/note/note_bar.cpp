@@ -100,7 +100,6 @@ void NoteBar::Pass() {
 void NoteBar::Display(const Note& note) {
     Hide();
     note_ = note;
-    text_->setText(note_.text);
     setAccessibleName(note_.text);
     for (std::size_t i = 0; i < std::min(note_.buttons.size(), kMostButtons); ++i) {
         auto* button = new ToolButton(buttonBox_);
@@ -114,7 +113,7 @@ void NoteBar::Display(const Note& note) {
     show();
     buttonBox_->setVisible(!note_.buttons.empty());
     if (!note_.stays) {
-        qApp->installEventFilter(this);
+        if (!note_.unasked) qApp->installEventFilter(this);
         goes_.start(kShownFor);
     }
     QAccessibleEvent alert(this, QAccessible::Alert);
@@ -148,7 +147,9 @@ void NoteBar::Arrange() {
     const int buttons = note_.buttons.empty() ? 0 : buttonRow_->sizeHint().width();
     const int beside = buttons ? kSidePad + buttons : 0;
     const int room = std::max(0, place_.width() - 2 * kAboveEdge);
-    const int words = std::min(text_->sizeHint().width(), std::max(0, room - 2 * kSidePad - beside));
+    const QFontMetrics letters = text_->fontMetrics();
+    const int words = std::min(letters.horizontalAdvance(note_.text) + 1, std::max(0, room - 2 * kSidePad - beside));
+    text_->setText(letters.elidedText(note_.text, Qt::ElideRight, words));
     const QSize size(2 * kSidePad + words + beside, kHeight);
     setGeometry(QRect(QPoint(place_.center().x() - size.width() / 2, place_.bottom() - kAboveEdge - kHeight), size));
     text_->setGeometry(kSidePad, 0, words, kHeight);

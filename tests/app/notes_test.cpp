@@ -62,6 +62,10 @@ TEST_F(NotesTest, AreNeverInTheWayOfTheBrush) {
     StrokeWidget({at, at + QPoint(40, 0)});
     EXPECT_NE(Canvas(), before);
     EXPECT_FALSE(note.Text().isEmpty()) << "one that tells of a state stays";
+    note.Clear();
+    note.Show({"It happened by itself", {}, /*stays=*/false, /*unasked=*/true});
+    StrokeWidget({at, at + QPoint(40, 0)});
+    EXPECT_FALSE(note.Text().isEmpty()) << "nobody has read it yet";
 }
 
 TEST_F(NotesTest, CompareIsToldAndLeftByItsNote) {
