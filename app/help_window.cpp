@@ -6,6 +6,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QScreen>
 #include <QShortcut>
 #include <QSizeGrip>
 #include <QVBoxLayout>
@@ -45,7 +46,7 @@ HelpWindow::HelpWindow(const QString& folder)
     setWindowTitle(tr("Kelu Help"));
     setWindowIcon(theme::Icon(QStringLiteral("kelu")));
     setAttribute(Qt::WA_QuitOnClose, false);
-    resize(kFirstSize);
+    resize(kFirstSize.boundedTo(screen()->availableSize()));
 
     QVBoxLayout* column = MakeWindowFrame(*this);
     column->addWidget(MakeToolRow());

@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QPushButton>
+#include <QScreen>
 #include <QShortcut>
 #include <QStandardPaths>
 #include <QUrl>
@@ -89,7 +90,7 @@ frmBrowse::frmBrowse(Settings& settings, MsgDialog& dialog, std::function<void(c
 }
 
 void frmBrowse::LayOut() {
-    resize(kStartSize);
+    resize(kStartSize.boundedTo(screen()->availableSize()));
 
     auto* folders = new QVBoxLayout;
     folders->setSpacing(theme::kSpacing);
