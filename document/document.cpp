@@ -62,11 +62,8 @@ void Document::Open(const QString& path, Source source, bool wasDirty, Size size
     Original().SetPicture(Canvas().Picture(), told);
     originalView_.ShowWhole();
 
-    log_.Opened({path,
-                 {Original().Picture(), told},
-                 Canvas().Picture().size() != inFile,
-                 Passing(source),
-                 Canvas().Brush()});
+    log_.Opened(
+        {path, {Original().Picture(), told}, Canvas().Picture().size() != inFile, Passing(source), Canvas().Brush()});
     state_.ImageActive = true;
     if (source == Source::Browse) state_.EffectReady = false;
     state_.CurrentFileName = FileNameOfPath(path);

@@ -183,7 +183,7 @@ struct Monkey : KeepsJournal, MainWindowFixture, testing::WithParamInterface<uns
         ASSERT_EQ(recipe.fault, "");
         Surfaces again;
         Replay replay(recipe, again, &RenderEffectOn);
-        replay.Open(journal.Picture().picture);
+        replay.Open(journal.Picture().opened);
         replay.DoAll();
         EXPECT_EQ(again.picCanvas.Picture(), Canvas());
         KeepRecipe(lines);

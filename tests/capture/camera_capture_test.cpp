@@ -140,7 +140,8 @@ TEST_F(CameraCaptureTest, ASearchWithoutTheStoredDeviceTakesWhatThereIs) {
         late.answersAtOnce = false;
         if (any) late.devices = {"Only"};
         SharedState fresh;
-        CameraCapture other(document, preview, canvasView, previewView, fresh, {late, dialog, {}, data.path()});
+        CameraCapture other(document, preview, canvasView, previewView, fresh,
+                            {late, dialog, settings, {}, data.path()});
         dialog.shown.clear();
         other.Connect2Camera();
         other.LoadDevices();

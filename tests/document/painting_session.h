@@ -33,7 +33,7 @@ class PaintingSession : private EffectControls, private RenderWindow {
           history(surfaces.picCanvas, view, state, notes, log),
           openSave(document, state, dialog, saveDialog, notes, {[] {}, [](const QString&) { return false; }}, log),
           application(surfaces.picCanvas, surfaces.picPen, engine, state, *this, *this,
-                      {[this] { painter.SetUpBrush(); }, [] {}}, log) {
+                      {[this] { painter.SetUpBrush(); }, [] {}, [] {}}, log) {
         state.ResizeOnOpen = 1;
         const std::pair<const char*, QSize> files[] = {
             {"plain.png", {150, 110}}, {"glass.png", {90, 130}}, {"photo.jpg", {2100, 40}}};
