@@ -55,7 +55,7 @@ void HelpBrowser::Search(const QString& words) {
 }
 
 void HelpBrowser::doSetSource(const QUrl& name, QTextDocument::ResourceType type) {
-    QTextBrowser::doSetSource(InLanguage(name),
+    QTextBrowser::doSetSource(InLanguage(source().resolved(name)),
                               type == QTextDocument::UnknownResource ? QTextDocument::HtmlResource : type);
 }
 

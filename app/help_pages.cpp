@@ -38,7 +38,8 @@ void HelpPages::Load() {
     for (const QString& name : folder.entryList({QStringLiteral("*.html")}, QDir::Files, QDir::Name)) {
         // Of a page in several languages, the one that the browser shows.
         const qsizetype mark = name.indexOf(u'_');
-        if (mark >= 0 && name.mid(mark + 1) != LanguageInUse() + QStringLiteral(".html")) continue;
+        const QString ending = u'_' + LanguageInUse() + QStringLiteral(".html");
+        if (mark >= 0 ? name.mid(mark) != ending : folder.exists(name.chopped(5) + ending)) continue;
         QFile file(folder.filePath(name));
         if (!file.open(QIODevice::ReadOnly)) continue;
         QTextDocument document;

@@ -18,6 +18,6 @@ noop() { sed "s/.*/QT_TRANSLATE_NOOP(\"$1\", \"&\");/"; }
         effects/catalogue/colors.cpp | grep -v '^ *//\|#include\|translate(\|Literal(' | grep -o '"[^"]*"' |
         sed 's/"//g' | grep '[A-Z]' | grep -v '\.html$' | sort -u | noop Effects
 } > "$rows/rows.cpp"
-"$lupdate" -silent -I . -locations none -no-obsolete -extensions cpp,h -source-language en -target-language "$1" \
+"$lupdate" -silent -I . -locations none -no-obsolete -disable-heuristic sametext -disable-heuristic similartext -extensions cpp,h -source-language en -target-language "$1" \
     app canvas capture controls dialogs document effects help output pictures platform view "$rows/rows.cpp" \
     -ts "${2:-translations}/kelu_$1.ts"

@@ -671,10 +671,28 @@ Trotzdem überschreiben?<byte value="xd"/>
     </message>
 </context>
 <context>
+    <name>PaintReminder</name>
+    <message>
+        <source>Hold Ctrl while you paint to bring the original back</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>Painter</name>
     <message>
         <source>Nothing painted yet: choose an effect, Apply, then brush</source>
         <translation>Noch nichts gemalt: Effekt wählen, Anwenden, dann malen</translation>
+    </message>
+</context>
+<context>
+    <name>SliderMenu</name>
+    <message>
+        <source>Last used: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Default: %1</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -748,6 +766,17 @@ Trotzdem überschreiben?<byte value="xd"/>
     </message>
 </context>
 <context>
+    <name>kelu::BrushRing</name>
+    <message>
+        <source>%1 px</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, soft %2 %</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>kelu::CWinInetConnection</name>
     <message>
         <source>The operation timed out</source>
@@ -787,6 +816,10 @@ Die Aufnahme ist nicht möglich.</translation>
 %1.</source>
         <translation>Die Kamera liefert kein Bild.<byte value="xd"/>
 %1.</translation>
+    </message>
+    <message>
+        <source>Don&apos;t Show This Again</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -850,6 +883,17 @@ Die Aufnahme ist nicht möglich.</translation>
     </message>
 </context>
 <context>
+    <name>kelu::EffectOverview</name>
+    <message>
+        <source>All effects</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Effects</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>kelu::EffectPanel</name>
     <message>
         <source>Brush Size</source>
@@ -871,12 +915,20 @@ Die Aufnahme ist nicht möglich.</translation>
         <source>Y coordinate</source>
         <translation>Y-Koordinate</translation>
     </message>
+    <message>
+        <source>Pick the point on the picture</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>kelu::EffectSelectors</name>
     <message>
         <source>Effects</source>
         <translation>Effekte</translation>
+    </message>
+    <message>
+        <source>All effects</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -900,6 +952,29 @@ Die Aufnahme ist nicht möglich.</translation>
     <message>
         <source>This folder can&apos;t be read</source>
         <translation>Dieser Ordner kann nicht gelesen werden</translation>
+    </message>
+</context>
+<context>
+    <name>kelu::FilmDialog</name>
+    <message>
+        <source>Save...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>As It Grew</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The film</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 × %2 pixels, %3</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1001,16 +1076,20 @@ Die Aufnahme ist nicht möglich.</translation>
         <translation>Ein Foto öffnen, einen Effekt wählen, &lt;b&gt;Anwenden&lt;/b&gt; – und auftragen, wo er gefällt.</translation>
     </message>
     <message>
-        <source>All effects stand below. How to set up the program is told under %1.</source>
-        <translation>Alle Effekte stehen unten. Wie das Programm eingestellt wird, steht unter %1.</translation>
-    </message>
-    <message>
         <source>Settings</source>
         <translation>Einstellungen</translation>
     </message>
     <message>
         <source>All effects</source>
         <translation>Alle Effekte</translation>
+    </message>
+    <message>
+        <source>All effects stand below. What hands can do is told under %1, how to set up the program under %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Mouse and keys</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1106,14 +1185,6 @@ Die Aufnahme ist nicht möglich.</translation>
     <message>
         <source>Picture</source>
         <translation>Bild</translation>
-    </message>
-    <message>
-        <source>%1 px</source>
-        <translation>%1 px</translation>
-    </message>
-    <message>
-        <source>%1, soft %2 %</source>
-        <translation>%1, weich %2 %</translation>
     </message>
 </context>
 <context>
@@ -1405,10 +1476,6 @@ Die Aufnahme ist nicht möglich.</translation>
 </context>
 <context>
     <name>kelu::PrintService</name>
-    <message>
-        <source>Printing was cancelled</source>
-        <translation>Das Drucken wurde abgebrochen</translation>
-    </message>
     <message>
         <source>The print server does not answer</source>
         <translation>Der Druckserver antwortet nicht</translation>
@@ -1714,6 +1781,18 @@ Es wurde keine oder eine ungültige E-Mail-Adresse eingegeben.<byte value="xd"/>
         <translation>E-Mail gesendet!<byte value="xd"/>
 </translation>
     </message>
+    <message>
+        <source>Waiting for the mail server</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The e-mail is on its way: send it from your mail program</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The e-mail is on its way to %1</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>kelu::frmMain</name>
@@ -1736,6 +1815,14 @@ Es wurde keine oder eine ungültige E-Mail-Adresse eingegeben.<byte value="xd"/>
     <message>
         <source>Bring back</source>
         <translation>Zurückholen</translation>
+    </message>
+    <message>
+        <source>Not enough memory for this effect on this picture</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There is no picture to paste</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1920,6 +2007,10 @@ Es wurde keine oder eine ungültige E-Mail-Adresse eingegeben.<byte value="xd"/>
     <message>
         <source>No printer is chosen</source>
         <translation>Es ist kein Drucker gewählt</translation>
+    </message>
+    <message>
+        <source>Handing the page to &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 </TS>

@@ -671,10 +671,28 @@ Save over it all the same?<byte value="xd"/>
     </message>
 </context>
 <context>
+    <name>PaintReminder</name>
+    <message>
+        <source>Hold Ctrl while you paint to bring the original back</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>Painter</name>
     <message>
         <source>Nothing painted yet: choose an effect, Apply, then brush</source>
         <translation>Aún no se ha pintado nada: elija un efecto, Apply, y luego pinte</translation>
+    </message>
+</context>
+<context>
+    <name>SliderMenu</name>
+    <message>
+        <source>Last used: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Default: %1</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -748,6 +766,17 @@ Save over it all the same?<byte value="xd"/>
     </message>
 </context>
 <context>
+    <name>kelu::BrushRing</name>
+    <message>
+        <source>%1 px</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, soft %2 %</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>kelu::CWinInetConnection</name>
     <message>
         <source>The operation timed out</source>
@@ -787,6 +816,10 @@ Esta función quedará desactivada.</translation>
 %1.</source>
         <translation>La cámara no da ninguna imagen.<byte value="xd"/>
 %1.</translation>
+    </message>
+    <message>
+        <source>Don&apos;t Show This Again</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -850,6 +883,17 @@ Esta función quedará desactivada.</translation>
     </message>
 </context>
 <context>
+    <name>kelu::EffectOverview</name>
+    <message>
+        <source>All effects</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Effects</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>kelu::EffectPanel</name>
     <message>
         <source>Brush Size</source>
@@ -871,11 +915,19 @@ Esta función quedará desactivada.</translation>
         <source>Y coordinate</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Pick the point on the picture</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>kelu::EffectSelectors</name>
     <message>
         <source>Effects</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All effects</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -900,6 +952,29 @@ Esta función quedará desactivada.</translation>
     <message>
         <source>This folder can&apos;t be read</source>
         <translation>No se puede leer esta carpeta</translation>
+    </message>
+</context>
+<context>
+    <name>kelu::FilmDialog</name>
+    <message>
+        <source>Save...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>As It Grew</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The film</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 × %2 pixels, %3</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1001,16 +1076,20 @@ Esta función quedará desactivada.</translation>
         <translation>Abra una foto, elija un efecto, pulse &lt;b&gt;Apply&lt;/b&gt; y píntelo donde le guste.</translation>
     </message>
     <message>
-        <source>All effects stand below. How to set up the program is told under %1.</source>
-        <translation>Todos los efectos están abajo. Cómo ajustar el programa se explica en %1.</translation>
-    </message>
-    <message>
         <source>Settings</source>
         <translation>Ajustes</translation>
     </message>
     <message>
         <source>All effects</source>
         <translation>Todos los efectos</translation>
+    </message>
+    <message>
+        <source>All effects stand below. What hands can do is told under %1, how to set up the program under %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Mouse and keys</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1106,14 +1185,6 @@ Esta función quedará desactivada.</translation>
     <message>
         <source>Picture</source>
         <translation>Imagen</translation>
-    </message>
-    <message>
-        <source>%1 px</source>
-        <translation>%1 px</translation>
-    </message>
-    <message>
-        <source>%1, soft %2 %</source>
-        <translation>%1, suave %2 %</translation>
     </message>
 </context>
 <context>
@@ -1405,10 +1476,6 @@ Esta función quedará desactivada.</translation>
 </context>
 <context>
     <name>kelu::PrintService</name>
-    <message>
-        <source>Printing was cancelled</source>
-        <translation>Se canceló la impresión</translation>
-    </message>
     <message>
         <source>The print server does not answer</source>
         <translation>El servidor de impresión no responde</translation>
@@ -1714,6 +1781,18 @@ No se ha escrito ninguna dirección de correo, o no es válida.<byte value="xd"/
         <translation>¡Correo enviado!<byte value="xd"/>
 </translation>
     </message>
+    <message>
+        <source>Waiting for the mail server</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The e-mail is on its way: send it from your mail program</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The e-mail is on its way to %1</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>kelu::frmMain</name>
@@ -1736,6 +1815,14 @@ No se ha escrito ninguna dirección de correo, o no es válida.<byte value="xd"/
     <message>
         <source>Bring back</source>
         <translation>Recuperar</translation>
+    </message>
+    <message>
+        <source>Not enough memory for this effect on this picture</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There is no picture to paste</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1920,6 +2007,10 @@ No se ha escrito ninguna dirección de correo, o no es válida.<byte value="xd"/
     <message>
         <source>No printer is chosen</source>
         <translation>No se ha elegido ninguna impresora</translation>
+    </message>
+    <message>
+        <source>Handing the page to &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 </TS>

@@ -671,10 +671,28 @@ L’écraser quand même ?<byte value="xd"/>
     </message>
 </context>
 <context>
+    <name>PaintReminder</name>
+    <message>
+        <source>Hold Ctrl while you paint to bring the original back</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>Painter</name>
     <message>
         <source>Nothing painted yet: choose an effect, Apply, then brush</source>
         <translation>Rien n’est peint : choisissez un effet, Apply, puis peignez</translation>
+    </message>
+</context>
+<context>
+    <name>SliderMenu</name>
+    <message>
+        <source>Last used: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Default: %1</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -748,6 +766,17 @@ L’écraser quand même ?<byte value="xd"/>
     </message>
 </context>
 <context>
+    <name>kelu::BrushRing</name>
+    <message>
+        <source>%1 px</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, soft %2 %</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>kelu::CWinInetConnection</name>
     <message>
         <source>The operation timed out</source>
@@ -787,6 +816,10 @@ Cette fonction sera désactivée.</translation>
 %1.</source>
         <translation>La caméra ne donne aucune image.<byte value="xd"/>
 %1.</translation>
+    </message>
+    <message>
+        <source>Don&apos;t Show This Again</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -850,6 +883,17 @@ Cette fonction sera désactivée.</translation>
     </message>
 </context>
 <context>
+    <name>kelu::EffectOverview</name>
+    <message>
+        <source>All effects</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Effects</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>kelu::EffectPanel</name>
     <message>
         <source>Brush Size</source>
@@ -871,11 +915,19 @@ Cette fonction sera désactivée.</translation>
         <source>Y coordinate</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Pick the point on the picture</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>kelu::EffectSelectors</name>
     <message>
         <source>Effects</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All effects</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -899,6 +951,29 @@ Cette fonction sera désactivée.</translation>
     </message>
     <message>
         <source>This folder can&apos;t be read</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>kelu::FilmDialog</name>
+    <message>
+        <source>Save...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>As It Grew</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The film</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 × %2 pixels, %3</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1001,16 +1076,20 @@ Cette fonction sera désactivée.</translation>
         <translation>Ouvrez une photo, choisissez un effet, appuyez sur &lt;b&gt;Apply&lt;/b&gt; – et peignez-le où il vous plaît.</translation>
     </message>
     <message>
-        <source>All effects stand below. How to set up the program is told under %1.</source>
-        <translation>Tous les effets sont ci-dessous. Le réglage du programme est expliqué sous %1.</translation>
-    </message>
-    <message>
         <source>Settings</source>
         <translation>Réglages</translation>
     </message>
     <message>
         <source>All effects</source>
         <translation>Tous les effets</translation>
+    </message>
+    <message>
+        <source>All effects stand below. What hands can do is told under %1, how to set up the program under %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Mouse and keys</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1106,14 +1185,6 @@ Cette fonction sera désactivée.</translation>
     <message>
         <source>Picture</source>
         <translation>Image</translation>
-    </message>
-    <message>
-        <source>%1 px</source>
-        <translation>%1 px</translation>
-    </message>
-    <message>
-        <source>%1, soft %2 %</source>
-        <translation>%1, doux %2 %</translation>
     </message>
 </context>
 <context>
@@ -1405,10 +1476,6 @@ Cette fonction sera désactivée.</translation>
 </context>
 <context>
     <name>kelu::PrintService</name>
-    <message>
-        <source>Printing was cancelled</source>
-        <translation>L’impression a été annulée</translation>
-    </message>
     <message>
         <source>The print server does not answer</source>
         <translation>Le serveur d’impression ne répond pas</translation>
@@ -1714,6 +1781,18 @@ Aucune adresse de courriel, ou une adresse incorrecte, a été saisie.<byte valu
         <translation>Courriel envoyé !<byte value="xd"/>
 </translation>
     </message>
+    <message>
+        <source>Waiting for the mail server</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The e-mail is on its way: send it from your mail program</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The e-mail is on its way to %1</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>kelu::frmMain</name>
@@ -1736,6 +1815,14 @@ Aucune adresse de courriel, ou une adresse incorrecte, a été saisie.<byte valu
     <message>
         <source>Bring back</source>
         <translation>Récupérer</translation>
+    </message>
+    <message>
+        <source>Not enough memory for this effect on this picture</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There is no picture to paste</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1920,6 +2007,10 @@ Aucune adresse de courriel, ou une adresse incorrecte, a été saisie.<byte valu
     <message>
         <source>No printer is chosen</source>
         <translation>Aucune imprimante n’est choisie</translation>
+    </message>
+    <message>
+        <source>Handing the page to &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 </TS>

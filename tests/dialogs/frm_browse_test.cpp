@@ -219,7 +219,8 @@ TEST_F(BrowseTest, SpeaksOneLanguageAtATime) {
     ASSERT_EQ(spanish.size(), english.size());
     for (qsizetype i = 0; i < english.size(); ++i) {
         EXPECT_TRUE(english[i] != spanish[i] || english[i].size() < 3) << english[i].toStdString();
-        EXPECT_TRUE(french[i] == english[i] || english[i] == "Close") << "no French was asked for here";
+        EXPECT_TRUE(french[i] == english[i] || english[i] == "Close")
+            << "no French was asked for here: " << french[i].toStdString();
     }
     textsIn("0");
 }

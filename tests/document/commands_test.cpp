@@ -38,8 +38,9 @@ TEST(Commands, WhatIsInTheWay) {
         for (const Command command : commands) refused.erase(command);
         return refused;
     };
-    auto capturing = all(
-        {Open, Save, Email, Print, Undo, Redo, Original, ChooseEffect, Drop, PaintAll, RestoreAll, Compare}, Capture);
+    auto capturing =
+        all({Open, Save, Email, Print, Undo, Redo, Original, ChooseEffect, Drop, Paste, PaintAll, RestoreAll, Compare},
+            Capture);
     auto opened = all({Save, Original, Compare}, NoChanges);
     opened[Apply] = NoEffect;
     const Row rows[] = {
