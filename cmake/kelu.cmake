@@ -76,6 +76,18 @@ function(kelu_library name)
   endif()
 endfunction()
 
+# kelu_without_thread_flag(PkgConfig::JXL) drops -pthread from what a library asks of its users: the toolkit links threads
+# anyway, and the flag in some folders only would keep them from the common precompiled header.
+function(kelu_without_thread_flag)
+  foreach(library ${ARGN})
+    get_target_property(options ${library} INTERFACE_COMPILE_OPTIONS)
+    if(options)
+      list(REMOVE_ITEM options -pthread)
+      set_target_properties(${library} PROPERTIES INTERFACE_COMPILE_OPTIONS "${options}")
+    endif()
+  endforeach()
+endfunction()
+
 # kelu_test(document SOURCES a_test.cpp ... LINKS libs... [NO_QT] [ALONE] [TIMEOUT s]) makes the test program of one
 # folder; ALONE: nothing else runs beside it.
 # Qt tests run on the offscreen platform; a hanging dialog ends by the time limit.
