@@ -19,6 +19,7 @@
 #include "effects/panel_label.h"
 #include "effects/point_input.h"
 #include "effects/slider_menu.h"
+#include "effects/slider_number.h"
 #include "platform/units.h"
 
 namespace kelu {
@@ -77,6 +78,7 @@ LsSlider* MakeSlider(QWidget* parent, const char* name) {
     slider->SetSliderIcon(theme::SliderThumb(slider->devicePixelRatioF()));
     QObject::connect(slider, &LsSlider::ValueChanged, slider,
                      [slider] { Describe(*slider, slider->accessibleName()); });
+    new SliderNumber(*slider);
     return slider;
 }
 

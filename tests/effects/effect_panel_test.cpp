@@ -9,6 +9,7 @@
 #include <QGuiApplication>
 #include <QRadioButton>
 #include <QSignalSpy>
+#include <QSpinBox>
 #include <QTest>
 
 #include "controls/color_picker/color_picker.h"
@@ -42,6 +43,30 @@ TEST_F(EffectPanelTest, NothingShowsBeforeTheFirstSelection) {
     panel.SetUp(99);
     EXPECT_FALSE(panel.cmdApply->isVisible());
     EXPECT_EQ(state.CurrentSFX, 0);
+}
+
+TEST_F(EffectPanelTest, ASliderTakesANumberFromTheKeyboard) {
+    panel.SetUp(7);  // Radius 1 to 100, starts at 10
+    struct Row {
+        const char* typed;
+        Qt::Key end;
+        int value;
+    };
+    for (const auto& [typed, end, value] : {Row{"42", Qt::Key_Return, 42}, Row{"7", Qt::Key_Escape, 42},
+                                            Row{"1000", Qt::Key_Enter, 100}, Row{"5", Qt::Key_Tab, 5}}) {
+        auto* stop = panel.findChild<QWidget*>("sldValue1Number");
+        ASSERT_TRUE(stop && stop->isVisible());
+        EXPECT_EQ(stop->accessibleName(), "Radius");
+        stop->setFocus();
+        QTest::keyClick(stop, Qt::Key_Return);
+        auto* field = panel.findChild<QSpinBox*>();
+        ASSERT_TRUE(field && field->hasFocus());
+        QTest::keyClicks(field, typed);
+        QTest::keyClick(field, end);
+        EXPECT_EQ(panel.sldValue[0]->Value(), value) << typed;
+        EXPECT_TRUE(!field->isVisible() && (end == Qt::Key_Tab || stop->hasFocus())) << typed;
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
 }
 
 TEST_F(EffectPanelTest, ShowsTheInputsOfTheRowAndNoOthersAtTheirStart) {
