@@ -64,6 +64,7 @@ QVariant HelpBrowser::loadResource(int type, const QUrl& name) {
         if (name.scheme() == QLatin1String(kSearchScheme)) return FoundPages(name.path());
         if (name.isLocalFile() && !QFileInfo(name.toLocalFile()).isFile()) return MissingPage(name);
     }
+    if (type == QTextDocument::StyleSheetResource) return Rules();
     if (type == QTextDocument::ImageResource) {
         QImage picture(source().resolved(name).toLocalFile());
         if (picture.isNull()) return QVariant();
@@ -79,12 +80,19 @@ QVariant HelpBrowser::loadResource(int type, const QUrl& name) {
     return QTextBrowser::loadResource(type, name);
 }
 
-QString HelpBrowser::Framed(const QString& title, const QString& body) const {
+QString HelpBrowser::Rules() const {
     QFile style(QDir(folder_).filePath(QStringLiteral("kelu.css")));
-    const QString rules =
-        style.open(QIODevice::ReadOnly) ? QString::fromUtf8(style.readAll()) : QStringLiteral("body { margin: 18px }");
+    if (!style.open(QIODevice::ReadOnly)) return QStringLiteral("body { margin: 18px }");
+    QString rules = QString::fromUtf8(style.readAll());
+    if (!theme::IsHighContrast()) return rules;
+    return rules.replace(QStringLiteral("#333333"), theme::kGround.name())
+        .replace(QStringLiteral("#b4b4b4"), theme::kMutedText.name())
+        .replace(QStringLiteral("#f2a541"), theme::kAccent.name());
+}
+
+QString HelpBrowser::Framed(const QString& title, const QString& body) const {
     return QStringLiteral("<html><head><title>%1</title><style>%2</style></head><body><h1>%1</h1>%3</body></html>")
-        .arg(title, rules, body);
+        .arg(title, Rules(), body);
 }
 
 QString HelpBrowser::MissingPage(const QUrl& url) const {

@@ -28,6 +28,8 @@ class HelpBrowser : public QTextBrowser {
     QUrl PageUrl(const QString& page) const;
     /// The page's version in the language in use, where there is one: page_de.html beside page.html.
     QUrl InLanguage(const QUrl& page) const;
+    /// How pages look, on the ground of the theme.
+    QString Rules() const;
     QString Framed(const QString& title, const QString& body) const;
     QString MissingPage(const QUrl& url) const;
     QString FoundPages(const QString& words);

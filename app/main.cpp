@@ -7,6 +7,7 @@
 
 #include "app/application.h"
 #include "app/command_line.h"
+#include "app/desktop_look.h"
 #include "app/frm_main.h"
 #include "app/shell.h"
 #include "capture/detached_job.h"
@@ -92,6 +93,7 @@ int main(int argc, char** argv) {
     QApplication::setOrganizationName(QStringLiteral("Tarvane"));
     QApplication::setApplicationVersion(QStringLiteral(KELU_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("com.tarvane.Kelu"));
+    if (kelu::WantsHighContrast()) kelu::theme::UseHighContrast();
     kelu::theme::Apply(application);
     kelu::SystemColors::SetCurrent(kelu::SystemColors::Dark());
     const int status = Run(application, line.picture);

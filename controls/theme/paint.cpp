@@ -45,6 +45,7 @@ void FillPlate(QPainter& painter, const QRectF& box, const QColor& color) {
     painter.setPen(Qt::NoPen);
     painter.setBrush(color);
     painter.drawRoundedRect(box, Corner(box), Corner(box));
+    if (IsHighContrast()) StrokeInside(painter, box, kOutline, 1);  // plates differ little there
 }
 
 void DrawField(QPainter& painter, const QRectF& box, const QColor& fill, const QColor& outline) {

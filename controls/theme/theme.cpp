@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QPalette>
 #include <QToolTip>
+#include <utility>
 
 #include "controls/theme/dark_style.h"
 #include "controls/theme/focus_watch.h"
@@ -13,12 +14,14 @@ namespace kelu::theme {
 
 namespace {
 
+bool highContrast = false;
+
 QPalette DarkPalette() {
     QPalette palette;
     palette.setColor(QPalette::Window, kGround);
     palette.setColor(QPalette::WindowText, kText);
     palette.setColor(QPalette::Base, kSunken);
-    palette.setColor(QPalette::AlternateBase, QColor(0x2b, 0x2b, 0x2b));
+    palette.setColor(QPalette::AlternateBase, kPressed);
     palette.setColor(QPalette::Text, kText);
     palette.setColor(QPalette::PlaceholderText, kMutedText);
     palette.setColor(QPalette::Button, kRaised);
@@ -64,6 +67,22 @@ QFont HeadingFont() {
     font.setWeight(QFont::DemiBold);
     return font;
 }
+
+void UseHighContrast() {
+    const std::pair<QColor*, QRgb> colors[] = {
+        {&kSunken, 0x000000},       {&kPressed, 0x000000},     {&kGround, 0x000000},        {&kHover, 0x303030},
+        {&kRaised, 0x202020},       {&kRaisedHover, 0x303030}, {&kPopup, 0x000000},         {&kTitleGround, 0x202020},
+        {&kOutlinePopup, 0xffffff}, {&kLine, 0xc0c0c0},        {&kScrollHandle, 0xe0e0e0},  {&kOutline, 0xffffff},
+        {&kText, 0xffffff},         {&kMutedText, 0xe6e6e6},   {&kQuietText, 0xe6e6e6},     {&kDisabledText, 0xb0b0b0},
+        {&kAccent, 0xffd400},       {&kAccentHover, 0xffe45c}, {&kAccentPressed, 0xe0bb00}, {&kOnAccent, 0x000000},
+        {&kSelection, 0x4a3a00},    {&kRowHover, 0x303030},    {&kFocus, 0xffd400},         {&kInformation, 0x9fd6ff},
+        {&kWarning, 0xffe08a},      {&kError, 0xffa79e},
+    };
+    for (const auto& [color, value] : colors) *color = QColor(value);
+    highContrast = true;
+}
+
+bool IsHighContrast() { return highContrast; }
 
 void Apply(QApplication& application) {
     application.setStyle(new DarkStyle);

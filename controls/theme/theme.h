@@ -10,41 +10,43 @@ class QApplication;
 
 namespace kelu::theme {
 
+// The colors change once at most: before the first window, for a desktop that asks for high contrast.
+
 // Grounds, from the deepest to the nearest.
-inline constexpr QColor kSunken{0x26, 0x26, 0x26};   ///< fields, lists, tracks
-inline constexpr QColor kPressed{0x2b, 0x2b, 0x2b};  ///< plate of a pressed flat button
-inline constexpr QColor kGround{0x33, 0x33, 0x33};   ///< windows and panels
-inline constexpr QColor kHover{0x45, 0x45, 0x45};    ///< plate under the pointer
-inline constexpr QColor kRaised{0x48, 0x48, 0x48};   ///< push buttons
-inline constexpr QColor kRaisedHover{0x55, 0x55, 0x55};
-inline constexpr QColor kPopup{0x3b, 0x3b, 0x3b};         ///< menus, tips, drop-down lists
-inline constexpr QColor kTitleGround{0x2b, 0x2b, 0x2b};   ///< title row of dialogs
-inline constexpr QColor kOutlinePopup{0x5c, 0x5c, 0x5c};  ///< rim of menus and tips
-inline constexpr QColor kLine{0x4d, 0x4d, 0x4d};          ///< separators and panel frames, decorative only
-inline constexpr QColor kScrollHandle{0x7c, 0x7c, 0x7c};  ///< 3:1 on every ground that scrolls
-inline constexpr QColor kHatch{200, 200, 200, 28};        ///< behind pictures: laid thinly, or it would outshine them
-inline constexpr QColor kOutline{0x88, 0x88, 0x88};       ///< outline of what takes input, 3:1 on the ground
+inline QColor kSunken{0x26, 0x26, 0x26};   ///< fields, lists, tracks
+inline QColor kPressed{0x2b, 0x2b, 0x2b};  ///< plate of a pressed flat button
+inline QColor kGround{0x33, 0x33, 0x33};   ///< windows and panels
+inline QColor kHover{0x45, 0x45, 0x45};    ///< plate under the pointer
+inline QColor kRaised{0x48, 0x48, 0x48};   ///< push buttons
+inline QColor kRaisedHover{0x55, 0x55, 0x55};
+inline QColor kPopup{0x3b, 0x3b, 0x3b};         ///< menus, tips, drop-down lists
+inline QColor kTitleGround{0x2b, 0x2b, 0x2b};   ///< title row of dialogs
+inline QColor kOutlinePopup{0x5c, 0x5c, 0x5c};  ///< rim of menus and tips
+inline QColor kLine{0x4d, 0x4d, 0x4d};          ///< separators and panel frames, decorative only
+inline QColor kScrollHandle{0x7c, 0x7c, 0x7c};  ///< 3:1 on every ground that scrolls
+inline QColor kHatch{200, 200, 200, 28};        ///< behind pictures: laid thinly, or it would outshine them
+inline QColor kOutline{0x88, 0x88, 0x88};       ///< outline of what takes input, 3:1 on the ground
 
 // Texts and icons.
-inline constexpr QColor kText{0xe0, 0xe0, 0xe0};
-inline constexpr QColor kBrightText{0xff, 0xff, 0xff};  ///< headings, icons under the pointer
-inline constexpr QColor kMutedText{0xb4, 0xb4, 0xb4};   ///< secondary text, placeholders
-inline constexpr QColor kQuietText{0x80, 0x80, 0x80};   ///< status bar and effect panel
-inline constexpr QColor kDisabledText{0x72, 0x72, 0x72};
+inline QColor kText{0xe0, 0xe0, 0xe0};
+inline QColor kBrightText{0xff, 0xff, 0xff};  ///< headings, icons under the pointer
+inline QColor kMutedText{0xb4, 0xb4, 0xb4};   ///< secondary text, placeholders
+inline QColor kQuietText{0x80, 0x80, 0x80};   ///< status bar and effect panel
+inline QColor kDisabledText{0x72, 0x72, 0x72};
 
 // The one accent: what is chosen, current or focused, and the main action.
-inline constexpr QColor kAccent{0xf2, 0xa5, 0x41};
-inline constexpr QColor kAccentHover{0xff, 0xbd, 0x66};
-inline constexpr QColor kAccentPressed{0xd6, 0x8c, 0x2b};
-inline constexpr QColor kOnAccent{0x22, 0x1a, 0x0e};   ///< text and icons on the accent
-inline constexpr QColor kSelection{0x5c, 0x48, 0x2b};  ///< chosen rows: the accent, calmed to a ground for kBrightText
-inline constexpr QColor kRowHover{0x3a, 0x36, 0x30};   ///< row under the pointer
-inline constexpr QColor kFocus = kAccent;
+inline QColor kAccent{0xf2, 0xa5, 0x41};
+inline QColor kAccentHover{0xff, 0xbd, 0x66};
+inline QColor kAccentPressed{0xd6, 0x8c, 0x2b};
+inline QColor kOnAccent{0x22, 0x1a, 0x0e};   ///< text and icons on the accent
+inline QColor kSelection{0x5c, 0x48, 0x2b};  ///< chosen rows: the accent, calmed to a ground for kBrightText
+inline QColor kRowHover{0x3a, 0x36, 0x30};   ///< row under the pointer
+inline QColor kFocus = kAccent;              ///< keyboard focus ring
 
 // Message colours.
-inline constexpr QColor kInformation{0x6c, 0xb6, 0xf5};
-inline constexpr QColor kWarning{0xff, 0xcd, 0x57};
-inline constexpr QColor kError{0xff, 0x7a, 0x6b};
+inline QColor kInformation{0x6c, 0xb6, 0xf5};
+inline QColor kWarning{0xff, 0xcd, 0x57};
+inline QColor kError{0xff, 0x7a, 0x6b};
 
 inline constexpr int kCorner = 4;      ///< radius of plates, fields and buttons
 inline constexpr int kFocusWidth = 2;  ///< keyboard focus ring
@@ -61,6 +63,11 @@ QFont LabelFont();
 QFont ListFont();
 /// Bold and larger: headings of dialogs.
 QFont HeadingFont();
+
+/// From now on black grounds under white texts, of at least 7:1, and outlines around everything that can be pressed.
+/// Before Apply.
+void UseHighContrast();
+bool IsHighContrast();
 
 /// Gives the application style, palette and font. Once, right after the QApplication was made.
 void Apply(QApplication& application);

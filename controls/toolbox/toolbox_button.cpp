@@ -16,6 +16,7 @@ ToolboxButton::ToolboxButton(QString key, QWidget* parent) : QAbstractButton(par
     setFocusPolicy(Qt::NoFocus);
     // Assistive technology sees which button is current.
     setCheckable(true);
+    setAutoExclusive(true);
 }
 
 void ToolboxButton::SetPictures(const QPixmap& normal, const QPixmap& over, const QPixmap& down) {
@@ -32,7 +33,10 @@ void ToolboxButton::SetIconName(const QString& name) {
 
 void ToolboxButton::SetCurrent(bool current) {
     current_ = current;
+    // One of an exclusive row can't be let go of: nothing is current then.
+    setAutoExclusive(false);
     setChecked(current);
+    setAutoExclusive(true);
     update();
 }
 
@@ -77,7 +81,8 @@ void ToolboxButton::PaintPictureLook(QPainter& painter) {
     }
     if (isDown() && down_.isNull()) painter.fillPath(outline, QColor(0, 0, 0, 90));
     if (over && !isDown() && over_.isNull()) painter.fillPath(outline, QColor(255, 255, 255, 26));
-    if (!isEnabled() || dimmed_) painter.fillPath(outline, QColor(0x33, 0x33, 0x33, 150));
+    if (!isEnabled() || dimmed_)
+        painter.fillPath(outline, QColor(theme::kGround.red(), theme::kGround.green(), theme::kGround.blue(), 150));
     painter.restore();
     if (current_) theme::DrawFocusRing(painter, rect(), theme::kAccent);
 }

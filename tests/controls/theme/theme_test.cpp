@@ -25,44 +25,51 @@ double Contrast(const QColor& one, const QColor& other) {
     return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
 }
 
-TEST(ThemeContrast, TextsAndMarksStandOutFromTheirGrounds) {
-    EXPECT_NEAR(Contrast(Qt::white, Qt::black), 21.0, 1e-9);
+/// The pairs that meet on the screen.
+void ExpectPairs(double textLeast, double markLeast, double quietLeast) {
     struct Pair {
         const char* name;
         QColor ink, ground;
         double least;
     };
-    constexpr double kTextLeast = 4.5, kMarkLeast = 3.0;
     const Pair pairs[] = {
-        {"text on ground", kText, kGround, kTextLeast},
-        {"text in a field", kText, kSunken, kTextLeast},
-        {"text on a button", kText, kRaised, kTextLeast},
-        {"bright text on a button under the pointer", kBrightText, kRaisedHover, kTextLeast},
-        {"text on a pressed button", kText, kPressed, kTextLeast},
-        {"text in a menu", kText, kPopup, kTextLeast},
-        {"muted text on ground", kMutedText, kGround, kTextLeast},
-        {"muted text in a menu", kMutedText, kPopup, kTextLeast},
-        {"placeholder in a field", kMutedText, kSunken, kTextLeast},
-        {"text in a title row", kText, kTitleGround, kTextLeast},
-        {"chosen row", kBrightText, kSelection, kTextLeast},
-        {"row under the pointer", kText, kRowHover, kTextLeast},
-        {"main button", kOnAccent, kAccent, kTextLeast},
-        {"main button under the pointer", kOnAccent, kAccentHover, kTextLeast},
-        {"main button pressed", kOnAccent, kAccentPressed, kTextLeast},
-        {"link", kAccent, kGround, kTextLeast},
-        {"caption of a chosen tool", kAccent, kHover, kTextLeast},
-        {"focus ring on ground", kFocus, kGround, kMarkLeast},
-        {"focus ring on a button", kFocus, kRaised, kMarkLeast},
-        {"outline of an input", kOutline, kGround, kMarkLeast},
-        {"scroll bar on ground", kScrollHandle, kGround, kMarkLeast},
-        {"scroll bar in a list", kScrollHandle, kSunken, kMarkLeast},
-        {"information", kInformation, kGround, kMarkLeast},
-        {"warning", kWarning, kGround, kMarkLeast},
-        {"error", kError, kGround, kMarkLeast},
-        // The two colours of the status bar and the panel are given; they still reach what marks need.
-        {"quiet text", kQuietText, kGround, kMarkLeast},
+        {"text on ground", kText, kGround, textLeast},
+        {"text in a field", kText, kSunken, textLeast},
+        {"text on a button", kText, kRaised, textLeast},
+        {"bright text on a button under the pointer", kBrightText, kRaisedHover, textLeast},
+        {"text on a pressed button", kText, kPressed, textLeast},
+        {"text in a menu", kText, kPopup, textLeast},
+        {"muted text on ground", kMutedText, kGround, textLeast},
+        {"muted text in a menu", kMutedText, kPopup, textLeast},
+        {"placeholder in a field", kMutedText, kSunken, textLeast},
+        {"text in a title row", kText, kTitleGround, textLeast},
+        {"chosen row", kBrightText, kSelection, textLeast},
+        {"row under the pointer", kText, kRowHover, textLeast},
+        {"main button", kOnAccent, kAccent, textLeast},
+        {"main button under the pointer", kOnAccent, kAccentHover, textLeast},
+        {"main button pressed", kOnAccent, kAccentPressed, textLeast},
+        {"link", kAccent, kGround, textLeast},
+        {"caption of a chosen tool", kAccent, kHover, textLeast},
+        {"focus ring on ground", kFocus, kGround, markLeast},
+        {"focus ring on a button", kFocus, kRaised, markLeast},
+        {"outline of an input", kOutline, kGround, markLeast},
+        {"scroll bar on ground", kScrollHandle, kGround, markLeast},
+        {"scroll bar in a list", kScrollHandle, kSunken, markLeast},
+        {"information", kInformation, kGround, markLeast},
+        {"warning", kWarning, kGround, markLeast},
+        {"error", kError, kGround, markLeast},
+        {"quiet text", kQuietText, kGround, quietLeast},
     };
     for (const Pair& pair : pairs) EXPECT_GE(Contrast(pair.ink, pair.ground), pair.least) << pair.name;
+}
+
+TEST(ThemeContrast, TextsAndMarksStandOutFromTheirGrounds) {
+    EXPECT_NEAR(Contrast(Qt::white, Qt::black), 21.0, 1e-9);
+    // The two colours of the status bar and the panel are given; they still reach what marks need.
+    ExpectPairs(4.5, 3, 3);
+    UseHighContrast();
+    ExpectPairs(7, 7, 7);
+    EXPECT_GE(Contrast(kDisabledText, kGround), 7);
 }
 
 /// Opaque pixels of a picture: count and bounds.
