@@ -20,6 +20,7 @@
 #include "controls/progress_bar/xp_progress_bar.h"
 #include "controls/slider/ls_slider.h"
 #include "controls/status_bar/status_bar.h"
+#include "controls/theme/accessible_role.h"
 #include "controls/theme/icons.h"
 #include "controls/theme/theme.h"
 #include "controls/tool_button/tool_button.h"
@@ -108,6 +109,7 @@ frmMain::frmMain(SharedState& state, const MainServices& services)
       drops_(*this, [this] { return !Shut() && Enabled(Command::Drop, state_); }),
       startUp_(controls, surfaces.picCanvas, capture_, splash_, state, services.settings, services.dialog,
                BesideProgram("data")) {
+    UseAccessibleRole<frmMain, QAccessible::Window>();
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QStringLiteral("Kelu"));
     setWindowIcon(theme::Icon(QStringLiteral("kelu")));

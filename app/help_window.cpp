@@ -13,6 +13,7 @@
 #include <QWindow>
 
 #include "app/help_browser.h"
+#include "controls/theme/accessible_role.h"
 #include "controls/theme/icons.h"
 #include "controls/theme/tab_order.h"
 #include "controls/theme/theme.h"
@@ -42,6 +43,7 @@ HelpWindow::HelpWindow(const QString& folder)
       forward_(MakeButton(QStringLiteral("forward"), tr("Forward (Alt+Right)"), this)),
       index_(MakeButton(QStringLiteral("home"), tr("All effects (Alt+Home)"), this)),
       search_(new QLineEdit(this)) {
+    UseAccessibleRole<HelpWindow, QAccessible::Window>();
     setObjectName(QStringLiteral("HelpWindow"));
     setWindowTitle(tr("Kelu Help"));
     setWindowIcon(theme::Icon(QStringLiteral("kelu")));

@@ -8,6 +8,7 @@
 #include <array>
 
 #include "controls/property_bag/property_bag.h"
+#include "controls/theme/accessible_role.h"
 #include "pictures/gif/frame_encoder.h"
 #include "platform/units.h"
 
@@ -34,6 +35,7 @@ QByteArray ReadFile(const QString& fileName) {
 }  // namespace
 
 ucAniGIF::ucAniGIF(QWidget* parent) : QWidget(parent) {
+    UseAccessibleRole<ucAniGIF, QAccessible::Animation>();
     setMouseTracking(true);
     frameTimer_.setSingleShot(true);
     frameTimer_.setTimerType(Qt::PreciseTimer);

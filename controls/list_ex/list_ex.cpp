@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "controls/list_ex/list_ex.h"
 
+#include <QAccessible>
 #include <QHelpEvent>
 #include <QIcon>
 #include <QKeyEvent>
@@ -10,6 +11,7 @@
 #include <QStringListModel>
 #include <QToolTip>
 
+#include "controls/list_ex/list_accessible.h"
 #include "controls/theme/theme.h"
 #include "platform/error.h"
 
@@ -28,6 +30,13 @@ class ListRows : public QStringListModel {
 };
 
 ListEx::ListEx(QWidget* parent) : QListView(parent), texts_(new ListRows(this)) {
+    [[maybe_unused]] static const bool once = [] {
+        QAccessible::installFactory([](const QString&, QObject* object) -> QAccessibleInterface* {
+            auto* list = qobject_cast<ListEx*>(object);
+            return list ? new ListAccessible(*list) : nullptr;
+        });
+        return true;
+    }();
     setModel(texts_);
     setEditTriggers(NoEditTriggers);
     setUniformItemSizes(true);

@@ -13,6 +13,7 @@ namespace kelu {
 
 XP_ProgressBar::XP_ProgressBar(QWidget* parent) : QWidget(parent), color_(ToColorRef(TranslateColor(kHighlightColor))) {
     UseAccessibleValue<XP_ProgressBar, QAccessible::ProgressBar>();
+    setAccessibleName(tr("Progress"));
     setFocusPolicy(Qt::NoFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
 }

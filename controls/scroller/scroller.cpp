@@ -8,6 +8,7 @@
 
 #include "controls/property_bag/property_bag.h"
 #include "controls/scroller/scroller_line.h"
+#include "controls/theme/accessible_role.h"
 #include "platform/units.h"
 
 namespace kelu {
@@ -38,7 +39,9 @@ Scroller::Scroller(QWidget* parent)
       LineTop_(MakePlate(this, "LineTop", QColor(0x80, 0x80, 0x80))),
       LineLeft_(MakePlate(this, "LineLeft", QColor(0x80, 0x80, 0x80))),
       LineRight_(MakePlate(this, "LineRight", QColor(0xE0, 0xE0, 0xE0))),
-      LineBottom_(MakePlate(this, "LineBottom", QColor(0xE0, 0xE0, 0xE0))) {}
+      LineBottom_(MakePlate(this, "LineBottom", QColor(0xE0, 0xE0, 0xE0))) {
+    UseAccessibleRole<Scroller, QAccessible::Pane>();
+}
 
 void Scroller::SetBackColor(ColorRef color) {
     backColor_ = color;

@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 
+#include "controls/theme/accessible_button.h"
 #include "controls/theme/paint.h"
 #include "controls/theme/theme.h"
 
@@ -17,6 +18,7 @@ constexpr int kPad = 8;  // beside the text
 }  // namespace
 
 StatusPanel::StatusPanel(QWidget* parent) : QAbstractButton(parent) {
+    UseAccessibleButton<StatusPanel>();
     setFocusPolicy(Qt::NoFocus);
     setAttribute(Qt::WA_Hover);
 }

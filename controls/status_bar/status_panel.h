@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QString>
 
 namespace kelu {
@@ -16,6 +17,8 @@ class StatusPanel : public QAbstractButton {
     void SetText(const QString& text);
     const QString& Text() const { return whole_; }
     void SetClickable(bool clickable);
+    /// A text, but where it can be clicked.
+    QAccessible::Role AccessibleRole() const { return clickable_ ? QAccessible::Button : QAccessible::StaticText; }
 
  protected:
     void paintEvent(QPaintEvent* event) override;

@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QStyle>
 
+#include "controls/theme/accessible_button.h"
 #include "controls/theme/icons.h"
 #include "controls/theme/paint.h"
 #include "controls/theme/theme.h"
@@ -30,6 +31,7 @@ struct Inks {
 }  // namespace
 
 ToolButton::ToolButton(const QString& iconName, QWidget* parent) : QAbstractButton(parent), iconName_(iconName) {
+    UseAccessibleButton<ToolButton>();
     // Tab reaches it; a click leaves the focus where the user works.
     setFocusPolicy(Qt::TabFocus);
     setAttribute(Qt::WA_Hover);
@@ -42,6 +44,10 @@ void ToolButton::SetIconName(const QString& name) {
     if (iconName_ == name) return;
     iconName_ = name;
     update();
+}
+
+QAccessible::Role ToolButton::AccessibleRole() const {
+    return pageTab_ ? QAccessible::PageTab : isCheckable() ? QAccessible::CheckBox : QAccessible::Button;
 }
 
 void ToolButton::SetIconSize(int pixels) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QString>
 
 namespace kelu {
@@ -35,6 +36,9 @@ class ToolButton : public QAbstractButton {
     void SetAlignment(Alignment alignment);
     void SetLook(Look look);
     Look ButtonLook() const { return look_; }
+    /// The button chooses a page of its window and is read as its tab.
+    void SetPageTab() { pageTab_ = true; }
+    QAccessible::Role AccessibleRole() const;
     /// Tool tip and accessible name.
     void SetTip(const QString& tip);
     QString Tip() const { return tip_; }
@@ -64,6 +68,7 @@ class ToolButton : public QAbstractButton {
     QString key_;
     QString obstacle_;
     QString mark_;
+    bool pageTab_ = false;
     int iconPixels_ = 0;
     int iconShift_ = 0;
     Look look_ = Look::Flat;

@@ -146,6 +146,7 @@ void frmOptions::LayOut() {
         pnlMenu[i]->setAccessibleName(tr(kPageTexts[i].caption));
         pnlMenu[i]->SetAlignment(ToolButton::Alignment::Left);
         pnlMenu[i]->setCheckable(true);
+        pnlMenu[i]->SetPageTab();
         strip->addButton(pnlMenu[i]);
         pnlMenu[i]->setFixedSize(kMenuWidth, kMenuButtonHeight);
         menu->addWidget(pnlMenu[i]);

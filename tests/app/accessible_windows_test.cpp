@@ -44,6 +44,8 @@ Roles FittingRoles(const QWidget& widget) {
     if (qobject_cast<const QRadioButton*>(&widget)) return {QAccessible::RadioButton};
     if (qobject_cast<const QCheckBox*>(&widget)) return {QAccessible::CheckBox};
     if (qobject_cast<const ColorPicker*>(&widget)) return {QAccessible::Button, QAccessible::ButtonMenu};
+    if (widget.inherits("kelu::StatusPanel")) return {QAccessible::Button, QAccessible::StaticText};
+    if (widget.inherits("kelu::SliderNumber")) return {QAccessible::SpinBox};
     if (const auto* button = qobject_cast<const QAbstractButton*>(&widget))
         return button->isCheckable()
                    ? Roles{QAccessible::CheckBox, QAccessible::RadioButton, QAccessible::PageTab, QAccessible::Button}
@@ -123,7 +125,7 @@ TEST_F(AccessibleWindows, MainWindow) {
         ExpectNamesAndRoles(window);
     }
     Choose(kGrayscale);
-    const QString panelAndZoom = "OptGS1, OptGS2, cmdApply, cmdZoomin, cmdZoomOut, cmdZoomReset, ";
+    const QString panelAndZoom = "sldBrushSizeNumber, OptGS1, OptGS2, cmdApply, cmdZoomin, cmdZoomOut, cmdZoomReset, ";
     const QString statusAndStrip = window.controls.sBar1->PanelText(1).trimmed() +
                                    ", cmdOpen, cmdSave, cmdEmail, cmdPrint, cmdCopy, cmdUndo, cmdRedo, cmdWebCam, "
                                    "cmdOriginal, cmdSettings, cmdHelp, cmdMin, cmdRestore, cmdX";

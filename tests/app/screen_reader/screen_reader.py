@@ -1,0 +1,238 @@
+#!/usr/bin/python3
+"""Every window as a screen reader meets it, over the accessibility bus: what is there under which role, what shows, where the
+focus is, and what is told without being asked. Uses the window by its accessible actions alone.
+Run as screen_reader.py KELU PICTURE; 77 where the bus or a display can't be had. SPDX-License-Identifier: MIT"""
+import os
+import shutil
+import subprocess
+import sys
+import tempfile
+import time
+
+LAUNCHER = "/usr/libexec/at-spi-bus-launcher"
+WAIT = 20  # seconds for anything
+
+# Window (role, name): what must show in it. A state behind + must be set, behind - must not.
+TABLE = {
+    ("frame", "Kelu"): """
+        push button|Open
+        push button|Save
+        check box|Show Original Image|-checked
+        canvas|Picture|+focusable
+        radio button|Sepia|-checked
+        push button|Scroll down
+        push button|Zoom In
+        push button|v1.0.0  by Tarvane Design|+focusable
+        label|PICTURE|-focusable
+        push button|Settings""",
+    ("dialog", "Settings"): """
+        page tab|E-mail|+selected
+        page tab|Cursor|-selected
+        page tab|SFX Selector
+        radio button|Use Kelu Internal E-Mail|+checked
+        radio button|Use Google Mail (tm)|-checked
+        password text|Password
+        push button|OK""",
+    ("dialog", "Print"): """
+        list|Available Printers
+        radio button|Portrait
+        radio button|Landscape|+checked
+        push button|Print""",
+    ("dialog", "E-mail"): """
+        text|From|+focused
+        text|To
+        text|Message
+        push button|Send""",
+    ("dialog", "Open"): """
+        combo box|Path
+        push button|My Pictures
+        list|Files
+        push button|Cancel""",
+    ("frame", "Kelu Help - Sepia"): """
+        push button|Back (Alt+Left)
+        text|Search all pages
+        push button|All effects (Alt+Home)""",
+}
+# Opened by the action of this button of the main window, and closed with Escape.
+OPENERS = {"Settings": "Settings", "Print": "Print", "E-mail": "E-mail", "Open": "Open", "Kelu Help - Sepia": "Help"}
+# Read as a whole by their own text, or parts of the toolkit's controls.
+NAMELESS = {"scroll bar", "filler", "list", "viewport", "table column header"}
+
+
+def in_private_session():
+    """Runs this script again on a bus and a screen of its own."""
+    tools = ["Xvfb", "openbox", "xdotool", "dbus-run-session"]
+    if not all(map(shutil.which, tools)) or not os.path.exists(LAUNCHER):
+        print("needs", " ".join(tools), LAUNCHER)
+        return 1 if "KELU_REQUIRE_TOOLS" in os.environ else 77
+    read, write = os.pipe()
+    server = subprocess.Popen(["Xvfb", "-displayfd", str(write), "-screen", "0", "1280x960x24"], pass_fds=[write],
+                              stderr=subprocess.DEVNULL)
+    os.close(write)
+    display = ":" + os.read(read, 16).decode().strip()
+    with tempfile.TemporaryDirectory() as home:
+        os.mkdir(home + "/run", 0o700)
+        environment = dict(os.environ, DISPLAY=display, HOME=home, XDG_RUNTIME_DIR=home + "/run", QT_QPA_PLATFORM="xcb",
+                           XDG_CONFIG_HOME=home + "/config", QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", KELU_BUS="1",
+                           CUPS_SERVER="127.0.0.1:9", LC_ALL="C.UTF-8")
+        environment.pop("NO_AT_BRIDGE", None)
+        manager = subprocess.Popen(["openbox"], env=environment, stderr=subprocess.DEVNULL)
+        try:
+            return subprocess.run(["dbus-run-session", "--", sys.executable, *sys.argv], env=environment).returncode
+        finally:
+            manager.kill()
+            server.kill()
+
+
+def main():
+    import gi
+    gi.require_version("Atspi", "2.0")
+    from gi.repository import Atspi, GLib
+
+    faults = []
+    told = []
+    checked = 0
+
+    def turn(seconds=0.05):
+        end = time.monotonic() + seconds
+        while time.monotonic() < end:
+            while GLib.MainContext.default().iteration(False):
+                pass
+            time.sleep(0.01)
+
+    def wait_for(find, what):
+        end = time.monotonic() + WAIT
+        while time.monotonic() < end:
+            found = find()
+            if found:
+                return found
+            turn(0.1)
+        faults.append("never came: " + what)
+        return None
+
+    def has(item, state):
+        return item.get_state_set().contains(getattr(Atspi.StateType, state.upper()))
+
+    def walk(item):
+        yield item
+        for i in range(item.get_child_count()):
+            child = item.get_child_at_index(i)
+            if child:
+                yield from walk(child)
+
+    def showing(item):
+        return [each for each in walk(item) if has(each, "showing")]
+
+    def program():
+        desktop = Atspi.get_desktop(0)
+        for i in range(desktop.get_child_count()):
+            child = desktop.get_child_at_index(i)
+            if child and child.get_name() == "Kelu":
+                return child
+        return None
+
+    def window(role, name):
+        app = program()
+        for i in range(app.get_child_count() if app else 0):
+            each = app.get_child_at_index(i)
+            if each and each.get_role_name() == role and each.get_name() == name and has(each, "showing"):
+                return each
+        return None
+
+    def press(role, name):
+        item = wait_for(lambda: next((each for each in showing(program()) if each.get_role_name() == role and
+                                      each.get_name().split(",")[0] == name), None), f"{role} {name}")
+        if item:
+            item.get_action_iface().do_action(0)
+
+    def key(*names):
+        subprocess.run(["xdotool", "key", *names], check=False)
+        turn(0.3)
+
+    def compare(place, rows, picture):
+        nonlocal checked
+        root = wait_for(lambda: window(*place), f"window {place}")
+        if not root:
+            return
+        turn(0.5)
+        items = showing(root)
+        found = {(each.get_role_name(), each.get_name()): each for each in items}
+        for row in filter(None, map(str.strip, rows.splitlines())):
+            role, name, *states = row.replace("PICTURE", picture).split("|")
+            checked += 1
+            item = found.get((role, name))
+            if not item:
+                others = [r for r, n in found if n == name]
+                faults.append(f"{place[1]}: no {role} '{name}'" + (f", but {others}" if others else ""))
+                continue
+            for state in states:
+                if has(item, state[1:]) != (state[0] == "+"):
+                    faults.append(f"{place[1]}: {role} '{name}' is{' not' if state[0] == '+' else ''} {state[1:]}")
+        for item in items:
+            if has(item, "focusable") and not item.get_name() and item.get_role_name() not in NAMELESS:
+                faults.append(f"{place[1]}: a {item.get_role_name()} without a name")
+        focused = [f"{each.get_role_name()} '{each.get_name()}'" for each in walk(root) if has(each, "focused")]
+        if len(focused) > 1 or (place[0] == "dialog" and not focused):
+            faults.append(f"{place[1]}: focus at {focused}")
+
+    def heard(event):
+        try:
+            told.append((event.type, event.source.get_role_name(), event.source.get_name(), event.detail1))
+        except GLib.Error:
+            pass  # gone already
+
+    listener = Atspi.EventListener.new(heard)
+    for kind in ("object:state-changed:showing", "object:property-change:accessible-name",
+                 "object:property-change:accessible-value", "window:activate", "object:children-changed:add"):
+        listener.register(kind)
+
+    kelu, picture = sys.argv[1:3]
+    launcher = subprocess.Popen([LAUNCHER, "--launch-immediately", "--a11y=1"], stderr=subprocess.DEVNULL)
+    turn(1)
+    process = subprocess.Popen([kelu, picture])
+    try:
+        wait_for(lambda: window("frame", "Kelu"), "the main window")
+        # The splash ends by a key; a message that there is no camera may follow.
+        wait_for(lambda: key("Return") or window("frame", "Kelu") and any(
+            each.get_role_name() == "radio button" for each in showing(window("frame", "Kelu"))), "the effects")
+        label = wait_for(lambda: next((each.get_name() for each in showing(program()) if each.get_role_name() == "label"
+                                       and os.path.basename(picture) in each.get_name()), None), "the picture")
+        compare(("frame", "Kelu"), TABLE["frame", "Kelu"], label or "")
+        hidden = [each.get_name() for each in walk(program()) if each.get_role_name() == "list item" and has(each, "showing")]
+        if hidden:
+            faults.append(f"rows of the hidden list show: {hidden[:3]}")
+
+        press("radio button", "Sepia")
+        turn(0.5)
+        told.clear()
+        press("push button", "Apply")
+        reminder = wait_for(lambda: next((each for each in showing(program()) if "ready to go" in each.get_name()), None),
+                            "the reminder")
+        key("Return")
+        for what, is_it in {
+                "the rendered effect, by the message over it": lambda: reminder,
+                "Apply, no longer waiting": lambda: any(
+                    kind.endswith("accessible-name") and name == "Apply" for kind, role, name, _ in told)}.items():
+            wait_for(is_it, "word of " + what)
+        for (role, name), rows in TABLE.items():
+            if name not in OPENERS:
+                continue
+            press("push button", OPENERS[name])
+            compare((role, name), rows, "")
+            key("Escape")
+            wait_for(lambda: not window(role, name), f"the end of {name}")
+        told.clear()
+        press("push button", "Close")
+        turn(1)
+    finally:
+        process.terminate()
+        process.wait()
+        launcher.kill()
+    for fault in faults:
+        print(fault)
+    print(f"{checked} rows over {len(TABLE)} windows, {len(faults)} faults")
+    return 1 if faults else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main() if os.environ.get("KELU_BUS") else in_private_session())
