@@ -39,13 +39,18 @@ void MakeHelp(const QDir& texts, const QDir& gallery, const QDir& output) {
     }
     for (const HelpTopic& topic : topics)
         Write(output.filePath(topic.stem + ".html"), EffectPage(topic, topics).toUtf8());
-    Write(output.filePath("index.html"), IndexPage(topics).toUtf8());
+    // page.html, and page_de.html in its place where the window speaks German.
+    const auto writeInLanguage = [&](const QString& suffix) {
+        Write(output.filePath("index" + suffix), IndexPage(topics).toUtf8());
+        for (const QString& plain : texts.entryList({"*" + suffix}, QDir::Files))
+            if (suffix.startsWith(u'_') || !plain.contains(u'_'))
+                Write(output.filePath(plain), PlainPage(QString::fromUtf8(Read(texts.filePath(plain)))).toUtf8());
+    };
+    writeInLanguage(".html");
     for (const QString& id : LanguageIds()) {
         UseLanguage(id);
-        Write(output.filePath("index_" + LanguageInUse() + ".html"), IndexPage(topics).toUtf8());
+        writeInLanguage(u'_' + LanguageInUse() + ".html");
     }
-    for (const QString& plain : texts.entryList({"*.html"}, QDir::Files))
-        Write(output.filePath(plain), PlainPage(QString::fromUtf8(Read(texts.filePath(plain)))).toUtf8());
     Write(output.filePath("kelu.css"), Read(texts.filePath("../kelu.css")));
 }
 

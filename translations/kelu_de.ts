@@ -674,7 +674,7 @@ Trotzdem überschreiben?<byte value="xd"/>
     <name>PaintReminder</name>
     <message>
         <source>Hold Ctrl while you paint to bring the original back</source>
-        <translation type="unfinished"></translation>
+        <translation>Strg beim Malen halten bringt das Original zurück</translation>
     </message>
 </context>
 <context>
@@ -688,11 +688,11 @@ Trotzdem überschreiben?<byte value="xd"/>
     <name>SliderMenu</name>
     <message>
         <source>Last used: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Zuletzt: %1</translation>
     </message>
     <message>
         <source>Default: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Anfang: %1</translation>
     </message>
 </context>
 <context>
@@ -769,11 +769,11 @@ Trotzdem überschreiben?<byte value="xd"/>
     <name>kelu::BrushRing</name>
     <message>
         <source>%1 px</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 px</translation>
     </message>
     <message>
         <source>%1, soft %2 %</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, weich %2 %</translation>
     </message>
 </context>
 <context>
@@ -819,7 +819,7 @@ Die Aufnahme ist nicht möglich.</translation>
     </message>
     <message>
         <source>Don&apos;t Show This Again</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht mehr zeigen</translation>
     </message>
 </context>
 <context>
@@ -886,11 +886,11 @@ Die Aufnahme ist nicht möglich.</translation>
     <name>kelu::EffectOverview</name>
     <message>
         <source>All effects</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle Effekte</translation>
     </message>
     <message>
         <source>Effects</source>
-        <translation type="unfinished"></translation>
+        <translation>Effekte</translation>
     </message>
 </context>
 <context>
@@ -917,7 +917,7 @@ Die Aufnahme ist nicht möglich.</translation>
     </message>
     <message>
         <source>Pick the point on the picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Den Punkt auf dem Bild wählen</translation>
     </message>
 </context>
 <context>
@@ -928,7 +928,7 @@ Die Aufnahme ist nicht möglich.</translation>
     </message>
     <message>
         <source>All effects</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle Effekte</translation>
     </message>
 </context>
 <context>
@@ -958,23 +958,23 @@ Die Aufnahme ist nicht möglich.</translation>
     <name>kelu::FilmDialog</name>
     <message>
         <source>Save...</source>
-        <translation type="unfinished"></translation>
+        <translation>Speichern …</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Abbrechen</translation>
     </message>
     <message>
         <source>As It Grew</source>
-        <translation type="unfinished"></translation>
+        <translation>Wie es wuchs</translation>
     </message>
     <message>
         <source>The film</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Film</translation>
     </message>
     <message>
         <source>%1 × %2 pixels, %3</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 × %2 Pixel, %3</translation>
     </message>
 </context>
 <context>
@@ -1085,11 +1085,11 @@ Die Aufnahme ist nicht möglich.</translation>
     </message>
     <message>
         <source>All effects stand below. What hands can do is told under %1, how to set up the program under %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle Effekte stehen unten. Was Hände tun können, steht unter %1, wie das Programm eingestellt wird, unter %2.</translation>
     </message>
     <message>
         <source>Mouse and keys</source>
-        <translation type="unfinished"></translation>
+        <translation>Maus und Tasten</translation>
     </message>
 </context>
 <context>
@@ -1645,6 +1645,13 @@ Ersetzen?</translation>
     </message>
 </context>
 <context>
+    <name>kelu::XP_ProgressBar</name>
+    <message>
+        <source>Progress</source>
+        <translation>Fortschritt</translation>
+    </message>
+</context>
+<context>
     <name>kelu::frmBrowse</name>
     <message>
         <source>Open</source>
@@ -1783,15 +1790,15 @@ Es wurde keine oder eine ungültige E-Mail-Adresse eingegeben.<byte value="xd"/>
     </message>
     <message>
         <source>Waiting for the mail server</source>
-        <translation type="unfinished"></translation>
+        <translation>Warten auf den Mailserver</translation>
     </message>
     <message>
         <source>The e-mail is on its way: send it from your mail program</source>
-        <translation type="unfinished"></translation>
+        <translation>Die E-Mail ist unterwegs: senden Sie sie aus Ihrem Mailprogramm</translation>
     </message>
     <message>
         <source>The e-mail is on its way to %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Die E-Mail ist unterwegs an %1</translation>
     </message>
 </context>
 <context>
@@ -1818,11 +1825,11 @@ Es wurde keine oder eine ungültige E-Mail-Adresse eingegeben.<byte value="xd"/>
     </message>
     <message>
         <source>Not enough memory for this effect on this picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Für diesen Effekt auf diesem Bild reicht der Speicher nicht</translation>
     </message>
     <message>
         <source>There is no picture to paste</source>
-        <translation type="unfinished"></translation>
+        <translation>Es gibt kein Bild zum Einfügen</translation>
     </message>
 </context>
 <context>
@@ -2010,7 +2017,7 @@ Es wurde keine oder eine ungültige E-Mail-Adresse eingegeben.<byte value="xd"/>
     </message>
     <message>
         <source>Handing the page to &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Seite wird an „%1“ übergeben</translation>
     </message>
 </context>
 </TS>

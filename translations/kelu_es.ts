@@ -674,7 +674,7 @@ Save over it all the same?<byte value="xd"/>
     <name>PaintReminder</name>
     <message>
         <source>Hold Ctrl while you paint to bring the original back</source>
-        <translation type="unfinished"></translation>
+        <translation>Mantenga Ctrl al pintar para recuperar el original</translation>
     </message>
 </context>
 <context>
@@ -688,11 +688,11 @@ Save over it all the same?<byte value="xd"/>
     <name>SliderMenu</name>
     <message>
         <source>Last used: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Último: %1</translation>
     </message>
     <message>
         <source>Default: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Inicial: %1</translation>
     </message>
 </context>
 <context>
@@ -769,11 +769,11 @@ Save over it all the same?<byte value="xd"/>
     <name>kelu::BrushRing</name>
     <message>
         <source>%1 px</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 px</translation>
     </message>
     <message>
         <source>%1, soft %2 %</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, suave %2 %</translation>
     </message>
 </context>
 <context>
@@ -819,7 +819,7 @@ Esta función quedará desactivada.</translation>
     </message>
     <message>
         <source>Don&apos;t Show This Again</source>
-        <translation type="unfinished"></translation>
+        <translation>No volver a mostrar</translation>
     </message>
 </context>
 <context>
@@ -958,23 +958,23 @@ Esta función quedará desactivada.</translation>
     <name>kelu::FilmDialog</name>
     <message>
         <source>Save...</source>
-        <translation type="unfinished"></translation>
+        <translation>Guardar...</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Cancelar</translation>
     </message>
     <message>
         <source>As It Grew</source>
-        <translation type="unfinished"></translation>
+        <translation>Cómo creció</translation>
     </message>
     <message>
         <source>The film</source>
-        <translation type="unfinished"></translation>
+        <translation>La película</translation>
     </message>
     <message>
         <source>%1 × %2 pixels, %3</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 × %2 píxeles, %3</translation>
     </message>
 </context>
 <context>
@@ -1085,11 +1085,11 @@ Esta función quedará desactivada.</translation>
     </message>
     <message>
         <source>All effects stand below. What hands can do is told under %1, how to set up the program under %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Todos los efectos están abajo. Lo que pueden hacer las manos se explica en %1, y cómo ajustar el programa, en %2.</translation>
     </message>
     <message>
         <source>Mouse and keys</source>
-        <translation type="unfinished"></translation>
+        <translation>Ratón y teclas</translation>
     </message>
 </context>
 <context>
@@ -1645,6 +1645,13 @@ Replace it?</source>
     </message>
 </context>
 <context>
+    <name>kelu::XP_ProgressBar</name>
+    <message>
+        <source>Progress</source>
+        <translation>Progreso</translation>
+    </message>
+</context>
+<context>
     <name>kelu::frmBrowse</name>
     <message>
         <source>Open</source>
@@ -1783,15 +1790,15 @@ No se ha escrito ninguna dirección de correo, o no es válida.<byte value="xd"/
     </message>
     <message>
         <source>Waiting for the mail server</source>
-        <translation type="unfinished"></translation>
+        <translation>Esperando al servidor de correo</translation>
     </message>
     <message>
         <source>The e-mail is on its way: send it from your mail program</source>
-        <translation type="unfinished"></translation>
+        <translation>El correo está en camino: envíelo desde su programa de correo</translation>
     </message>
     <message>
         <source>The e-mail is on its way to %1</source>
-        <translation type="unfinished"></translation>
+        <translation>El correo está en camino a %1</translation>
     </message>
 </context>
 <context>
@@ -1818,11 +1825,11 @@ No se ha escrito ninguna dirección de correo, o no es válida.<byte value="xd"/
     </message>
     <message>
         <source>Not enough memory for this effect on this picture</source>
-        <translation type="unfinished"></translation>
+        <translation>No hay memoria suficiente para este efecto en esta imagen</translation>
     </message>
     <message>
         <source>There is no picture to paste</source>
-        <translation type="unfinished"></translation>
+        <translation>No hay ninguna imagen que pegar</translation>
     </message>
 </context>
 <context>
@@ -2010,7 +2017,7 @@ No se ha escrito ninguna dirección de correo, o no es válida.<byte value="xd"/
     </message>
     <message>
         <source>Handing the page to &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>Entregando la página a «%1»</translation>
     </message>
 </context>
 </TS>

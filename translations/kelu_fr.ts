@@ -674,7 +674,7 @@ L’écraser quand même ?<byte value="xd"/>
     <name>PaintReminder</name>
     <message>
         <source>Hold Ctrl while you paint to bring the original back</source>
-        <translation type="unfinished"></translation>
+        <translation>Tenez Ctrl en peignant pour ramener l’original</translation>
     </message>
 </context>
 <context>
@@ -688,11 +688,11 @@ L’écraser quand même ?<byte value="xd"/>
     <name>SliderMenu</name>
     <message>
         <source>Last used: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Dernier : %1</translation>
     </message>
     <message>
         <source>Default: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Initial : %1</translation>
     </message>
 </context>
 <context>
@@ -769,11 +769,11 @@ L’écraser quand même ?<byte value="xd"/>
     <name>kelu::BrushRing</name>
     <message>
         <source>%1 px</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 px</translation>
     </message>
     <message>
         <source>%1, soft %2 %</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, doux %2 %</translation>
     </message>
 </context>
 <context>
@@ -819,7 +819,7 @@ Cette fonction sera désactivée.</translation>
     </message>
     <message>
         <source>Don&apos;t Show This Again</source>
-        <translation type="unfinished"></translation>
+        <translation>Ne plus afficher</translation>
     </message>
 </context>
 <context>
@@ -958,23 +958,23 @@ Cette fonction sera désactivée.</translation>
     <name>kelu::FilmDialog</name>
     <message>
         <source>Save...</source>
-        <translation type="unfinished"></translation>
+        <translation>Enregistrer...</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Annuler</translation>
     </message>
     <message>
         <source>As It Grew</source>
-        <translation type="unfinished"></translation>
+        <translation>Son évolution</translation>
     </message>
     <message>
         <source>The film</source>
-        <translation type="unfinished"></translation>
+        <translation>Le film</translation>
     </message>
     <message>
         <source>%1 × %2 pixels, %3</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 × %2 pixels, %3</translation>
     </message>
 </context>
 <context>
@@ -1085,11 +1085,11 @@ Cette fonction sera désactivée.</translation>
     </message>
     <message>
         <source>All effects stand below. What hands can do is told under %1, how to set up the program under %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Tous les effets sont ci-dessous. Ce que les mains peuvent faire est expliqué sous %1, le réglage du programme sous %2.</translation>
     </message>
     <message>
         <source>Mouse and keys</source>
-        <translation type="unfinished"></translation>
+        <translation>Souris et touches</translation>
     </message>
 </context>
 <context>
@@ -1645,6 +1645,13 @@ Remplacer ?</translation>
     </message>
 </context>
 <context>
+    <name>kelu::XP_ProgressBar</name>
+    <message>
+        <source>Progress</source>
+        <translation>Progression</translation>
+    </message>
+</context>
+<context>
     <name>kelu::frmBrowse</name>
     <message>
         <source>Open</source>
@@ -1783,15 +1790,15 @@ Aucune adresse de courriel, ou une adresse incorrecte, a été saisie.<byte valu
     </message>
     <message>
         <source>Waiting for the mail server</source>
-        <translation type="unfinished"></translation>
+        <translation>En attente du serveur de courrier</translation>
     </message>
     <message>
         <source>The e-mail is on its way: send it from your mail program</source>
-        <translation type="unfinished"></translation>
+        <translation>Le courriel est prêt : envoyez-le depuis votre programme de courrier</translation>
     </message>
     <message>
         <source>The e-mail is on its way to %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Le courriel est en route vers %1</translation>
     </message>
 </context>
 <context>
@@ -1818,11 +1825,11 @@ Aucune adresse de courriel, ou une adresse incorrecte, a été saisie.<byte valu
     </message>
     <message>
         <source>Not enough memory for this effect on this picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Mémoire insuffisante pour cet effet sur cette image</translation>
     </message>
     <message>
         <source>There is no picture to paste</source>
-        <translation type="unfinished"></translation>
+        <translation>Il n’y a pas d’image à coller</translation>
     </message>
 </context>
 <context>
@@ -2010,7 +2017,7 @@ Aucune adresse de courriel, ou une adresse incorrecte, a été saisie.<byte valu
     </message>
     <message>
         <source>Handing the page to &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>Remise de la page à « %1 »</translation>
     </message>
 </context>
 </TS>
