@@ -40,6 +40,7 @@ int Run(kelu::Application& application, const QString& picture) {
     kelu::clsRegistryAccess registry(store);
     kelu::Settings settings(registry);
     kelu::UseLanguage(settings.Read(kelu::settings::kLanguage));
+    if (!kelu::LanguageInUse().isEmpty()) QApplication::setLayoutDirection(kelu::LanguageLocale().textDirection());
     kelu::SingleInstance instance(QFileInfo(kelu::RegistryFile::UserPath()).path(), QStringLiteral("kelu"));
     kelu::SharedState state;
     kelu::MsgDialogWindow dialog;
