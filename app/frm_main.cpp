@@ -117,6 +117,9 @@ frmMain::frmMain(SharedState& state, const MainServices& services)
     resize(
         InPixels({std::min(kDesignSize.width, Room(*this).width), std::min(kDesignSize.height, Room(*this).height)}));
     controls.ShowTools(false);
+    // The keys that end the splash must press nothing behind it.
+    controls.picCover->setFocusPolicy(Qt::StrongFocus);
+    controls.picCover->setFocus();
     Connect();
     if (services.journal) ConnectJournal(*services.journal);
 }

@@ -54,6 +54,15 @@ TEST_F(StartUpTest, TheSplashEndsAtAClickAndNotAtADrag) {
     EXPECT_TRUE(canvas.isVisible());
 }
 
+TEST_F(StartUpTest, EnterEndsTheSplashAndPressesNothingBehindIt) {
+    window.Start();
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    QTest::keyClick(window.windowHandle(), Qt::Key_Return);
+    EXPECT_FALSE(window.controls.picCover->isVisible());
+    EXPECT_TRUE(dialog.shown.empty());
+}
+
 TEST_F(StartUpTest, ASecondInstanceEndsWithoutAWord) {
     anotherRuns = true;
     EXPECT_FALSE(window.Start());
