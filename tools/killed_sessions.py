@@ -16,8 +16,9 @@ bin_folder, picture, rounds = os.path.abspath(sys.argv[1]), os.path.abspath(sys.
 seed = int(sys.argv[4]) if len(sys.argv) > 4 else 1
 display = os.environ.get("KELU_DISPLAY", ":77")
 cli = os.path.join(bin_folder, "kelu-cli")
+PLACE = (197, 195)  # of the window
 EFFECTS = [(1010, 310), (1010, 412), (1010, 513)]  # middles of the first buttons of the chooser
-APPLY = (1010, 771)  # where openbox puts the window on this screen
+APPLY = (1010, 771)
 CANVAS = (365, 368, 440, 290)  # inside the picture: left, top, width, height
 
 
@@ -59,7 +60,7 @@ class Session:
             file.write('REGEDIT4\r\n\r\n[HKEY_CURRENT_USER\\SOFTWARE\\Tarvane\\Kelu\\Settings\\Paint]\r\n"Reminder"="0"\r\n'
                        '[HKEY_CURRENT_USER\\SOFTWARE\\Tarvane\\Kelu\\Settings\\Capture]\r\n"Reminder"="0"\r\n')
         run(cli, "registry", "import", folder + "/settings.reg", env=self.env)
-        self.killed = None
+        self.killed = self.opened = None
         self.saves = 0
         self.truths = []  # (time of the stroke's end, sum) of the open picture
         self.files = {}  # what a saved file must hold: sum by path
@@ -69,19 +70,23 @@ class Session:
                                         stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
     def wait_for_window(self):
-        for _ in range(60):
-            if run("xdotool", "search", "--onlyvisible", "--name", "^Kelu$", env=self.env).stdout:
+        for _ in range(100):
+            found = run("xdotool", "search", "--onlyvisible", "--class", "kelu", env=self.env).stdout.split()
+            if found or self.program.poll() is not None:
                 break
             time.sleep(0.2)
-        time.sleep(0.5)
-        xdo(self.env, "key", "Return")  # ends the splash
-        time.sleep(1.2)
+        if found:
+            xdo(self.env, "getactivewindow", "windowmove", *PLACE, "sleep", 0.4, "key", "Escape", "sleep", 1.0)  # no splash
+
+    def active_window(self):
+        return run("xdotool", "getactivewindow", env=self.env).stdout
 
     def work(self, seconds):
         killer = threading.Timer(seconds, self.kill)
         killer.start()
         self.wait_for_window()
         left, top, width, height = CANVAS
+        self.opened = copied(self.env, self.folder + "/truth.png")
         apply = True
         while self.killed is None:
             if self.truths and self.dice.random() < 0.12:
@@ -101,7 +106,7 @@ class Session:
             ended = time.time()
             time.sleep(0.05)
             seen = copied(self.env, self.folder + "/truth.png")
-            if seen and self.killed is None:
+            if seen and self.killed is None and seen != self.opened:
                 self.truths.append((ended, seen))
         killer.join()
 
@@ -113,7 +118,7 @@ class Session:
         xdo(self.env, "key", "ctrl+a", "type", path)
         xdo(self.env, "key", "Return", "sleep", 0.6)
         if self.killed is None and os.path.exists(path):
-            self.truths = []
+            self.truths, self.opened = [], self.files[path]
             run(os.path.join(bin_folder, "kelu"), path, env=self.env, timeout=5)  # hands it over
             time.sleep(0.8)
 
@@ -155,11 +160,20 @@ class Session:
         all_of_it = self.replayed(self.folder + "/whole.journal")
         self.launch()
         self.wait_for_window()
-        time.sleep(2.0)
+        main = self.active_window()
+        for _ in range(60):
+            time.sleep(0.25)
+            if self.active_window() != main:
+                break
+        time.sleep(0.3)
         run("import", "-window", "root", self.folder + "/question.png", env=self.env)
         xdo(self.env, "key", "Return")  # Yes
-        time.sleep(2.0)
-        back = copied(self.env, self.folder + "/back.png")
+        back = None
+        for _ in range(10):  # a busy machine takes its time
+            time.sleep(1.0)
+            back = copied(self.env, self.folder + "/back.png")
+            if back == all_of_it:
+                break
         self.program.kill()
         self.program.wait()
         if back is None or back != all_of_it:
@@ -176,7 +190,7 @@ class Session:
 
 
 server = subprocess.Popen(["Xvfb", display, "-screen", "0", "1280x1024x24"], stderr=subprocess.DEVNULL)
-time.sleep(1)
+time.sleep(3)
 manager = subprocess.Popen(["openbox"], env=dict(os.environ, DISPLAY=display), stderr=subprocess.DEVNULL)
 counts = {}
 try:
