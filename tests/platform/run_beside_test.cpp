@@ -36,6 +36,11 @@ TEST(RunBeside, EscapeAndNothingElseReachesTheWork) {
     const auto fails = [] { throw std::runtime_error("cut short"); };
     EXPECT_THROW(RunBeside(fails, UserInput::Swallowed, &work), WorkCancelled);
     EXPECT_THROW(RunBeside(fails), std::runtime_error);
+    // The end of the application waits for no work.
+    work.cancelled = false;
+    QTimer::singleShot(0, [&] { EXPECT_THROW(RunBeside(endless, UserInput::Let, &work), WorkCancelled); });
+    QTimer::singleShot(20, [] { QCoreApplication::exit(); });
+    QCoreApplication::exec();
 }
 
 TEST(RunBeside, AMessageThatComesUpMeanwhileCanBeAnsweredOnceTheWorkIsDone) {
