@@ -81,7 +81,7 @@ void Document::ShowStatusText(bool longForm) {
     Q_EMIT StatusTextChanged(longForm ? LongStatusText() : ShortStatusText());
 }
 
-void Document::TakeOver(Surfaces& made, const QString& path, bool effectReady) {
+void Document::TakeOver(Surfaces& made, const QString& path, Source source, bool effectReady) {
     const QScopedValueRollback<bool> opening(opening_, true);
     Canvas().TakeOver(made.picCanvas);
     Pen().TakeOver(made.picPen);
@@ -89,7 +89,7 @@ void Document::TakeOver(Surfaces& made, const QString& path, bool effectReady) {
     canvasView_.ShowWhole();
     originalView_.ShowWhole();
     openedPath_ = path;
-    openedBy_ = Source::Drop;
+    openedBy_ = source;
     sizeInFile_ = openedSize_ = Canvas().Picture().size();
     state_.ImageActive = true;
     state_.ImageDirty = true;

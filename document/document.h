@@ -63,8 +63,8 @@ class Document : public QObject {
     bool MadeSmaller() const { return sizeInFile_ != openedSize_; }
 
     /// Shows what was made beside: all three surfaces of `made` with the canvas's undo levels and brush. It counts as
-    /// changed. `path` is the file that was opened for it. Not told to the log.
-    void TakeOver(Surfaces& made, const QString& path, bool effectReady);
+    /// changed. `path` is the file that was opened for it, by `source`. Not told to the log.
+    void TakeOver(Surfaces& made, const QString& path, Source source, bool effectReady);
 
     /// "name - [w x h / b bits / z%]"
     QString LongStatusText() const;

@@ -126,7 +126,8 @@ bool SessionReplay::Play(const Work& work) {
             });
         });
     }
-    document_.TakeOver(made, work.recipe.file, replay.EffectReady());
+    document_.TakeOver(made, work.recipe.file, work.passing ? Document::Source::Paste : Document::Source::Drop,
+                       replay.EffectReady());
     OpenedPicture picture{work.recipe.file,
                           {document_.Original().Picture(), document_.Original().Told()},
                           replay.What().shrunk,

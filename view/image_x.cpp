@@ -356,6 +356,10 @@ void ImageX::ApplyCursor() {
 
 bool ImageX::event(QEvent* event) {
     switch (event->type()) {
+        case QEvent::Enter:
+            ring_.MoveTo(static_cast<QEnterEvent*>(event)->position());
+            UpdateRing();
+            break;
         case QEvent::Leave:
             ring_.MoveTo(std::nullopt);
             UpdateRing();

@@ -51,7 +51,7 @@ bool KeyBrush::eventFilter(QObject*, QEvent* event) {
         case QEvent::FocusIn:
             // Who comes by Tab sees where the brush is.
             if (const auto reason = static_cast<QFocusEvent*>(event)->reason();
-                !pointer_ && (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason)) {
+                !view_.underMouse() && (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason)) {
                 pointer_ = QRectF(view_.rect()).center();
                 Send(QEvent::MouseMove, Qt::NoModifier);
             }
