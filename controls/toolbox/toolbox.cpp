@@ -130,7 +130,7 @@ int Toolbox::RowsInSight() const {
 }
 
 // The button that what was typed by now leads to, from button `index` on and round: the first whose name begins with
-// it, else the first that has it anywhere. 0: none, or no text.
+// it, else the first that has it anywhere. 0: no text, or one that no name begins to spell.
 int Toolbox::Typed(const QString& text, int index) {
     const bool goesOn = sinceTyped_.isValid() && sinceTyped_.elapsed() < QApplication::keyboardInputInterval();
     if (!goesOn) typed_.clear();
@@ -145,7 +145,9 @@ int Toolbox::Typed(const QString& text, int index) {
             if (atStart ? name.startsWith(typed_, Qt::CaseInsensitive) : name.contains(typed_, Qt::CaseInsensitive))
                 return each;
         }
-    return index;
+    if (typed_.size() > 1) return index;
+    typed_.clear();
+    return 0;
 }
 
 void Toolbox::resizeEvent(QResizeEvent*) { Arrange(); }
