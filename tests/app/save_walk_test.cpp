@@ -9,15 +9,10 @@
 #include "pictures/picture_file.h"
 #include "tests/app/dialog_hands.h"
 #include "tests/app/main_window_fixture.h"
+#include "tests/support/kit.h"
 
 namespace kelu {
 namespace {
-
-QByteArray Bytes(const QString& path) {
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
-    return file.readAll();
-}
 
 struct SaveWalk : MainWindowFixture {
     SaveWalk() : MainWindowFixture(Dialogs::Real) {}
@@ -27,11 +22,6 @@ struct SaveWalk : MainWindowFixture {
         Arm();
         Stroke({{60, 60}, {120, 80}, {200, 200}});
         ASSERT_TRUE(state.ImageDirty);
-    }
-    void Write(const QString& name, const QByteArray& bytes) {
-        QFile file(folder.filePath(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
     }
 };
 
@@ -76,7 +66,7 @@ TEST_P(EveryFilter, WritesTheFormatAndSettlesTheWindow) {
     }
     Key(Qt::Key_S, Qt::ControlModifier);
 
-    EXPECT_TRUE(Bytes(folder.filePath(row.file)).startsWith(row.begins));
+    EXPECT_TRUE(ReadBytes(folder.filePath(row.file)).startsWith(row.begins));
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).size(), 2) << "the photo and the saved file";
     if (row.lossless) {
         EXPECT_EQ(ReadPicture(folder.filePath(row.file)), painted);
@@ -96,12 +86,12 @@ TEST_P(EveryFilter, WritesTheFormatAndSettlesTheWindow) {
 
 TEST_F(SaveWalk, AFileIsReplacedOnlyWhenAsked) {
     OpenAndPaint();
-    Write("out.png", "old");
+    WriteBytes(folder.filePath("out.png"), "old");
     const QString path = folder.filePath("out.png");
     DialogScript script;
     script.Then<QFileDialog>(SaveAs(path)).Press("No").Then<QFileDialog>(CancelSave()).Then<QFileDialog>(CancelSave());
     Click(Command::Save);
-    EXPECT_EQ(Bytes(path), "old");
+    EXPECT_EQ(ReadBytes(path), "old");
     script.Then<QFileDialog>(SaveAs(path)).Press("Yes");
     Click(Command::Save);
     EXPECT_EQ(ReadPicture(path), Canvas());

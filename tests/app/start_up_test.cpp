@@ -12,6 +12,7 @@
 #include "platform/temporary_folder.h"
 #include "tests/app/main_window_fixture.h"
 #include "tests/support/kept_notes.h"
+#include "tests/support/kit.h"
 
 namespace kelu {
 namespace {
@@ -22,9 +23,7 @@ struct StartUpTest : MainWindowFixture {
 
 TEST_F(StartUpTest, SetsTheWindowUp) {
     const QString leftOver = QDir(TemporaryFolder()).filePath("_kelutmpimg.tif");
-    QFile file(leftOver);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.close();
+    WriteBytes(leftOver, {});
     settings.WriteText(settings::kResize.key, "65537");  // 1 in sixteen bits
     settings.Write(settings::kSelector, false);
     settings.Write(settings::kDevice, 7);

@@ -13,22 +13,10 @@
 
 #include "pictures/picture.h"
 #include "platform/error.h"
+#include "tests/support/kit.h"
 
 namespace kelu {
 namespace {
-
-QImage Noise(int width, int height, unsigned seed, QImage::Format format = QImage::Format_RGB32) {
-    QImage image(width, height, format);
-    std::mt19937 random(seed);
-    for (int y = 0; y < height; ++y) {
-        for (int x = 0; x < width; ++x) {
-            const auto value = static_cast<QRgb>(random());
-            reinterpret_cast<QRgb*>(image.scanLine(y))[x] =
-                format == QImage::Format_RGB32 ? value | 0xff000000u : value;
-        }
-    }
-    return image;
-}
 
 double DistanceToSegment(double x, double y, const QPoint& a, const QPoint& b) {
     const double length = std::hypot(b.x() - a.x(), b.y() - a.y());
@@ -62,20 +50,6 @@ QImage PlainStroke(const QImage& canvas, const QImage& paint, const QPolygon& po
     return result;
 }
 
-int LargestDifference(const QImage& a, const QImage& b) {
-    if (a.size() != b.size()) return 1000;
-    int largest = 0;
-    for (int y = 0; y < a.height(); ++y) {
-        for (int x = 0; x < a.width(); ++x) {
-            const QRgb p = a.pixel(x, y);
-            const QRgb q = b.pixel(x, y);
-            for (int shift = 0; shift < 32; shift += 8)
-                largest = std::max(largest, std::abs(int((p >> shift) & 255) - int((q >> shift) & 255)));
-        }
-    }
-    return largest;
-}
-
 void Draw(Surface& surface, const QPolygon& points, int strength = 255) {
     for (int i = 0; i + 1 < points.size(); ++i)
         surface.DrawBrushLine(points[i].x(), points[i].y(), points[i + 1].x(), points[i + 1].y(), strength);
@@ -83,9 +57,9 @@ void Draw(Surface& surface, const QPolygon& points, int strength = 255) {
 
 TEST(Stroke, EverywhereIsOneLevelAmongOthers) {
     Surface canvas, pen;
-    const QImage before = Noise(300, 220, 1);
+    const QImage before = NoisePicture(300, 220, 1);
     canvas.SetPicture(before);
-    pen.SetPicture(Noise(300, 220, 2));
+    pen.SetPicture(NoisePicture(300, 220, 2));
     canvas.SelectBrush(pen.MakeBrush(20));
     canvas.PushUndo();
     Draw(canvas, {QPoint(20, 20), QPoint(100, 100)});
@@ -96,7 +70,7 @@ TEST(Stroke, EverywhereIsOneLevelAmongOthers) {
     canvas.PushUndo();
     Draw(canvas, {QPoint(50, 50), QPoint(60, 150)});
     const QImage last = canvas.Picture().copy();
-    EXPECT_EQ(pen.Picture(), Noise(300, 220, 2)) << "the paint is not painted on";
+    EXPECT_EQ(pen.Picture(), NoisePicture(300, 220, 2)) << "the paint is not painted on";
     for (const QImage& state : {pen.Picture(), stroked, before}) {
         canvas.Undo();
         EXPECT_EQ(canvas.Picture(), state);
@@ -125,12 +99,12 @@ TEST(Stroke, CoversEachPixelOnceByItsDistanceToTheLine) {
         {60, 255, {QPoint(100, 100), QPoint(180, 100), QPoint(100, 101)}, {300, 220}, 40},
         {80, 200, {QPoint(100, 100), QPoint(140, 130)}, {300, 220}, 100},
     };
-    const QImage before = Noise(300, 220, 1);
+    const QImage before = NoisePicture(300, 220, 1);
     for (const auto& stroke : cases) {
         SCOPED_TRACE(testing::Message() << "size " << stroke.size << " strength " << stroke.strength);
         Surface canvas, pen;
         canvas.SetPicture(before);
-        pen.SetPicture(Noise(stroke.paint.width(), stroke.paint.height(), 2));
+        pen.SetPicture(NoisePicture(stroke.paint.width(), stroke.paint.height(), 2));
         canvas.SelectBrush(pen.MakeBrush(stroke.size));
         canvas.SetBrushSoftness(stroke.softness);
         canvas.PushUndo();
@@ -149,9 +123,9 @@ TEST(Stroke, CoversEachPixelOnceByItsDistanceToTheLine) {
 
 TEST(Stroke, ManyShortSegmentsLeaveWhatOneLongDoes) {
     Surface longStroke, shortStroke, pen;
-    pen.SetPicture(Noise(400, 200, 2));
+    pen.SetPicture(NoisePicture(400, 200, 2));
     for (Surface* surface : {&longStroke, &shortStroke}) {
-        surface->SetPicture(Noise(400, 200, 1));
+        surface->SetPicture(NoisePicture(400, 200, 1));
         surface->SelectBrush(pen.MakeBrush(41));
         surface->PushUndo();
     }
@@ -195,7 +169,7 @@ TEST(Stroke, TransparentPaintReplacesOnACanvasWithAlphaAndIsLaidOverAnOpaqueOne)
 }
 
 TEST(Stroke, LeavesAllOtherOwnersOfThePicturesAlone) {
-    const QImage opened = Noise(200, 200, 1);
+    const QImage opened = NoisePicture(200, 200, 1);
     Surface canvas, pen, original;
     canvas.SetPicture(opened);
     original.SetPicture(canvas.Picture());
@@ -206,7 +180,7 @@ TEST(Stroke, LeavesAllOtherOwnersOfThePicturesAlone) {
     canvas.DrawBrushLine(0, 0, 199, 199, 255);
     EXPECT_EQ(canvas.Picture().constBits(), original.Picture().constBits());
 
-    const QImage rendered = Noise(200, 200, 2);
+    const QImage rendered = NoisePicture(200, 200, 2);
     pen.SetPicture(rendered);
     canvas.SelectBrush(pen.MakeBrush(30));
     pen.CreateBlank(10, 10, 24, Qt::red);  // the brush keeps what it was made of
@@ -220,13 +194,13 @@ TEST(Undo, FollowsWholeCopiesThroughRandomSequences) {
     for (int run = 0; run < 20; ++run) {
         SCOPED_TRACE(run);
         Surface canvas, pen;
-        canvas.SetPicture(Noise(230, 170, 1));
+        canvas.SetPicture(NoisePicture(230, 170, 1));
         std::vector<QImage> undo, redo;
         const auto point = [&] { return QPoint(int(random() % 260) - 10, int(random() % 200) - 10); };
         for (int step = 0; step < 60; ++step) {
             switch (random() % 6) {
                 case 0:
-                    pen.SetPicture(Noise(230, 170, static_cast<unsigned>(random())));
+                    pen.SetPicture(NoisePicture(230, 170, static_cast<unsigned>(random())));
                     canvas.SelectBrush(pen.MakeBrush(1 + int(random() % 60)));
                     break;
                 case 1:
@@ -267,9 +241,9 @@ TEST(Undo, FollowsWholeCopiesThroughRandomSequences) {
 
 TEST(Undo, AStrokeThatGoesOnAfterAnUndoCanBeUndoneToo) {
     Surface canvas, pen;
-    const QImage opened = Noise(100, 100, 1);
+    const QImage opened = NoisePicture(100, 100, 1);
     canvas.SetPicture(opened);
-    pen.SetPicture(Noise(100, 100, 2));
+    pen.SetPicture(NoisePicture(100, 100, 2));
     canvas.SelectBrush(pen.MakeBrush(20));
     canvas.PushUndo();
     canvas.DrawBrushLine(10, 10, 50, 50, 255);
@@ -359,12 +333,7 @@ TEST(Surface, KeepsProportionsAndRoundsWhenOneSideIsLeftOut) {
     Surface surface;
     surface.CreateBlank(4, 4, 24, Qt::red);
     for (const QSize& bad : {QSize(0, 0), QSize(-5, 0), QSize(4, -1)}) {
-        try {
-            surface.ResizeImage(bad.width(), bad.height());
-            ADD_FAILURE() << bad.width();
-        } catch (const Error& error) {
-            EXPECT_EQ(error.Number(), kInvalidProperty);
-        }
+        EXPECT_EQ(ErrorOf([&] { surface.ResizeImage(bad.width(), bad.height()); }).Number(), kInvalidProperty);
     }
 }
 
@@ -439,33 +408,11 @@ TEST(Surface, DrawsABitmapWithOpacityAndUndoesIt) {
     EXPECT_EQ(surface.ImageWidth(), 4);
 }
 
-TEST(Surface, AFileThatFailsChangesNothing) {
-    QTemporaryDir folder;
-    Surface surface;
-    surface.SetPicture(Noise(60, 40, 3));
-    surface.PushUndo();
-    const QImage before = surface.Picture();
-    QFile file(folder.filePath("bad.jpg"));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("no picture at all");
-    file.close();
-    QSignalSpy replaced(&surface, &Surface::PictureReplaced);
-    EXPECT_THROW(surface.LoadFile(file.fileName()), Error);
-    EXPECT_THROW(surface.LoadFile(folder.filePath("missing.png")), Error);
-    EXPECT_EQ(replaced.count(), 0);
-    EXPECT_EQ(surface.Picture(), before);
-    EXPECT_TRUE(surface.CanUndo());
-    surface.SaveFile(folder.filePath("good.png"));
-    surface.CreateBlank(1, 1, 24, Qt::red);
-    surface.LoadFile(folder.filePath("good.png"));
-    EXPECT_EQ(surface.Picture(), before);
-}
-
 TEST(Surface, NeonReportsBelow99AndThenExactly99) {
     Surface surface;
     QSignalSpy progress(&surface, &Surface::Progress);
     // So large that it takes long enough to report anywhere.
-    const QImage large = Noise(600, 500, 3).scaled(6000, 5000);
+    const QImage large = NoisePicture(600, 500, 3).scaled(6000, 5000);
     surface.SetPicture(large);
     surface.NeonFilter();
     ASSERT_GE(progress.size(), 2);

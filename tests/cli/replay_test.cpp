@@ -10,6 +10,7 @@
 #include <QTemporaryDir>
 
 #include "pictures/gif/frame_composer.h"
+#include "tests/support/kit.h"
 
 namespace kelu {
 namespace {
@@ -33,11 +34,6 @@ struct ReplayCommand : testing::Test {
                 image.setPixel(x, y, qRgb(x * 255 / width, y * 255 / height, (x / 8 + y / 8) % 2 * 200 + x % 8 * 6));
         ASSERT_TRUE(image.save(Path(name)));
     }
-    void Write(const QString& name, const QByteArray& text) {
-        QFile file(Path(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(text);
-    }
     int Run(const QStringList& words) {
         QProcess process;
         process.setWorkingDirectory(folder.path());
@@ -59,8 +55,8 @@ TEST_F(ReplayCommand, GivesThePictureOfTheFirstVersion) {
 
 TEST_F(ReplayCommand, FitsOtherSizesWhenAsked) {
     MakePattern("wide.png", 320, 120);
-    Write("dot.kelu",
-          "kelu recipe 1 effects 2\nfile pattern.png\nopen 160x120\napply 32\nbrush 10\nstroke 40,60 41,60\n");
+    WriteBytes(Path("dot.kelu"),
+               "kelu recipe 1 effects 2\nfile pattern.png\nopen 160x120\napply 32\nbrush 10\nstroke 40,60 41,60\n");
     EXPECT_EQ(Run({"dot.kelu", "wide.png", "out.png"}), 1);
     EXPECT_TRUE(error.contains("320 x 120")) << error.constData();
     ASSERT_EQ(Run({"dot.kelu", "wide.png", "out.png", "--fit"}), 0) << error.constData();
@@ -73,10 +69,8 @@ TEST_F(ReplayCommand, FitsOtherSizesWhenAsked) {
 TEST_F(ReplayCommand, FilmsGrowFromThePhotographToTheResult) {
     ASSERT_EQ(Run({"first.kelu", "out.png"}), 0);
     ASSERT_EQ(Run({"first.kelu", "--film", "film.gif"}), 0) << error.constData();
-    QFile file(Path("film.gif"));
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     FrameStrip strip;
-    ASSERT_GT(strip.Load(file.readAll()), 8);
+    ASSERT_GT(strip.Load(ReadBytes(Path("film.gif"))), 8);
     strip.LoadRest();
     int time = 0;
     for (int frame = 1; frame <= strip.FrameCount(); ++frame) time += strip.Frame(frame).DelayMs;
@@ -118,7 +112,7 @@ TEST_F(ReplayCommand, RefusesHostileRecipesInOneLine) {
         "kelu journal 1 effects 2\nfile pattern.png\nopen 160x120\n",
     };
     for (const QByteArray& text : texts) {
-        Write("bad.kelu", text);
+        WriteBytes(Path("bad.kelu"), text);
         EXPECT_EQ(Run({"bad.kelu", "pattern.png", "out.png"}), 1) << text.constData();
         EXPECT_EQ(error.count('\n'), 1) << error.constData();
         EXPECT_FALSE(QFile::exists(Path("out.png"))) << text.constData();

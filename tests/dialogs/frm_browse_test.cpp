@@ -23,6 +23,7 @@
 #include "controls/tool_button/tool_button.h"
 #include "dialogs/browse/folder_combo.h"
 #include "platform/error.h"
+#include "tests/support/kit.h"
 #include "tests/support/memory_settings.h"
 #include "tests/support/scripted_dialog.h"
 
@@ -53,11 +54,7 @@ struct BrowseTest : testing::Test {
             for (int x = 0; x < 300; ++x) image.setPixel(x, y, qRgb(x * 7 % 256, y * 5 % 256, (x * y) % 256));
         ASSERT_TRUE(image.save(home.filePath(name), format));
     }
-    void Write(const QString& name, const QByteArray& bytes) {
-        QFile file(home.filePath(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-    }
+    void Write(const QString& name, const QByteArray& bytes) { WriteBytes(home.filePath(name), bytes); }
     std::unique_ptr<frmBrowse> Dialog() {
         auto form = std::make_unique<frmBrowse>(
             settings, dialog,
@@ -98,17 +95,6 @@ struct BrowseTest : testing::Test {
         return text->isVisible() ? text->text() : QString();
     }
 };
-
-TEST_F(BrowseTest, StartsInTheGalleryAndListsOnlyPictures) {
-    const auto form = Dialog();
-    EXPECT_EQ(form->FileViewer_->Folder(), places.gallery);
-    EXPECT_EQ(Rows(*form), (QStringList{"a2.bmp", "A10.JPEG", "b.png", "broken.png"}));
-    EXPECT_EQ(form->ComboDrive->Folder(), places.gallery);
-    EXPECT_EQ(form->ComboDrive->currentText(), "Gallery");
-    EXPECT_FALSE(form->cmdOK->isEnabled());
-    EXPECT_EQ(form->FileViewer_->View(), FileViewer::ViewKind::Thumbnails);
-    EXPECT_TRUE(form->mnuViews[4]->isChecked());
-}
 
 TEST_F(BrowseTest, OkOpensTheChosenPictureAndKeepsTheFolderShown) {
     const auto form = Dialog();

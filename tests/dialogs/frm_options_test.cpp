@@ -20,6 +20,7 @@
 #include "platform/password_scrambling.h"
 #include "platform/registry_access.h"
 #include "platform/registry_file.h"
+#include "tests/support/kit.h"
 #include "tests/support/memory_settings.h"
 #include "tests/support/scripted_dialog.h"
 
@@ -109,9 +110,7 @@ TEST_F(OptionsTest, WhatMouseAndKeysSetIsThereAtTheNextStart) {
         Click(form->cmdOK);
         EXPECT_EQ(form->result(), QDialog::Accepted);
     }
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_FALSE(file.readAll().contains("s3cret!")) << "no password in the open";
+    EXPECT_FALSE(ReadBytes(path).contains("s3cret!")) << "no password in the open";
 
     Start second(path);
     const auto form = Dialog(second.settings);
@@ -173,18 +172,6 @@ TEST_F(OptionsTest, WorksWithoutACamera) {
     connectError = kFileError;
     Dialog();
     EXPECT_EQ(dialog.shown.size(), 1u) << "any other failure is told";
-}
-
-TEST_F(OptionsTest, MaskHelpAndAbout) {
-    const auto form = Dialog();
-    EXPECT_EQ(form->txtPassword->echoMode(), QLineEdit::Password);
-    form->optEmail[2]->click();
-    form->chkMask->click();
-    EXPECT_EQ(form->txtPassword->echoMode(), QLineEdit::Normal);
-    form->cmdHelp->click();
-    EXPECT_EQ(state.CurrentSFX, kSettingsTopic);
-    form->cmdAbout->click();
-    EXPECT_EQ(calls, (QStringList{"help", "about"}));
 }
 
 }  // namespace

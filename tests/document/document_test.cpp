@@ -17,6 +17,7 @@
 #include "document/zoom_view.h"
 #include "platform/error.h"
 #include "tests/support/kept_notes.h"
+#include "tests/support/kit.h"
 #include "tests/support/scripted_dialog.h"
 #include "tests/support/scripted_save_dialog.h"
 
@@ -57,10 +58,6 @@ struct DocumentTest : testing::Test {
         EXPECT_TRUE(image.save(path));
         return path;
     }
-    static QByteArray ReadAll(const QString& path) {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
     /// One stroke, as the painter makes it.
     void Paint() {
         surfaces.picPen.CreateBlank(surfaces.picCanvas.ImageWidth(), surfaces.picCanvas.ImageHeight(), 24, Qt::red);
@@ -93,42 +90,6 @@ TEST_F(DocumentTest, ShrinksWhatIsLargerThanTheLimits) {
     EXPECT_EQ(surfaces.picCanvas.ImageWidth(), 3000) << "a snapshot is never shrunk";
 }
 
-TEST_F(DocumentTest, TheCallersOfOpenDifferAsTold) {
-    const QString path = MakePicture(40, 30, QStringLiteral("Cat & dog.png"));
-    QSignalSpy texts(&document, &Document::StatusTextChanged);
-    QSignalSpy opened(&document, &Document::Opened);
-    view.SetZoomPercent(70);
-    struct Row {
-        Document::Source source;
-        bool wasDirty;
-        bool staysArmed;
-        const char* text;
-    };
-    const char* longText = "Cat & dog.png - [40 x 30 / 24 bits / 70%]";
-    const Row rows[] = {
-        {Document::Source::Drop, false, true, "Cat & dog.png - (40 x 30 / 24 bits)"},
-        {Document::Source::Drop, true, true, longText},
-        {Document::Source::Browse, false, false, longText},
-        {Document::Source::Capture, false, true, longText},
-    };
-    for (const Row& row : rows) {
-        state.ImageActive = false;
-        state.EffectReady = true;
-        view.SetFreeView();
-        document.Open(path, row.source, row.wasDirty);
-        EXPECT_TRUE(state.ImageActive);
-        EXPECT_EQ(state.EffectReady, row.staysArmed);
-        EXPECT_EQ(texts.takeLast()[0].toString(), row.text);
-        EXPECT_EQ(view.ViewAnchor(), Anchor::Fitted);
-        EXPECT_EQ(view.ViewMode(), ViewKind::Fitted);
-        EXPECT_EQ(originalView.ViewMode(), ViewKind::Fitted);
-        EXPECT_EQ(view.ZoomPercent(), 70) << "opening leaves the zoom alone";
-    }
-    EXPECT_EQ(opened.size(), 4);
-    EXPECT_EQ(FileNameOfPath("plain.png"), "plain.png");
-    EXPECT_EQ(FileNameOfPath("C:\\pictures\\a.b.png"), "a.b.png");
-}
-
 TEST_F(DocumentTest, SaveFollowsTheExtensionAndSettlesTheState) {
     document.Open(MakePicture(40, 30), Document::Source::Browse);
     openSave.PerformSave();
@@ -146,9 +107,7 @@ TEST_F(DocumentTest, SaveFollowsTheExtensionAndSettlesTheState) {
     saveDialog.chosenFilter = 1;
     openSave.PerformSave();
     EXPECT_EQ(saveDialog.shown, 3);
-    QFile jpeg(folder.filePath("out.jpg"));
-    ASSERT_TRUE(jpeg.open(QIODevice::ReadOnly));
-    EXPECT_TRUE(jpeg.readAll().startsWith("\xff\xd8"));
+    EXPECT_TRUE(ReadBytes(folder.filePath("out.jpg")).startsWith("\xff\xd8"));
     EXPECT_FALSE(state.ImageDirty);
     EXPECT_FALSE(state.ImageActive);
 
@@ -216,9 +175,9 @@ TEST_F(DocumentTest, WhatIsLeftWithEscapeChangesNothingAndIsNoError) {
     EXPECT_EQ(surfaces.picCanvas.ImageWidth(), 40);
     Paint();
     saveDialog.names = {other, other};
-    const QByteArray before = ReadAll(other);
+    const QByteArray before = ReadBytes(other);
     openSave.PerformSave();
-    EXPECT_EQ(ReadAll(other), before);
+    EXPECT_EQ(ReadBytes(other), before);
     EXPECT_TRUE(state.ImageDirty);
     EXPECT_TRUE(state.ImageActive);
     QGuiApplication::clipboard()->clear();

@@ -11,6 +11,7 @@
 #include "effects/catalogue/render_on.h"
 #include "platform/error.h"
 #include "tests/document/painting_session.h"
+#include "tests/support/kit.h"
 
 namespace kelu {
 namespace {
@@ -86,9 +87,7 @@ struct Damage : testing::Test {
             session.Stroke();
             journal.Flush(/*wait=*/true);
         }
-        QFile file(JournalsIn(state.path()).value(0));
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-        text = file.readAll();
+        text = ReadBytes(JournalsIn(state.path()).value(0));
         whole = ReadRecipeText(text);
         ASSERT_EQ(whole.fault, QString());
         ASSERT_GT(whole.steps.size(), 12u);

@@ -1,9 +1,12 @@
-// Properties of every row, and the few engine calls whose arguments could be taken for one another.
+// Properties of every row, the bytes that each gives, and the engine as the program sees it: shared sources, refusals,
+// progress.
 // SPDX-License-Identifier: MIT
 #include "effects/catalogue/catalogue.h"
 
 #include <gtest/gtest.h>
 
+#include <QCryptographicHash>
+#include <QSignalSpy>
 #include <functional>
 #include <limits>
 #include <set>
@@ -13,6 +16,7 @@
 #include "platform/error.h"
 #include "tests/effects/sample_picture.h"
 #include "tests/support/engine_pictures.h"
+#include "tests/support/kit.h"
 
 namespace kelu {
 namespace {
@@ -115,6 +119,26 @@ TEST_P(EveryRow, AnyInputGivesAWholePicture) {
             }
 }
 
+// Recipes and journals tell effects and inputs alone: the same ones must give the same bytes for ever. After a change
+// on purpose raise kEffectDefinitions and put the sums that this test tells in sums.tsv.
+TEST(Catalogue, EveryEffectGivesTheBytesThatRecipesWereMadeWith) {
+    const QImage picture = SamplePicture(161, 127);
+    QByteArray sums;
+    for (const Effect& effect : Catalogue()) {
+        QCryptographicHash sum(QCryptographicHash::Sha1);
+        for (const bool moved : {false, true}) {
+            EffectInputs inputs = effect.Defaults();
+            for (const Input& input : InputsOf(effect))
+                if (moved && input.taken) input.set(inputs, true);
+            const QImage result = RenderOnto(effect, inputs, picture);
+            sum.addData(QByteArrayView(result.constBits(), result.sizeInBytes()));
+        }
+        sums += QByteArray(effect.listText) + '\t' + sum.result().toHex() + '\n';
+    }
+    EXPECT_EQ(sums.toStdString(), ReadBytes(KELU_SOURCE_DIR "/tests/effects/sums.tsv").toStdString())
+        << sums.constData();
+}
+
 // A side of this many pixels times the width of a strip is more than 31 bits hold.
 TEST(Catalogue, ALineOfMillionsOfPixelsIsRendered) {
     const Effect& maximum = *FindEffect(28);
@@ -174,6 +198,54 @@ TEST(CatalogueCall, PassesWhatTheEngineExpectsInItsOrder) {
 TEST(Catalogue, NegativePickerColorsCountAsBlack) {
     EXPECT_EQ(SplitColor(PickerColor(200, 100, 50)), (ColorBytes{200, 100, 50}));
     EXPECT_EQ(SplitColor(-1), (ColorBytes{0, 0, 0}));
+}
+
+TEST(PixTwix, SharesItsSourceAndLeavesItAlone) {
+    const QImage source = SamplePicture(40, 30);
+    const QImage pixels = source.copy();
+    PixTwix engine;
+    engine.SetPicture(source);
+    EXPECT_EQ(engine.Picture().constBits(), source.constBits());
+    ASSERT_TRUE(engine.FxNegative(true, true, true, false));
+    EXPECT_EQ(source, pixels);
+    EXPECT_EQ(engine.Picture().pixel(3, 2), source.pixel(3, 2) ^ 0xffffff);
+
+    // A second operation works on the first one's render.
+    ASSERT_TRUE(engine.FxNegative(true, true, true, false));
+    EXPECT_EQ(engine.Picture(), pixels);
+}
+
+TEST(PixTwix, KeepsFormatTransparencyAndResolution) {
+    QImage source = SamplePicture(40, 30).convertToFormat(QImage::Format_ARGB32);
+    source.setPixel(3, 2, qRgba(10, 20, 30, 40));
+    source.setDotsPerMeterX(11811);
+    source.setDotsPerMeterY(5906);
+    PixTwix engine;
+    engine.SetPicture(source);
+    ASSERT_TRUE(engine.FxNegative(true, true, true, false));
+    EXPECT_EQ(engine.Picture().format(), QImage::Format_ARGB32);
+    EXPECT_EQ(engine.Picture().pixel(3, 2), qRgba(245, 235, 225, 40));
+    EXPECT_EQ(engine.Picture().dotsPerMeterX(), 11811);
+    EXPECT_EQ(engine.Picture().dotsPerMeterY(), 5906);
+
+    engine.SetPicture(SamplePicture(6, 4).convertToFormat(QImage::Format_RGB888));
+    EXPECT_TRUE(engine.FxNegative(true, true, true, false)) << "any other format is taken too";
+}
+
+TEST(PixTwix, RefusesASecondRenderInsideAReportAndEndsWithAHundred) {
+    PixTwix engine(1);
+    engine.SetPicture(SamplePicture(2000, 1500));
+    std::vector<int> reports;
+    bool second = false;
+    QObject::connect(&engine, &PixTwix::FxProgress, &engine, [&](int percent) {
+        reports.push_back(percent);
+        second = second || engine.FxReverse();
+    });
+    ASSERT_TRUE(engine.FxOilPainting(30, false));  // hundreds of milliseconds on one thread
+    EXPECT_FALSE(second);
+    ASSERT_FALSE(reports.empty());
+    EXPECT_LT(reports.front(), 100);
+    EXPECT_EQ(reports.back(), 100);
 }
 
 }  // namespace

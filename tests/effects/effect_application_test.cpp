@@ -199,21 +199,6 @@ TEST_F(EffectApplicationTest, AnOperationThatForgetsItsLastReportDoesNotLeaveThe
     EXPECT_TRUE(state.ImageActive);
 }
 
-TEST_F(EffectApplicationTest, PenProgressHasItsOwnThresholdsAndLeavesImageActiveAlone) {
-    const struct {
-        int percent;
-        std::vector<std::string> expected;
-    } cases[] = {{98, {"shut", "show bar", "98", "loop"}}, {99, {"open", "hide bar", "loop"}}, {100, {"loop"}}};
-    for (bool active : {true, false})
-        for (const auto& [percent, expected] : cases) {
-            log.clear();
-            state.ImageActive = active;
-            Q_EMIT pen.Progress(percent);
-            EXPECT_EQ(log, expected) << percent;
-            EXPECT_EQ(state.ImageActive, active);
-        }
-}
-
 TEST_F(EffectApplicationTest, ARowThatFillsThePenLeavesTheEngineAlone) {
     engine.SetPicture(SamplePicture(4, 4));
     Effect row = FullRow();

@@ -36,15 +36,6 @@ class EffectPanelTest : public testing::Test {
     EffectPanel panel;
 };
 
-TEST_F(EffectPanelTest, NothingShowsBeforeTheFirstSelection) {
-    for (const QWidget* control : panel.findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
-        EXPECT_FALSE(control->isVisible()) << control->objectName().toStdString();
-    panel.SetUp(0);
-    panel.SetUp(99);
-    EXPECT_FALSE(panel.cmdApply->isVisible());
-    EXPECT_EQ(state.CurrentSFX, 0);
-}
-
 TEST_F(EffectPanelTest, ASliderTakesANumberFromTheKeyboard) {
     panel.SetUp(7);  // Radius 1 to 100, starts at 10
     struct Row {
@@ -131,45 +122,6 @@ TEST_F(EffectPanelTest, OptionsWriteAllThreeVariablesAndStartAnewWithTheEffect) 
     state.GraySelect = 0;
     QTest::mouseClick(panel.lblGS[1], Qt::LeftButton);
     EXPECT_EQ(state.GraySelect, 2);
-}
-
-TEST_F(EffectPanelTest, ListsFileTheirRowUnderTheCurrentEffect) {
-    panel.SetUp(40);
-    EXPECT_EQ(panel.lstValue->Count(), 17);
-    EXPECT_EQ(panel.lstValue->Text(panel.lstValue->ListIndex()), QStringLiteral("Laplace 1"));
-    EXPECT_EQ(state.SPFilterSelect, 5) << "without any click";
-    panel.lstValue->SetListIndex(16);
-    EXPECT_EQ(state.SPFilterSelect, 17);
-
-    panel.SetUp(25);
-    EXPECT_EQ(state.HighPassSelect, 1);
-    EXPECT_EQ(state.SPFilterSelect, 17);
-    panel.lstValue->SetListIndex(2);
-    panel.SetUp(25);
-    EXPECT_EQ(panel.lstValue->ListIndex(), 0);
-    EXPECT_EQ(state.HighPassSelect, 1);
-
-    panel.SetUp(43);
-    EXPECT_EQ(panel.lstValue->Text(2), QStringLiteral("Green - Blue"));
-    panel.lstValue->SetListIndex(1);
-    EXPECT_EQ(state.SwapChannelsSelect, 2);
-    state.CurrentSFX = 99;
-    panel.lstValue->SetListIndex(2);
-    EXPECT_EQ(state.SwapChannelsSelect, 2);
-}
-
-TEST_F(EffectPanelTest, CompassKeepsItsDirectionAcrossSelections) {
-    EXPECT_EQ(panel.TBCompass->Current(), 3);
-    panel.SetUp(16);
-    EXPECT_EQ(state.CompassDirection, 3);
-    QTest::mouseClick(panel.TBCompass->Button(2), Qt::LeftButton);
-    EXPECT_EQ(state.CompassDirection, 2);
-    panel.SetUp(8);
-    panel.SetUp(20);
-    EXPECT_EQ(state.CompassDirection, 2);
-    EXPECT_EQ(panel.TBCompass->Current(), 2);
-    panel.LoadTips();
-    EXPECT_EQ(panel.TBCompass->Tip(3), QStringLiteral("North Est"));
 }
 
 TEST_F(EffectPanelTest, CoordinatesAreWrittenByMostEffectsButNotByImplode) {

@@ -23,7 +23,6 @@ std::vector<EffectRow> AllRows() {
              AroundPointRows,
              BorderRows,
              ChannelMapRows,
-             DrawnRows,
              LumaMapRows,
              NeighbourhoodRows,
              NeutralRows,

@@ -23,7 +23,7 @@ using Definition = std::function<void(const Picture& source, Picture& expected)>
 struct EffectRow {
     std::string name;  // letters, digits and underscores: it becomes part of a test's name
     Render render;
-    Definition definition;  // empty where the effect has tests of its own in place of a pixel by pixel definition
+    Definition definition;  // empty where tests of its own, or the sums of the catalogue, hold the effect
     int tolerance = 0;      // levels a channel
     bool keepsAlpha = true;
 };
@@ -40,10 +40,18 @@ Render With(Inputs... inputs) {
     return [=](auto& source, auto& target, auto& run) { kernel(source, target, inputs..., run); };
 }
 
+/// The same effect with lengths `scale` times as long.
+inline Render Far(Render effect, float scale) {
+    return [=](auto& source, auto& target, auto& run) {
+        engine::Run scaled = run;
+        scaled.lengthScale = scale;
+        effect(source, target, scaled);
+    };
+}
+
 std::vector<EffectRow> AroundPointRows();
 std::vector<EffectRow> BorderRows();
 std::vector<EffectRow> ChannelMapRows();
-std::vector<EffectRow> DrawnRows();
 std::vector<EffectRow> LumaMapRows();
 std::vector<EffectRow> NeighbourhoodRows();
 std::vector<EffectRow> NeutralRows();  // inputs that mean nothing

@@ -18,19 +18,10 @@ using namespace engine;
 constexpr int kDx[] = {0, 1, 1, 1, 0, -1, -1, -1};
 constexpr int kDy[] = {-1, -1, 0, 1, 1, 1, 0, -1};
 
-// The same effect with lengths `scale` times as long.
-Render Far(Render effect, int scale) {
-    return [=](auto& s, auto& t, auto& run) {
-        Run scaled = run;
-        scaled.lengthScale = static_cast<float>(scale);
-        effect(s, t, scaled);
-    };
-}
-
 // Over two pixels and more; a hidden neighbour counts for as little as it shows.
 EffectRow ColorEmbossRow(int direction, int scale = 1) {
     return {"ColorEmboss_" + std::to_string(direction) + "_" + std::to_string(scale),
-            Far([=](auto& s, auto& t, auto& run) { ColorEmboss(s, t, direction, run); }, scale),
+            Far([=](auto& s, auto& t, auto& run) { ColorEmboss(s, t, direction, run); }, static_cast<float>(scale)),
             EachPixel([=, dx = 2 * scale * kDx[direction], dy = 2 * scale * kDy[direction]](
                           const Picture& source, int x, int y) -> std::array<double, 3> {
                 const Rgba p = source.At(x, y), before = source.At(x - dx, y - dy), after = source.At(x + dx, y + dy);
@@ -43,7 +34,8 @@ EffectRow ColorEmbossRow(int direction, int scale = 1) {
 
 EffectRow EmbossRow(int direction, int strength, int offset, int scale = 1) {
     return {"Emboss_" + std::to_string(direction) + "_" + std::to_string(strength),
-            Far([=](auto& s, auto& t, auto& run) { Emboss(s, t, direction, strength, offset, run); }, scale),
+            Far([=](auto& s, auto& t, auto& run) { Emboss(s, t, direction, strength, offset, run); },
+                static_cast<float>(scale)),
             EachPixel([=, dx = scale * kDx[direction], dy = scale * kDy[direction]](const Picture& source, int x,
                                                                                     int y) -> std::array<double, 3> {
                 const double gray =

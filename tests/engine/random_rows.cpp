@@ -1,16 +1,20 @@
-// Rows without a definition pixel by pixel, whose own tests stand beside this file, and the inputs that mean nothing.
+// Rows without a definition pixel by pixel: tests of their own stand beside this file, and what is drawn freely is held
+// by the sums of the catalogue. And the inputs that mean nothing.
 // SPDX-License-Identifier: MIT
 #include "engine/around_point.h"
 #include "engine/blurs.h"
 #include "engine/borders.h"
 #include "engine/channel_maps.h"
+#include "engine/convolution.h"
 #include "engine/dither.h"
 #include "engine/extremes.h"
 #include "engine/mosaic.h"
+#include "engine/neon.h"
 #include "engine/noise.h"
 #include "engine/oil_painting.h"
 #include "engine/radial_warps.h"
 #include "engine/rearrange.h"
+#include "engine/sketch.h"
 #include "engine/wind.h"
 #include "tests/engine/effect_rows.h"
 
@@ -23,6 +27,8 @@ std::vector<EffectRow> RandomRows() {
         const double value = Luma(source.At(x, y)) >= 128 ? 255 : 0;
         return {value, value, value};
     });
+    const Render frozen = [](auto& s, auto& t, auto& run) { Freeze(s, t, {1, 1, 1, 1, -7, 1, 1, 1, 1}, 1, 0, run); };
+    const Color white{255, 255, 255};
     return {
         {"BlackWhiteDither_0", With<BlackWhiteDither>(0), {}},
         {"BlackWhiteDither_40", With<BlackWhiteDither>(40), {}},
@@ -34,6 +40,20 @@ std::vector<EffectRow> RandomRows() {
         {"Blur3_100", With<Blur3>(Point{250, 100}, 100), {}, 0, false},
         {"Scramble_100_50", With<Scramble>(100, 50), {}, 0, false},
         {"Scramble_3_100", With<Scramble>(3, 100), {}, 0, false},
+        {"Neon_1", Neon, {}},
+        {"Neon_9", Far(Neon, 9), {}},
+        {"Sketch_1", Sketch, {}},
+        {"Sketch_3", Far(Sketch, 2.8f), {}},
+        {"Freeze_1", frozen, {}},
+        {"Freeze_3", Far(frozen, 2.8f), {}},
+        {"Wind_25_m10", With<Wind>(25, -10), {}, 0, false},
+        {"Wind_m40_40", With<Wind>(-40, 40), {}, 0, false},
+        {"Wind_m20_m61", With<Wind>(-20, -61), {}, 0, false},
+        {"Wind_1_0", With<Wind>(1, 0), {}, 0, false},
+        {"IrregularBorders_1", With<IrregularBorders>(1, white), {}, 0, false},
+        {"IrregularBorders_200", With<IrregularBorders>(200, white), {}, 0, false},
+        {"ErodeBorder_1", With<ErodeBorder>(1, white), {}, 0, false},
+        {"ErodeBorder_255", With<ErodeBorder>(255, white), {}, 0, false},
     };
 }
 

@@ -1,4 +1,4 @@
-// Plain definitions of the effects that put pixels, streaks, tiles and drops about.
+// Plain definitions of the effects that put pixels, tiles and drops about.
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <cmath>
@@ -10,7 +10,6 @@
 #include "engine/blobs.h"
 #include "engine/random.h"
 #include "engine/rearrange.h"
-#include "engine/wind.h"
 #include "tests/engine/effect_rows.h"
 
 namespace kelu::engine_test {
@@ -87,85 +86,6 @@ EffectRow SprayRow(int radius) {
             0, false};
 }
 
-// Follows each line of the picture along the vector. What a line carries is seen in the pixels that it lies between.
-// The same floats as the engine's: whether streak or picture is the brighter must come out alike.
-EffectRow WindRow(int vx, int vy) {
-    const auto name = [](int n) { return (n < 0 ? "_m" : "_") + std::to_string(std::abs(n)); };
-    return {"Wind" + name(vx) + name(vy), [=](auto& s, auto& t, auto& run) { Wind(s, t, vx, vy, run); },
-            [=](const Picture& source, Picture& expected) {
-                const bool alongRows = std::abs(vx) >= std::abs(vy);
-                const int length = std::max(std::abs(vx), std::abs(vy));
-                const int majorSize = alongRows ? source.Width() : source.Height();
-                const int minorSize = alongRows ? source.Height() : source.Width();
-                const double slope = static_cast<double>(alongRows ? vy : vx) / (alongRows ? vx : vy);
-                const auto at = [&](int major, int minor) {
-                    return alongRows ? source.At(major, minor) : source.At(minor, major);
-                };
-                // The part of each pixel that is covered by streaks, and these streaks' channels.
-                const auto pixels = static_cast<std::size_t>(majorSize) * static_cast<std::size_t>(minorSize);
-                std::vector<std::array<float, 5>> seen(pixels);
-                const int reach = source.Width() + source.Height();
-                for (int line = -reach; line < reach; ++line) {
-                    const auto growth = [=](int stream) {
-                        const float unit = RandomRow(0, 47, stream).Unit(line);
-                        const float steps = std::max(1.0f, static_cast<float>(length) * (0.6f + 1.9f * unit * unit));
-                        return 510 / (steps * (steps + 1));
-                    };
-                    const float fast = growth(0), slow = growth(1);
-                    std::array<float, 4> carried{};
-                    float begun = 0, streak = -1, drop = 0;
-                    for (int i = 0; i < majorSize; ++i) {
-                        const int major = (alongRows ? vx : vy) < 0 ? majorSize - 1 - i : i;
-                        const double shift = major * slope;
-                        const int minor = line + static_cast<int>(std::floor(shift));
-                        const float part = static_cast<float>(shift - std::floor(shift));
-                        if (minor < -1 || minor >= minorSize) {
-                            streak = -1;
-                            continue;
-                        }
-                        const Rgba a = at(major, minor), b = at(major, minor + 1);
-                        std::array<float, 4> sample;
-                        for (std::size_t c = 0; c < 4; ++c) {
-                            const float here = static_cast<float>(a.*kChannels[c]);
-                            sample[c] = here + (static_cast<float>(b.*kChannels[c]) - here) * part;
-                        }
-                        const float luma = ((sample[0] * 299 + sample[1] * 587) + sample[2] * 114) * 0.001f;
-                        const float waver = SmoothNoise(static_cast<float>(major) / 24, RandomRow(1, 47, 0));
-                        drop += fast + (slow - fast) * waver;
-                        streak -= drop;
-                        float weight = 0;
-                        if (luma >= streak) {
-                            carried = sample;
-                            begun = streak = luma;
-                            drop = 0;
-                        } else {
-                            weight = (streak - luma) / std::max(begun - luma, 0.001f);
-                        }
-                        for (const int side : {0, 1}) {
-                            if (minor + side < 0 || minor + side >= minorSize) continue;
-                            auto& pixel = seen[static_cast<std::size_t>(major * minorSize + minor + side)];
-                            const float share = side == 0 ? 1 - part : part;
-                            for (std::size_t c = 0; c < 4; ++c) pixel[c] += share * weight * carried[c];
-                            pixel[4] += share * weight;
-                        }
-                    }
-                }
-                for (int y = 0; y < source.Height(); ++y)
-                    for (int x = 0; x < source.Width(); ++x) {
-                        const auto& pixel =
-                            seen[static_cast<std::size_t>(alongRows ? x * minorSize + y : y * minorSize + x)];
-                        Rgba out = source.At(x, y);
-                        for (std::size_t c = 0; c < 4; ++c) {
-                            int& channel = out.*kChannels[c];
-                            channel =
-                                Rounded(static_cast<double>(static_cast<float>(channel) * (1 - pixel[4]) + pixel[c]));
-                        }
-                        expected.Set(x, y, out);
-                    }
-            },
-            1, false};
-}
-
 // Every pixel by itself: all drops that touch it, from the lowest up.
 EffectRow BlobsRow(int radius, int spacing) {
     return {"Blobs_" + std::to_string(radius) + "_" + std::to_string(spacing),
@@ -228,9 +148,8 @@ EffectRow BlobsRow(int radius, int spacing) {
 
 std::vector<EffectRow> ScatterRows() {
     return {
-        ReverseRow(),  TileRow(100, 40), TileRow(7, 100),  TileRow(1, 50),   SprayRow(2),       SprayRow(15),
-        SprayRow(100), WindRow(25, -10), WindRow(-100, 0), WindRow(-40, 40), WindRow(3, 50),    WindRow(-20, -61),
-        WindRow(1, 0), BlobsRow(10, 6),  BlobsRow(1, 1),   BlobsRow(3, 20),  BlobsRow(100, 40),
+        ReverseRow(),  TileRow(100, 40), TileRow(7, 100), TileRow(1, 50),  SprayRow(2),       SprayRow(15),
+        SprayRow(100), BlobsRow(10, 6),  BlobsRow(1, 1),  BlobsRow(3, 20), BlobsRow(100, 40),
     };
 }
 

@@ -11,17 +11,12 @@
 
 #include "help/help_writer.h"
 #include "platform/error.h"
+#include "tests/support/kit.h"
 
 namespace kelu {
 namespace {
 
 const QDir kTexts(QStringLiteral(KELU_SOURCE_DIR "/help/texts"));
-
-QString ReadAll(const QString& path) {
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
-    return QString::fromUtf8(file.readAll());
-}
 
 QList<HelpTopic> AllTopics() {
     QList<HelpTopic> topics;
@@ -42,8 +37,8 @@ QStringList Matches(const QString& page, const char* pattern) {
 TEST(HelpPages, EveryLinkLeadsSomewhere) {
     const QList<HelpTopic> topics = AllTopics();
     QMap<QString, QString> pages{{"index.html", IndexPage(topics)},
-                                 {"keys.html", PlainPage(ReadAll(kTexts.filePath("keys.html")))},
-                                 {"settings.html", PlainPage(ReadAll(kTexts.filePath("settings.html")))}};
+                                 {"keys.html", PlainPage(ReadBytes(kTexts.filePath("keys.html")))},
+                                 {"settings.html", PlainPage(ReadBytes(kTexts.filePath("settings.html")))}};
     QSet<QString> pictures;
     for (const HelpTopic& topic : topics) {
         pages[topic.stem + ".html"] = EffectPage(topic, topics);
@@ -76,22 +71,15 @@ TEST(HelpPages, TellTheRangesOfTheCatalogue) {
 }
 
 TEST(HelpText, RefusesWhatDoesNotFitTheCatalogue) {
-    const QString good = ReadAll(kTexts.filePath("sepia.txt"));
+    const QString good = ReadBytes(kTexts.filePath("sepia.txt"));
     const Effect& sepia = *FindEffect(2);
     QTemporaryDir folder;
     const QString path = folder.filePath("sepia.txt");
     const auto reads = [&](const QString& text) {
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(text.toUtf8());
-        file.close();
-        try {
-            ReadHelpText(path, sepia);
-            return true;
-        } catch (const Error& error) {
-            EXPECT_TRUE(error.Description().startsWith("sepia.txt: ")) << error.what();
-            return false;
-        }
+        WriteBytes(path, text.toUtf8());
+        const Error error = ErrorOf([&] { ReadHelpText(path, sepia); });
+        EXPECT_TRUE(error.Number() == 0 || error.Description().startsWith("sepia.txt: ")) << error.what();
+        return error.Number() == 0;
     };
     EXPECT_TRUE(reads(good));
     EXPECT_FALSE(reads(QString(good).replace("input Strength", "input Power"))) << "an input of another name";

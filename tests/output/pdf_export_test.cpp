@@ -7,11 +7,12 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QProcess>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <random>
 
+#include "tests/support/kit.h"
 #include "tests/support/scripted_dialog.h"
+#include "tests/support/tools.h"
 
 namespace kelu {
 namespace {
@@ -43,7 +44,7 @@ struct PdfTest : testing::Test {
 };
 
 TEST_F(PdfTest, IndependentToolsFindPageAndProperties) {
-    if (QStandardPaths::findExecutable("pdfinfo").isEmpty()) GTEST_SKIP() << "poppler-utils is not installed";
+    KELU_NEEDS("pdfinfo");
     QCoreApplication::setApplicationVersion("1.2.3");
     QImage picture = Tiles(301, 200, 1000);
     picture.setDotsPerMeterX(5906);  // 150 dpi
@@ -57,7 +58,7 @@ TEST_F(PdfTest, IndependentToolsFindPageAndProperties) {
 }
 
 TEST_F(PdfTest, EveryPixelLiesOnTheWhitePaper) {
-    if (QStandardPaths::findExecutable("pdfimages").isEmpty()) GTEST_SKIP() << "poppler-utils is not installed";
+    KELU_NEEDS("pdfimages", "qpdf");
     QImage clear(2, 1, QImage::Format_ARGB32);
     clear.setPixel(0, 0, 0x00123456);
     clear.setPixel(1, 0, 0xff123456);
@@ -99,9 +100,7 @@ TEST_F(PdfTest, TheUserIsToldAndAskedAndAFailureLeavesNothing) {
     EXPECT_EQ(dialog.shown[1].text, "PDF file 'page.png' created successfully!");
     EXPECT_EQ(dialog.shown[1].title, "Information");
     EXPECT_EQ(dialog.beeps, 2);
-    QFile file(odd);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_TRUE(file.readAll().startsWith("%PDF-"));
+    EXPECT_TRUE(ReadBytes(odd).startsWith("%PDF-"));
 }
 
 }  // namespace

@@ -8,7 +8,6 @@
 #include <QProcess>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QStandardPaths>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTemporaryDir>
@@ -19,8 +18,10 @@
 #include "output/frm_print.h"
 #include "output/output_settings.h"
 #include "platform/error.h"
+#include "tests/support/kit.h"
 #include "tests/support/memory_settings.h"
 #include "tests/support/scripted_dialog.h"
+#include "tests/support/tools.h"
 
 namespace kelu {
 namespace {
@@ -60,15 +61,10 @@ Allow from 127.0.0.1
 </Policy>
 )conf";
 
-QString Tool(const QString& name) {
-    const QString found = QStandardPaths::findExecutable(name);
-    return found.isEmpty() ? QStandardPaths::findExecutable(name, {"/usr/sbin"}) : found;
-}
-
 /// What the program says; null if it fails.
 QString Ask(const QString& tool, const QStringList& words) {
     QProcess process;
-    process.start(Tool(tool), words);
+    process.start(FindTool(tool), words);
     if (!process.waitForFinished(kPatience) || process.exitCode() != 0) return {};
     return QString::fromUtf8(process.readAllStandardOutput()) + ' ';
 }
@@ -102,8 +98,7 @@ struct PrintQueue : testing::Test {
     ScriptedDialog dialog;
 
     void SetUp() override {
-        for (const char* tool : {"cupsd", "lpadmin", "pdftoppm", "pdfinfo"})
-            if (Tool(tool).isEmpty()) GTEST_SKIP() << tool << " is not installed";
+        KELU_NEEDS("cupsd", "lpadmin", "pdftoppm", "pdfimages");
         QString files;
         for (const char* key : {"ServerRoot", "StateDir", "CacheDir", "RequestRoot", "TempDir", "DocumentRoot"}) {
             QDir(folder.path()).mkpath(QString("%1/ppd").arg(key));
@@ -121,11 +116,12 @@ struct PrintQueue : testing::Test {
         Write("files.conf", files.toLatin1());
         Ask("chown", {"-R", "lp:lp", folder.path()});
         qputenv("CUPS_SERVER", QString("127.0.0.1:%1").arg(port).toLatin1());
-        server.start(Tool("cupsd"), {"-f", "-c", folder.filePath("cupsd.conf"), "-s", folder.filePath("files.conf")});
+        server.start(FindTool("cupsd"),
+                     {"-f", "-c", folder.filePath("cupsd.conf"), "-s", folder.filePath("files.conf")});
         const QStringList queue{"-v", QString("socket://127.0.0.1:%1/?snmp=false").arg(tray.serverPort()), "-P",
                                 folder.filePath("printer.ppd")};
         const auto add = [&] { return !Ask("lpadmin", QStringList{"-p", "Open", "-E"} + queue).isNull(); };
-        if (!QTest::qWaitFor(add, kPatience)) GTEST_SKIP() << "the print server can't be started here";
+        ASSERT_TRUE(QTest::qWaitFor(add, kPatience)) << "the print server can't be started here";
         Ask("lpadmin", QStringList{"-p", "Closed"} + queue);
         Ask("lpadmin", {"-d", "Open"});
     }
@@ -134,11 +130,7 @@ struct PrintQueue : testing::Test {
         if (!server.waitForFinished(5000)) server.kill();
         server.waitForFinished(5000);
     }
-    void Write(const QString& name, const QByteArray& text) {
-        QFile file(folder.filePath(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(text);
-    }
+    void Write(const QString& name, const QByteArray& text) { WriteBytes(folder.filePath(name), text); }
 };
 
 TEST_F(PrintQueue, ThePageReachesThePrinterAndARefusalTheUser) {
@@ -196,15 +188,7 @@ TEST(SilentPrintServer, IsGivenUpWhileTheWindowLives) {
     events.start(20);
     QElapsedTimer clock;
     clock.start();
-    const auto failure = [](const auto& work) {
-        try {
-            work();
-        } catch (const Error& error) {
-            return error.Number();
-        }
-        return 0;
-    };
-    EXPECT_EQ(failure([&] { service.Printers(); }), PrintService::kNoPrinterInformation);
+    EXPECT_EQ(ErrorOf([&] { service.Printers(); }).Number(), PrintService::kNoPrinterInformation);
     EXPECT_GE(turns, 5) << "events run meanwhile";
     Work work;
     QTimer::singleShot(300, &events, [&] { work.cancelled = true; });

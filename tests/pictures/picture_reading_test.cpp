@@ -109,8 +109,7 @@ class PictureReading : public testing::Test {
     static void SetUpTestSuite() { folder_ = std::make_unique<QTemporaryDir>(); }
     static void TearDownTestSuite() { folder_.reset(); }
     void SetUp() override {
-        if (!HasTool("convert") || !HasTool("gm"))
-            GTEST_SKIP() << "ImageMagick or GraphicsMagick is missing (packages imagemagick, graphicsmagick)";
+        KELU_NEEDS("convert", "gm");
         source_ = SoftPicture(97, 61);
         ASSERT_TRUE(source_.save(Path("source.png")));
     }
@@ -196,7 +195,7 @@ TEST_F(PictureReading, DamagedFilesGiveAPictureOrOneError) {
 }
 
 TEST_F(PictureReading, OrientationTagsAreObeyed) {
-    if (!HasTool("exiftool")) GTEST_SKIP() << "exiftool is missing (package libimage-exiftool-perl)";
+    KELU_NEEDS("exiftool");
     const QStringList paths{Path("o.jpg"), Path("o.tif"), Path("o.png")};
     for (const QString& path : paths)
         ASSERT_TRUE(RunTool("convert", {Path("source.png"), "-quality", "98", "-sampling-factor", "1x1", path}));

@@ -2,25 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "picture_samples.h"
 
-#include <QFile>
-#include <QProcess>
-#include <QStandardPaths>
 #include <cmath>
 
 #include "pictures/picture_file.h"
 #include "platform/error.h"
+#include "tests/support/kit.h"
 
 namespace kelu::picture_test {
-
-bool HasTool(const QString& program) { return !QStandardPaths::findExecutable(program).isEmpty(); }
-
-bool RunTool(const QString& program, const QStringList& arguments, QByteArray* output) {
-    QProcess process;
-    process.start(program, arguments);
-    const bool ended = process.waitForFinished(60000);
-    if (output) *output = process.readAllStandardOutput();
-    return ended && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
-}
 
 QImage SoftPicture(int width, int height) {
     QImage image(width, height, QImage::Format_RGB32);
@@ -48,32 +36,12 @@ Difference Compare(const QImage& a, const QImage& b) {
     return difference;
 }
 
-bool SamePixels(const QImage& a, const QImage& b) {
-    if (a.size() != b.size()) return false;
-    for (int y = 0; y < a.height(); ++y)
-        for (int x = 0; x < a.width(); ++x)
-            if (a.pixel(x, y) != b.pixel(x, y)) return false;
-    return true;
-}
-
 double Psnr(const QImage& a, const QImage& b) { return 20 * std::log10(255 / Compare(a, b).mean); }
 
-QByteArray ReadBytes(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void WriteBytes(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    if (file.open(QIODevice::WriteOnly)) file.write(bytes);
-}
-
 int ReadingError(const QString& path) {
-    try {
-        return ReadPicture(path).isNull() ? -1 : 0;
-    } catch (const Error& error) {
-        return error.Description().isEmpty() ? -2 : error.Number();
-    }
+    bool read = false;
+    const Error error = ErrorOf([&] { read = !ReadPicture(path).isNull(); });
+    return error.Number() != 0 ? (error.Description().isEmpty() ? -2 : error.Number()) : read ? 0 : -1;
 }
 
 }  // namespace kelu::picture_test

@@ -2,16 +2,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QByteArray>
 #include <QImage>
 #include <QString>
-#include <QStringList>
+
+#include "tests/support/kit.h"
+#include "tests/support/tools.h"
 
 namespace kelu::picture_test {
-
-/// Runs a program; false when it is missing or fails.
-bool RunTool(const QString& program, const QStringList& arguments, QByteArray* output = nullptr);
-bool HasTool(const QString& program);
 
 /// A colourful picture without noise, so that lossy formats stay near it.
 QImage SoftPicture(int width, int height);
@@ -22,13 +19,8 @@ struct Difference {
     double mean;
 };
 Difference Compare(const QImage& a, const QImage& b);
-/// All four channels of all pixels.
-bool SamePixels(const QImage& a, const QImage& b);
 /// Peak signal to noise, dB.
 double Psnr(const QImage& a, const QImage& b);
-
-QByteArray ReadBytes(const QString& path);
-void WriteBytes(const QString& path, const QByteArray& bytes);
 
 /// The number of the error that reading the file gives; 0 when it gives a picture.
 int ReadingError(const QString& path);

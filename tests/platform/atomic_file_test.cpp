@@ -18,6 +18,7 @@
 #include <fstream>
 
 #include "platform/error.h"
+#include "tests/support/kit.h"
 
 namespace kelu {
 namespace {
@@ -36,10 +37,6 @@ struct AtomicFileTest : testing::Test {
     QTemporaryDir folder;
     const QString path = folder.filePath("target.bin");
 
-    static QByteArray Content(const QString& name) {
-        QFile file(name);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
-    }
     static void Put(const QString& name, const QByteArray& bytes) {
         AtomicFile file(name);
         file.Write(bytes);
@@ -60,15 +57,15 @@ TEST_F(AtomicFileTest, CommitReplacesAndNoCommitLeavesAlone) {
         AtomicFile file(path);
         file.Write("new");
         file.Device().flush();
-        EXPECT_EQ(Content(path), "old");
+        EXPECT_EQ(ReadBytes(path), "old");
     }
-    EXPECT_EQ(Content(path), "old");
+    EXPECT_EQ(ReadBytes(path), "old");
     AtomicFile file(path);
     file.Write("new and longer");
     ASSERT_TRUE(file.Device().seek(0));  // formats go back to fill in their headers
     file.Write("NEW");
     file.Commit();
-    EXPECT_EQ(Content(path), "NEW and longer");
+    EXPECT_EQ(ReadBytes(path), "NEW and longer");
     EXPECT_THROW(file.Commit(), Error);
     EXPECT_EQ(Entries(), QStringList("target.bin"));
 }
@@ -91,20 +88,16 @@ TEST_F(AtomicFileTest, KeepsPermissionsAndFollowsLinks) {
     Put(folder.filePath("link2"), "through links");
     EXPECT_TRUE(QFileInfo(folder.filePath("link2")).isSymLink());
     EXPECT_TRUE(QFileInfo(folder.filePath("link")).isSymLink());
-    EXPECT_EQ(Content(folder.filePath("real/not there yet")), "through links");
+    EXPECT_EQ(ReadBytes(folder.filePath("real/not there yet")), "through links");
 }
 
 TEST_F(AtomicFileTest, RefusesWhatIsNoPlaceForAFile) {
     ASSERT_TRUE(QFile::link("circle", folder.filePath("circle")));
     for (const QString& bad : {folder.path(), folder.filePath("no/such"), folder.filePath("circle"),
                                QStringLiteral("/dev/null"), QStringLiteral("/proc/no-such-file")}) {
-        try {
-            Put(bad, "x");
-            ADD_FAILURE() << bad.toStdString();
-        } catch (const Error& error) {
-            EXPECT_EQ(error.Number(), kFileError);
-            EXPECT_TRUE(error.Description().startsWith(bad + ": ")) << error.what();
-        }
+        const Error error = ErrorOf([&] { Put(bad, "x"); });
+        EXPECT_EQ(error.Number(), kFileError) << bad.toStdString();
+        EXPECT_TRUE(error.Description().startsWith(bad + ": ")) << error.what();
     }
 }
 
@@ -124,19 +117,15 @@ TEST_F(AtomicFileTest, AnOwnFileInAFolderThatMayNotBeWrittenIsReplacedInItsPlace
             ::signal(SIGXFSZ, SIG_IGN);
             const rlimit most{limit, limit};
             ::setrlimit(RLIMIT_FSIZE, &most);
-            try {
-                Put(name, QByteArray(100'000, 'n'));
-            } catch (const Error& error) {
-                return error.Description().contains("folder cannot be written to") ? 7 : 8;
-            }
-            return 0;
+            const Error error = ErrorOf([&] { Put(name, QByteArray(100'000, 'n')); });
+            return error.Number() == 0 ? 0 : error.Description().contains("folder cannot be written to") ? 7 : 8;
         });
     };
     EXPECT_EQ(put(closed + "/new.bin", 1 << 20), 7) << "what is wrong is the folder";
     EXPECT_EQ(put(old, 1000), 8);
-    EXPECT_EQ(Content(old), "old");
+    EXPECT_EQ(ReadBytes(old), "old");
     EXPECT_EQ(put(old, 1 << 20), 0);
-    EXPECT_EQ(Content(old), QByteArray(100'000, 'n'));
+    EXPECT_EQ(ReadBytes(old), QByteArray(100'000, 'n'));
     EXPECT_EQ(QDir(temporary.path()).entryList(QDir::Files | QDir::Hidden), QStringList());
     ::chmod(QFile::encodeName(closed).constData(), 0755);
 }
@@ -149,15 +138,11 @@ TEST_F(AtomicFileTest, FullDiskLeavesTheOldFile) {
             ::signal(SIGXFSZ, SIG_IGN);
             const rlimit limit{8192, 8192};
             ::setrlimit(RLIMIT_FSIZE, &limit);
-            try {
-                Put(path, QByteArray(size, 'x'));
-            } catch (const Error& error) {
-                return error.Description().startsWith(path) ? 7 : 2;
-            }
-            return 1;
+            const Error error = ErrorOf([&] { Put(path, QByteArray(size, 'x')); });
+            return error.Number() == 0 ? 1 : error.Description().startsWith(path) ? 7 : 2;
         });
         EXPECT_EQ(status, 7) << size;
-        EXPECT_EQ(Content(path), "old");
+        EXPECT_EQ(ReadBytes(path), "old");
         EXPECT_EQ(Entries(), QStringList("target.bin"));
     }
 }
@@ -177,7 +162,7 @@ TEST_F(AtomicFileTest, KilledAtAnyMomentTheFileIsOldOrNew) {
         ::usleep(static_cast<useconds_t>(500 + moment * moment * 14));  // to 50 ms
         ::kill(child, SIGKILL);
         ::waitpid(child, nullptr, 0);
-        const QByteArray now = Content(path);
+        const QByteArray now = ReadBytes(path);
         ASSERT_TRUE(now == old || now == fresh) << now.size();
         news += now == fresh;
     }

@@ -111,31 +111,6 @@ TEST_F(RegistryAccess, NumbersAndBytes) {
     EXPECT_EQ(registry.ReadBinary(kKey, "long").size(), 2999);
 }
 
-TEST_F(RegistryAccess, HexText) {
-    const struct {
-        const char* text;
-        QByteArray raw;
-    } kCases[] = {
-        {"", ""},
-        {"  ", ""},
-        {"00", QByteArray(1, '\0')},
-        {"0a 0B", "\x0A\x0B"},
-        {"41 4 2", "AB"},
-        {"4", ""},                 // 0.5 bytes: none
-        {"41 4", "A\x04"},         // 1.5: two
-        {"4142 4", "AB"},          // 2.5: two
-        {"4142 43 4", "ABC\x04"},  // 3.5: four
-        {"zz 4z", QByteArray("\0\x04", 2)},
-    };
-    for (const auto& [text, raw] : kCases) EXPECT_EQ(clsRegistryAccess::StrToBin(text), raw) << text;
-    EXPECT_EQ(clsRegistryAccess::BinToStr(QByteArray("\0\xFFz", 3)), " 00 FF 7A");
-    EXPECT_EQ(clsRegistryAccess::BinToStr(""), "");
-    for (const char* good : {"0", "aF 09", " AB CD ", "f"}) EXPECT_TRUE(clsRegistryAccess::isBinValid(good)) << good;
-    for (const char* bad : {"", "   ", "0G", "0x1", "0,1", "1\t2"})
-        EXPECT_FALSE(clsRegistryAccess::isBinValid(bad)) << bad;
-    EXPECT_FALSE(clsRegistryAccess::isBinValid(QString(QChar(0xFB00))));  // a ligature that capitals spell FF
-}
-
 TEST_F(RegistryAccess, DeletesAndEnumerates) {
     for (const char* key : {"beta", "Alpha", "gamma\\inner"}) registry.CreateKey(kKey + '\\' + key);
     QStringList names{"old"};

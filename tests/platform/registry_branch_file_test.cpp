@@ -8,6 +8,7 @@
 
 #include "platform/registry_access.h"
 #include "platform/registry_file.h"
+#include "tests/support/kit.h"
 
 namespace kelu {
 namespace {
@@ -20,16 +21,10 @@ struct BranchFile : testing::Test {
     clsRegistryAccess registry{store};
 
     QString Path(const QString& name) { return folder.filePath(name); }
-    QByteArray Content(const QString& name) {
-        QFile file(Path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
-    }
+    QByteArray Content(const QString& name) { return ReadBytes(Path(name)); }
     quint32 Import(const QByteArray& text) {
-        QFile file(Path("import.reg"));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(text);
-        file.close();
-        return registry.ImportFromReg(file.fileName());
+        WriteBytes(Path("import.reg"), text);
+        return registry.ImportFromReg(Path("import.reg"));
     }
     quint32 ImportLines(const QByteArray& lines) { return Import("REGEDIT4\r\n\r\n[HKCU\\Kelu]\r\n" + lines); }
 };

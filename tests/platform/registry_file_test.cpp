@@ -12,6 +12,7 @@
 
 #include "platform/registry_access.h"
 #include "platform/registry_text.h"
+#include "tests/support/kit.h"
 
 namespace kelu {
 namespace {
@@ -22,15 +23,6 @@ struct RegistryFileTest : testing::Test {
     QTemporaryDir folder;
     const QString path = folder.filePath("config/Tarvane/Kelu/settings.txt");
 
-    QByteArray Content(const QString& name) {
-        QFile file(name);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
-    }
-    void Overwrite(const QByteArray& text) {
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(text);
-    }
     QStringList Aside() { return QFileInfo(path).dir().entryList({"*.damaged-*"}, QDir::Files | QDir::Hidden); }
     static int Mode(const QString& name) {
         struct stat state {};
@@ -45,7 +37,7 @@ TEST_F(RegistryFileTest, IsATextThatAPersonCanReadAndOnlyTheUserCan) {
     EXPECT_FALSE(QFile::exists(path));  // a read makes no file
     ASSERT_NE(registry.WriteString("HKEY_CURRENT_USER\\SOFTWARE\\Tarvane\\Kelu\\Settings\\Email", "Method", "1"), 0u);
     registry.WriteDWORD(kKey, "n", 42);
-    const QByteArray text = Content(path);
+    const QByteArray text = ReadBytes(path);
     EXPECT_TRUE(text.contains("\n[HKEY_CURRENT_USER\\SOFTWARE\\Tarvane\\Kelu\\Settings\\Email]\n\"Method\" = \"1\"\n"))
         << text.toStdString();
     EXPECT_TRUE(text.contains("\n[HKEY_CURRENT_USER\\Kelu]\n\"n\" = number:42\n"));
@@ -129,15 +121,15 @@ TEST_F(RegistryFileTest, DamagedFileIsSetAsideAndItsGoodLinesStay) {
         RegistryFile store(path);
         clsRegistryAccess registry(store);
         registry.WriteString(kKey, "a", "kept");
-        const QByteArray damaged = Content(path) + line + "\n";
-        Overwrite(damaged);
+        const QByteArray damaged = ReadBytes(path) + line + "\n";
+        WriteBytes(path, damaged);
         RegistryFile later(path);
         EXPECT_EQ(clsRegistryAccess(later).ReadString(kKey, "a"), "kept") << name;
         ASSERT_EQ(Aside().size(), 1) << name;
         const QString aside = QFileInfo(path).dir().filePath(Aside().first());
-        EXPECT_EQ(Content(aside), damaged) << name;
+        EXPECT_EQ(ReadBytes(aside), damaged) << name;
         EXPECT_EQ(Mode(aside), 0600);
-        EXPECT_EQ(ReadRegistryText(Content(path)).damagedLine, 0) << name;
+        EXPECT_EQ(ReadRegistryText(ReadBytes(path)).damagedLine, 0) << name;
         QFile::remove(aside);
     }
 }
@@ -149,8 +141,7 @@ TEST_F(RegistryFileTest, RefusesWhatItCanNotKeep) {
     EXPECT_EQ(registry.WriteString(kKey, "v", "x"), 0u);
     EXPECT_EQ(registry.ReadString(kKey, "v", "default"), "default");
 
-    QFile file(folder.filePath("no-folder"));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    WriteBytes(folder.filePath("no-folder"), {});
     RegistryFile below(folder.filePath("no-folder/settings.txt"));
     EXPECT_EQ(clsRegistryAccess(below).WriteString(kKey, "v", "x"), 0u);
     EXPECT_EQ(clsRegistryAccess(below).ReadString(kKey, "v", "default"), "default");

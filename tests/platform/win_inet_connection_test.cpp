@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/error.h"
+#include "tests/support/kit.h"
 
 namespace kelu {
 namespace {
@@ -59,14 +60,10 @@ TEST(WinInetConnection, SystemErrorsAreRaisedWithTheirNumber) {
     };
     for (const auto& [code, description] : kCases) {
         CWinInetConnection connection([code = code] { return NetworkState{{}, false, code}; });
-        try {
-            connection.Refresh();
-            ADD_FAILURE() << code;
-        } catch (const Error& error) {
-            EXPECT_EQ(static_cast<quint32>(error.Number()), 0x80040000u + 1000u + static_cast<quint32>(code));
-            EXPECT_EQ(error.Description(), description);
-            EXPECT_EQ(error.Source(), "CWinInetConnection.Refresh");
-        }
+        const Error error = ErrorOf([&] { connection.Refresh(); });
+        EXPECT_EQ(static_cast<quint32>(error.Number()), 0x80040000u + 1000u + static_cast<quint32>(code));
+        EXPECT_EQ(error.Description(), description);
+        EXPECT_EQ(error.Source(), "CWinInetConnection.Refresh");
         EXPECT_FALSE(connection.IsConnected());
     }
 }

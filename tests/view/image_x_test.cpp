@@ -18,19 +18,10 @@
 
 #include "pictures/area_scaler.h"
 #include "pictures/picture.h"
+#include "tests/support/kit.h"
 
 namespace kelu {
 namespace {
-
-QImage Noise(int width, int height, unsigned seed, QImage::Format format = QImage::Format_RGB32) {
-    QImage image(width, height, format);
-    std::mt19937 random(seed);
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x)
-            reinterpret_cast<QRgb*>(image.scanLine(y))[x] =
-                static_cast<QRgb>(random()) | (format == QImage::Format_RGB32 ? 0xff000000u : 0u);
-    return image;
-}
 
 TEST(ScaledView, PartsRenewedAndScrolledEqualAFreshScaling) {
     std::mt19937 random(3);
@@ -38,7 +29,7 @@ TEST(ScaledView, PartsRenewedAndScrolledEqualAFreshScaling) {
         for (const QSize& scaled :
              {QSize(97, 61), QSize(399, 250), QSize(400, 251), QSize(517, 333), QSize(1600, 1004)}) {
             SCOPED_TRACE(testing::Message() << scaled.width() << " format " << format);
-            QImage picture = Noise(400, 251, 1, format);
+            QImage picture = NoisePicture(400, 251, 1, format);
             ScaledView view;
             QPoint corner(0, 0);
             for (int step = 0; step < 40; ++step) {
@@ -266,18 +257,6 @@ TEST_F(ImageXTest, ZoomingByTheWheelKeepsThePointUnderTheMouse) {
     EXPECT_EQ(steps, 2);
 }
 
-TEST_F(ImageXTest, ShowsTheCursorPictureInStyle99Only) {
-    QPixmap picture(16, 16);
-    picture.fill(Qt::green);
-    view_.SetCursorPicture(picture);
-    EXPECT_EQ(view_.cursor().shape(), Qt::ArrowCursor);
-    view_.SetCursorStyle(SurfaceCursor::Custom);
-    EXPECT_EQ(view_.cursor().shape(), Qt::BitmapCursor);
-    EXPECT_EQ(view_.cursor().hotSpot(), QPoint(8, 8));
-    view_.SetCursorStyle(SurfaceCursor::Arrow);
-    EXPECT_EQ(view_.cursor().shape(), Qt::ArrowCursor);
-}
-
 TEST_F(ImageXTest, TheBrushRingFollowsTheMouseAndLeavesNothingBehind) {
     surface_.CreateBlank(400, 300, 24, QColor(128, 128, 128));
     const QImage plain = view_.grab().toImage();
@@ -312,10 +291,9 @@ TEST_F(ImageXTest, TheLensShowsWhatAStrokeWouldBringUntilAButtonIsPressed) {
 }
 
 TEST_F(ImageXTest, WhatIsOnTheScreenIsWhatAFreshViewWouldShow) {
-    if (Ratio() != 1) GTEST_SKIP() << "the offscreen platform grabs a part of the window only";
     Surface pen;
-    surface_.SetPicture(Noise(900, 700, 1));
-    pen.SetPicture(Noise(900, 700, 2));
+    surface_.SetPicture(NoisePicture(900, 700, 1));
+    pen.SetPicture(NoisePicture(900, 700, 2));
     surface_.SelectBrush(pen.MakeBrush(40));
     QPoint mouse;
     int ring = 30;

@@ -78,8 +78,7 @@ class UrlCatcher : public QObject {
 TEST(Shell, OpensFilesThatAreThere) {
     QTemporaryDir folder;
     const QString path = folder.filePath(QString::fromUtf8("with blank # ü.pdf"));
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    WriteBytes(path, {});
     UrlCatcher catcher;
     QDesktopServices::setUrlHandler("file", &catcher, "Open");
     EXPECT_TRUE(OpenDocument(path));
@@ -99,3 +98,4 @@ int main(int argc, char** argv) {
 }
 
 #include "application_test.moc"
+#include "tests/support/kit.h"

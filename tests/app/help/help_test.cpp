@@ -14,6 +14,7 @@
 #include "app/help_topics.h"
 #include "app/help_window.h"
 #include "platform/language.h"
+#include "tests/support/kit.h"
 #include "tests/support/scripted_dialog.h"
 
 namespace kelu {
@@ -29,9 +30,8 @@ class Help : public testing::Test {
     }
 
     void Write(const char* name, const char* title, const char* body) {
-        QFile file(folder_.filePath(name));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(QString("<html><head><title>%1</title></head><body>%2</body></html>").arg(title, body).toUtf8());
+        WriteBytes(folder_.filePath(name),
+                   QString("<html><head><title>%1</title></head><body>%2</body></html>").arg(title, body).toUtf8());
     }
 
     QString Shown() { return topics_.Window()->Browser().toPlainText(); }

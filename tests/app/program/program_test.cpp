@@ -5,12 +5,12 @@
 #include <QProcess>
 #include <QRect>
 #include <QRegularExpression>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
 #include <memory>
 
 #include "app/command_line.h"
+#include "tests/support/tools.h"
 
 namespace kelu {
 namespace {
@@ -80,11 +80,7 @@ struct Desktop : Program {
     QByteArray window;
 
     void SetUp() override {
-        for (const char* tool : {"Xvfb", "openbox", "xdotool", "xprop"})
-            if (QStandardPaths::findExecutable(tool).isEmpty()) {
-                if (qEnvironmentVariableIsSet("KELU_REQUIRE_TOOLS")) FAIL() << tool << " is not installed";
-                GTEST_SKIP() << tool << " is not installed";
-            }
+        KELU_NEEDS("Xvfb", "openbox", "xdotool", "xprop");
         screen = Start("Xvfb", {"-displayfd", "1", "-screen", "0", "1280x900x24", "-nolisten", "tcp"});
         ASSERT_TRUE(screen->waitForReadyRead(20000));
         environment.insert("DISPLAY", ":" + screen->readLine().trimmed());

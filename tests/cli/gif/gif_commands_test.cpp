@@ -11,6 +11,7 @@
 #include <QTemporaryDir>
 
 #include "tests/pictures/gif/gif_bytes.h"
+#include "tests/support/kit.h"
 
 namespace kelu {
 namespace {
@@ -31,10 +32,8 @@ Outcome RunCommand(const QStringList& arguments) {
 }
 
 QString Save(const QTemporaryDir& folder, const char* name, const QByteArray& bytes) {
-    QFile file(folder.filePath(name));
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-    return file.fileName();
+    WriteBytes(folder.filePath(name), bytes);
+    return folder.filePath(name);
 }
 
 TEST(GifInfo, DescribesAndDumps) {

@@ -1,4 +1,5 @@
-// The control: loading from file, array and URL, playing by timer, actions, painting, mouse.
+// The player of animations: the clock of frames and passes, the ways to fit, and the control: loading from file, array
+// and URL, playing by timer, actions, painting, mouse.
 // SPDX-License-Identifier: MIT
 #include "controls/animated_gif/uc_ani_gif.h"
 
@@ -10,11 +11,75 @@
 #include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QTest>
+#include <climits>
 
+#include "controls/animated_gif/frame_clock.h"
+#include "controls/animated_gif/gif_fit.h"
 #include "tests/pictures/gif/gif_bytes.h"
+#include "tests/support/kit.h"
 
 namespace kelu {
 namespace {
+
+TEST(FrameClock, PlaysTheWantedPassesAndStandsOnTheFirstFrame) {
+    FrameClock clock;
+    clock.Load({100, 0, 300});
+    clock.SetLoops(2);
+    ASSERT_TRUE(clock.Start());
+    struct Expected {
+        int frame, delay, remaining;
+        bool ended;
+    };
+    const Expected steps[] = {{2, 50, 2, false}, {3, 300, 2, false}, {1, 100, 1, false},
+                              {2, 50, 1, false}, {3, 300, 1, false}, {1, 100, 2, true}};
+    for (const Expected& expected : steps) {
+        EXPECT_EQ(clock.Step(), expected.ended);
+        EXPECT_EQ(clock.CurrentFrame(), expected.frame);
+        EXPECT_EQ(clock.CurrentDelay(), expected.delay);
+        EXPECT_EQ(clock.LoopsRemaining(), expected.remaining);
+    }
+    EXPECT_EQ(clock.State(), FrameClock::kStopped);
+}
+
+TEST(FrameClock, WantedPassesLoweredWhilePlayingStillEnd) {
+    FrameClock clock;
+    clock.Load({10, 10});
+    clock.SetLoops(5);
+    clock.Start();
+    for (int i = 0; i < 6; ++i) clock.Step();  // three passes
+    clock.SetLoops(2);
+    EXPECT_FALSE(clock.Step());
+    EXPECT_TRUE(clock.Step());
+}
+
+TEST(GifFit, FitsInFiveWays) {
+    struct Case {
+        GifStretch stretch;
+        QSize wanted, size;
+        double scaleX, scaleY;
+    };
+    const QSize screen(40, 20);
+    const Case cases[] = {
+        {kNaturalSize, {100, 10}, {40, 10}, 1, 1},
+        {kNaturalSize, {30, 100}, {30, 20}, 1, 1},
+        {kProportional, {80, 80}, {80, 40}, 2, 2},
+        {kProportional, {80, 10}, {20, 10}, 0.5, 0.5},
+        {kEachAxis, {80, 10}, {80, 10}, 2, 0.5},
+        {kShrinkOnly, {80, 80}, {40, 20}, 1, 1},
+        {kShrinkOnly, {80, 10}, {20, 10}, 0.5, 0.5},
+        {kShrinkOnly, {20, 90}, {20, 10}, 0.5, 0.5},
+        {kControlToImage, {7, 9}, {40, 20}, 1, 1},
+        {kProportional, {25, 99}, {25, 12}, 0.625, 0.625},  // 12.5: to even
+        {kProportional, {0, 0}, {0, 0}, 0, 0},
+    };
+    for (const Case& test : cases) {
+        const GifFit fit = FitToControl(test.stretch, test.wanted, screen);
+        EXPECT_EQ(fit.size, test.size) << test.stretch << " " << test.wanted.width() << " x " << test.wanted.height();
+        EXPECT_DOUBLE_EQ(fit.scaleX, test.scaleX);
+        EXPECT_DOUBLE_EQ(fit.scaleY, test.scaleY);
+    }
+    EXPECT_EQ(FitToControl(kControlToImage, {5, 6}, {0, 0}).size, QSize(5, 6)) << "nothing loaded";
+}
 
 using namespace test;
 
@@ -34,10 +99,7 @@ unsigned CentreOf(QWidget& widget) {
 TEST(AniGif, LoadsFromFilesAndArrays) {
     QTemporaryDir folder;
     const QString name = folder.filePath("a.gif");
-    QFile file(name);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(Animation(3));
-    file.close();
+    WriteBytes(name, Animation(3));
 
     ucAniGIF gif;
     gif.resize(100, 100);
@@ -155,10 +217,7 @@ QByteArray Answer(const QByteArray& body, const char* status = "200 OK") {
 
 TEST(AniGif, LoadsByUrl) {
     QTemporaryDir folder;
-    QFile file(folder.filePath("a.gif"));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(Animation());
-    file.close();
+    WriteBytes(folder.filePath("a.gif"), Animation());
     const Server good(Answer(Animation())), bad(Answer("<html>not a picture</html>")),
         missing(Answer(Animation(), "404 Not Found")), tiny(Answer("GIF89a")), cut(Answer(Animation()).chopped(20));
     struct Case {
@@ -169,7 +228,7 @@ TEST(AniGif, LoadsByUrl) {
     };
     const Case cases[] = {
         {"http", good.Url(), false, 1, 0, 3},
-        {"file", QUrl::fromLocalFile(file.fileName()).toString(), false, 1, 0, 3},
+        {"file", QUrl::fromLocalFile(folder.filePath("a.gif")).toString(), false, 1, 0, 3},
         {"cancelled by the host", good.Url(), true, 1, 0, 1},
         {"no GIF", bad.Url(), false, 0, 1, 1},
         {"not found", missing.Url(), false, 0, 1, 1},

@@ -7,6 +7,7 @@
 #include <QTest>
 
 #include "platform/error.h"
+#include "tests/support/kit.h"
 
 namespace kelu {
 namespace {
@@ -41,14 +42,8 @@ TEST_F(ListExTest, AnnouncesTheProgramsChoiceOnceEachTime) {
 
 TEST_F(ListExTest, RefusesRowsThatAreNotThere) {
     list.SetListIndex(1);
-    for (const int row : {3, 48, -2}) {
-        try {
-            list.SetListIndex(row);
-            ADD_FAILURE() << row;
-        } catch (const Error& error) {
-            EXPECT_EQ(error.Number(), kInvalidProperty);
-        }
-    }
+    for (const int row : {3, 48, -2})
+        EXPECT_EQ(ErrorOf([&] { list.SetListIndex(row); }).Number(), kInvalidProperty) << row;
     EXPECT_EQ(list.ListIndex(), 1);
     EXPECT_EQ(rows, std::vector<int>{1});
 }

@@ -57,21 +57,6 @@ TEST(PagerGeometry, BringsAPieceOutFromUnderTheArrowsByTheShortestWay) {
         EXPECT_EQ(OffsetShowing(100, 400, row.offset, row.first, row.end), row.found) << row.offset << " " << row.first;
 }
 
-TEST(PagerGeometry, AnArrowLeadsToAWholePiece) {
-    const struct {
-        int length, offset, step;
-        bool forward;
-        int wanted;
-    } rows[] = {
-        {319, 0, 101, true, 3 * 101 - 16}, {319, 287, 101, true, 5 * 101 - 16}, {319, 489, 101, false, 3 * 101 - 16},
-        {319, 287, 101, false, 101 - 16},  {319, 85, 101, false, -101 - 16},    {200, 55, 0, true, 55 + 152},
-        {200, 55, 0, false, 55 - 152},     {117, 30, 101, true, 30 + 69},
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(OffsetOfPage(row.length, row.offset, row.step, row.forward), row.wanted)
-            << row.length << " " << row.offset << " " << row.forward;
-}
-
 class PagerTest : public testing::Test {
  protected:
     PagerTest() {

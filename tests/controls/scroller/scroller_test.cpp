@@ -115,15 +115,6 @@ TEST_F(ScrollerTest, LabelsHandTheDragOn) {
     EXPECT_EQ(scroller_.ScrollY(), -100 * 15);
 }
 
-TEST_F(ScrollerTest, PageThatFitsStaysStill) {
-    scroller_.resize(200, 400);
-    Show();
-    Drag(&scroller_, {150, 90}, {10, 200});
-    EXPECT_EQ(label_->y(), 4);
-    EXPECT_EQ(scroller_.PageHeight(), 400 * 15);
-    EXPECT_GE(MarkRect().height(), 400);
-}
-
 TEST_F(ScrollerTest, AuthorsMoveThePageAtDesignTimeOnly) {
     scroller_.SetMoveDown(1);
     EXPECT_EQ(label_->y(), 30);

@@ -1,18 +1,108 @@
-// The slider as its listener and its user see it: whole sequences of events, by the program and by the mouse.
+// The slider: its arithmetic in tables worked out by hand, and whole sequences of events by the program and by the
+// mouse.
 // SPDX-License-Identifier: MIT
 #include "controls/slider/ls_slider.h"
 
 #include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <QAccessible>
 #include <QAccessibleWidget>
 #include <QDialog>
 #include <QTest>
+#include <limits>
 
 #include "controls/slider/frm_value_tip.h"
+#include "controls/slider/slider_geometry.h"
 
 namespace kelu {
 namespace {
+
+using namespace slider;
+
+constexpr int kLeast = std::numeric_limits<int>::min();
+constexpr int kMost = std::numeric_limits<int>::max();
+constexpr Direction kAcross = Direction::kHorizontal;
+constexpr Direction kUp = Direction::kVertical;
+
+Parts Bar(Direction direction, int length, QSize thumb = {16, 16}) {
+    return {direction, direction == kAcross ? QSize(length, 16) : QSize(16, length), thumb, {}};
+}
+
+TEST(SliderGeometry, ValueToThumb) {
+    const struct {
+        Direction direction;
+        int length;
+        Range range;
+        int value;
+        double place;
+    } rows[] = {
+        {kAcross, 116, {0, 10}, 0, 0},
+        {kAcross, 116, {0, 10}, 7, 70},
+        {kAcross, 116, {0, 10}, 10, 100},
+        {kAcross, 117, {1, 100}, 50, 101 * 49 / 99.0},
+        {kAcross, 66, {0, 1000}, 503, 25.15},
+        {kAcross, 116, {-255, 255}, 0, 50},
+        {kUp, 116, {0, 10}, 0, 100},
+        {kUp, 116, {0, 10}, 10, 0},
+        {kUp, 116, {-4, 4}, 3, 12.5},
+        {kAcross, 116, {kLeast, kMost}, kMost, 100},
+        {kAcross, 116, {kLeast, kMost}, kLeast, 0},
+        {kAcross, 16, {0, 10}, 5, 0},
+    };
+    for (const auto& row : rows) {
+        EXPECT_DOUBLE_EQ(ThumbPlace(Bar(row.direction, row.length), row.range, row.value), row.place)
+            << row.length << " pixels, value " << row.value;
+    }
+}
+
+TEST(SliderGeometry, ThumbToValue) {
+    const struct {
+        Direction direction;
+        int length;
+        Range range;
+        double place;
+        int value;
+    } rows[] = {
+        {kAcross, 116, {0, 10}, 44, 4},
+        {kAcross, 116, {0, 10}, 46, 5},
+        // The exact middle between two steps goes to the even value, counted from 0 and not from the minimum.
+        {kAcross, 116, {0, 1}, 50, 0},
+        {kAcross, 116, {1, 2}, 50, 2},
+        {kAcross, 116, {-1, 0}, 50, 0},
+        {kAcross, 116, {0, 10}, 45, 4},
+        {kAcross, 116, {0, 10}, 55, 6},
+        {kAcross, 65, {0, 7}, 3.5, 0},
+        // 1 / 6 of 9 is exactly one and a half, although 1 / 6 is no exact fraction.
+        {kAcross, 22, {0, 9}, 1, 2},
+        {kAcross, 22, {0, 9}, 3, 4},
+        {kUp, 116, {0, 10}, 0, 10},
+        {kUp, 116, {0, 10}, 100, 0},
+        {kUp, 116, {0, 1}, 50, 0},
+        {kAcross, 116, {kLeast, kMost}, 0, kLeast},
+        {kAcross, 116, {kLeast, kMost}, 100, kMost},
+        {kAcross, 116, {kLeast, kMost}, 50, 0},
+        // No travel: the value stays.
+        {kAcross, 16, {0, 10}, 0, 3},
+        {kUp, 10, {0, 10}, 0, 3},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(ValueAtPlace(Bar(row.direction, row.length), row.range, row.place, 3), row.value)
+            << row.length << " pixels, range " << row.range.min << " to " << row.range.max << ", place " << row.place;
+    }
+}
+
+TEST(SliderGeometry, EveryValueSurvivesItsOwnPlace) {
+    for (const Direction direction : {kAcross, kUp}) {
+        for (const int length : {17, 40, 117, 121}) {
+            const Parts parts = Bar(direction, length);
+            const Range range{-255, 255};
+            for (int value = range.min; value <= range.max; ++value) {
+                ASSERT_EQ(ValueAtPlace(parts, range, ThumbPlace(parts, range, value), 0), value) << length << " pixels";
+            }
+        }
+    }
+}
 
 using testing::ElementsAre;
 using testing::IsEmpty;

@@ -11,6 +11,7 @@
 #include "controls/progress_bar/xp_progress_bar.h"
 #include "platform/password_scrambling.h"
 #include "tests/output/mail/mail_servers.h"
+#include "tests/support/kit.h"
 #include "tests/support/memory_settings.h"
 #include "tests/support/scripted_dialog.h"
 
@@ -33,34 +34,14 @@ struct FrmEmail : testing::Test {
 
     void Open(const QString& method) {
         if (!method.isNull()) settings.WriteText(settings::kMailMethod.key, method);
-        QFile file(folder.filePath("Kelu.jpg"));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(QByteArray(200'000, 'j'));
-        file.close();
+        const QString picture = folder.filePath("Kelu.jpg");
+        WriteBytes(picture, QByteArray(200'000, 'j'));
         dialog.shown.clear();
-        form = std::make_unique<frmEmail>(smtp, client, dialog, settings, file.fileName(), draft, ports);
+        form = std::make_unique<frmEmail>(smtp, client, dialog, settings, picture, draft, ports);
         form->show();
     }
     void Send() { QTest::mouseClick(form->cmdSend, Qt::LeftButton); }
 };
-
-TEST_F(FrmEmail, RefusesBadAddressesAndStaysOpen) {
-    const char* const kCases[][3] = {{"1", "", ""},
-                                     {"1", "a@b.c;d@e.f", ""},
-                                     {"3", "nobody", ""},
-                                     {"3", "a@b.cc", "garbage"},
-                                     {"3", "a@b.cc", "Carol carol@good.example"}};
-    for (const auto& [method, to, copies] : kCases) {
-        Open(method);
-        form->txtTo1->setText(to);
-        form->txtTo2->setText(to);
-        form->txtCC2->setText(copies);
-        Send();
-        EXPECT_EQ(dialog.Texts(), QStringList("The following error(s) have occured:\r\n\r\n"
-                                              "No e-mail address or an invalid e-mail address has been entered.\r\n"));
-        EXPECT_TRUE(form->isVisible() && form->cmdSend->isEnabled());
-    }
-}
 
 TEST_F(FrmEmail, OwnDeliveryGoesToTheRecipientsServer) {
     const LoopbackServer server({"smtp", out});
@@ -136,10 +117,9 @@ struct DesktopClient : FrmEmail {
     const QString kept = folder.filePath("arguments");
 
     void MakeProgram(const QString& then) {
-        QFile file(folder.filePath("xdg-email"));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(QString("#!/bin/sh\nprintf '%s\\n' \"$@\" > '%1'\n%2\n").arg(kept, then).toUtf8());
-        file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        const QString program = folder.filePath("xdg-email");
+        WriteBytes(program, QString("#!/bin/sh\nprintf '%s\\n' \"$@\" > '%1'\n%2\n").arg(kept, then).toUtf8());
+        QFile::setPermissions(program, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         qputenv("PATH", folder.path().toLocal8Bit() + ':' + path);
     }
     void TearDown() override { qputenv("PATH", path); }
@@ -161,11 +141,9 @@ TEST_F(DesktopClient, GetsEverythingAndFailuresLeaveTheDialogOpen) {
         EXPECT_EQ(settings.Read(settings::kMailSender), failure ? "Not Set" : "me");
         ASSERT_EQ(dialog.shown.size(), failure ? 1u : 0u);
         EXPECT_TRUE(!failure || dialog.shown[0].text.contains(failure)) << dialog.shown[0].text.toStdString();
-        QFile file(kept);
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-        EXPECT_EQ(QString::fromUtf8(file.readAll()), "--utf8\n--subject\nKelu\n--body\ntwo\nlines \u00fc\n\n" +
-                                                         kAdded.arg("") + "\n--attach\n" + folder.filePath("Kelu.jpg") +
-                                                         "\nmailto:--attach%3D%2Fetc%2Fpasswd\n");
+        EXPECT_EQ(QString::fromUtf8(ReadBytes(kept)),
+                  "--utf8\n--subject\nKelu\n--body\ntwo\nlines \u00fc\n\n" + kAdded.arg("") + "\n--attach\n" +
+                      folder.filePath("Kelu.jpg") + "\nmailto:--attach%3D%2Fetc%2Fpasswd\n");
     }
     qputenv("PATH", folder.filePath("empty").toLocal8Bit());
     Open("2");

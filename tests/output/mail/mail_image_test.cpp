@@ -49,20 +49,6 @@ TEST_F(MailImageTest, SendsAJpegOfAHandySizeThatNobodyElseCanRead) {
     EXPECT_TRUE(dialog.shown.empty());
 }
 
-TEST_F(MailImageTest, RunsOnlyWithNetworkAndPictureAndWithoutCamera) {
-    state.CaptureBusy = true;
-    mail.cmdEmail_Click();
-    state.CaptureBusy = false;
-    state.ImageActive = false;
-    mail.cmdEmail_Click();
-    state.ImageActive = true;
-    EXPECT_TRUE(state.InternetConnected);
-    network.interfaces[0].isRunning = false;
-    mail.cmdEmail_Click();
-    EXPECT_FALSE(state.InternetConnected);
-    EXPECT_TRUE(shown.isEmpty() && dialog.shown.empty());
-}
-
 TEST_F(MailImageTest, FailuresAreToldAndEndIt) {
     mail.Check4InternetConnection();
     network = {{}, false, 5};

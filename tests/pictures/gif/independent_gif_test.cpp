@@ -5,10 +5,11 @@
 
 #include <QFile>
 #include <QProcess>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 
 #include "pictures/gif/frame_composer.h"
+#include "tests/support/kit.h"
+#include "tests/support/tools.h"
 
 namespace kelu {
 namespace {
@@ -28,11 +29,7 @@ struct Recipe {
 
 class IndependentGif : public testing::TestWithParam<Recipe> {
  protected:
-    void SetUp() override {
-        for (const char* program : {"convert", "gifsicle"}) {
-            if (QStandardPaths::findExecutable(program).isEmpty()) GTEST_SKIP() << program << " is not installed";
-        }
-    }
+    void SetUp() override { KELU_NEEDS("convert", "gifsicle"); }
 
     bool Run(const QString& script) {
         QProcess process;
@@ -49,10 +46,8 @@ TEST_P(IndependentGif, ComposesLikeTheIndependentDecoder) {
     ASSERT_TRUE(Run(GetParam().script));
     // The independent decoder's screens, on the page of the file.
     ASSERT_TRUE(Run("convert a.gif -coalesce +adjoin -scene 0 PNG32:screen%d.png"));
-    QFile file(folder_.filePath("a.gif"));
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     FrameStrip strip;
-    ASSERT_GT(strip.Load(file.readAll()), 0);
+    ASSERT_GT(strip.Load(ReadBytes(folder_.filePath("a.gif"))), 0);
     strip.LoadRest();
     FrameComposer composer(strip);
     for (int frame = 1; frame <= strip.FrameCount(); ++frame) {
