@@ -1,96 +1,15 @@
-// Every key command with the right and with the wrong modifiers, wherever the focus is.
+// Key commands as they are pressed, held and let go, wherever the focus is.
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
-#include <QClipboard>
-
-#include "capture/capture_panel.h"
 #include "tests/app/main_window_fixture.h"
-#include "tests/support/dialog_script.h"
 
 namespace kelu {
 namespace {
 
-constexpr Qt::KeyboardModifiers kNone = Qt::NoModifier, kCtrl = Qt::ControlModifier, kShift = Qt::ShiftModifier,
-                                kAlt = Qt::AltModifier, kMeta = Qt::MetaModifier;
+constexpr Qt::KeyboardModifiers kNone = Qt::NoModifier, kCtrl = Qt::ControlModifier, kShift = Qt::ShiftModifier;
 
-struct KeyRow {
-    Qt::Key key;
-    const char* name;
-    bool modal;  // brings up a dialog of its own
-    std::vector<Qt::KeyboardModifiers> right;
-    std::vector<Qt::KeyboardModifiers> wrong;
-};
-
-struct KeyWalk : MainWindowFixture {
-    bool HelpShows() const {
-        for (const QWidget* each : QApplication::topLevelWidgets())
-            if (each->objectName() == "HelpWindow" && each->isVisible()) return true;
-        return false;
-    }
-    /// All that a key command can change.
-    QVariantList Seen(const DialogScript& script) const {
-        return {Canvas(),
-                script.met,
-                saveDialog.shown,
-                dialog.Texts(),
-                HelpShows(),
-                QGuiApplication::clipboard()->image().isNull(),
-                window.controls.picCapContainer->isVisible()};
-    }
-};
-
-void PrintTo(const KeyRow& row, std::ostream* out) { *out << row.name; }
-
-struct EveryKey : KeyWalk, testing::WithParamInterface<KeyRow> {};
-
-const std::vector<Qt::KeyboardModifiers> kExactlyCtrl{kCtrl, kCtrl | Qt::KeypadModifier};
-const std::vector<Qt::KeyboardModifiers> kNotCtrl{kNone,          kShift,       kAlt,         kMeta,
-                                                  kCtrl | kShift, kCtrl | kAlt, kCtrl | kMeta};
-const std::vector<Qt::KeyboardModifiers> kAnyState{kNone, kShift, kCtrl, kAlt, kCtrl | kShift | kAlt};
-
-INSTANTIATE_TEST_SUITE_P(
-    Keys, EveryKey,
-    testing::Values(
-        KeyRow{Qt::Key_Z, "Z", false, kExactlyCtrl, kNotCtrl}, KeyRow{Qt::Key_Y, "Y", false, kExactlyCtrl, kNotCtrl},
-        KeyRow{Qt::Key_O, "O", true, kExactlyCtrl, kNotCtrl}, KeyRow{Qt::Key_S, "S", false, kExactlyCtrl, kNotCtrl},
-        KeyRow{Qt::Key_C, "C", false, kExactlyCtrl, kNotCtrl}, KeyRow{Qt::Key_P, "P", true, kExactlyCtrl, kNotCtrl},
-        KeyRow{Qt::Key_A, "A", false, {kCtrl, kCtrl | kShift}, {kNone, kShift, kAlt, kMeta, kCtrl | kAlt}},
-        KeyRow{Qt::Key_F4, "F4", false, {kAlt}, {kNone, kShift, kCtrl, kAlt | kShift, kAlt | kCtrl}},
-        KeyRow{Qt::Key_F1, "F1", false, kAnyState, {}}, KeyRow{Qt::Key_F8, "F8", false, kAnyState, {}}));
-
-TEST_P(EveryKey, ActsOnReleaseUnderItsModifiersOnly) {
-    const KeyRow& row = GetParam();
-    OpenPhoto();
-    Arm();
-    Stroke({{50, 50}, {90, 90}});
-    Stroke({{150, 50}, {190, 90}});
-    Stroke({{250, 50}, {290, 90}});
-    for (int i = 0; i < 2; ++i) window.Run(Command::Undo);  // something to undo and something to redo
-    QGuiApplication::clipboard()->clear();
-    DialogScript script;
-    const auto press = [&](Qt::KeyboardModifiers modifiers, bool acts) {
-        const QVariantList before = Seen(script);
-        QTest::keyPress(&window, row.key, modifiers);
-        EXPECT_EQ(Seen(script), before) << "pressed with " << modifiers;
-        QTest::keyRelease(&window, row.key, modifiers);
-        EXPECT_EQ(Seen(script) != before, acts) << "released with " << modifiers;
-    };
-    for (const Qt::KeyboardModifiers modifiers : row.wrong) press(modifiers, false);
-    for (const Qt::KeyboardModifiers modifiers : row.right) {
-        if (row.modal) script.Then([](QWidget& up) { up.close(); });
-        // The panel and the window would still be up; a command that finds its work done changes nothing.
-        if (row.key == Qt::Key_F8) QTest::mouseClick(window.controls.picCapContainer->cmdCaptureCancel, Qt::LeftButton);
-        for (QWidget* each : QApplication::topLevelWidgets())
-            if (each->objectName() == "HelpWindow") each->close();
-        QGuiApplication::clipboard()->clear();
-        if (row.key == Qt::Key_O && state.ImageDirty) dialog.answers = {MsgAnswer::No};
-        if (row.key == Qt::Key_F4) dialog.answers = {MsgAnswer::Cancel};
-        if (row.key == Qt::Key_Z && !window.surfaces.picCanvas.CanUndo()) window.Run(Command::Redo);
-        press(modifiers, true);
-    }
-    EXPECT_TRUE(window.isVisible());
-}
+using KeyWalk = MainWindowFixture;
 
 TEST_F(KeyWalk, APressActsOnceAtItsReleaseUnderItsOwnModifiers) {
     OpenPhoto();

@@ -7,7 +7,6 @@
 
 #include "effects/catalogue/render_on.h"
 #include "effects/coordinate_box.h"
-#include "pictures/picture_file.h"
 #include "tests/app/main_window_fixture.h"
 #include "view/point_picker.h"
 
@@ -241,19 +240,6 @@ TEST_F(PaintWalk, CompareShowsTheOriginalWholeAndComesBack) {
     Click(Command::Original);
     ASSERT_FALSE(Comparing());
     EXPECT_EQ(Screen(), zoomed) << "zoom and scroll are those from before";
-
-    // The other commands go on working on the hidden canvas.
-    Click(Command::Original);
-    Key(Qt::Key_Z, Qt::ControlModifier);
-    saveDialog.names = {folder.filePath("out.png")};
-    Key(Qt::Key_S, Qt::ControlModifier);
-    EXPECT_EQ(ReadPicture(folder.filePath("out.png")), ReadPicture(folder.filePath("photo.png")));
-    Click(Command::Original);
-    EXPECT_TRUE(Comparing()) << "saved: no way back before the next change";
-    Key(Qt::Key_Y, Qt::ControlModifier);
-    Click(Command::Original);
-    EXPECT_FALSE(Comparing());
-    EXPECT_EQ(Canvas(), painted);
 }
 
 }  // namespace

@@ -63,6 +63,35 @@ TEST(Commands, WhatIsInTheWay) {
         }
 }
 
+TEST(Commands, AKeyActsUnderItsOwnModifiersOnly) {
+    constexpr Qt::KeyboardModifiers kNone, kCtrl = Qt::ControlModifier, kShift = Qt::ShiftModifier,
+                                           kAlt = Qt::AltModifier, kPad = Qt::KeypadModifier;
+    const std::set<Qt::KeyboardModifiers::Int> all{
+        kNone, kShift, kCtrl, kAlt, Qt::MetaModifier, kCtrl | kShift, kCtrl | kAlt, kAlt | kShift, kCtrl | kPad};
+    const std::set<Qt::KeyboardModifiers::Int> ctrl{kCtrl, kCtrl | kPad};
+    const struct {
+        Qt::Key key;
+        Command command;
+        std::set<Qt::KeyboardModifiers::Int> under;
+    } rows[] = {{Qt::Key_O, Open, ctrl},
+                {Qt::Key_S, Save, ctrl},
+                {Qt::Key_P, Print, ctrl},
+                {Qt::Key_C, Copy, ctrl},
+                {Qt::Key_Z, Undo, ctrl},
+                {Qt::Key_Y, Redo, ctrl},
+                {Qt::Key_A, PaintAll, ctrl},
+                {Qt::Key_F8, WebCam, all},
+                {Qt::Key_F1, Help, all},
+                {Qt::Key_F4, Close, {kAlt}},
+                {Qt::Key_A, RestoreAll, {kCtrl | kShift}}};
+    for (const auto& row : rows)
+        for (const auto modifiers : all)
+            EXPECT_EQ(CommandOfKey(row.key, Qt::KeyboardModifiers::fromInt(modifiers)) == row.command,
+                      row.under.contains(modifiers))
+                << "key " << row.key << " under " << modifiers;
+    EXPECT_EQ(CommandOfKey(Qt::Key_A, kCtrl, KeyActs::AtRelease, /*used=*/true), std::nullopt) << "a text field's own";
+}
+
 TEST(Commands, NoTwoShareAKey) {
     std::set<std::pair<int, int>> keys;
     const auto add = [&keys](const CommandKey& key, Command command) {

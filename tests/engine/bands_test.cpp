@@ -100,12 +100,6 @@ TEST(Bands, EventsKeepRunningWhileOneBandLastsLong) {
     EXPECT_EQ(std::count(listener.percents.begin(), listener.percents.end(), 100), 1);
 }
 
-TEST(Bands, ShortWorkReportsNothing) {
-    Listener listener;
-    SplitRows(listener.Listen(), 100, kRowPixels, [](int, int) {});
-    EXPECT_THAT(listener.percents, IsEmpty());
-}
-
 TEST(Bands, AFailureInAWorkerComesOutAfter100) {
     Listener listener;
     const auto failing = [](int begin, int) {

@@ -64,20 +64,5 @@ TEST(PixelMemory, AbsurdSizesFailCleanly) {
     EXPECT_THROW(TakePixelMemory(std::numeric_limits<std::size_t>::max() / 4), std::bad_alloc);
 }
 
-TEST(PixelMemory, ThreadsTakeAndReturnAtOnce) {
-    std::vector<std::thread> threads;
-    for (unsigned char mark = 1; mark <= 4; ++mark)
-        threads.emplace_back([mark] {
-            for (int i = 0; i < 100; ++i) {
-                const auto block = TakePixelMemory(2 * kMegabyte);
-                block.get()[0] = block.get()[2 * kMegabyte - 1] = mark;
-                std::this_thread::yield();
-                ASSERT_EQ(block.get()[0], mark);
-                ASSERT_EQ(block.get()[2 * kMegabyte - 1], mark);
-            }
-        });
-    for (std::thread& thread : threads) thread.join();
-}
-
 }  // namespace
 }  // namespace kelu::engine

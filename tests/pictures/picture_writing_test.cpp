@@ -130,7 +130,7 @@ const QString kTold =
 
 // Every road between formats that carry it, with the picture turned by the way.
 TEST(PictureWriting, WhatAPhotographCarriesIsKept) {
-    if (!HasTool("exiftool")) GTEST_SKIP() << "exiftool is missing";
+    KELU_NEEDS("exiftool");
     QTemporaryDir folder;
     const auto path = [&](const QString& name) { return folder.filePath(name); };
     SoftPicture(60, 40).save(path("small.jpg"));

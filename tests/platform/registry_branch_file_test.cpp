@@ -150,25 +150,5 @@ TEST_F(BranchFile, ImportRefusesWhatIsNoSuchFile) {
     EXPECT_EQ(ImportLines("\"bad\"=dword:123456789\r\n"), 0u);
 }
 
-TEST_F(BranchFile, ExportImportExportGivesTheSameBytes) {
-    registry.WriteString(kKey, "@", "default");
-    registry.WriteString(kKey, "z", "last made first");
-    registry.WriteString(kKey, "a", QString::fromUtf8("/home/Jürgen/фото"));
-    registry.WriteBinary(kKey, "", "");  // replaces the default text
-    registry.WriteDWORD(kKey + "\\B", "n", 0x80000000u);
-    registry.WriteString(kKey + "\\B\\C D [e]", "x;y", "1, 2");
-    registry.WriteBinary(kKey + "\\a", "all", QString("00 7F 80 FF ").repeated(60));
-    ASSERT_EQ(registry.ExportToReg(kKey, Path("first"), true), 1u);
-
-    const QString path = Path("store/settings.txt");
-    {
-        RegistryFile other(path);
-        ASSERT_EQ(clsRegistryAccess(other).ImportFromReg(Path("first")), 1u);
-    }
-    RegistryFile reopened(path);
-    ASSERT_EQ(clsRegistryAccess(reopened).ExportToReg(kKey, Path("second"), true), 1u);
-    EXPECT_EQ(Content("second"), Content("first"));
-}
-
 }  // namespace
 }  // namespace kelu

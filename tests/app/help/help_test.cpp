@@ -73,17 +73,6 @@ TEST_F(Help, OpensThePageOfTheChosenEffectInOneWindow) {
     EXPECT_FALSE(window->testAttribute(Qt::WA_QuitOnClose)) << "the program ends with its main window";
 }
 
-TEST_F(Help, AMissingPageIsToldInTheWindow) {
-    state_.CurrentSFX = 5;
-    topics_.LoadCHMFile();
-    EXPECT_TRUE(Shown().contains("noise.html"));
-    EXPECT_TRUE(Shown().contains("missing"));
-    EXPECT_TRUE(dialog_.shown.empty());
-    QFile::remove(folder_.filePath("index.html"));
-    topics_.Window()->Browser().setSource(topics_.Window()->Browser().Home());
-    EXPECT_TRUE(Shown().contains("index.html"));
-}
-
 TEST_F(Help, APageInTheLanguageInUseTakesThePlaceOfTheOther) {
     Write("index_de.html", "Alle Effekte", "<p>Hier sind sie.</p>");
     const auto foundIn = [&](const char* language) {

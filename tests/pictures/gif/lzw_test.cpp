@@ -54,15 +54,6 @@ TEST(LzwDecoder, DecodesEveryLegalStream) {
     }
 }
 
-TEST(LzwDecoder, NeedsNoClearCodeAtTheStart) {
-    LzwStyle style;
-    style.clearAtStart = false;
-    const Indices indices = Waves(5000, 256);
-    Indices decoded(indices.size());
-    DecodeLzw(AsSpan(ReferenceLzw(indices, style)), 8, decoded);
-    EXPECT_TRUE(decoded == indices);
-}
-
 // Three-bit codes of code size 2: clear 4, end 5, first string 6.
 QByteArray ThreeBitCodes(std::initializer_list<int> codes) {
     unsigned bits = 0;
