@@ -15,6 +15,7 @@
 
 #include "app/shell.h"
 #include "platform/error.h"
+#include "tests/support/kit.h"
 #include "tests/support/scripted_dialog.h"
 
 namespace kelu {
@@ -98,4 +99,3 @@ int main(int argc, char** argv) {
 }
 
 #include "application_test.moc"
-#include "tests/support/kit.h"
