@@ -247,14 +247,15 @@ TEST_F(KeluCli, ConvertsAndMeasures) {
     for (const char* name : {"a.bmp", "a.gif", "a.jpg", "a.tif", "a.pdf", "A.PNG"})
         EXPECT_EQ(Run({"convert", Photo(), Path(name)}).status, 0) << name;
     EXPECT_EQ(QImage(Path("A.PNG")).size(), QImage(Photo()).size());
-    Write(Path("told.jpg"), Bytes(Path("a.jpg")).insert(2, QByteArray("\xff\xfe\0\x08places", 10)));
+    WriteBytes(Path("told.jpg"), ReadBytes(Path("a.jpg")).insert(2, QByteArray("\xff\xfe\0\x08places", 10)));
     for (const QStringList& made : {QStringList{"convert"}, QStringList{"apply", "Negative"}}) {
         for (const char* option : {"--quality=92", "--strip", "--quality=30"}) {
             const QString out = Path(QString(made[0] + option + ".jpg"));
             EXPECT_EQ(Run(made + QStringList{option, Path("told.jpg"), out}).status, 0);
-            EXPECT_EQ(Bytes(out).contains("places"), QByteArray(option) != "--strip") << option;
+            EXPECT_EQ(ReadBytes(out).contains("places"), QByteArray(option) != "--strip") << option;
         }
-        EXPECT_LT(2 * Bytes(Path(made[0] + "--quality=30.jpg")).size(), Bytes(Path(made[0] + "--strip.jpg")).size());
+        EXPECT_LT(2 * ReadBytes(Path(made[0] + "--quality=30.jpg")).size(),
+                  ReadBytes(Path(made[0] + "--strip.jpg")).size());
     }
     const Result bench = Run({"bench", "Negative", Photo(), "--json"});
     ASSERT_EQ(bench.status, 0);

@@ -47,6 +47,7 @@ TEST_F(EffectPanelTest, ASliderTakesANumberFromTheKeyboard) {
                                             Row{"1000", Qt::Key_Enter, 100}, Row{"5", Qt::Key_Tab, 5}}) {
         auto* stop = panel.findChild<QWidget*>("sldValue1Number");
         ASSERT_TRUE(stop && stop->isVisible());
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&panel));
         EXPECT_EQ(stop->accessibleName(), "Radius");
         stop->setFocus();
         QTest::keyClick(stop, Qt::Key_Return);

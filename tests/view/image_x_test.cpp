@@ -51,7 +51,7 @@ TEST(ScaledView, PartsRenewedAndScrolledEqualAFreshScaling) {
         }
     }
     // Of a large picture not all is made at once, and in the end the same.
-    const QImage large = Noise(4800, 2900, 5);
+    const QImage large = NoisePicture(4800, 2900, 5);
     const QRect all(0, 0, 480, 290);
     QImage whole(all.size(), QImage::Format_RGB32);
     ScaleArea(large, all.size(), all, whole, QPoint(0, 0));
