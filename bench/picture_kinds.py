@@ -7,7 +7,7 @@
 The second writes the kinds as small files into the table that the tests read.
 
 Debian packages: python3-pil python3-numpy imagemagick graphicsmagick netpbm libtiff-tools libjxl-tools libheif-examples webp
-libimage-exiftool-perl icc-profiles-free. Status 1 when a kind is neither right nor refused as it should be.
+libjpeg-turbo-progs libimage-exiftool-perl icc-profiles-free. Status 1 when a kind is neither right nor refused as it should be.
 """
 # SPDX-License-Identifier: MIT
 import argparse, base64, os, pathlib, shutil, struct, subprocess, sys, tempfile, zlib
@@ -179,6 +179,30 @@ def tiff_file(planes, tags, endian="<", strips=None):
             values + b"".join(planes))
 
 
+def dng_file(preview, make=b"Kamera", orientation=6):
+    """A camera's raw file: a JPEG preview in the main directory, the sensor's values in one below it."""
+    values = np.arange(32 * 20).astype("<u2").tobytes()
+    places = {"preview": 8, "values": 8 + len(preview), "below": 8 + len(preview) + len(values)}
+
+    def directory(at, tags):
+        begin, table, behind = at + 2 + 12 * len(tags) + 4, b"", b""
+        for number, kind, held in sorted(tags):
+            data = held if isinstance(held, bytes) else struct.pack(f"<{len(held)}{'BBBHI'[kind]}", *held)
+            table += struct.pack("<HHI", number, kind, len(held))
+            table += data.ljust(4, b"\0") if len(data) <= 4 else struct.pack("<I", begin + len(behind))
+            behind += data + bytes(len(data) % 2) if len(data) > 4 else b""
+        return struct.pack("<H", len(tags)) + table + bytes(4) + behind
+
+    below = directory(places["below"], [
+        (254, 4, [0]), (256, 4, [32]), (257, 4, [20]), (258, 3, [16]), (259, 3, [1]), (262, 3, [32803]), (273, 4, [places["values"]]),
+        (277, 3, [1]), (278, 4, [20]), (279, 4, [len(values)]), (284, 3, [1]), (33421, 3, [2, 2]), (33422, 1, [0, 1, 1, 2])])
+    main = places["below"] + len(below)
+    return (b"II*\0" + struct.pack("<I", main) + preview + values + below + directory(main, [
+        (254, 4, [1]), (256, 4, [WIDTH]), (257, 4, [HEIGHT]), (258, 3, [8, 8, 8]), (259, 3, [7]), (262, 3, [6]), (271, 2, make + b"\0"),
+        (272, 2, b"One\0"), (273, 4, [places["preview"]]), (274, 3, [orientation]), (277, 3, [3]), (278, 4, [HEIGHT]), (279, 4, [len(preview)]),
+        (330, 4, [places["below"]]), (50706, 1, [1, 4, 0, 0]), (50707, 1, [1, 1, 0, 0]), (50708, 2, make + b" One\0")]))
+
+
 def gif_file(indexes, colors, code_size, trailer=True):
     """Codes are never longer than code_size + 1 bits: a clear code comes before the table grows."""
     bits, count, out = 0, 0, bytearray()
@@ -231,7 +255,7 @@ class Kinds:
         few.save(folder / "few.png")
         self.few_png = folder / "few.png"
         for method in (self.bmp, self.gif, self.jpeg, self.png_kinds, self.tiff, self.pcx, self.psd, self.tga, self.webp, self.heif,
-                       self.jxl, self.others):
+                       self.jxl, self.raw, self.others):
             method()
 
     def path(self, extension):
@@ -586,6 +610,15 @@ class Kinds:
             self.tool("JPEG XL", kind, "jxl", "cjxl", "--quiet", "-d", distance, adobe, "OUT", seen=self.converted(self.source, "ghostscript/a98.icc"))
         self.broken("JPEG XL", plain, (("cut in the middle", 0.5), ("cut near the end", 0.97), ("cut in the header", 0.01)))
 
+    def raw(self):
+        """The preview is what is seen; other programs read it out of the file by themselves."""
+        path = self.path("jpg")
+        made("convert", self.png, "-quality", "92", "-sampling-factor", "1x1", path)
+        preview, upright = path.read_bytes() + bytes(path.stat().st_size % 2), load(path)
+        for n in (1, 3, 6, 8):
+            file = self.add("camera RAW", f"DNG, orientation {n}", dng_file(preview, orientation=n), np.rot90(upright, {1: 0, 3: 2, 6: 3, 8: 1}[n]))
+        self.broken("camera RAW", file, (("cut in the preview", 0.1), ("cut in the middle", 0.5), ("cut near the end", 0.99)))
+
     def others(self):
         cmyk = self.path("tif")
         made("convert", self.png, "-colorspace", "CMYK", cmyk)
@@ -659,6 +692,14 @@ def by_pillow(file, target):
         ImageOps.exif_transpose(image).convert("RGBA").save(target)
 
 
+def by_exiftool(file, target):
+    """The preview of a camera's raw file, turned by what the file says."""
+    preview = target.with_suffix(".jpg")
+    preview.write_bytes(run("exiftool", "-b", "-PreviewImage", file).stdout)
+    made("exiftool", "-q", "-overwrite_original", "-tagsfromfile", file, "-Orientation", preview)
+    by_pillow(preview, target)
+
+
 def by_command(*command):
     def read(file, target):
         made(*[str(w).replace("FILE", str(file)).replace("TARGET", str(target)) for w in command])
@@ -671,9 +712,10 @@ PROGRAMS = {
     "Pillow": by_pillow,
     "dwebp": by_command("dwebp", "-quiet", "FILE", "-o", "TARGET"),
     "heif-convert": by_command("heif-convert", "FILE", "TARGET"),
+    "exiftool": by_exiftool,
     "djxl": by_command("djxl", "--quiet", "FILE", "TARGET"),
 }
-ASKED = {"WebP": ["dwebp", "Pillow"], "HEIC": ["heif-convert", "ImageMagick"], "AVIF": ["heif-convert", "ImageMagick"], "JPEG XL": ["djxl"]}
+ASKED = {"camera RAW": ["exiftool"], "WebP": ["dwebp", "Pillow"], "HEIC": ["heif-convert", "ImageMagick"], "AVIF": ["heif-convert", "ImageMagick"], "JPEG XL": ["djxl"]}
 
 
 def difference(a, b):

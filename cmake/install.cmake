@@ -5,7 +5,7 @@ include(GNUInstallDirs)
 set(kelu_home "${CMAKE_INSTALL_LIBDIR}/kelu")
 set(kelu_built "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
 install(TARGETS kelu kelu-cli RUNTIME DESTINATION "${kelu_home}")
-install(TARGETS kelu_heif kelu_jxl LIBRARY DESTINATION "${kelu_home}/codecs")
+install(TARGETS kelu_heif kelu_jxl kelu_raw LIBRARY DESTINATION "${kelu_home}/codecs")
 install(DIRECTORY "${kelu_built}/data" "${kelu_built}/help" DESTINATION "${kelu_home}")
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/Gallery" DESTINATION "${kelu_home}")
 

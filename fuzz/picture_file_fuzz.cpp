@@ -1,5 +1,6 @@
-// Feeds any bytes to the picture readers, as a whole picture and as a thumbnail. Each must end soon with a picture or
-// an Error, without a crash. Built for libFuzzer; start it on small files of all formats.
+// Feeds any bytes to the picture readers, as a whole picture and as a thumbnail, and what the file told to the writers.
+// Each must end soon with a picture or an Error, without a crash; what was written must be read. Built for libFuzzer;
+// start it on small files of all formats.
 // SPDX-License-Identifier: MIT
 #include <QDir>
 #include <QFile>
@@ -36,8 +37,17 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) std::abort();
     file.close();
     try {
-        const QImage picture = kelu::ReadPicture(file.fileName());
-        if (picture.isNull() || picture.depth() != 32) std::abort();
+        const kelu::Photograph read = kelu::ReadPhotograph(file.fileName());
+        if (read.picture.isNull() || read.picture.depth() != 32) std::abort();
+        kelu::WriteOptions options;
+        options.metadata = read.metadata;
+        for (const char* extension : {".jpg", ".png", ".tif", ".webp"}) {
+            const QString written = SharedPath() + QLatin1String(extension);
+            if (read.picture.width() < 0x4000 && read.picture.height() < 0x4000) {  // the most of WebP
+                kelu::WritePicture(read.picture, written, options);
+                if (kelu::ReadPicture(written).size() != read.picture.size()) std::abort();
+            }
+        }
     } catch (const kelu::Error& error) {
         if (error.Description().isEmpty()) std::abort();
     }

@@ -12,17 +12,19 @@
 
 namespace kelu {
 
-/// What a module may ask of the program; all but the first throw Error, through the module's frames.
+/// What a module may ask of the program; all of it may throw Error, through the module's frames.
 struct CodecHost {
     /// See MakePicture; checks the size, too.
     QImage (*makePicture)(int width, int height, QImage::Format format);
     void (*checkSize)(std::int64_t width, std::int64_t height);
     [[noreturn]] void (*throwCutShort)();
     [[noreturn]] void (*throwDamaged)();
+    /// A whole JPEG file, as decoded: not turned, colours as in the file.
+    void (*decodeJpeg)(const QByteArray& bytes, QImage& image, Metadata& metadata);
 };
 
 /// The one function that a module exports, under this name, with C linkage: decodes `bytes` into `image` (RGB32 or
-/// ARGB32) and `metadata`.
+/// ARGB32) and `metadata`. A null image: this is no file of the module's kind.
 using DecodeFunction = void (*)(const QByteArray& bytes, const CodecHost& host, QImage& image, Metadata& metadata);
 inline constexpr const char* kDecodeFunction = "KeluDecode";
 

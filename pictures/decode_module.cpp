@@ -1,5 +1,6 @@
 // Pictures by a module that is loaded when first needed.
 // SPDX-License-Identifier: MIT
+#include <QBuffer>
 #include <QCoreApplication>
 #include <QLibrary>
 #include <map>
@@ -29,15 +30,28 @@ DecodeFunction Load(const char* module) {
     return entry->second;
 }
 
+void DecodeJpegBytes(const QByteArray& bytes, QImage& image, Metadata& metadata) {
+    const PictureFormat* format = TellPictureFormat(bytes.left(kHeadBytes), bytes.size());
+    if (!format || format->decoders[0] != &DecodeJpeg) ThrowDamaged();
+    QBuffer buffer;
+    buffer.setData(bytes);
+    buffer.open(QIODevice::ReadOnly);
+    PictureInput input(buffer, *format, QSize());
+    DecodedPicture decoded = DecodeJpeg(input);
+    image = decoded.image;
+    metadata = decoded.metadata;
+}
+
 }  // namespace
 
 DecodedPicture DecodeWithModule(PictureInput& input) {
-    const PictureFormat& format = input.Format();
-    const DecodeFunction decode = Load(format.moduleName);
-    if (!decode)
-        throw Error(kInvalidPicture,
-                    PictureTexts::tr("What reads %1 files is not installed").arg(QLatin1String(format.name)));
-    const CodecHost host{&MakePicture, &CheckPictureSize, &ThrowCutShort, &ThrowDamaged};
+    return DecodeWithModule(input, input.Format().moduleName, QLatin1String(input.Format().name));
+}
+
+DecodedPicture DecodeWithModule(PictureInput& input, const char* module, QLatin1String formatName) {
+    const DecodeFunction decode = Load(module);
+    if (!decode) throw Error(kInvalidPicture, PictureTexts::tr("What reads %1 files is not installed").arg(formatName));
+    const CodecHost host{&MakePicture, &CheckPictureSize, &ThrowCutShort, &ThrowDamaged, &DecodeJpegBytes};
     DecodedPicture result;
     decode(input.Bytes(), host, result.image, result.metadata);
     return result;

@@ -49,8 +49,15 @@ DecodedPicture DecodeWebp(PictureInput& input);
 bool IsAvif(const QByteArray& head, qint64 fileSize);
 bool IsHeic(const QByteArray& head, qint64 fileSize);
 
-/// By the module of the row, which is loaded when first needed.
+/// By the module of the row, or the named one, which is loaded when first needed.
 DecodedPicture DecodeWithModule(PictureInput& input);
+DecodedPicture DecodeWithModule(PictureInput& input, const char* module, QLatin1String formatName);
+
+/// Of a camera's raw file the preview. Most kinds are TIFF files that tell of raw data; the others have marks of their
+/// own.
+inline constexpr const char* kRawModule = "raw";
+bool IsCameraRaw(const QByteArray& head, qint64 fileSize);
+DecodedPicture DecodeRawTiff(PictureInput& input);
 
 /// By the toolkit's reader of the row, straight into pooled memory where that lets the caller bring it. The colours
 /// are those of the file; a profile other than sRGB is in the metadata.

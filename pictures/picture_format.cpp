@@ -58,7 +58,7 @@ constexpr PictureFormat kFormats[] = {
      .mimeTypes = "image/tiff",
      .recognise = IsTiff,
      .check = CheckTiff,
-     .decoders = {DecodeTiff, DecodeWithMagick},
+     .decoders = {DecodeRawTiff, DecodeTiff, DecodeWithMagick},
      .describe = DescribeTiff,
      .magickName = "TIFF",
      .encode = EncodeTiff},
@@ -102,6 +102,13 @@ constexpr PictureFormat kFormats[] = {
      .recognise = IsJpegXl,
      .decoders = {DecodeWithModule},
      .moduleName = "jxl"},
+    {.name = "camera RAW",
+     .extensions = "dng cr2 cr3 nef arw orf raf rw2 pef srw",
+     .mimeTypes = "image/x-adobe-dng image/x-canon-cr2 image/x-canon-cr3 image/x-nikon-nef image/x-sony-arw "
+                  "image/x-olympus-orf image/x-fuji-raf image/x-panasonic-rw2 image/x-pentax-pef image/x-samsung-srw",
+     .recognise = IsCameraRaw,
+     .decoders = {DecodeWithModule},
+     .moduleName = kRawModule},
     {.name = "TGA", .extensions = "tga", .mimeTypes = "image/x-tga", .recognise = IsTga, .decoders = {DecodeTga}},
 };
 

@@ -43,7 +43,7 @@ struct PictureFormat {
     void (*check)(PictureInput& input) = nullptr;
     /// Tried in turn, until one gives a picture. They throw Error for a file that is cut short or damaged, and give a
     /// null image for a kind of file that is the next one's. Unused places are null.
-    std::array<DecodedPicture (*)(PictureInput& input), 2> decoders = {};
+    std::array<DecodedPicture (*)(PictureInput& input), 3> decoders = {};
     /// Adds what the file tells beside the pixels; after a decoder gave them, and where those don't do it themselves.
     void (*describe)(PictureInput& input, Metadata& metadata) = nullptr;
     const char* toolkitName = nullptr;  ///< what DecodeWithToolkit asks for

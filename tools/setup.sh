@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: MIT
 
 build_packages="g++ cmake ninja-build pkg-config qt6-base-dev qt6-tools-dev qt6-l10n-tools qt6-image-formats-plugins qt6-svg-dev
- libjpeg62-turbo-dev zlib1g-dev libpng-dev libgif-dev libtiff-dev liblcms2-dev libmagick++-dev libheif-dev libjxl-dev
+ libjpeg62-turbo-dev zlib1g-dev libpng-dev libgif-dev libtiff-dev liblcms2-dev libmagick++-dev libheif-dev libjxl-dev libraw-dev
  libglib2.0-dev libcurl4-openssl-dev libc-ares-dev libcups2-dev qtkeychain-qt6-dev libsecret-1-0 libhwy-dev libtbb-dev
  libgstreamer1.0-dev libgstreamer-plugins-base1.0-dev gstreamer1.0-plugins-base
  gstreamer1.0-plugins-good gstreamer1.0-pipewire qt6-wayland xdg-utils ca-certificates fonts-dejavu-core fonts-liberation"
