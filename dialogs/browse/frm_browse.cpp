@@ -241,12 +241,26 @@ void frmBrowse::ItemChosen() {
     cmdOK->setDefault(true);
 }
 
+int frmBrowse::exec() {
+    do {
+        refused_ = false;
+        hide();  // only what is shown anew is modal
+        QDialog::exec();
+    } while (refused_);
+    return result();
+}
+
 void frmBrowse::Ok() {
-    const bool opened = RunShowingErrors(dialog_, [this] {
+    // Out of the way while a large picture is read, and back if it can't be. Hidden, it also ends the round of exec.
+    hide();
+    refused_ = !RunShowingErrors(dialog_, [this] {
         open_(path_);
         SavePath();
     });
-    if (opened) accept();
+    if (refused_)
+        show();
+    else
+        accept();
 }
 
 void frmBrowse::SavePath() {

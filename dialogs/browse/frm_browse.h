@@ -42,6 +42,8 @@ class frmBrowse : public QDialog {
     frmBrowse(Settings& settings, MsgDialog& dialog, std::function<void(const QString& path)> open, QWidget* parent,
               const Places& places = Places::OfUser(), const ThumbnailCache& cache = ThumbnailCache());
 
+    int exec() override;
+
     // By name, for those who drive the dialog from outside.
     FileViewer* const FileViewer_;
     FolderCombo* const ComboDrive;
@@ -74,7 +76,8 @@ class frmBrowse : public QDialog {
     MsgDialog& dialog_;
     std::function<void(const QString&)> open_;
     Places places_;
-    QString path_;  // of the picture last chosen
+    QString path_;          ///< of the picture last chosen
+    bool refused_ = false;  ///< it could not be opened
 };
 
 }  // namespace kelu

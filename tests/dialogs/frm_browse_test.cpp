@@ -55,14 +55,17 @@ struct BrowseTest : testing::Test {
         ASSERT_TRUE(image.save(home.filePath(name), format));
     }
     void Write(const QString& name, const QByteArray& bytes) { WriteBytes(home.filePath(name), bytes); }
+    frmBrowse* latest = nullptr;
     std::unique_ptr<frmBrowse> Dialog() {
         auto form = std::make_unique<frmBrowse>(
             settings, dialog,
             [this](const QString& path) {
+                EXPECT_FALSE(latest->isVisible()) << "a large picture takes its time";
                 if (!failure.isEmpty()) throw Error(kInvalidPicture, failure);
                 opened << path;
             },
             nullptr, places, ThumbnailCache(cacheFolder.path()));
+        latest = form.get();
         form->show();
         return form;
     }
