@@ -774,7 +774,8 @@ def write(path, table):
     """The table of all kinds."""
     lines = ["# Kinds of picture files", "",
              "What `kelu-cli` makes of each kind of file that people have, written by `bench/picture_kinds.py`: *right* when its pixels are",
-             "those that the file was made from, or what two other programs see; *refused* with status 1 and one line on standard error.",
+             "those that the file was made from, or what other programs see (two, but one for JPEG XL and for camera RAW); *refused* with",
+             "status 1 and one line on standard error.",
              "The figures are mean differences in levels of 255, over red, green, blue and alpha, from each of the other programs; they",
              "differ among themselves where their versions do not know a kind, and take no notice of profiles here: the right colours of",
              "those kinds come from littleCMS, by ImageMagick or Pillow. Debian 12, 150 x 100 pixels.", "", "| Format | Kind | Kelu | Others |", "|---|---|---|---|"]
