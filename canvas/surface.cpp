@@ -144,7 +144,7 @@ void Surface::DrawBrushLine(int x1, int y1, int x2, int y2, int strength) {
     MakeUnique(picture_);
     if (!undo_->IsOpen()) undo_->Open();
     Announce(
-        PaintSegment(picture_, brush_.paint, Capsule(x1, y1, x2, y2, brush_.size, brush_.softness), strength, *undo_));
+        PaintSegment(picture_, brush_.paint, {{x1, y1}, {x2, y2}, brush_.size, brush_.softness}, strength, *undo_));
 }
 
 void Surface::PaintAll() {
