@@ -9,41 +9,9 @@
 
 #include "controls/progress_bar/xp_progress_bar.h"
 #include "document/cancellable_work.h"
+#include "platform/user_input.h"
 
 namespace kelu {
-namespace {
-
-bool IsInput(QEvent::Type type) {
-    switch (type) {
-        case QEvent::MouseButtonPress:
-        case QEvent::MouseButtonRelease:
-        case QEvent::MouseButtonDblClick:
-        case QEvent::MouseMove:
-        case QEvent::Wheel:
-        case QEvent::NativeGesture:
-        case QEvent::TouchBegin:
-        case QEvent::TouchUpdate:
-        case QEvent::TouchEnd:
-        case QEvent::TabletPress:
-        case QEvent::TabletMove:
-        case QEvent::TabletRelease:
-        case QEvent::KeyPress:
-        case QEvent::KeyRelease:
-        case QEvent::Shortcut:
-        case QEvent::ShortcutOverride:
-        case QEvent::InputMethod:
-        case QEvent::ContextMenu:
-        case QEvent::DragEnter:
-        case QEvent::DragMove:
-        case QEvent::Drop:
-        case QEvent::Close:
-            return true;
-        default:
-            return false;
-    }
-}
-
-}  // namespace
 
 void FormRenderWindow::SetFormEnabled(bool enabled) {
     if (enabled == enabled_) return;
@@ -68,7 +36,7 @@ void FormRenderWindow::RunRender(const std::function<void()>& render) {
 }
 
 bool FormRenderWindow::eventFilter(QObject* watched, QEvent* event) {
-    if (!IsInput(event->type())) return false;
+    if (!IsUserInput(event->type()) && event->type() != QEvent::Close) return false;
     const auto* widget = qobject_cast<const QWidget*>(watched);
     const bool ours = widget ? widget->window() == &form_ : watched == form_.windowHandle();
     if (ours) event->ignore();

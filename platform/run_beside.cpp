@@ -9,6 +9,8 @@
 #include <exception>
 #include <memory>
 
+#include "platform/user_input.h"
+
 namespace kelu {
 
 namespace {
@@ -20,37 +22,11 @@ class InputSwallower : public QObject {
 
     bool eventFilter(QObject*, QEvent* event) override {
         if (work_ && work_->cancels && work_->cancels(*event)) work_->cancelled = true;
-        switch (event->type()) {
-            case QEvent::Close:
-                // A window may well be closed by the program meanwhile.
-                if (!event->spontaneous()) return false;
-                event->ignore();
-                return true;
-            case QEvent::DragEnter:
-            case QEvent::DragMove:
-            case QEvent::Drop:
-                event->ignore();
-                return true;
-            case QEvent::MouseButtonPress:
-            case QEvent::MouseButtonRelease:
-            case QEvent::MouseButtonDblClick:
-            case QEvent::MouseMove:
-            case QEvent::Wheel:
-            case QEvent::KeyPress:
-            case QEvent::KeyRelease:
-            case QEvent::ShortcutOverride:
-            case QEvent::Shortcut:
-            case QEvent::ContextMenu:
-            case QEvent::TouchBegin:
-            case QEvent::TouchUpdate:
-            case QEvent::TouchEnd:
-            case QEvent::TabletPress:
-            case QEvent::TabletMove:
-            case QEvent::TabletRelease:
-                return true;
-            default:
-                return false;
-        }
+        // A window may well be closed by the program meanwhile.
+        const bool closes = event->type() == QEvent::Close && event->spontaneous();
+        if (!closes && !IsUserInput(event->type())) return false;
+        event->ignore();
+        return true;
     }
 
  private:
