@@ -28,7 +28,7 @@
 #include "dialogs/browse/frm_browse.h"
 #include "dialogs/options/frm_options.h"
 #include "effects/catalogue/catalogue.h"
-#include "effects/catalogue/render_on.h"
+#include "effects/catalogue/render_onto.h"
 #include "effects/effect_panel.h"
 #include "effects/effect_selectors.h"
 #include "output/frm_print.h"

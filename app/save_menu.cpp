@@ -11,7 +11,7 @@
 #include "dialogs/film_dialog.h"
 #include "document/film.h"
 #include "document/recipe.h"
-#include "effects/catalogue/render_on.h"
+#include "effects/catalogue/render_onto.h"
 #include "platform/atomic_file.h"
 #include "platform/run_beside.h"
 

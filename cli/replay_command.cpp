@@ -8,7 +8,7 @@
 #include "document/film.h"
 #include "document/recipe.h"
 #include "document/replay.h"
-#include "effects/catalogue/render_on.h"
+#include "effects/catalogue/render_onto.h"
 #include "pictures/picture_file.h"
 #include "platform/atomic_file.h"
 #include "platform/error.h"

@@ -5,7 +5,7 @@
 #include <cstdlib>
 
 #include "document/replay.h"
-#include "effects/catalogue/render_on.h"
+#include "effects/catalogue/render_onto.h"
 #include "platform/error.h"
 
 namespace {

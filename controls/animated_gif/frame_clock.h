@@ -17,7 +17,6 @@ class FrameClock {
     int FrameCount() const { return static_cast<int>(delaysMs_.size()); }
     int CurrentFrame() const { return currentFrame_; }
     Action State() const { return state_; }
-    int LoopsDone() const { return loopsDone_; }
     /// -1 with no frame, 0 for a loop without end.
     int LoopsRemaining() const;
 

@@ -34,7 +34,6 @@ class Scroller : public QWidget {
 
     /// An author's tool sets this before the first showing: the page stays as it was left and can be moved by
     /// MoveControls, so that controls can be placed below the fold.
-    bool DesignMode() const { return designMode_; }
     void SetDesignMode(bool design) { designMode_ = design; }
     /// Moves every control on the page by `offset` twips; at design time only.
     void MoveControls(int offset);

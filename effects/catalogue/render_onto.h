@@ -16,6 +16,11 @@ struct Effect;
 /// Error(kInvalidProperty) when the choice lies outside the effect's own, and Error(kOutOfMemory).
 QImage RenderOnto(const Effect& effect, const EffectInputs& inputs, const QImage& picture, const engine::Run& run = {});
 
+/// The same by the number of the effect and with inputs from outside, as recipes hold them. Throws Error:
+/// kInvalidProperty when there is no such effect or its panel can't be set to these inputs, kOutOfMemory when it could
+/// not be rendered.
+QImage RenderEffectOn(const QImage& picture, int effect, const EffectInputs& inputs);
+
 /// Inputs at which a preview of `size` pixels shows what the effect does: the row's own, the point in the middle.
 /// Lengths that the row gives are taken `ratio` times, for finer screens. Where one pixel of the picture is `scale`
 /// pixels of the preview (0: unknown), lengths are those that the panel starts with, unless they would be too short or

@@ -10,7 +10,7 @@
 #include "controls/progress_bar/xp_progress_bar.h"
 #include "document/replay.h"
 #include "effects/catalogue/catalogue.h"
-#include "effects/catalogue/render_on.h"
+#include "effects/catalogue/render_onto.h"
 #include "pictures/picture_file.h"
 #include "tests/app/main_window_fixture.h"
 #include "view/point_picker.h"

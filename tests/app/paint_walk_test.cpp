@@ -5,7 +5,7 @@
 
 #include <QMenu>
 
-#include "effects/catalogue/render_on.h"
+#include "effects/catalogue/render_onto.h"
 #include "effects/coordinate_box.h"
 #include "tests/app/main_window_fixture.h"
 #include "view/point_picker.h"

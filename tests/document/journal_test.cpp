@@ -8,7 +8,7 @@
 
 #include "document/journal_file.h"
 #include "document/replay.h"
-#include "effects/catalogue/render_on.h"
+#include "effects/catalogue/render_onto.h"
 #include "platform/error.h"
 #include "tests/document/painting_session.h"
 #include "tests/support/kit.h"
