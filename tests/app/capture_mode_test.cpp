@@ -29,8 +29,11 @@ TEST_F(CaptureModeTest, F8ToTheOpenPicture) {
     EXPECT_TRUE(panel.isVisible());
     EXPECT_EQ(Canvas(), camera.frame);
 
+    QMimeData files;
+    files.setUrls({QUrl::fromLocalFile(MakePhoto())});
+    EXPECT_FALSE(Drop(files)) << "shown as welcome where nobody takes it";
     window.OpenPicture(MakePhoto());
-    EXPECT_EQ(Canvas(), camera.frame) << "a drop is refused";
+    EXPECT_EQ(Canvas(), camera.frame);
 
     QTest::mouseClick(panel.cmdCapture, Qt::LeftButton);
     EXPECT_TRUE(controls.picCapPreview->isVisible());

@@ -50,6 +50,14 @@ QImage PlainStroke(const QImage& canvas, const QImage& paint, const QPolygon& po
     return result;
 }
 
+/// How much brighter the green of the second is, levels a pixel.
+double Gain(const QImage& first, const QImage& second) {
+    double sum = 0;
+    for (int y = 0; y < first.height(); ++y)
+        for (int x = 0; x < first.width(); ++x) sum += qGreen(second.pixel(x, y)) - qGreen(first.pixel(x, y));
+    return sum / (first.width() * first.height());
+}
+
 void Draw(Surface& surface, const QPolygon& points, int strength = 255) {
     for (int i = 0; i + 1 < points.size(); ++i)
         surface.DrawBrushLine(points[i].x(), points[i].y(), points[i + 1].x(), points[i + 1].y(), strength);
@@ -115,6 +123,7 @@ TEST(Stroke, CoversEachPixelOnceByItsDistanceToTheLine) {
             PlainStroke(before, pen.Picture(), stroke.points, stroke.size, stroke.strength, stroke.softness);
         // One step of the coverage and one rounding.
         EXPECT_LE(LargestDifference(canvas.Picture(), expected), 2);
+        EXPECT_NEAR(Gain(expected, canvas.Picture()), 0, 0.01) << "a stroke that is cut off darkens";
         for (int y = 0; y < before.height(); ++y)
             for (int x = 0; x < before.width(); ++x)
                 ASSERT_TRUE(canvas.Picture().pixel(x, y) == before.pixel(x, y) || reported.contains(x, y));
@@ -396,7 +405,9 @@ TEST(Surface, DrawsABitmapWithOpacityAndUndoesIt) {
     surface.PushUndo();
     QImage black(50, 50, QImage::Format_RGB32);
     black.fill(Qt::black);
+    QSignalSpy changed(&surface, &Surface::PictureChanged);
     surface.DrawBitmap(black, 80, 60, 128);  // reaches over the edge
+    EXPECT_EQ(changed.value(0).value(0).toRect(), QRect(80, 60, 20, 20));
     EXPECT_NEAR(qRed(surface.Picture().pixel(90, 70)), 127, 1);
     EXPECT_EQ(surface.Picture().pixel(79, 70), qRgb(255, 255, 255));
     surface.Undo();
@@ -404,7 +415,7 @@ TEST(Surface, DrawsABitmapWithOpacityAndUndoesIt) {
     surface.CreateBlank(4, 4, 32, QColor(1, 2, 3, 4));
     EXPECT_EQ(surface.ColorDepth(), 32);
     EXPECT_EQ(surface.Picture().pixel(3, 3), qRgba(1, 2, 3, 4));
-    EXPECT_THROW(surface.CreateBlank(1 << 20, 1 << 20, 24, Qt::white), Error);
+    EXPECT_THROW(surface.CreateBlank((1 << 14) + 1, 1 << 14, 24, Qt::white), Error) << "a row more than the most";
     EXPECT_EQ(surface.ImageWidth(), 4);
 }
 

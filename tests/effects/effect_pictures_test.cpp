@@ -90,6 +90,19 @@ TEST(EffectPictures, ShowTheOpenPictureAndWhatIsPaintedOnIt) {
     EXPECT_EQ(canvas.Picture().constBits(), pixels) << "nobody holds the picture that strokes go on with";
 }
 
+// A length that Apply would make visible is promised as it will be; a shorter one is drawn so that it shows.
+TEST(EffectPictures, PromiseTheLengthsThatApplyGives) {
+    const Effect& tile = *FindEffect(44);
+    const int least = tile.sliders[0].preview.value;
+    EXPECT_EQ(PreviewInputs(tile, {115, 77}, 1, 0.01).slider[0], least);
+    EXPECT_EQ(PreviewInputs(tile, {115, 77}, 1, 0.2).slider[0], 20);
+    EXPECT_EQ(PreviewInputs(tile, {115, 77}, 1, 0.6).slider[0], 26) << "three of them fit";
+    EXPECT_EQ(PreviewInputs(tile, {230, 154}, 2, 0).slider[0], 2 * least);
+    EXPECT_EQ(PreviewInputs(*FindEffect(47), {115, 77}, 1, 0.01).slider[1], -10) << "a length may point backward";
+    EXPECT_EQ(PreviewInputs(*FindEffect(9), {115, 77}, 1).x, 57) << "the point in the middle";
+    EXPECT_EQ(PreviewInputs(*FindEffect(9), {115, 77}, 1).y, 38);
+}
+
 TEST(EffectPictures, StartingOverAndLeavingEarlyEndTheRunBefore) {
     EffectPictures pictures;
     QSignalSpy ready(&pictures, &EffectPictures::PictureReady);
