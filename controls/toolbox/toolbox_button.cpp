@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QPainterPath>
 
+#include "controls/theme/accessible_button.h"
 #include "controls/theme/icons.h"
 #include "controls/theme/paint.h"
 #include "controls/theme/theme.h"
@@ -12,11 +13,11 @@
 namespace kelu {
 
 ToolboxButton::ToolboxButton(QString key, QWidget* parent) : QAbstractButton(parent), key_(std::move(key)) {
+    UseAccessibleButton<ToolboxButton>();
     setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::NoFocus);
     // Assistive technology sees which button is current.
     setCheckable(true);
-    setAutoExclusive(true);
 }
 
 void ToolboxButton::SetPictures(const QPixmap& normal, const QPixmap& over, const QPixmap& down) {
@@ -33,10 +34,7 @@ void ToolboxButton::SetIconName(const QString& name) {
 
 void ToolboxButton::SetCurrent(bool current) {
     current_ = current;
-    // One of an exclusive row can't be let go of: nothing is current then.
-    setAutoExclusive(false);
     setChecked(current);
-    setAutoExclusive(true);
     update();
 }
 

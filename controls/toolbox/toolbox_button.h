@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QPixmap>
 #include <QString>
 
@@ -14,6 +15,8 @@ class ToolboxButton : public QAbstractButton {
  public:
     ToolboxButton(QString key, QWidget* parent);
 
+    /// One of several.
+    QAccessible::Role AccessibleRole() const { return QAccessible::RadioButton; }
     const QString& Key() const { return key_; }
     void SetPictures(const QPixmap& normal, const QPixmap& over, const QPixmap& down);
     void SetIconName(const QString& name);

@@ -1,15 +1,14 @@
 #!/usr/bin/python3
 """Every window as a screen reader meets it, over the accessibility bus: what is there under which role, what shows, where the
 focus is, and what is told without being asked. Uses the window by its accessible actions alone.
-Run as screen_reader.py KELU PICTURE; 77 where the bus or a display can't be had. SPDX-License-Identifier: MIT"""
+Run as screen_reader.py KELU FOLDER-OF-PICTURES; 77 where the bus or a display can't be had. SPDX-License-Identifier: MIT"""
 import os
-import shutil
 import subprocess
 import sys
-import tempfile
 import time
 
-LAUNCHER = "/usr/libexec/at-spi-bus-launcher"
+from private_session import LAUNCHER, run_in_private_session
+
 WAIT = 20  # seconds for anything
 
 # Window (role, name): what must show in it. A state behind + must be set, behind - must not.
@@ -37,15 +36,16 @@ TABLE = {
         list|Available Printers
         radio button|Portrait
         radio button|Landscape|+checked
-        push button|Print""",
+        push button|Print
+        push button|Cancel""",
     ("dialog", "E-mail"): """
         text|From|+focused
         text|To
         text|Message
         push button|Send""",
     ("dialog", "Open"): """
-        combo box|Path
-        push button|My Pictures
+        label|Look in:
+        check box|My Pictures
         list|Files
         push button|Cancel""",
     ("frame", "Kelu Help - Sepia"): """
@@ -57,31 +57,6 @@ TABLE = {
 OPENERS = {"Settings": "Settings", "Print": "Print", "E-mail": "E-mail", "Open": "Open", "Kelu Help - Sepia": "Help"}
 # Read as a whole by their own text, or parts of the toolkit's controls.
 NAMELESS = {"scroll bar", "filler", "list", "viewport", "table column header"}
-
-
-def in_private_session():
-    """Runs this script again on a bus and a screen of its own."""
-    tools = ["Xvfb", "openbox", "xdotool", "dbus-run-session"]
-    if not all(map(shutil.which, tools)) or not os.path.exists(LAUNCHER):
-        print("needs", " ".join(tools), LAUNCHER)
-        return 1 if "KELU_REQUIRE_TOOLS" in os.environ else 77
-    read, write = os.pipe()
-    server = subprocess.Popen(["Xvfb", "-displayfd", str(write), "-screen", "0", "1280x960x24"], pass_fds=[write],
-                              stderr=subprocess.DEVNULL)
-    os.close(write)
-    display = ":" + os.read(read, 16).decode().strip()
-    with tempfile.TemporaryDirectory() as home:
-        os.mkdir(home + "/run", 0o700)
-        environment = dict(os.environ, DISPLAY=display, HOME=home, XDG_RUNTIME_DIR=home + "/run", QT_QPA_PLATFORM="xcb",
-                           XDG_CONFIG_HOME=home + "/config", QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", KELU_BUS="1",
-                           CUPS_SERVER="127.0.0.1:9", LC_ALL="C.UTF-8")
-        environment.pop("NO_AT_BRIDGE", None)
-        manager = subprocess.Popen(["openbox"], env=environment, stderr=subprocess.DEVNULL)
-        try:
-            return subprocess.run(["dbus-run-session", "--", sys.executable, *sys.argv], env=environment).returncode
-        finally:
-            manager.kill()
-            server.kill()
 
 
 def main():
@@ -120,6 +95,12 @@ def main():
             if child:
                 yield from walk(child)
 
+    def shown_tree(item):
+        if has(item, "showing"):
+            yield item
+            for i in range(item.get_child_count()):
+                yield from shown_tree(item.get_child_at_index(i))
+
     def showing(item):
         return [each for each in walk(item) if has(each, "showing")]
 
@@ -156,7 +137,7 @@ def main():
             return
         turn(0.5)
         items = showing(root)
-        found = {(each.get_role_name(), each.get_name()): each for each in items}
+        found = {(each.get_role_name(), each.get_name().strip()): each for each in items}
         for row in filter(None, map(str.strip, rows.splitlines())):
             role, name, *states = row.replace("PICTURE", picture).split("|")
             checked += 1
@@ -171,7 +152,9 @@ def main():
         for item in items:
             if has(item, "focusable") and not item.get_name() and item.get_role_name() not in NAMELESS:
                 faults.append(f"{place[1]}: a {item.get_role_name()} without a name")
-        focused = [f"{each.get_role_name()} '{each.get_name()}'" for each in walk(root) if has(each, "focused")]
+        # A list that has the focus says so beside its row.
+        focused = [f"{each.get_role_name()} '{each.get_name()}'" for each in shown_tree(root) if has(each, "focused") and
+                   not any(has(child, "focused") for child in list(walk(each))[1:])]
         if len(focused) > 1 or (place[0] == "dialog" and not focused):
             faults.append(f"{place[1]}: focus at {focused}")
 
@@ -186,7 +169,7 @@ def main():
                  "object:property-change:accessible-value", "window:activate", "object:children-changed:add"):
         listener.register(kind)
 
-    kelu, picture = sys.argv[1:3]
+    kelu, picture = sys.argv[1], os.path.join(sys.argv[2], "cat.jpg")
     launcher = subprocess.Popen([LAUNCHER, "--launch-immediately", "--a11y=1"], stderr=subprocess.DEVNULL)
     turn(1)
     process = subprocess.Popen([kelu, picture])
@@ -235,4 +218,4 @@ def main():
 
 
 if __name__ == "__main__":
-    sys.exit(main() if os.environ.get("KELU_BUS") else in_private_session())
+    sys.exit(run_in_private_session(main, LAUNCHER))
