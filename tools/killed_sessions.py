@@ -69,14 +69,14 @@ class Session:
         self.program = subprocess.Popen([os.path.join(bin_folder, "kelu"), *words], env=self.env,
                                         stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
-    def wait_for_window(self):
+    def wait_for_window(self, ends_splash=True):
         for _ in range(100):
             found = run("xdotool", "search", "--onlyvisible", "--class", "kelu", env=self.env).stdout.split()
             if found or self.program.poll() is not None:
                 break
             time.sleep(0.2)
-        if found:
-            xdo(self.env, "getactivewindow", "windowmove", *PLACE, "sleep", 0.4, "key", "Escape", "sleep", 1.0)  # no splash
+        if found and ends_splash:
+            xdo(self.env, "getactivewindow", "windowmove", *PLACE, "sleep", 0.4, "key", "Escape", "sleep", 1.0)
 
     def active_window(self):
         return run("xdotool", "getactivewindow", env=self.env).stdout
@@ -159,7 +159,7 @@ class Session:
             file.write(whole)
         all_of_it = self.replayed(self.folder + "/whole.journal")
         self.launch()
-        self.wait_for_window()
+        self.wait_for_window(ends_splash=False)  # a late key would answer the question
         main = self.active_window()
         for _ in range(60):
             time.sleep(0.25)
