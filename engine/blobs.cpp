@@ -143,12 +143,12 @@ namespace kelu::engine {
 
 HWY_EXPORT(RenderBlobSquare);
 
-constexpr int kMostRadius = 100, kMostSpacing = 100;  // image pixels
+constexpr int kMostRadius = 100, kLeastSpacing = 2, kMostSpacing = 100;  // image pixels
 
 void Blobs(const ImageView& source, const MutableImageView& target, int radius, int spacing, const Run& run) {
     const int r = std::clamp(radius, 1, kMostRadius);
     const BlobStamp stamp(r);
-    const BlobGrid grid(source, r, std::max(std::clamp(spacing, 1, kMostSpacing), (r + 3) / 4));
+    const BlobGrid grid(source, r, std::max({std::min(spacing, kMostSpacing), (r + 1) / 2, kLeastSpacing}));
     Passes passes(run, grid.NeedsColors() ? 2 : 1);
     if (grid.NeedsColors())
         passes.Split(grid.Rows(), source.width, [&](int begin, int end) {

@@ -1,4 +1,4 @@
-// Blur 1 is a Gaussian, Blur 2 and 3 are means along paths by repeated doubling.
+// Blur 1 is a Gaussian, Blur 2 a mean along rays by repeated doubling, Blur 3 one along arcs.
 // SPDX-License-Identifier: MIT
 #include "engine/blurs.h"
 
@@ -9,6 +9,7 @@
 #include "engine/copy.h"
 #include "engine/gaussian.h"
 #include "engine/pixel_memory.h"
+#include "engine/spin.h"
 
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "engine/blurs.cpp"
@@ -21,32 +22,20 @@
 #define KELU_ENGINE_BLURS_ONCE
 namespace kelu::engine {
 
-// A turn and scaling round a centre: of (dx, dy) it makes (along · dx - across · dy, across · dx + along · dy).
-struct Turn {
-    double along, across;
-};
-
-// Where a row of pixels goes. Sums run in 1/256 pixel and 14 more bits, which is exact to the nearest place over a
-// span.
-constexpr int kTurnSpan = 256;
+// Where a row of pixels goes when it is scaled round a centre. Sums run in 1/256 pixel and 14 more bits, which is exact
+// to the nearest place over a span.
+constexpr int kScaledSpan = 256;
 constexpr int kFineBits = 14;
-struct TurnedSpan {
-    struct Axis {
-        std::int32_t whole, rest, step;  // 1/256 pixel; the same with kFineBits more; likewise, for each pixel
-    } x, y;
+struct ScaledSpan {
+    std::int32_t x, rest, step;  // 1/256 pixel; the same with kFineBits more; likewise, for each pixel
+    std::int32_t y;              // 1/256 pixel
 
-    TurnedSpan(const Turn& turn, Point center, int column, int row) {
-        const double dx = column - center.x, dy = row - center.y;
-        x = On(center.x + turn.along * dx - turn.across * dy, turn.along);
-        y = On(center.y + turn.across * dx + turn.along * dy, turn.across);
-    }
-
- private:
-    static Axis On(double first, double step) {
-        const double whole = std::floor(first * 256);
-        return {static_cast<std::int32_t>(whole),
-                static_cast<std::int32_t>(std::lround((first * 256 - whole + 0.5) * (1 << kFineBits))),
-                static_cast<std::int32_t>(std::lround(step * (256 << kFineBits)))};
+    ScaledSpan(double scale, Point center, int column, int row) {
+        const double first = (center.x + scale * (column - center.x)) * 256, whole = std::floor(first);
+        x = static_cast<std::int32_t>(whole);
+        rest = static_cast<std::int32_t>(std::lround((first - whole + 0.5) * (1 << kFineBits)));
+        step = static_cast<std::int32_t>(std::lround(scale * (256 << kFineBits)));
+        y = static_cast<std::int32_t>(std::floor((center.y + scale * (row - center.y)) * 256 + 0.5));
     }
 };
 
@@ -57,12 +46,12 @@ HWY_BEFORE_NAMESPACE();
 namespace kelu::engine::HWY_NAMESPACE {
 
 // The places of kLanes pixels after the other.
-class TurnedPlaces {
+class ScaledPlaces {
  public:
-    explicit HWY_INLINE TurnedPlaces(const TurnedSpan::Axis& axis)
-        : whole_(All(axis.whole)),
-          fine_(hn::Add(All(axis.rest), hn::Mul(hn::BitCast(kInts, ColumnNumbers(0)), All(axis.step)))),
-          step_(All(kLanes * axis.step)) {}
+    explicit HWY_INLINE ScaledPlaces(const ScaledSpan& span)
+        : whole_(All(span.x)),
+          fine_(hn::Add(All(span.rest), hn::Mul(hn::BitCast(kInts, ColumnNumbers(0)), All(span.step)))),
+          step_(All(kLanes * span.step)) {}
 
     HWY_INLINE Ints Next() {
         const Ints place = hn::Add(whole_, hn::ShiftRight<kFineBits>(fine_));
@@ -77,15 +66,16 @@ class TurnedPlaces {
 };
 
 // Means of the samples on two spans; halves go up or down.
-void MeanOfTurned(const ImageView& source, const TurnedSpan& back, const TurnedSpan& forth, bool up, int count,
+void MeanOfScaled(const ImageView& source, const ScaledSpan& inner, const ScaledSpan& outer, bool up, int count,
                   std::uint32_t* out) {
     const BilinearSampler sampler(source);
-    TurnedPlaces backX(back.x), backY(back.y), forthX(forth.x), forthY(forth.y);
+    ScaledPlaces innerX(inner), outerX(outer);
+    const Ints innerY = All(inner.y), outerY = All(outer.y);
     const Bytes down = hn::BitCast(kBytes, All(up ? 0u : 0xffffffffu));
     for (int i = 0; i < count; i += kLanes) {
-        const Ints x0 = backX.Next(), y0 = backY.Next(), x1 = forthX.Next(), y1 = forthY.Next();
-        const Bytes a = hn::Xor(hn::BitCast(kBytes, sampler(x0, y0)), down);
-        const Bytes b = hn::Xor(hn::BitCast(kBytes, sampler(x1, y1)), down);
+        const Ints x0 = innerX.Next(), x1 = outerX.Next();
+        const Bytes a = hn::Xor(hn::BitCast(kBytes, sampler(x0, innerY)), down);
+        const Bytes b = hn::Xor(hn::BitCast(kBytes, sampler(x1, outerY)), down);
         const Pixels mean = hn::BitCast(kPixels, hn::Xor(hn::AverageRound(a, b), down));
         if (i + kLanes <= count) {
             hn::StoreU(mean, kPixels, out + i);
@@ -104,28 +94,23 @@ HWY_AFTER_NAMESPACE();
 namespace kelu::engine {
 namespace {
 
-// A mean of 2^n samples along a line or an arc takes n steps of two samples each: the samples stand evenly, so each
-// step halves their number by taking the means of pairs that lie equally far apart, and that distance doubles from one
-// step to the next. The widest step comes first: the narrow ones then hardly see what lies outside the picture.
+// A mean of 2^n samples along a ray takes n steps of two samples each: the samples stand evenly, so each step halves
+// their number by taking the means of pairs that lie equally far apart, and that distance doubles from one step to the
+// next. The widest step comes first: the narrow ones then hardly see what lies outside the picture.
 
-HWY_EXPORT(MeanOfTurned);
-
-Turn Scaled(double logarithm) { return {std::exp(logarithm), 0}; }
-Turn Rotated(double radians) { return {std::cos(radians), std::sin(radians)}; }
+HWY_EXPORT(MeanOfScaled);
 
 // Of 2^8 samples each is worth a level at most, so their spacing does not show on any path; up to there it is at most
 // three pixels.
 constexpr int kMostSteps = 8;
 constexpr double kSpacing = 3;
 
-// Least rows of a band, which is done span by span from the left: a turned span crosses rows that the spans under it
-// want, too, and so they are still in the cache.
-constexpr int kTurnRows = 32;
+// Least rows of a band, which is done span by span from the left: the spans under one another want nearly the same
+// rows, and so they are still in the cache.
+constexpr int kScaledRows = 32;
 
-// The mean over the turns of -reach to reach. `turn` makes a turn of a logarithm or of radians.
-template <class MakeTurn>
-void MeanAlong(const ImageView& source, const MutableImageView& target, Point at, double reach, MakeTurn turn,
-               const Run& run) {
+// The mean from e^-reach to e^reach times the distance.
+void MeanAlongRays(const ImageView& source, const MutableImageView& target, Point at, double reach, const Run& run) {
     const Point center = Sensible(at);
     const double longest = 2 * reach * static_cast<double>(FarthestCorner(center, source.width, source.height));
     const int steps =
@@ -139,21 +124,19 @@ void MeanAlong(const ImageView& source, const MutableImageView& target, Point at
     Passes passes(run, steps);
     for (int step = steps - 1; step >= 0; --step) {
         const double distance = std::ldexp(reach, step - steps);
-        const Turn back = turn(-distance), forth = turn(distance);
+        const double inner = std::exp(-distance), outer = std::exp(distance);
         const MutableImageView to = step % 2 == 0 ? target : between;
         // Halves go up in one step and down in the next, so that the picture grows neither brighter nor darker.
         const bool up = step % 2 == 0;
         passes.Split(
             source.height, source.width,
             [&](int begin, int end) {
-                for (int x = 0; x < source.width; x += kTurnSpan)
-                    for (int y = begin; y < end; ++y) {
-                        const TurnedSpan one(back, center, x, y), other(forth, center, x, y);
-                        const int count = std::min(kTurnSpan, source.width - x);
-                        HWY_DYNAMIC_DISPATCH(MeanOfTurned)(from, one, other, up, count, to.Row(y) + x);
-                    }
+                for (int x = 0; x < source.width; x += kScaledSpan)
+                    for (int y = begin; y < end; ++y) HWY_DYNAMIC_DISPATCH(MeanOfScaled)
+                (from, ScaledSpan(inner, center, x, y), ScaledSpan(outer, center, x, y), up,
+                 std::min(kScaledSpan, source.width - x), to.Row(y) + x);
             },
-            kTurnRows);
+            kScaledRows);
         from = to;
     }
 }
@@ -169,13 +152,12 @@ void Blur1(const ImageView& source, const MutableImageView& target, int strength
 
 void Blur2(const ImageView& source, const MutableImageView& target, Point center, int strength, const Run& run) {
     if (strength <= 0) return Copy(source, target, run);
-    MeanAlong(source, target, center, std::min(strength, 100) / 200.0, Scaled, run);
+    MeanAlongRays(source, target, center, std::min(strength, 100) / 200.0, run);
 }
 
 void Blur3(const ImageView& source, const MutableImageView& target, Point center, int strength, const Run& run) {
     if (strength <= 0) return Copy(source, target, run);
-    const double degrees = std::min(strength, 100) * 0.18;
-    MeanAlong(source, target, center, degrees * std::numbers::pi / 180, Rotated, run);
+    SpinBlur(source, target, Sensible(center), std::min(strength, 100) * 0.18 * std::numbers::pi / 180, run);
 }
 
 }  // namespace kelu::engine

@@ -214,7 +214,7 @@ void Melt(const ImageView& source, const MutableImageView& target, const Run& ru
                     // It flows together, thins, and swells towards its round tip.
                     const float gather = 1 / (1 + along / drop.half);
                     const float thick =
-                        drop.half * (0.6f + 1.1f * gather * gather + 0.4f * Smoothstep(along / drop.length));
+                        drop.half * (0.6f + 0.5f * gather * gather + 0.4f * Smoothstep(along / drop.length));
                     const float round = std::max(0.0f, static_cast<float>(y) - (tip - thick));
                     const float reach = std::sqrt(std::max(0.0f, thick * thick - round * round));
                     // It begins in its colour's own edge and leaves that within its width.

@@ -108,6 +108,14 @@ void ThrowShadow(const MutableImageView& target, int left, int right, int top, i
     }
 }
 
+// The edges of a tile: the pixels [begin, end) of a row a quarter of the way to white, or to black.
+void LightEdge(std::uint32_t* row, int begin, int end) {
+    for (int x = begin; x < end; ++x) row[x] += ~row[x] >> 2 & 0x003f3f3fu;
+}
+void DarkenEdge(std::uint32_t* row, int begin, int end) {
+    for (int x = begin; x < end; ++x) row[x] -= row[x] >> 2 & 0x003f3f3fu;
+}
+
 // How far the tile in `column` is moved: up to `reach` pixels either way, evenly.
 int Shift(const RandomRow& random, int column, int reach) {
     return static_cast<int>(std::uint64_t{random(column)} * static_cast<std::uint64_t>(2 * reach + 1) >> 32) - reach;
@@ -165,7 +173,7 @@ void Tile(const ImageView& source, const MutableImageView& target, int side, int
     const int reach = static_cast<int>((std::int64_t{square} * std::clamp(percent, 0, 100) + 50) / 100);
     if (reach == 0) return Copy(source, target, run);
     const int columns = (width - 1) / square + 1, rows = (height - 1) / square + 1;
-    const int shadow = square / 16;  // up to 6 pixels
+    const int shadow = square / 16, edge = (square + 16) / 32;  // up to 6 and 3 pixels
     // Every band goes through all tiles that reach into it, which is worth it for some rows only.
     constexpr int kLeastRows = 8;
     const auto work = [&](int begin, int end) {
@@ -182,8 +190,17 @@ void Tile(const ImageView& source, const MutableImageView& target, int side, int
                 const int right = std::min(width, std::min(width, (column + 1) * square) + dx);
                 if (left >= right) continue;
                 ThrowShadow(target, column * square + dx, right, top + dy, bottom + dy, shadow, begin, end);
-                for (int y = std::max(begin, top + dy); y < std::min(end, bottom + dy); ++y)
-                    CopyPixels(source.Row(y - dy) + left - dx, right - left, target.Row(y) + left);
+                // Its own ends, also where they lie outside the picture.
+                const int own = column * square + dx, ownEnd = std::min(width, (column + 1) * square) + dx;
+                for (int y = std::max(begin, top + dy); y < std::min(end, bottom + dy); ++y) {
+                    std::uint32_t* const out = target.Row(y);
+                    CopyPixels(source.Row(y - dy) + left - dx, right - left, out + left);
+                    if (edge == 0) continue;
+                    const bool light = y - dy - top < edge, dark = !light && bottom + dy - y <= edge;
+                    const int lit = std::clamp(light ? right : own + edge, left, right);
+                    LightEdge(out, left, lit);
+                    DarkenEdge(out, std::clamp(dark ? lit : ownEnd - edge, lit, right), right);
+                }
             }
         }
     };

@@ -45,7 +45,7 @@ struct DrawKernel {
         // What the texture calls for, less 0.4: -0.4 to 1.2.
         const Floats called = Sum(texture.red, 1.6f / 255, shade, -1, -0.77f);
         const Floats first =
-            hn::Mul(hn::Mul(Clamp01(hn::Neg(called)), Clamp01(Sum(shade, 2.2f, shade, 0, -0.176f))), All(0.42f));
+            hn::Mul(hn::Mul(Clamp01(hn::Neg(called)), Clamp01(Sum(shade, 2, shade, 0, -0.36f))), All(0.42f));
         const Floats other = Sum(shade, 1.3f, texture.green, -1.6f / 255, 0.035f);
         const Floats second = hn::Mul(hn::Mul(Clamp01(other), Clamp01(Sum(shade, 3, shade, 0, -1.5f))), All(0.4f));
         const Floats rough = hn::Min(hn::Mul(drawn, All(8.0f)), All(1.0f));

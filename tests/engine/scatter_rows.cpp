@@ -60,10 +60,19 @@ EffectRow TileRow(int side, int percent) {
                             expected.Set(x, y,
                                          {p.red * light / 256, p.green * light / 256, p.blue * light / 256, p.alpha});
                         }
-                    for (int y = top; y < std::min(height, top + square); ++y)
-                        for (int x = left; x < std::min(width, left + square); ++x)
-                            if (x + dx >= 0 && x + dx < width && y + dy >= 0 && y + dy < height)
-                                expected.Set(x + dx, y + dy, source.At(x, y));
+                    const int endX = std::min(width, left + square), endY = std::min(height, top + square);
+                    const int edge = (square + 16) / 32;
+                    for (int y = top; y < endY; ++y)
+                        for (int x = left; x < endX; ++x) {
+                            if (x + dx < 0 || x + dx >= width || y + dy < 0 || y + dy >= height) continue;
+                            // Lit from the upper left.
+                            const auto lit = [&](int c) {
+                                if (x - left < edge || y - top < edge) return c + (255 - c) / 4;
+                                return endX - x <= edge || endY - y <= edge ? c - c / 4 : c;
+                            };
+                            const Rgba p = source.At(x, y);
+                            expected.Set(x + dx, y + dy, {lit(p.red), lit(p.green), lit(p.blue), p.alpha});
+                        }
                 }
         },
         0, false};
@@ -91,7 +100,7 @@ EffectRow BlobsRow(int radius, int spacing) {
     return {"Blobs_" + std::to_string(radius) + "_" + std::to_string(spacing),
             [=](auto& s, auto& t, auto& run) { Blobs(s, t, radius, spacing, run); },
             [=](const Picture& source, Picture& expected) {
-                const int step = std::max(spacing, (radius + 3) / 4), margin = radius / step + 1;
+                const int step = std::max({spacing, (radius + 1) / 2, 2}), margin = radius / step + 1;
                 const int columns = (source.Width() - 1) / step + 1 + 2 * margin;
                 const int rows = (source.Height() - 1) / step + 1 + 2 * margin;
                 struct Drop {

@@ -187,7 +187,7 @@ void Melted(const Picture& source, Picture& expected) {
         const double tip = from + drop.length;
         for (int y = static_cast<int>(from); y < std::min(height, static_cast<int>(tip) + 2); ++y) {
             const double along = y - from, gather = 1 / (1 + along / drop.half);
-            const double thick = drop.half * (0.6 + 1.1 * gather * gather + 0.4 * Smooth(along / drop.length));
+            const double thick = drop.half * (0.6 + 0.5 * gather * gather + 0.4 * Smooth(along / drop.length));
             const double round = std::max(0.0, y - tip + thick);
             const double reach = std::sqrt(std::max(0.0, thick * thick - round * round));
             const double begun = Smooth(along / (3 * drop.half + 1));
