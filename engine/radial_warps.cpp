@@ -16,6 +16,7 @@
 
 #include "engine/bands.h"
 #include "engine/bilinear_inl.h"
+#include "engine/cubic_inl.h"
 #include "engine/random.h"
 
 #ifndef KELU_ENGINE_RADIAL_ONCE
@@ -58,7 +59,8 @@ HWY_INLINE Pixels Cover(const Color& color, Pixels pixels, Floats part) {
     return Join(mixed, hn::ShiftLeft<24>(ToByte(alpha)));
 }
 
-// Where the pixels of a span come from, in 1/256 pixel, and what part of each is not the colour outside. Finding the
+// Where the pixels of a span come from, in 1/256 pixel, and what part of each is not the colour outside or, without
+// one, is sampled as a cubic. Finding the
 // places and sampling there are loops of their own: each alone is short enough for the processor to work on several
 // vectors at once.
 constexpr int kRadialSpan = 256;
@@ -105,6 +107,9 @@ class RadialRow {
                 const Floats calm = hn::Mul(Smoothstep(hn::Mul(near, All(fromEdge_))), All(calm_));
                 ratio = Mix(All(1.0f), ratio, calm);
             }
+            // Cubic where the picture is enlarged one and a half times and more, wholly so from twice on.
+            if constexpr (kOutside == Outside::kNone)
+                hn::Store(Clamp01(hn::Sub(All(4.0f), hn::Mul(ratio, All(6.0f)))), kFloats, span.part + i);
             hn::Store(Fixed(Place(dx, ratio, centerX_, lastX_)), kInts, span.x + i);
             hn::Store(Fixed(Place(dy, ratio, centerY_, lastY_)), kInts, span.y + i);
         }
@@ -146,6 +151,7 @@ template <Outside kOutside>
 void RenderRadialRow(const RadialWarp& warp, const ImageView& source, int y, std::uint32_t* out) {
     const RadialRow row(warp, source, y);
     const BilinearSampler sampler(source);
+    const CubicSampler cubic(source);
     const Color color = warp.color;
     RadialSpan span;
     for (int x = 0; x < source.width; x += kRadialSpan) {
@@ -153,7 +159,14 @@ void RenderRadialRow(const RadialWarp& warp, const ImageView& source, int y, std
         row.Find<kOutside>(x, count, span);
         const auto pixels = [&](int i) HWY_ATTR {
             const Pixels samples = sampler(hn::Load(kInts, span.x + i), hn::Load(kInts, span.y + i));
-            if constexpr (kOutside == Outside::kNone) return samples;
+            if constexpr (kOutside == Outside::kNone) {
+                if (hn::AllTrue(kFloats, hn::Eq(hn::Load(kFloats, span.part + i), hn::Zero(kFloats)))) return samples;
+                HWY_ALIGN std::uint32_t lanes[kLanes];
+                hn::Store(samples, kPixels, lanes);
+                for (int k = 0; k < kLanes; ++k)
+                    if (span.part[i + k] > 0) lanes[k] = cubic(span.x[i + k], span.y[i + k], span.part[i + k]);
+                return hn::Load(kPixels, lanes);
+            }
             return Cover(color, samples, Clamp01(hn::Load(kFloats, span.part + i)));
         };
         int i = 0;

@@ -16,7 +16,18 @@ using namespace engine;
 
 struct Place {
     double x, y;
+    double cubic = 0;  // what part of the sample is bicubic, not bilinear
 };
+
+// The weights of four neighbours, bilinear or Catmull and Rom's.
+std::array<double, 4> Weights(double t, double cubic) {
+    const double tt = t * t, ttt = tt * t;
+    const std::array<double, 4> linear{0, 1 - t, t, 0},
+        spline{(2 * tt - ttt - t) / 2, (3 * ttt - 5 * tt + 2) / 2, (4 * tt - 3 * ttt + t) / 2, (ttt - tt) / 2};
+    std::array<double, 4> mixed{};
+    for (std::size_t i = 0; i < 4; ++i) mixed[i] = linear[i] + cubic * (spline[i] - linear[i]);
+    return mixed;
+}
 
 // Sample of `source` where `place(x, y)` says, mixed with `color` by `part(x, y, place)`.
 template <class At, class Part>
@@ -25,16 +36,18 @@ Definition Sampled(At place, Color color, Part part) {
         for (int y = 0; y < source.Height(); ++y)
             for (int x = 0; x < source.Width(); ++x) {
                 const Place at = place(source, x, y);
-                const double left = std::floor(at.x), top = std::floor(at.y);
-                const auto pixel = [&](int dx, int dy) {
-                    return source.At(static_cast<int>(left) + dx, static_cast<int>(top) + dy);
-                };
+                const double inX = std::clamp(at.x, 0.0, source.Width() - 1.0),
+                             inY = std::clamp(at.y, 0.0, source.Height() - 1.0);
+                const double left = std::floor(inX), top = std::floor(inY);
+                const auto across = Weights(inX - left, at.cubic), down = Weights(inY - top, at.cubic);
                 const double covered = std::clamp(part(source, x, y, at), 0.0, 1.0);
                 const auto channel = [&](int Rgba::*c, int outside) {
-                    const auto across = [&](int dy) {
-                        return pixel(0, dy).*c + (at.x - left) * (pixel(1, dy).*c - pixel(0, dy).*c);
-                    };
-                    const double value = across(0) + (at.y - top) * (across(1) - across(0));
+                    double value = 0;
+                    for (std::size_t i = 0; i < 16; ++i)
+                        value += across[i % 4] * down[i / 4] *
+                                 (source.At(static_cast<int>(left) + static_cast<int>(i % 4) - 1,
+                                            static_cast<int>(top) + static_cast<int>(i / 4) - 1).*
+                                  c);
                     return Rounded(outside + covered * (value - outside));
                 };
                 expected.Set(x, y,
@@ -72,10 +85,11 @@ EffectRow ExplodeRow(Point center, int strength) {
             Sampled(
                 [=](const Picture& source, int x, int y) -> Place {
                     const double by = Pulled(strength, std::min(1.0, Distance(source, center, x, y)));
-                    return {center.x + (x - center.x) * by, center.y + (y - center.y) * by};
+                    return {center.x + (x - center.x) * by, center.y + (y - center.y) * by,
+                            std::clamp(4 - 6 * by, 0.0, 1.0)};
                 },
                 {}, kEverywhere),
-            2, false};
+            4, false};
 }
 
 // What Explode fetches from u lies at r; less near the edges.
