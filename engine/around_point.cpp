@@ -12,10 +12,11 @@
 HWY_BEFORE_NAMESPACE();
 namespace kelu::engine::HWY_NAMESPACE {
 
-// c + 2.55 · S1 · w. The change is the same for all three channels, so it is rounded once and added to the bytes.
+// c + 2.55 · S1 · w, or, for S1 below 0, c · (1 + S1 / 100 · w). The change is the same for all three channels, so it
+// is rounded once, and added to the bytes or multiplied with them in 256ths.
 struct Brightness2Kernel {
     DistanceWeight weight;
-    float change;  // 2.55 · |S1|
+    float change;  // 2.55 · S1 or 2.56 · |S1|
     bool darker;
 
     struct InRow {
@@ -25,9 +26,20 @@ struct Brightness2Kernel {
         int y;
 
         Pixels operator()(Pixels pixels, int x) const {
-            const Bytes change = hn::BitCast(kBytes, Gray(ToByte(hn::Mul(weight(x, y), All(size)))));
-            const Bytes bytes = hn::BitCast(kBytes, pixels);
-            return hn::BitCast(kPixels, darker ? hn::SaturatedSub(bytes, change) : hn::SaturatedAdd(bytes, change));
+            const Floats change = hn::Mul(weight(x, y), All(size));
+            if (!darker)
+                return hn::BitCast(
+                    kPixels, hn::SaturatedAdd(hn::BitCast(kBytes, pixels), hn::BitCast(kBytes, Gray(ToByte(change)))));
+            const Pixels left = hn::And(RoundedBits(hn::Sub(All(256.0f), change)), All(0x1ffu));
+            const hn::RepartitionToNarrow<PixelTag> words;
+            const auto times = hn::BitCast(words, hn::Or(left, hn::ShiftLeft<16>(left)));
+            const auto less = [&](Pixels channels) HWY_ATTR {
+                const auto product = hn::Add(hn::Mul(hn::BitCast(words, channels), times), hn::Set(words, 128));
+                return hn::BitCast(kPixels, hn::ShiftRight<8>(product));
+            };
+            const Pixels blueRed = less(hn::And(pixels, All(0x00ff00ffu)));
+            const Pixels green = less(hn::And(hn::ShiftRight<8>(pixels), All(0xffu)));
+            return KeepAlpha(hn::Or(blueRed, hn::ShiftLeft<8>(green)), pixels);
         }
     };
     InRow Row(int y) const { return {weight, change, darker, y}; }
@@ -35,8 +47,9 @@ struct Brightness2Kernel {
 
 void Brightness2OnTarget(const ImageView& source, const MutableImageView& target, Point at, int amount,
                          const Run& run) {
-    const float change = 2.55f * static_cast<float>(std::clamp(amount, -100, 100));
-    const Brightness2Kernel kernel{{Sensible(at), source.width, source.height}, std::abs(change), change < 0};
+    const bool darker = amount < 0;
+    const float change = (darker ? -2.56f : 2.55f) * static_cast<float>(std::clamp(amount, -100, 100));
+    const Brightness2Kernel kernel{{Sensible(at), source.width, source.height}, change, darker};
     RenderPoints(kernel, source, target, run);
 }
 

@@ -68,7 +68,7 @@ class BlobGrid {
           margin_(radius / spacing + 1),
           columns_((source.width - 1) / spacing + 1 + 2 * margin_),
           rows_((source.height - 1) / spacing + 1 + 2 * margin_),
-          reach_(radius * 7 / 10),
+          reach_(radius / 4),
           colors_(NeedsColors()
                       ? TakePixelMemory(static_cast<std::size_t>(columns_) * static_cast<std::size_t>(rows_) * 4)
                       : nullptr) {}

@@ -37,7 +37,8 @@ HWY_INLINE Pixels Covered(Pixels pixels, const Channels& own, const Color& color
     return Join(Mix(own, AllOf(color), share), hn::ShiftLeft<24>(ToByte(hn::Mul(whole, All(255.0f)))));
 }
 
-// C1 covers all but smoothstep(across / S1) · smoothstep(down / S1).
+// C1 covers all but smoothstep(1 - d), d how far, in parts of S1, a pixel lies beyond an inner rectangle S1 away from
+// the edges: round corners.
 struct FadeKernel {
     EdgeDistance distance;
     float step;  // one over S1
@@ -45,14 +46,19 @@ struct FadeKernel {
 
     struct InRow {
         const FadeKernel& all;
-        float clear;  // by the row
+        float square;  // of the distance downward
 
         Pixels operator()(Pixels pixels, int x) const {
-            const Floats both = hn::Mul(Smoothstep(hn::Mul(all.distance.Across(x), All(all.step))), All(clear));
-            return Covered(pixels, Split(pixels), all.color, hn::Sub(All(1.0f), both));
+            const Floats across = hn::Sub(All(1.0f), Clamp01(hn::Mul(all.distance.Across(x), All(all.step))));
+            const Floats beyond = hn::Sqrt(hn::Add(hn::Mul(across, across), All(square)));
+            const Floats clear = Smoothstep(hn::Sub(All(1.0f), beyond));
+            return Covered(pixels, Split(pixels), all.color, hn::Sub(All(1.0f), clear));
         }
     };
-    InRow Row(int y) const { return {*this, engine::Smoothstep(distance.Down(y) * step)}; }
+    InRow Row(int y) const {
+        const float down = 1 - std::min(1.0f, distance.Down(y) * step);
+        return {*this, down * down};
+    }
 };
 
 void FadeBordersOnTarget(const ImageView& source, const MutableImageView& target, int depth, Color color,

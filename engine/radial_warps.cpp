@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <numbers>
 
 #include "engine/copy.h"
 
@@ -83,6 +82,8 @@ class RadialRow {
           centerX_(All(warp.centerX)),
           centerY_(All(warp.centerY)),
           perX_(All(1 / warp.radiusX)),
+          perHalfX_(All(2 / static_cast<float>(source.width))),
+          perHalfY_(All(2 / static_cast<float>(source.height))),
           lastX_(All(static_cast<float>(source.width - 1))),
           lastY_(All(static_cast<float>(source.height - 1))) {}
 
@@ -93,10 +94,12 @@ class RadialRow {
             const Floats dx = hn::Sub(Columns(x + i), centerX_), dy = All(dy_);
             const Floats u = hn::Mul(dx, perX_);
             const Floats distance = hn::Sqrt(hn::Add(hn::Mul(u, u), All(v_ * v_)));
-            Floats ratio = Ratio(distance);
+            Floats ratio;
             if constexpr (kOutside == Outside::kColorBeyondRim) {
-                ratio = Squared(ratio, u, All(v_));
+                ratio = OfBall(dx, dy, distance);
                 hn::Store(hn::Add(hn::Mul(hn::Sub(All(1.0f), distance), All(rim_)), All(0.5f)), kFloats, span.part + i);
+            } else {
+                ratio = Ratio(distance);
             }
             if constexpr (kOutside == Outside::kColorInMiddle) {
                 const Floats inward = Smoothstep(hn::Sub(All(1.0f), hn::Mul(distance, All(1 / kDarkMiddle))));
@@ -118,6 +121,7 @@ class RadialRow {
  private:
     // In parts of the radius: the middle that Implode darkens, the way from an edge on which it moves less.
     static constexpr float kDarkMiddle = 0.12f, kDamped = 0.42f;
+    static constexpr float kBall = 0.55f;
 
     // Source distance to result distance, from the table.
     HWY_INLINE Floats Ratio(Floats distance) const {
@@ -127,14 +131,18 @@ class RadialRow {
         return Mix(hn::BitCast(kFloats, entries.first), hn::BitCast(kFloats, entries.second),
                    hn::Sub(at, hn::ConvertTo(kFloats, entry)));
     }
-    // From the disc to the square along the same ray, smooth but for the four corners ("FG-squircular mapping", C.
-    // Fong, "Analytical Methods for Squaring the Disc", 2014): with (u, v) in the disc, times the root of 2 / (1 +
-    // sqrt(1 - 4 u² v²)).
-    static HWY_INLINE Floats Squared(Floats ratio, Floats u, Floats v) {
-        const Floats uv = hn::Mul(hn::Mul(u, v), hn::Mul(ratio, ratio));
-        const Floats root =
-            hn::Sqrt(hn::Max(hn::Sub(All(1.0f), hn::Mul(hn::Mul(uv, uv), All(4.0f))), hn::Zero(kFloats)));
-        return hn::Mul(ratio, hn::Sqrt(hn::Div(All(2.0f), hn::Add(All(1.0f), root))));
+    // Of Fish Eye, at the offset (dx, dy): kBall in the middle, and on the rim what leads to the picture's border. The
+    // border's corners are rounded: it lies where the sum of the eighth powers of dx and dy, in halves of the size,
+    // is 1.
+    HWY_INLINE Floats OfBall(Floats dx, Floats dy, Floats distance) const {
+        const auto eighth = [](Floats v) HWY_ATTR {
+            const Floats square = hn::Mul(v, v), fourth = hn::Mul(square, square);
+            return hn::Mul(fourth, fourth);
+        };
+        const Floats sum = hn::Add(eighth(hn::Mul(dx, perHalfX_)), eighth(hn::Mul(dy, perHalfY_)));
+        const Floats ofBorder = hn::Max(hn::Sqrt(hn::Sqrt(hn::Sqrt(sum))), All(1e-6f));
+        const Floats r = hn::Min(distance, All(1.0f)), cube = hn::Mul(r, hn::Mul(r, r));
+        return hn::Add(All(kBall), hn::Mul(hn::Sub(hn::Div(distance, ofBorder), All(kBall)), cube));
     }
     // Where the picture is far away, any place beyond its edge will do.
     static HWY_INLINE Floats Place(Floats d, Floats ratio, Floats center, Floats last) {
@@ -144,7 +152,7 @@ class RadialRow {
 
     const std::uint32_t* const ratio_;
     const float dy_, v_, rim_, fromEdge_, calm_, part_;
-    const Floats centerX_, centerY_, perX_, lastX_, lastY_;
+    const Floats centerX_, centerY_, perX_, perHalfX_, perHalfY_, lastX_, lastY_;
 };
 
 template <Outside kOutside>
@@ -207,7 +215,7 @@ RadialWarp Around(Point center, const ImageView& source, Outside outside, Color 
 // is moved at the rim.
 double Strength(int strength) {
     const double left = 1 - std::clamp(strength, 0, 100) / 100.0;
-    return 0.75 * (1 - left * left);
+    return 0.75 * (1 - left * left * left);
 }
 double Shrunk(double r, double k) { return r * (1 - k * (1 - r * r) * (1 - r * r)); }
 
@@ -240,17 +248,13 @@ void Implode(const ImageView& source, const MutableImageView& target, Point cent
     HWY_DYNAMIC_DISPATCH(RadialOnTarget)(warp, source, target, run);
 }
 
-// An angle of 0 to 90 degrees from the middle is spread evenly over the radius. The picture is a plane that is seen
-// under 0.8 of that angle a, at tan(a) from its middle: at 90 degrees a plane would have to be endless. The rim shows
-// the picture's border.
+// A ball that touches the nearer sides and holds the whole picture: even in the middle, closer and closer to the rim.
 void FishEye(const ImageView& source, const MutableImageView& target, Color outside, const Run& run) {
     const float width = static_cast<float>(source.width), height = static_cast<float>(source.height);
-    RadialWarp warp{(width - 1) / 2,          (height - 1) / 2,  width / 2, height / 2,
-                    Outside::kColorBeyondRim, Sensible(outside), 0,         {}};
-    constexpr double kBend = 0.7 * std::numbers::pi / 2;
-    const double reach = 1 / std::tan(kBend);
-    warp.Fill([=](double r) { return r == 0 ? kBend * reach : std::tan(r * kBend) * reach / r; });
-    HWY_DYNAMIC_DISPATCH(RadialOnTarget)(warp, source, target, run);
+    const float radius = std::min(width, height) / 2;
+    const RadialWarp ball{(width - 1) / 2,          (height - 1) / 2,  radius, radius,
+                          Outside::kColorBeyondRim, Sensible(outside), 0,      {}};
+    HWY_DYNAMIC_DISPATCH(RadialOnTarget)(ball, source, target, run);
 }
 
 }  // namespace kelu::engine

@@ -26,8 +26,9 @@ EffectRow Brightness2Row(const std::string& name, Point at, int amount) {
     return {"Brightness2_" + name, With<Brightness2>(at, amount),
             EachPixel([=](const Picture& source, int x, int y) -> std::array<double, 3> {
                 const Rgba p = source.At(x, y);
-                const double change = 2.55 * amount * Weight(source, at, x, y);
-                return {p.red + change, p.green + change, p.blue + change};
+                const double by = amount / 100.0 * Weight(source, at, x, y);
+                const auto changed = [=](int c) { return amount < 0 ? c + c * by : c + 255 * by; };
+                return {changed(p.red), changed(p.green), changed(p.blue)};
             }),
             1};
 }

@@ -37,12 +37,11 @@ EffectRow FadeRow(int depth, Color color) {
         "FadeBorders_" + std::to_string(depth),
         [=](auto& s, auto& t, auto& run) { FadeBorders(s, t, depth, color, run); },
         [=](const Picture& source, int x, int y) {
-            const auto clear = [=](int at, int size) {
-                const double t = std::min(1.0, std::min(at, size - 1 - at) / static_cast<double>(depth));
-                return t * t * (3 - 2 * t);
+            const auto beyond = [=](int at, int size) {
+                return 1 - std::min(1.0, std::min(at, size - 1 - at) / static_cast<double>(depth));
             };
-            const double both = clear(x, source.Width()) * clear(y, source.Height());
-            return Covered(source.At(x, y), color, 1 - both);
+            const double t = std::max(0.0, 1 - std::hypot(beyond(x, source.Width()), beyond(y, source.Height())));
+            return Covered(source.At(x, y), color, 1 - t * t * (3 - 2 * t));
         });
 }
 

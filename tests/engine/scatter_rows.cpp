@@ -118,7 +118,7 @@ EffectRow BlobsRow(int radius, int spacing) {
                                   (row - margin) * step + jitter(1), {}};
                         for (const auto channel : kChannels) {
                             double sum = 0;
-                            const int reach = radius * 7 / 10, apart = std::max(1, reach / 3), each = reach / apart;
+                            const int reach = radius / 4, apart = std::max(1, reach / 3), each = reach / apart;
                             for (int dy = -each; dy <= each; ++dy)
                                 for (int dx = -each; dx <= each; ++dx)
                                     sum += source.At(drop.x + dx * apart, drop.y + dy * apart).*channel;

@@ -76,7 +76,7 @@ std::string Named(const char* effect, Point center, int strength) {
 
 double Pulled(int strength, double r) {
     const double left = 1 - strength / 100.0;
-    return 1 - 0.75 * (1 - left * left) * (1 - r * r) * (1 - r * r);
+    return 1 - 0.75 * (1 - left * left * left) * (1 - r * r) * (1 - r * r);
 }
 
 EffectRow ExplodeRow(Point center, int strength) {
@@ -116,119 +116,56 @@ EffectRow ImplodeRow(Point center, int strength, Color color) {
 
 EffectRow FishEyeRow(Color color) {
     struct Ball {
-        double x, y, u, v, r, width, height;
+        double x, y, r, beyond;
 
         Ball(const Picture& source, int column, int row)
             : x(column - (source.Width() - 1) / 2.0),
               y(row - (source.Height() - 1) / 2.0),
-              u(x / source.Width() * 2),
-              v(y / source.Height() * 2),
-              r(std::hypot(u, v)),
-              width(source.Width()),
-              height(source.Height()) {}
+              r(std::hypot(x, y) / (std::min(source.Width(), source.Height()) / 2.0)),
+              beyond(r /
+                     std::max(1e-6, std::pow(std::pow(2 * x / source.Width(), 8) + std::pow(2 * y / source.Height(), 8),
+                                             0.125))) {}
     };
     return {"FishEye", [=](auto& s, auto& t, auto& run) { FishEye(s, t, color, run); },
             Sampled(
                 [](const Picture& source, int x, int y) -> Place {
                     const Ball ball(source, x, y);
-                    const double r = std::min(1.0, ball.r), bend = 63 * std::numbers::pi / 180;
-                    double ratio = (r > 0 ? std::tan(r * bend) / r : bend) / std::tan(bend);
-                    // From the disc to the square.
-                    const double uv = ball.u * ball.v * ratio * ratio;
-                    ratio *= std::sqrt(2 / (1 + std::sqrt(std::max(0.0, 1 - 4 * uv * uv))));
+                    const double ratio = 0.55 + (ball.beyond - 0.55) * std::pow(std::min(1.0, ball.r), 3);
                     return {x + ball.x * (ratio - 1), y + ball.y * (ratio - 1)};
                 },
                 color,
                 [](const Picture& source, int x, int y, Place) {
-                    const Ball ball(source, x, y);
-                    return (1 - ball.r) * std::min(ball.width, ball.height) / 2 + 0.5;
+                    return (1 - Ball(source, x, y).r) * std::min(source.Width(), source.Height()) / 2 + 0.5;
                 }),
             3, false};
 }
 
-// A place of a column between two rows, mixed.
-Rgba Between(const Picture& source, int x, double y) {
-    const double within = std::clamp(y, 0.0, source.Height() - 1.0);
-    const int row = static_cast<int>(within);
-    const auto channel = [&](int Rgba::*c) {
-        const int a = source.At(x, row).*c, b = source.At(x, row + 1).*c;
-        return Rounded(a + (b - a) * (within - row));
-    };
-    return {channel(&Rgba::red), channel(&Rgba::green), channel(&Rgba::blue), channel(&Rgba::alpha)};
-}
-
-// One of the 44 drops. Where it begins is found in the engine's own floats, so that of two like places the same wins.
-struct Drop {
-    double middle, half, begin = 0, length = 0;
-
-    Drop(const Picture& source, int number) {
-        const int width = source.Width(), height = source.Height(), rows = std::min(height, 256);
-        const auto random = [=](int stream) { return RandomRow(0, 30, 2 + stream).Unit(number); };
-        middle = static_cast<double>((static_cast<float>(number) + 0.3f + 0.4f * random(0)) *
-                                     static_cast<float>(width) / 44);
-        half = static_cast<double>((0.2f + 0.3f * random(1) * random(1)) * static_cast<float>(width) / 44);
-        const int reach = std::max(1, rows / 32), x = std::min(width - 1, static_cast<int>(middle));
-        std::vector<float> sums{0};
-        for (int row = 0; row < rows; ++row) {
-            const Rgba p = source.At(x, row * height / rows);
-            sums.push_back(sums.back() + static_cast<float>(299 * p.red + 587 * p.green + 114 * p.blue) / 1000);
-        }
-        float best = 0;
-        for (int row = reach; row < rows * 3 / 4 && row + reach <= rows; ++row) {
-            const auto sum = [&](int at) { return sums[static_cast<std::size_t>(at)]; };
-            const float fall = 2 * sum(row) - sum(row - reach) - sum(row + reach);
-            const float wanted = fall * (0.5f + RandomRow(1 + number, 30, 2).Unit(row / (2 * reach)));
-            if (wanted <= best) continue;
-            best = wanted;
-            begin = row * height / rows;
-            length = height * (0.02 + 0.24 * static_cast<double>(random(2) * random(2)));
-        }
-    }
-};
-
-void Melted(const Picture& source, Picture& expected) {
-    const int width = source.Width(), height = source.Height();
-    const auto sagged = [=](int x, double y) {
-        const float place = static_cast<float>(x) / static_cast<float>(width) * 12;
-        return 0.18 * height * static_cast<double>(SmoothNoise(place, RandomRow(0, 30, 0))) * Smooth(y / height);
-    };
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x) expected.Set(x, y, Between(source, x, y - sagged(x, y)));
-    for (int number = 0; number < 44; ++number) {
-        const Drop drop(source, number);
-        if (drop.length <= 0) continue;
-        const double from = drop.begin + sagged(std::min(width - 1, static_cast<int>(drop.middle)), drop.begin);
-        const double tip = from + drop.length;
-        for (int y = static_cast<int>(from); y < std::min(height, static_cast<int>(tip) + 2); ++y) {
-            const double along = y - from, gather = 1 / (1 + along / drop.half);
-            const double thick = drop.half * (0.6 + 0.5 * gather * gather + 0.4 * Smooth(along / drop.length));
-            const double round = std::max(0.0, y - tip + thick);
-            const double reach = std::sqrt(std::max(0.0, thick * thick - round * round));
-            const double begun = Smooth(along / (3 * drop.half + 1));
-            for (int x = 0; x < width; ++x) {
-                const double off = x - drop.middle, u = off / thick;
-                const double part = std::clamp(reach + 0.5 - std::abs(off), 0.0, 1.0);
-                const double light = 1 - 0.3 * begun * u * u;
-                const double gloss = 40 * begun * std::max(0.0, 1 - 9 * (u + 0.45) * (u + 0.45));
-                const Rgba below = expected.At(x, y), own = Between(source, x, drop.begin - 2 - 0.15 * along);
-                const auto channel = [&](int Rgba::*c) {
-                    const double lit = c == &Rgba::alpha ? own.*c : std::min(255.0, own.*c * light + gloss);
-                    return Rounded(below.*c + (lit - below.*c) * part);
+EffectRow MeltRow() {
+    return {
+        "Melt", Melt,
+        Sampled(
+            [](const Picture& source, int x, int y) -> Place {
+                const auto noise = [=, &source](int values, int stream) {
+                    const float at = static_cast<float>(x) / static_cast<float>(source.Width());
+                    return static_cast<double>(SmoothNoise(at * static_cast<float>(values), RandomRow(0, 30, stream)));
                 };
-                expected.Set(x, y,
-                             {channel(&Rgba::red), channel(&Rgba::green), channel(&Rgba::blue), channel(&Rgba::alpha)});
-            }
-        }
-    }
+                const double sag = 0.12 * noise(12, 0) + 0.2 * std::pow(noise(18, 1), 2);
+                return {1.0 * x, y - sag * source.Height() * Smooth(1.0 * y / source.Height())};
+            },
+            {}, kEverywhere),
+        2, false};
 }
 
 }  // namespace
 
 std::vector<EffectRow> WarpRows() {
     return {
-        {"Melt", Melt, Melted, 3, false},    ExplodeRow({250, 100}, 10),
-        ExplodeRow({20, 15}, 100),           ExplodeRow({-40, 999}, 50),
-        ImplodeRow({30, 20}, 10, {0, 0, 0}), ImplodeRow({250, 100}, 60, {255, 10, 100}),
+        MeltRow(),
+        ExplodeRow({250, 100}, 10),
+        ExplodeRow({20, 15}, 100),
+        ExplodeRow({-40, 999}, 50),
+        ImplodeRow({30, 20}, 10, {0, 0, 0}),
+        ImplodeRow({250, 100}, 60, {255, 10, 100}),
         FishEyeRow({255, 255, 255}),
     };
 }
