@@ -74,6 +74,7 @@ TEST(Stroke, EverywhereIsOneLevelAmongOthers) {
     const QImage stroked = canvas.Picture().copy();
     canvas.PaintAll();
     EXPECT_EQ(canvas.Picture(), pen.Picture());
+    EXPECT_GE(canvas.UndoBytes(), 300 * 220 * 4) << "the level counts as little as an empty one";
     canvas.SelectBrush(BrushHandle{before, 30});
     canvas.PushUndo();
     Draw(canvas, {QPoint(50, 50), QPoint(60, 150)});
@@ -315,6 +316,10 @@ TEST(Undo, ANewPaintInTheMiddleOfAStrokeCoversWhatTheOldOneDid) {
         canvas.SelectBrush(pen.MakeBrush(40));
         canvas.DrawBrushLine(50, 50, 250, 150, 255);
         EXPECT_EQ(canvas.Picture().pixel(150, 100), color.rgb());
+    }
+    for (int i = 0; i < 300 * 200; ++i) {
+        const QRgb pixel = canvas.Picture().pixel(i % 300, i / 300);
+        ASSERT_LT(qBlue(pixel) - qGreen(pixel), 100) << "an edge keeps the old paint at " << i % 300 << "," << i / 300;
     }
     while (canvas.CanUndo()) canvas.Undo();
     EXPECT_EQ(canvas.Picture(), before);
