@@ -56,7 +56,7 @@ struct AntialiasKernel {
         addPair(around.At(-1, 0), around.At(1, 0), hn::Mul(ax, by));
         addPair(around.At(0, -1), around.At(0, 1), hn::Mul(bx, ay));
         addPair(diagonal(-1), diagonal(1), hn::Mul(ax, ay));
-        const Ints blended = hn::BitCast(kInts, Join(sum, pixels));
+        const Ints blended = hn::BitCast(kInts, JoinInRange(sum, pixels));
         return hn::BitCast(kPixels, hn::IfThenElse(edge, blended, hn::BitCast(kInts, pixels)));
     }
 };

@@ -30,11 +30,12 @@ struct EdgeDistance {
 // `color` over so large a part of each pixel, 0 to 1; the picture gives way in its alpha, too.
 HWY_INLINE Pixels Covered(Pixels pixels, const Channels& own, const Color& color, Floats part) {
     const Pixels alpha = hn::ShiftRight<24>(pixels);
-    if (HWY_LIKELY(hn::AllTrue(kPixels, hn::Eq(alpha, All(255u))))) return Join(Mix(own, AllOf(color), part), pixels);
+    if (HWY_LIKELY(hn::AllTrue(kPixels, hn::Eq(alpha, All(255u)))))
+        return JoinInRange(Mix(own, AllOf(color), part), pixels);
     const Floats left = hn::Mul(hn::Mul(ToFloats(alpha), All(1.0f / 255)), hn::Sub(All(1.0f), part));
     const Floats whole = hn::Add(part, left);
     const Floats share = hn::Div(part, hn::Max(whole, All(1e-6f)));
-    return Join(Mix(own, AllOf(color), share), hn::ShiftLeft<24>(ToByte(hn::Mul(whole, All(255.0f)))));
+    return JoinInRange(Mix(own, AllOf(color), share), hn::ShiftLeft<24>(ToByte(hn::Mul(whole, All(255.0f)))));
 }
 
 // C1 covers all but smoothstep(1 - d), d how far, in parts of S1, a pixel lies beyond an inner rectangle S1 away from

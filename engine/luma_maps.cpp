@@ -40,9 +40,10 @@ struct SepiaKernel {
     Pixels operator()(Pixels pixels) const {
         const Floats y = Luma(Split(pixels));
         const Floats tint = hn::Mul(hn::Mul(y, hn::Sub(All(255.0f), y)), All(strength * 2.4f / 255));
-        return Join({hn::Add(y, hn::Mul(tint, All(-0.50f))), hn::Add(y, hn::Mul(tint, All(-0.085f))),
-                     hn::Add(y, hn::Mul(tint, All(0.36f)))},
-                    pixels);
+        // Only blue can leave its range.
+        const Floats blue = hn::Max(hn::Add(y, hn::Mul(tint, All(-0.50f))), hn::Zero(kFloats));
+        return JoinInRange({blue, hn::Add(y, hn::Mul(tint, All(-0.085f))), hn::Add(y, hn::Mul(tint, All(0.36f)))},
+                           pixels);
     }
 };
 
@@ -81,13 +82,15 @@ struct ColorizeKernel {
     Channel red, green, blue;
 
     Pixels operator()(Pixels pixels) const {
-        const Floats y = Luma(Split(pixels)), fromWhite = hn::Sub(All(255.0f), y);
+        // Up from black, or down from white.
+        const Floats y = Luma(Split(pixels));
         const auto dark = hn::Le(y, All(colorLuma));
+        const Floats begin = hn::IfThenElseZero(hn::Not(dark), All(255.0f));
+        const Floats away = hn::IfThenElse(dark, y, hn::Sub(y, All(255.0f)));
         const auto ramp = [&](const Channel& channel) HWY_ATTR {
-            return hn::IfThenElse(dark, hn::Mul(y, All(channel.up)),
-                                  hn::Sub(All(255.0f), hn::Mul(fromWhite, All(channel.down))));
+            return hn::Add(begin, hn::Mul(away, hn::IfThenElse(dark, All(channel.up), All(channel.down))));
         };
-        return Join({ramp(blue), ramp(green), ramp(red)}, pixels);
+        return JoinInRange({ramp(blue), ramp(green), ramp(red)}, pixels);
     }
 };
 
@@ -105,7 +108,7 @@ struct FalseColorKernel {
 
     Pixels operator()(Pixels pixels) const {
         const Floats y = hn::Mul(Luma(Split(pixels)), All(1.0f / 255));
-        return Join(Mix(AllOf(dark), AllOf(bright), y), pixels);
+        return JoinInRange(Mix(AllOf(dark), AllOf(bright), y), pixels);
     }
 };
 
