@@ -3,6 +3,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QEvent>
 #include <QObject>
 #include <QPointF>
 #include <QSet>
