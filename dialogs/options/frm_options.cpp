@@ -294,6 +294,8 @@ void frmOptions::ChooseEmail(MailMethod method) {
     account_->setEnabled(method == MailMethod::Account);
 }
 
+bool frmOptions::UsesCamera() const { return !state_.CameraMissing && cboDevices->currentIndex() >= 0; }
+
 void frmOptions::ChooseCursor(CursorStyle style) {
     txtCursor_ = settings::kCursorStyle.Text(style);
     optCursor[static_cast<std::size_t>(style) - 1]->setChecked(true);

@@ -81,7 +81,7 @@ class frmOptions : public QDialog {
     void ShowPage(int page);
     void ChooseEmail(MailMethod method);
     void ChooseCursor(CursorStyle style);
-    bool UsesCamera() const { return !state_.CameraMissing && cboDevices->currentIndex() >= 0; }
+    bool UsesCamera() const;
 
     Settings& settings_;
     AccountPassword password_;

@@ -7,6 +7,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
 
 #include "controls/progress_bar/xp_progress_bar.h"
 #include "platform/password_scrambling.h"
