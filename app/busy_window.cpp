@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/busy_window.h"
 
+#include <QCursor>
 #include <QGuiApplication>
 #include <QScopeGuard>
 

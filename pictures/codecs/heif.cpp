@@ -38,8 +38,9 @@ QByteArray Profile(const heif_image_handle* handle) {
         if (heif_image_handle_get_raw_color_profile(handle, profile.data()).code == heif_error_Ok) return profile;
     }
     heif_color_profile_nclx* found = nullptr;
-    if (heif_image_handle_get_nclx_color_profile(handle, &found).code != heif_error_Ok) return {};
-    const Nclx nclx(found);
+    const heif_error error = heif_image_handle_get_nclx_color_profile(handle, &found);
+    const Nclx nclx(found);  // also given out, and ours to free, with a value that the library doesn't know
+    if (error.code != heif_error_Ok || !nclx) return {};
     const bool displayP3 = nclx->color_primaries == heif_color_primaries_SMPTE_EG_432_1;
     return displayP3 ? QColorSpace(QColorSpace::DisplayP3).iccProfile() : QByteArray();
 }

@@ -308,6 +308,7 @@ TEST_F(BrowseTest, LetsThumbnailsGo) {
     FolderModel model{ThumbnailCache(cacheFolder.path())};
     model.SetFilter("*.bmp");
     model.SetFolder(places.pictures);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return model.rowCount() > kPictures; }, 20000));
     QModelIndexList rows;
     for (int row = 1; row <= kPictures; ++row) rows << model.index(row, 0);
     int made = 0;

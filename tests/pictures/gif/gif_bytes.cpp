@@ -54,19 +54,18 @@ QByteArray ReferenceLzw(const std::vector<std::uint8_t>& indices, const LzwStyle
     const auto emit = [&](int code) {
         for (int i = 0; i < bits; ++i) stream.push_back(code >> i & 1);
     };
-    std::map<std::string, int> codes;
-    int next = 0;     // the encoder's next free code
-    int emitted = 0;  // codes since the last clear
+    std::map<std::string, int> codes;  // of strings longer than a letter
+    int next = 0;                      // the encoder's next free code
+    int emitted = 0;                   // codes since the last clear
     const auto reset = [&] {
         codes.clear();
-        for (int i = 0; i < clear; ++i) codes[std::string(1, static_cast<char>(i))] = i;
         next = clear + 2;
         bits = style.minCodeSize + 1;
         emitted = 0;
     };
     // The reader's table is one entry behind: it widens its codes when that table has reached the power of two.
     const auto emitString = [&](const std::string& text) {
-        emit(codes.at(text));
+        emit(text.size() == 1 ? static_cast<std::uint8_t>(text[0]) : codes.at(text));
         ++emitted;
         const int readersNext = std::min(clear + 2 + emitted - 1, 4096);
         while (bits < 12 && readersNext >= (1 << bits)) ++bits;
@@ -76,7 +75,7 @@ QByteArray ReferenceLzw(const std::vector<std::uint8_t>& indices, const LzwStyle
     std::string text;
     for (const std::uint8_t index : indices) {
         const std::string longer = text + static_cast<char>(index);
-        if (codes.count(longer)) {
+        if (longer.size() == 1 || codes.count(longer)) {
             text = longer;
             continue;
         }
