@@ -47,13 +47,28 @@ QString NewName(const QString& folder) {
     return folder + QStringLiteral("/.kelu-%1.tmp").arg(QRandomGenerator::system()->generate64(), 16, 16, QChar(u'0'));
 }
 
-/// To the disk.
-bool Flush(QFile& file) {
 #ifdef Q_OS_UNIX
-    return file.flush() && ::fsync(file.handle()) == 0;
-#else
-    return file.flush();
+QString Reason(int code) { return QString::fromLocal8Bit(std::strerror(code)); }
 #endif
+
+/// To the disk. Why not, or nothing.
+QString Flush(QFile& file) {
+    if (!file.flush()) return file.errorString();
+#ifdef Q_OS_UNIX
+    if (::fsync(file.handle()) != 0) return Reason(errno);
+#endif
+    return {};
+}
+
+/// The whole of `from` takes the place of what `target` holds. Why not, or nothing.
+QString Refill(QFile& target, QFile& from) {
+    if (!from.seek(0) || !target.resize(0) || !target.seek(0)) return target.errorString();
+    while (!from.atEnd()) {
+        const QByteArray piece = from.read(1 << 20);
+        if (piece.isEmpty()) return from.errorString();
+        if (target.write(piece) != piece.size()) return target.errorString();
+    }
+    return Flush(target);
 }
 
 #ifdef Q_OS_UNIX
@@ -72,8 +87,6 @@ void RemoveOrphans(const QString& folder) {
     }
 }
 
-QString Reason(int code) { return QString::fromLocal8Bit(std::strerror(code)); }
-
 /// The folder's entry for a renamed file reaches the disk with the folder, not with the file. Some file systems can't
 /// do this; the rename itself stands all the same.
 void FlushFolder(const QString& folder) {
@@ -87,12 +100,12 @@ void FlushFolder(const QString& folder) {
 }  // namespace
 
 qint64 AtomicFile::WholeFile::writeData(const char* bytes, qint64 count) {
-    for (qint64 done = 0; done < count;) {
+    for (qint64 done = 0; done < count && failure_.isEmpty();) {
         const qint64 taken = QFile::writeData(bytes + done, count - done);
-        if (taken <= 0) return -1;
+        if (taken <= 0) failure_ = errorString();
         done += taken;
     }
-    return count;
+    return failure_.isEmpty() ? count : -1;
 }
 
 AtomicFile::AtomicFile(const QString& path, Access access) : path_(path) {
@@ -199,14 +212,16 @@ void AtomicFile::FillAndCommit(const std::function<void(QFile&)>& fill) {
     try {
         fill(file_);
     } catch (const Error&) {
-        if (file_.error() == QFileDevice::NoError) throw;
+        if (file_.Failure().isEmpty()) throw;
     }
     Commit();
 }
 
 void AtomicFile::Commit() {
     if (!file_.isOpen()) Fail(tr("already written"));
-    if (file_.error() != QFileDevice::NoError || !Flush(file_)) Fail(file_.errorString());
+    if (!file_.Failure().isEmpty()) Fail(file_.Failure());
+    if (file_.error() != QFileDevice::NoError) Fail(file_.errorString());
+    if (const QString reason = Flush(file_); !reason.isEmpty()) Fail(reason);
     if (inPlace_) return ReplaceInPlace();
     GiveName();
     file_.close();
@@ -223,27 +238,20 @@ void AtomicFile::Commit() {
 void AtomicFile::ReplaceInPlace() {
     // Both the new and the old file lie whole in the temporary folder while the target is written.
     const QString old = temporaryPath_.chopped(4) + QStringLiteral("-") + QFileInfo(target_).fileName();
-    QFile target(target_);
-    const auto fill = [&target](QFile& from) {
-        if (!from.seek(0) || !target.resize(0) || !target.seek(0)) return false;
-        while (!from.atEnd()) {
-            const QByteArray piece = from.read(1 << 20);
-            if (piece.isEmpty() || target.write(piece) != piece.size()) return false;
-        }
-        return Flush(target);
-    };
-    if (!target.copy(old)) Fail(tr("the folder cannot be written to, and there is no room for a copy"));
-    bool done = false;
+    if (!QFile::copy(target_, old)) Fail(tr("the folder cannot be written to, and there is no room for a copy"));
+    WholeFile target;
+    target.setFileName(target_);
     QString reason;
-    if (target.open(QIODevice::ReadWrite)) {
-        done = fill(file_);
+    if (!target.open(kOpenMode)) {
         reason = target.errorString();
-        if (QFile copy(old); !done && (!copy.open(QIODevice::ReadOnly) || !fill(copy)))
+    } else if (reason = Refill(target, file_); !reason.isEmpty()) {
+        QFile again(target_), copy(old);
+        if (!again.open(kOpenMode) || !copy.open(QIODevice::ReadOnly) || !Refill(again, copy).isEmpty())
             Fail(tr("%1; the old file is kept as %2").arg(reason, old));
     }
     QFile::remove(old);
     Discard();
-    if (!done) Fail(reason.isEmpty() ? target.errorString() : reason);
+    if (!reason.isEmpty()) Fail(reason);
 }
 
 void AtomicFile::Discard() {

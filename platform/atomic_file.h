@@ -40,11 +40,18 @@ class AtomicFile {
     void Commit();
 
  private:
-    /// Takes all bytes or knows why not. The toolkit's own file gives no reason for a write that was taken in part, as
-    /// the first one on a full disk is. Opened without a buffer, or the rest would be refused behind our back.
+    /// Takes all bytes or knows why not, and takes no more after a failure: not every writer looks, and the toolkit's
+    /// own file forgets a failure at the next write, and gives no reason for a write that was taken in part, as the
+    /// first one on a full disk is. Opened without a buffer, or the rest would be refused behind our back.
     class WholeFile : public QFile {
+     public:
+        const QString& Failure() const { return failure_; }
+
      protected:
         qint64 writeData(const char* bytes, qint64 count) override;
+
+     private:
+        QString failure_;
     };
 
     void Open(Access access);
