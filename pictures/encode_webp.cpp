@@ -2,16 +2,19 @@
 // SPDX-License-Identifier: MIT
 #include <QBuffer>
 #include <QImageWriter>
+#include <new>
 
 #include "pictures/bytes.h"
 #include "pictures/exif.h"
 #include "pictures/picture_encoders.h"
+#include "pictures/picture_texts.h"
 #include "pictures/xmp.h"
 #include "platform/error.h"
 
 namespace kelu {
 namespace {
 
+constexpr int kLongestSide = 16383;
 constexpr qsizetype kChunksAt = 12;  // behind "RIFF", the length, "WEBP"
 constexpr char kHasXmp = 4, kHasExif = 8, kHasAlpha = 16;
 
@@ -46,13 +49,16 @@ QByteArray WithChunks(const QByteArray& file, const QImage& picture, const QByte
 }  // namespace
 
 void EncodeWebp(const QImage& picture, const WriteOptions& options, QIODevice& device) {
+    if (picture.width() > kLongestSide || picture.height() > kLongestSide)
+        throw Error(kFileError, PictureTexts::tr("The picture is too large for a WebP file"),
+                    QStringLiteral("WritePicture"));
     // The writer takes no notice of a full disk, so the file is made in memory first.
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
     QImageWriter writer(&buffer, "webp");
     writer.setQuality(options.quality);
-    if (!writer.write(picture)) throw Error(kFileError, writer.errorString(), QStringLiteral("WritePicture"));
+    if (!writer.write(picture)) throw std::bad_alloc();  // nothing else is left to fail; it gives no reason
     const QByteArray exif = ExifBlockFor(options.metadata.exif, picture, INT_MAX);
     const QByteArray xmp = XmpFor(options.metadata.xmp, picture.size());
     if (!exif.isEmpty() || !xmp.isEmpty()) bytes = WithChunks(bytes, picture, exif, xmp);

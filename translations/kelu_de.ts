@@ -1395,6 +1395,10 @@ Die Aufnahme ist nicht möglich.</translation>
         <translation>Das Bild ist zu groß für eine JPEG-Datei</translation>
     </message>
     <message>
+        <source>The picture is too large for a WebP file</source>
+        <translation>Das Bild ist zu groß für eine WebP-Datei</translation>
+    </message>
+    <message>
         <source>The picture has no pixels</source>
         <translation>Das Bild hat keine Pixel</translation>
     </message>

@@ -1395,6 +1395,10 @@ Esta función quedará desactivada.</translation>
         <translation>La imagen es demasiado grande para un archivo JPEG</translation>
     </message>
     <message>
+        <source>The picture is too large for a WebP file</source>
+        <translation>La imagen es demasiado grande para un archivo WebP</translation>
+    </message>
+    <message>
         <source>The picture has no pixels</source>
         <translation>La imagen no tiene píxeles</translation>
     </message>

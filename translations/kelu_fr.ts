@@ -1395,6 +1395,10 @@ Cette fonction sera désactivée.</translation>
         <translation>L’image est trop grande pour un fichier JPEG</translation>
     </message>
     <message>
+        <source>The picture is too large for a WebP file</source>
+        <translation>L’image est trop grande pour un fichier WebP</translation>
+    </message>
+    <message>
         <source>The picture has no pixels</source>
         <translation>L’image n’a pas de pixels</translation>
     </message>

@@ -268,6 +268,18 @@ TEST(PictureWriting, FailuresLeaveTheOldFileAndNothingElse) {
     ASSERT_TRUE(dir.mkdir("x.png"));
     for (const char* name : {"x.png", "missing/x.png", "x.psd", "noextension"})
         EXPECT_NE(failure(dir.filePath(name)), "") << name;
+    constexpr struct {
+        const char* format;
+        int most;  // pixels of a side
+    } kLimits[] = {{"JPEG", 65500}, {"GIF", 65535}, {"WebP", 16383}};
+    for (const auto& [format, most] : kLimits) {
+        const QString path = dir.filePath(QStringLiteral("wide.") + format);
+        EXPECT_EQ(ErrorOf([&] { WritePicture(NoisyPicture(most + 1, 1), path); }).Description(),
+                  QStringLiteral("The picture is too large for a %1 file").arg(format));
+        WritePicture(NoisyPicture(most, 1), path);
+        EXPECT_EQ(ReadPicture(path).width(), most);
+        QFile::remove(path);
+    }
     const QStringList before = dir.entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
 
     // As on a full disk: no file may grow beyond 8 KB.
