@@ -103,12 +103,8 @@ QImage DecodeMasked(const QByteArray& bytes, const Header& header) {
 
 void Describe(const QByteArray& bytes, const Header& header, DecodedPicture& result) {
     if (header.Old()) return;
-    const qint64 x = Header::Signed(bytes, 38);
-    const qint64 y = Header::Signed(bytes, 42);
-    if (x > 0 && y > 0) {
-        result.image.setDotsPerMeterX(static_cast<int>(x));
-        result.image.setDotsPerMeterY(static_cast<int>(y));
-    }
+    SetResolution(result.image, static_cast<double>(Header::Signed(bytes, 38)),
+                  static_cast<double>(Header::Signed(bytes, 42)));
     if (header.size >= 124 && LittleEndian(bytes, 70, 4) == kEmbedded)
         result.metadata.profile = bytes.mid(kFileHeader + LittleEndian(bytes, 126, 4), LittleEndian(bytes, 130, 4));
 }

@@ -14,9 +14,9 @@
 #include "pictures/photoshop_resources.h"
 #include "pictures/picture.h"
 #include "pictures/picture_decoders.h"
+#include "pictures/xmp.h"
 #include "platform/error.h"
 #include "platform/run_beside.h"
-#include "platform/units.h"
 
 namespace kelu {
 namespace {
@@ -64,7 +64,7 @@ class JpegDecoder {
             ConvertCmykToSrgb(result.image, result.metadata.profile, info_.saw_Adobe_marker);
             result.metadata.profile.clear();
         }
-        SetResolution(result.image, exif);
+        TakeResolution(result.image, exif);
         return result;
     }
 
@@ -155,6 +155,7 @@ class JpegDecoder {
     Metadata FindMetadata() const {
         Metadata metadata;
         QByteArray resources;
+        XmpParts xmp;
         for (jpeg_saved_marker_ptr marker = info_.marker_list; marker; marker = marker->next) {
             const QByteArray data(reinterpret_cast<const char*>(marker->data),
                                   static_cast<qsizetype>(marker->data_length));
@@ -162,11 +163,15 @@ class JpegDecoder {
                 if (marker->marker == number && data.startsWith(name)) to += data.mid(name.size());
             };
             if (metadata.exif.isEmpty()) take(kJpegExifMarker, kJpegExifName, metadata.exif);
-            if (metadata.xmp.isEmpty()) take(kJpegExifMarker, kJpegXmpName, metadata.xmp);
+            if (xmp.standard.isEmpty()) take(kJpegExifMarker, kJpegXmpName, xmp.standard);
+            QByteArray piece;
+            take(kJpegExifMarker, kJpegMoreXmpName, piece);
+            if (!piece.isEmpty()) xmp.pieces += piece;
             take(kJpegResourcesMarker, kJpegResourcesName, resources);
             if (marker->marker == JPEG_COM && metadata.texts.size() < kMostTexts)
                 metadata.texts.append({QLatin1String(kCommentName), TextOf(data)});
         }
+        metadata.xmp = JoinXmp(xmp);
         metadata.iptc = FindResource(resources, kIptcResource);
         return metadata;
     }
@@ -188,16 +193,13 @@ class JpegDecoder {
         return profile;
     }
 
-    void SetResolution(QImage& image, const Exif& exif) const {
+    void TakeResolution(QImage& image, const Exif& exif) const {
         double perMeter = 0;
         if (info_.saw_JFIF_marker && info_.density_unit == 1) perMeter = 1 / 0.0254;
         if (info_.saw_JFIF_marker && info_.density_unit == 2) perMeter = 100;
         const double x = perMeter > 0 ? info_.X_density * perMeter : exif.dotsPerMeterX;
         const double y = perMeter > 0 ? info_.Y_density * perMeter : exif.dotsPerMeterY;
-        if (x >= 1 && y >= 1 && x < 1e7 && y < 1e7) {
-            image.setDotsPerMeterX(RoundToEven(x));
-            image.setDotsPerMeterY(RoundToEven(y));
-        }
+        SetResolution(image, x, y);
     }
 
     jpeg_decompress_struct info_{};

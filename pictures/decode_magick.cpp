@@ -10,7 +10,6 @@
 #include "pictures/picture_decoders.h"
 #include "pictures/picture_texts.h"
 #include "platform/error.h"
-#include "platform/units.h"
 
 namespace kelu {
 namespace {
@@ -36,14 +35,9 @@ bool HasAlpha(const Magick::Image& image) {
 #endif
 }
 
-void SetResolution(const Magick::Image& image, QImage& picture) {
+void TakeResolution(const Magick::Image& image, QImage& picture) {
     const double perMeter = image.resolutionUnits() == MagickCore::PixelsPerCentimeterResolution ? 100 : 1 / 0.0254;
-    const double x = image.xResolution() * perMeter;
-    const double y = image.yResolution() * perMeter;
-    if (x >= 1 && y >= 1 && x < 1e7 && y < 1e7) {
-        picture.setDotsPerMeterX(RoundToEven(x));
-        picture.setDotsPerMeterY(RoundToEven(y));
-    }
+    SetResolution(picture, image.xResolution() * perMeter, image.yResolution() * perMeter);
 }
 
 // Puts the alpha of the picture into pixels that have none.
@@ -86,7 +80,7 @@ DecodedPicture Read(const QByteArray& bytes, const char* coder) {
         image.write(0, 0, image.columns(), image.rows(), transparent ? "BGRA" : "BGRP", Magick::CharPixel,
                     result.image.bits());
     }
-    SetResolution(image, result.image);
+    TakeResolution(image, result.image);
     return result;
 }
 

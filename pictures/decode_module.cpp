@@ -8,6 +8,7 @@
 #include <string>
 
 #include "pictures/codec_module.h"
+#include "pictures/exif.h"
 #include "pictures/picture.h"
 #include "pictures/picture_decoders.h"
 #include "pictures/picture_texts.h"
@@ -54,6 +55,8 @@ DecodedPicture DecodeWithModule(PictureInput& input, const char* module, QLatin1
     const CodecHost host{&MakePicture, &CheckPictureSize, &ThrowCutShort, &ThrowDamaged, &DecodeJpegBytes};
     DecodedPicture result;
     decode(input.Bytes(), host, result.image, result.metadata);
+    const Exif exif = ReadExif(result.metadata.exif);
+    if (!result.image.isNull()) SetResolution(result.image, exif.dotsPerMeterX, exif.dotsPerMeterY);
     return result;
 }
 

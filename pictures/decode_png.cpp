@@ -114,12 +114,7 @@ class PngDecoder {
         png_textp texts = nullptr;
         const int count = png_get_text(png_, info_, &texts, nullptr);
         for (int i = 0; i < count; ++i) TakePngText(TextOf(texts[i]), result.metadata);
-        const png_uint_32 x = png_get_x_pixels_per_meter(png_, info_);
-        const png_uint_32 y = png_get_y_pixels_per_meter(png_, info_);
-        if (x > 0 && y > 0 && x < kLongestSide && y < kLongestSide) {
-            result.image.setDotsPerMeterX(static_cast<int>(x));
-            result.image.setDotsPerMeterY(static_cast<int>(y));
-        }
+        SetResolution(result.image, png_get_x_pixels_per_meter(png_, info_), png_get_y_pixels_per_meter(png_, info_));
         result.metadata.profile = FindProfile();
     }
 

@@ -10,7 +10,6 @@
 #include "pictures/picture.h"
 #include "pictures/picture_decoders.h"
 #include "pictures/tiff_device.h"
-#include "platform/units.h"
 
 namespace kelu {
 namespace {
@@ -71,12 +70,8 @@ void Describe(TIFF* tiff, DecodedPicture& result) {
         result.metadata.profile = QByteArray(static_cast<const char*>(profile), static_cast<qsizetype>(length));
     const auto unit = Field<quint16>(tiff, TIFFTAG_RESOLUTIONUNIT, RESUNIT_INCH);
     const double perMeter = unit == RESUNIT_INCH ? 1 / 0.0254 : unit == RESUNIT_CENTIMETER ? 100 : 0;
-    const double x = Field<float>(tiff, TIFFTAG_XRESOLUTION, 0) * perMeter;
-    const double y = Field<float>(tiff, TIFFTAG_YRESOLUTION, 0) * perMeter;
-    if (x >= 1 && y >= 1 && x < 1e7 && y < 1e7) {
-        result.image.setDotsPerMeterX(RoundToEven(x));
-        result.image.setDotsPerMeterY(RoundToEven(y));
-    }
+    SetResolution(result.image, Field<float>(tiff, TIFFTAG_XRESOLUTION, 0) * perMeter,
+                  Field<float>(tiff, TIFFTAG_YRESOLUTION, 0) * perMeter);
 }
 
 }  // namespace

@@ -22,7 +22,9 @@ DecodedPicture DecodeWebp(PictureInput& input) {
         if (name == "EXIF") {
             result.metadata.exif = bytes.mid(at + 8, length);
             if (result.metadata.exif.startsWith("Exif")) result.metadata.exif.remove(0, 6);
-            result.metadata.orientation = ReadExif(result.metadata.exif).orientation;
+            const Exif exif = ReadExif(result.metadata.exif);
+            result.metadata.orientation = exif.orientation;
+            SetResolution(result.image, exif.dotsPerMeterX, exif.dotsPerMeterY);
         }
         if (name == "XMP ") result.metadata.xmp = bytes.mid(at + 8, length);
         at += 8 + length + length % 2;

@@ -36,7 +36,9 @@ std::vector<Marker> MarkersOf(const Metadata& metadata, const QImage& picture) {
     };
     add(kJpegExifMarker, kJpegExifName,
         ExifBlockFor(metadata.exif, picture, kLongestJpegMarker - kJpegExifName.size()));
-    add(kJpegExifMarker, kJpegXmpName, XmpFor(metadata.xmp, picture.size()));
+    const XmpParts xmp = SplitXmp(XmpFor(metadata.xmp, picture.size()), kLongestJpegMarker - kJpegMoreXmpName.size());
+    add(kJpegExifMarker, kJpegXmpName, xmp.standard);
+    for (const QByteArray& piece : xmp.pieces) add(kJpegExifMarker, kJpegMoreXmpName, piece);
     const QByteArray resources = metadata.iptc.isEmpty() ? QByteArray() : ResourcesOfIptc(metadata.iptc);
     const qsizetype most = kLongestJpegMarker - kJpegResourcesName.size();
     for (qsizetype at = 0; at < resources.size(); at += most)

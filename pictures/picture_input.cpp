@@ -5,6 +5,7 @@
 #include "pictures/picture_format.h"
 #include "pictures/picture_texts.h"
 #include "platform/error.h"
+#include "platform/units.h"
 
 namespace kelu {
 
@@ -24,6 +25,13 @@ const QByteArray& PictureInput::Bytes() {
 }
 
 void ThrowCutShort() { throw Error(kEndOfFile, PictureTexts::tr("The picture file is cut short")); }
+
+void SetResolution(QImage& image, double x, double y) {
+    constexpr double kMost = 1e7;
+    if (!(x >= 1 && y >= 1 && x < kMost && y < kMost)) return;
+    image.setDotsPerMeterX(RoundToEven(x));
+    image.setDotsPerMeterY(RoundToEven(y));
+}
 
 void ThrowDamaged() { throw Error(kInvalidPicture, PictureTexts::tr("The picture file is damaged")); }
 

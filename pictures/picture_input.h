@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QIODevice>
+#include <QImage>
 #include <QSize>
 
 namespace kelu {
@@ -33,6 +34,9 @@ class PictureInput {
     QSize box_;
     QByteArray bytes_;
 };
+
+/// Dots per metre; what no picture can have is not taken.
+void SetResolution(QImage& image, double x, double y);
 
 /// Error(kEndOfFile).
 [[noreturn]] void ThrowCutShort();

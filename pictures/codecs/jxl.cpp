@@ -51,17 +51,39 @@ void SwapRedAndBlue(QImage& image) {
     }
 }
 
-// Files that are a sequence of boxes may have some beside the picture's. Those that are compressed are left alone.
+// Files that are a sequence of boxes may have some beside the picture's, before or behind it, often compressed.
 void Describe(const QByteArray& bytes, kelu::Metadata& metadata) {
-    constexpr qint64 kHead = 8;  // of a box: its length, its name
-    if (bytes.mid(4, 4) != "JXL ") return;
-    for (qint64 at = 0; at + kHead <= bytes.size();) {
-        const qint64 length = kelu::BigEndian(bytes, at, 4);
-        if (length < kHead) return;  // to the end of the file, or longer than 4 GB
-        const QByteArray name = bytes.mid(at + 4, 4);
-        if (name == "Exif") metadata.exif = kelu::ExifOfBox(bytes.mid(at + kHead, length - kHead));
-        if (name == "xml ") metadata.xmp = bytes.mid(at + kHead, length - kHead);
-        at += length;
+    constexpr qsizetype kUsual = 1 << 16;
+    constexpr qsizetype kLongest = 1 << 26;  // few bytes can be made to grow without end
+    const JxlDecoderPtr decoder = JxlDecoderMake(nullptr);
+    JxlDecoder* const jxl = decoder.get();
+    JxlDecoderSubscribeEvents(jxl, JXL_DEC_BOX);
+    JxlDecoderSetDecompressBoxes(jxl, JXL_TRUE);
+    JxlDecoderSetInput(jxl, reinterpret_cast<const std::uint8_t*>(bytes.constData()),
+                       static_cast<std::size_t>(bytes.size()));
+    JxlDecoderCloseInput(jxl);
+    QByteArray box;
+    QByteArrayView name;
+    const auto letInto = [&](qsizetype from, qsizetype size) {
+        box.resize(size);
+        JxlDecoderSetBoxBuffer(jxl, reinterpret_cast<std::uint8_t*>(box.data()) + from,
+                               static_cast<std::size_t>(size - from));
+    };
+    for (JxlBoxType type{};;) {
+        const JxlDecoderStatus status = JxlDecoderProcessInput(jxl);
+        const qsizetype filled = box.size() - static_cast<qsizetype>(JxlDecoderReleaseBoxBuffer(jxl));
+        if (status == JXL_DEC_BOX_NEED_MORE_OUTPUT && filled < kLongest) {
+            letInto(filled, 2 * box.size());
+            continue;
+        }
+        if (status != JXL_DEC_BOX && status != JXL_DEC_SUCCESS) return;
+        box.truncate(filled);
+        if (name == "Exif") metadata.exif = kelu::ExifOfBox(box);
+        if (name == "xml ") metadata.xmp = box;
+        if (status == JXL_DEC_SUCCESS || JxlDecoderGetBoxType(jxl, type, JXL_TRUE) != JXL_DEC_SUCCESS) return;
+        name = QByteArrayView(type, sizeof type);
+        box.clear();
+        if (name == "Exif" || name == "xml ") letInto(0, kUsual);
     }
 }
 

@@ -233,11 +233,24 @@ TEST(PictureFile, EmbeddedProfilesBecomeSrgb) {
     }
 }
 
+// A JPEG of 8 x 8 pixels, packed by another program; what it tells stands in compressed boxes.
+const char kPackedJpeg[] =
+    "AAAADEpYTCANCocKAAAAFGZ0eXBqeGwgAAAAAGp4bCAAAAATanhscAAAAAD/CkFAUNwIAAAAPGpicmTBcAMIQsuAAJAYAAgBEQAA"
+    "AAD/nwgAAAAA/gf4AQAACwiA4AAQSkZJRgABAQAAAQABAAADAAAAU2Jyb2JFeGlmG10AAAT+c/f+3W7LswJpgQZ220kkgWg6OdGD"
+    "H4S+FhwCbgeMLLcxXOqwIoiMUsXu2wgNwlZtaoZXCxejgwGe71m/9Zj/VzsAAAC9anhscIAAAAHgWwAQAKgCDGQMZAxk/v8OAAAY"
+    "AAgAAQAAAAAAgIAliSQou0kdAM1OwgV6AAAKISkoKJCCGINDMViFKGOMMYxhDJERg1UjYoxhCDAgMQEAAAADAJgAAADgBBCTtvCy"
+    "Al0w6DQnfuFIgAdAQcpCRTJAVztBAwU9DAAgxMHoRlEjUIB2IwpSlymSAYoMTxooCLwLg00TygGLSKECUkNQUDQ5kQxQ0AAtRkEA"
+    "AAAAAABASQI=";
+
 TEST_F(PictureReading, ResolutionAndTransparencyAreKept) {
     for (const char* name : {"r.png", "r.jpg", "r.tif", "r.bmp", "r.psd", "r.pcx"}) {
         ASSERT_TRUE(RunTool("convert", {Path("source.png"), "-units", "PixelsPerInch", "-density", "300", Path(name)}));
         EXPECT_NEAR(ReadPicture(Path(name)).dotsPerMeterX(), 11811, 2) << name;
     }
+    WriteBytes(Path("packed.jxl"), QByteArray::fromBase64(kPackedJpeg));
+    const Photograph packed = ReadPhotograph(Path("packed.jxl"));
+    EXPECT_TRUE(packed.metadata.exif.contains("Jo"));
+    EXPECT_NEAR(packed.picture.dotsPerMeterX(), 7874, 1);
     QImage clear(20, 10, QImage::Format_ARGB32);
     clear.fill(qRgba(200, 100, 50, 128));
     clear.setPixel(3, 4, 0);
