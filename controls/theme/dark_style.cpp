@@ -109,7 +109,7 @@ void DarkStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
             // its rows without naming itself; a ring outside such a row would not go with it.
             if (As<QStyleOptionViewItem>(option) || qobject_cast<const QAbstractItemView*>(widget)) return;
             if (!FocusWatch::Instance().ByKeyboard()) return;
-            if (!Has(option->state, State_Item))
+            if (widget && !Has(option->state, State_Item))
                 DrawFocusRing(*painter, QRectF(option->rect).adjusted(-1, -1, 1, 1), kFocus);
             else if (!Has(option->state, State_Selected))
                 DrawFocusRing(*painter, option->rect, kFocus);

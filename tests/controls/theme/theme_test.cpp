@@ -4,7 +4,11 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QPainter>
+#include <QStyle>
+#include <QStyleOption>
+#include <QTest>
 #include <cmath>
 
 #include "controls/theme/icons.h"
@@ -101,6 +105,22 @@ TEST(ThemeIcons, EveryDrawingFillsItsGridAtEveryRatio) {
     }
     EXPECT_TRUE(Icon(QStringLiteral("no such drawing")).isNull());
     EXPECT_EQ(InkOf(IconPixmap(QStringLiteral("no such drawing"), 18, 1, kText)).count, 0);
+}
+
+TEST(ThemeFocus, TheRingOfATreesRowLeavesNothingBehind) {
+    Apply(*qApp);
+    QWidget window;
+    QTest::keyClick(&window, Qt::Key_Down);
+    QImage image(20, 20, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    const QImage before = image;
+    QStyleOptionFocusRect row;
+    row.rect = {5, 5, 10, 10};
+    QPainter painter(&image);
+    qApp->style()->drawPrimitive(QStyle::PE_FrameFocusRect, &row, &painter);  // a tree names no widget
+    EXPECT_NE(image, before);
+    painter.fillRect(row.rect, Qt::white);
+    EXPECT_EQ(image, before);
 }
 
 TEST(ThemeCursors, TheHotSpotLiesAtTheTouchingEndOfThePicture) {
