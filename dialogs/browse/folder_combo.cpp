@@ -36,6 +36,7 @@ FolderCombo::FolderCombo(QWidget* parent) : QComboBox(parent), path_(new QLineEd
     path_->installEventFilter(this);
     setItemDelegate(new IndentedRows(this));
     setMaxVisibleItems(20);
+    setFocusPolicy(Qt::StrongFocus);  // the wheel scrolls past it
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     connect(this, &QComboBox::activated, this, [this](int row) {
         const QString path = itemData(row, kPathRole).toString();
