@@ -7,7 +7,7 @@
 The second writes the kinds as small files into the table that the tests read.
 
 Debian packages: python3-pil python3-numpy imagemagick graphicsmagick netpbm libtiff-tools libjxl-tools libheif-examples webp
-libjpeg-turbo-progs libimage-exiftool-perl icc-profiles-free. Status 1 when a kind is neither right nor refused as it should be.
+libjpeg-turbo-progs libimage-exiftool-perl icc-profiles-free ffmpeg libavif-bin dcraw. Status 1 when a kind is neither right nor refused as it should be.
 """
 # SPDX-License-Identifier: MIT
 import argparse, base64, os, pathlib, shutil, struct, subprocess, sys, tempfile, zlib
@@ -700,6 +700,75 @@ def by_exiftool(file, target):
     by_pillow(preview, target)
 
 
+def by_dcraw(file, target):
+    """The same by another program, which turns nothing."""
+    preview = target.with_suffix(".jpg")
+    preview.write_bytes(run("dcraw", "-e", "-c", file).stdout)
+    made("exiftool", "-q", "-overwrite_original", "-tagsfromfile", file, "-Orientation", preview)
+    by_pillow(preview, target)
+
+
+def boxes(data):
+    at = 0
+    while at + 8 <= len(data):
+        size, name = struct.unpack(">I4s", data[at:at + 8])
+        yield name, data[at + 8:at + (size or len(data) - at)]
+        at += size or len(data)
+
+
+def hevc_streams(data):
+    """The items of a HEIC file as bare streams, by number, and the number of the one that is alpha."""
+    meta = dict(boxes(dict(boxes(data))[b"meta"][4:]))
+    properties = dict(boxes(meta[b"iprp"]))
+    held, links = [p for _, p in boxes(properties[b"ipco"])], properties[b"ipma"]
+    names, places, streams, at = [n for n, _ in boxes(properties[b"ipco"])], meta[b"iloc"], {}, 8
+    mine = {}
+    for _ in range(struct.unpack(">I", links[4:8])[0]):
+        number, count = struct.unpack(">HB", links[at:at + 3])
+        mine[number] = [b & 127 for b in links[at + 3:at + 3 + count]]
+        at += 3 + count
+    at = 8
+    for _ in range(struct.unpack(">H", places[6:8])[0]):
+        number, _, base, extents = struct.unpack(">HHIH", places[at:at + 10])
+        item = b""
+        for extent in range(extents):
+            start, length = struct.unpack(">II", places[at + 10 + extent * 8:at + 18 + extent * 8])
+            item += data[base + start:base + start + length]
+        at += 10 + extents * 8
+        config = next((held[i - 1] for i in mine.get(number, ()) if names[i - 1] == b"hvcC"), None)
+        if config is None:
+            continue
+        stream, there = b"", 23
+        for _ in range(config[22]):  # the parameter sets, by kinds
+            count, there = struct.unpack(">H", config[there + 1:there + 3])[0], there + 3
+            for _ in range(count):
+                length = struct.unpack(">H", config[there:there + 2])[0]
+                stream += b"\0\0\0\1" + config[there + 2:there + 2 + length]
+                there += 2 + length
+        inside = 0
+        while inside < len(item):
+            length = struct.unpack(">I", item[inside:inside + 4])[0]
+            stream += b"\0\0\0\1" + item[inside + 4:inside + 4 + length]
+            inside += 4 + length
+        streams[number] = stream
+    alpha = [struct.unpack(">H", part[:2])[0] for name, part in boxes(meta.get(b"iref", bytes(4))[4:]) if name == b"auxl"]
+    return streams, alpha[0] if alpha else None
+
+
+def by_own_boxes(file, target):
+    """HEIC with its boxes taken apart here and its streams decoded by ffmpeg, which shares no code with libheif."""
+    streams, alpha = hevc_streams(pathlib.Path(file).read_bytes())
+    planes = {}
+    for number, stream in streams.items():
+        bare, shown = target.with_suffix(".hevc"), target.with_suffix(".plane.png")
+        bare.write_bytes(stream)
+        made("ffmpeg", "-v", "error", "-y", "-f", "hevc", "-i", bare, "-frames:v", "1", "-sws_flags", "accurate_rnd+full_chroma_int",
+             "-pix_fmt", "gray" if number == alpha else "rgb24", shown)
+        planes[number] = np.asarray(Image.open(shown))
+    color = next(p for n, p in planes.items() if n != alpha)
+    Image.fromarray(np.dstack([color, planes[alpha] if alpha else np.full(color.shape[:2], 255)]).astype("u1"), "RGBA").save(target)
+
+
 def by_command(*command):
     def read(file, target):
         made(*[str(w).replace("FILE", str(file)).replace("TARGET", str(target)) for w in command])
@@ -713,9 +782,14 @@ PROGRAMS = {
     "dwebp": by_command("dwebp", "-quiet", "FILE", "-o", "TARGET"),
     "heif-convert": by_command("heif-convert", "FILE", "TARGET"),
     "exiftool": by_exiftool,
+    "dcraw": by_dcraw,
+    "ffmpeg": by_command("ffmpeg", "-v", "error", "-y", "-i", "FILE", "-frames:v", "1", "-pix_fmt", "rgba", "TARGET"),
+    "ffmpeg's HEVC": by_own_boxes,
+    "avifdec": by_command("avifdec", "-u", "best", "FILE", "TARGET"),
     "djxl": by_command("djxl", "--quiet", "FILE", "TARGET"),
 }
-ASKED = {"camera RAW": ["exiftool"], "WebP": ["dwebp", "Pillow"], "HEIC": ["heif-convert", "ImageMagick"], "AVIF": ["heif-convert", "ImageMagick"], "JPEG XL": ["djxl"]}
+ASKED = {"camera RAW": ["exiftool", "dcraw"], "WebP": ["dwebp", "Pillow"], "HEIC": ["heif-convert", "ffmpeg's HEVC"],
+         "AVIF": ["heif-convert", "avifdec"], "JPEG XL": ["djxl", "ffmpeg"]}
 
 
 def difference(a, b):
@@ -774,7 +848,7 @@ def write(path, table):
     """The table of all kinds."""
     lines = ["# Kinds of picture files", "",
              "What `kelu-cli` makes of each kind of file that people have, written by `bench/picture_kinds.py`: *right* when its pixels are",
-             "those that the file was made from, or what other programs see (two, but one for JPEG XL and for camera RAW); *refused* with",
+             "those that the file was made from, or what two other programs see; *refused* with",
              "status 1 and one line on standard error.",
              "The figures are mean differences in levels of 255, over red, green, blue and alpha, from each of the other programs; they",
              "differ among themselves where their versions do not know a kind, and take no notice of profiles here: the right colours of",
