@@ -132,9 +132,13 @@ void frmMain::Connect() {
         connect(&controls.Button(row.command), &ToolButton::clicked, this, [this, row] { Run(row.command); });
 
     connect(&hand_, &CanvasHand::Pressed, this, &frmMain::TellStaleRender);
-    // Later: the dialog would keep the release from the canvas.
+    // Later: the dialog would keep the release from the canvas. One that was under way may be open by then.
     connect(
-        &hand_, &CanvasHand::PictureWanted, this, [this] { Run(Command::Open); }, Qt::QueuedConnection);
+        &hand_, &CanvasHand::PictureWanted, this,
+        [this] {
+            if (ObstacleTo(Command::Print, state_) == Obstacle::NoPicture) Run(Command::Open);
+        },
+        Qt::QueuedConnection);
     // Later, so that the program the picture came from need not wait for the answer to a question.
     connect(&drops_, &DropTarget::Dropped, this, &frmMain::TakeOffered, Qt::QueuedConnection);
     connect(controls.picCanvas, &ImageX::ZoomWheel, this, [this](int steps) {

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <future>
 #include <memory>
 #include <vector>
 
@@ -18,12 +19,20 @@ class TileStore {
     /// A block of kTileBytes, contents undefined. Throws std::bad_alloc.
     std::uint8_t* Take();
     void Give(std::uint8_t* block) { free_.push_back(block); }
+    /// Has a worker make the next piece where few blocks are left, so that a stroke need not wait for it.
+    void Prepare();
     /// Returns all memory; every block becomes invalid.
     void Clear();
 
  private:
-    std::vector<std::shared_ptr<std::uint8_t>> pieces_;
+    using Piece = std::shared_ptr<std::uint8_t>;
+
+    static Piece FreshPiece();
+    Piece NextPiece();
+
+    std::vector<Piece> pieces_;
     std::vector<std::uint8_t*> free_;
+    std::future<Piece> next_;  ///< under way or done; not valid: none
 };
 
 }  // namespace kelu

@@ -42,6 +42,7 @@ void UndoLevels::Open() {
     bytes_ += kLevelBytes;
     open_ = true;
     KeepBudget();
+    store_.Prepare();
 }
 
 void UndoLevels::KeepWhole(const QImage& picture) {

@@ -35,7 +35,7 @@ QString NewPath(const QString& folder) {
 
 QString MadeFolder(const QString& folder) {
     if (!MakePrivateFolder(folder))
-        throw Error(kFileError, Texts::tr("%1: the folder can't be made").arg(folder), QStringLiteral("Journal"));
+        throw Error(kFileError, Texts::tr("the folder %1 can't be made").arg(folder), QStringLiteral("Journal"));
     return folder;
 }
 
@@ -80,8 +80,7 @@ void JournalFile::Append(const QByteArray& lines) {
     if (file_.write(text) != text.size()) Fail();
 #ifdef Q_OS_UNIX
     // The page cache outlives a killed program, but not a power cut.
-    if (::fsync(file_.handle()) != 0)
-        throw Error(kFileError, path_ + QStringLiteral(": ") + qt_error_string(errno), QStringLiteral("Journal"));
+    if (::fsync(file_.handle()) != 0) throw Error(kFileError, qt_error_string(errno), QStringLiteral("Journal"));
 #endif
 }
 
@@ -111,9 +110,7 @@ void JournalFile::Remove() {
     QFile::remove(path_);
 }
 
-void JournalFile::Fail() const {
-    throw Error(kFileError, path_ + QStringLiteral(": ") + file_.errorString(), QStringLiteral("Journal"));
-}
+void JournalFile::Fail() const { throw Error(kFileError, file_.errorString(), QStringLiteral("Journal")); }
 
 QByteArray FileSum(const QString& path) {
     QFile file(path);

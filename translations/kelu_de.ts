@@ -1190,8 +1190,8 @@ Die Aufnahme ist nicht möglich.</translation>
 <context>
     <name>kelu::Journal</name>
     <message>
-        <source>%1: the folder can&apos;t be made</source>
-        <translation>%1: der Ordner kann nicht angelegt werden</translation>
+        <source>the folder %1 can&apos;t be made</source>
+        <translation>der Ordner %1 kann nicht angelegt werden</translation>
     </message>
 </context>
 <context>

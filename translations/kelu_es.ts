@@ -1190,8 +1190,8 @@ Esta función quedará desactivada.</translation>
 <context>
     <name>kelu::Journal</name>
     <message>
-        <source>%1: the folder can&apos;t be made</source>
-        <translation>%1: no se puede crear la carpeta</translation>
+        <source>the folder %1 can&apos;t be made</source>
+        <translation>no se puede crear la carpeta %1</translation>
     </message>
 </context>
 <context>

@@ -1190,8 +1190,8 @@ Cette fonction sera désactivée.</translation>
 <context>
     <name>kelu::Journal</name>
     <message>
-        <source>%1: the folder can&apos;t be made</source>
-        <translation>%1 : le dossier ne peut pas être créé</translation>
+        <source>the folder %1 can&apos;t be made</source>
+        <translation>le dossier %1 ne peut pas être créé</translation>
     </message>
 </context>
 <context>
