@@ -36,8 +36,20 @@ def run(*words, env=None, timeout=PATIENCE, **more):
 
 
 def sum_of(path):
-    raw = run("convert", path, "-alpha", "off", "-depth", "8", "rgb:-") if os.path.exists(path) else b""
-    return hashlib.sha1(raw).hexdigest() if raw else None
+    """Of the size and the colors of a picture's file; None when it can't be read."""
+    if not os.path.exists(path):
+        return None
+    data = open(path, "rb").read() if path.endswith(".bmp") else run("convert", path, "bmp3:-")
+    number = lambda at, length: int.from_bytes(data[at:at + length], "little", signed=True)
+    start, width, height, pixel = number(10, 4), number(18, 4), number(22, 4), number(28, 2) // 8
+    line = (width * pixel + 3) // 4 * 4
+    if data[:2] != b"BM" or pixel not in (3, 4) or len(data) < start + line * abs(height):
+        return None
+    rows = [data[at:at + width * pixel] for at in range(start, start + line * abs(height), line)]
+    sum = hashlib.sha1(b"%d" % width)
+    for row in rows if height < 0 else reversed(rows):
+        sum.update(row[0::pixel] + row[1::pixel] + row[2::pixel])
+    return sum.hexdigest()
 
 
 def written(path, data):
@@ -87,7 +99,7 @@ class Session:
 
     def xdo(self, *words):
         with open(self.folder + "/log", "a") as log:
-            print("%.2f" % time.time(), self.windows(), *words, file=log)
+            print("%.2f" % time.time(), *words, file=log)
         run("xdotool", *words, env=self.env)
         if self.killed is not None:
             raise Killed
@@ -114,7 +126,7 @@ class Session:
                        stderr=subprocess.DEVNULL)
 
         def offered():
-            return b"image/png" in run("xclip", "-selection", "clipboard", "-t", "TARGETS", "-o", env=self.env,
+            return b"image/bmp" in run("xclip", "-selection", "clipboard", "-t", "TARGETS", "-o", env=self.env,
                                       timeout=10)
 
         def pressed():
@@ -125,7 +137,7 @@ class Session:
                 return False
 
         self.wait(pressed)
-        got = sum_of(written(path, run("xclip", "-selection", "clipboard", "-t", "image/png", "-o", env=self.env,
+        got = sum_of(written(path, run("xclip", "-selection", "clipboard", "-t", "image/bmp", "-o", env=self.env,
                                          timeout=30)))
         if self.killed is not None:
             raise Killed
@@ -143,7 +155,7 @@ class Session:
                 killer.start()
             self.started()
             self.xdo("key", "Return")  # the splash's end
-            self.opened = self.copied(self.folder + "/truth.png")
+            self.opened = self.copied(self.folder + "/truth.bmp")
             for step in itertools.count():
                 if step == last:
                     killer.start()
@@ -170,7 +182,7 @@ class Session:
         restores = self.dice.random() < 0.15  # paints the original
         self.xdo(*["keydown", "ctrl"] * restores, *words, "mouseup", 1, *["keyup", "ctrl"] * restores)
         ended = time.time()
-        self.shown = self.copied(self.folder + "/truth.png")
+        self.shown = self.copied(self.folder + "/truth.bmp")
         if self.shown != self.opened or self.truths:
             self.truths.append((ended, self.shown))
 
@@ -184,7 +196,7 @@ class Session:
         self.xdo("key", "Return")
         self.wait(lambda: self.shows(1) and os.path.exists(path))
         run(BIN + "/kelu", path, env=self.env)  # hands it over
-        self.opened = self.copied(self.folder + "/truth.png")
+        self.opened = self.copied(self.folder + "/truth.bmp")
         self.truths = []
         if self.opened != self.files[path]:
             raise TimeoutError
@@ -197,7 +209,7 @@ class Session:
         return os.path.join(folder, max(found)) if found else None
 
     def replayed(self, journal):
-        out = self.folder + "/replayed.png"
+        out = self.folder + "/replayed.bmp"
         if os.path.exists(out):
             os.remove(out)
         run(BIN + "/kelu-cli", "replay", journal, out, env=self.env)
@@ -218,7 +230,7 @@ class Session:
         self.wait(answered)
         back = None
         for _ in range(10):  # it may still play
-            back = self.copied(self.folder + "/back.png")
+            back = self.copied(self.folder + "/back.bmp")
             if back == wanted:
                 break
             time.sleep(0.5)
