@@ -200,7 +200,10 @@ class Drive {
     void Stroke(int number) {
         const QRectF shown = canvas_->ImageRect();
         const double y = shown.top() + shown.height() * (number + 0.5) / 40;
+        pulse_.Start();
         QTest::mousePress(canvas_, Qt::LeftButton, {}, QPoint(int(shown.left()) + 5, int(y)));
+        QCoreApplication::processEvents();
+        NoteStroke();
         for (int x = 10; x < int(shown.width()) - 10; x += 12) {
             PaintWatch watch(*canvas_);
             QElapsedTimer clock;
@@ -212,10 +215,13 @@ class Drive {
             QCoreApplication::sendEvent(canvas_, &move);
             while (!watch.painted && clock.elapsed() < 1000) QCoreApplication::processEvents();
             strokeRepaint_ = std::max(strokeRepaint_, static_cast<double>(clock.nsecsElapsed()) / 1e6);
-            strokeStall_ = std::max(strokeStall_, pulse_.Longest());
-            strokeBusy_ = std::max(strokeBusy_, pulse_.Busiest());
+            NoteStroke();
         }
         QTest::mouseRelease(canvas_, Qt::LeftButton, {}, QPoint(int(shown.right()) - 10, int(y)));
+    }
+    void NoteStroke() {
+        strokeStall_ = std::max(strokeStall_, pulse_.Longest());
+        strokeBusy_ = std::max(strokeBusy_, pulse_.Busiest());
     }
 
     QTemporaryDir folder_;
