@@ -69,7 +69,9 @@ JournalFile::JournalFile(const QString& path, qint64 certainBytes, std::uint32_t
 
 void JournalFile::OpenForAppend() {
     if (file_.isOpen()) return;
-    if (!file_.open(QIODevice::ReadWrite | QIODevice::ExistingOnly | QIODevice::Unbuffered)) Fail();
+    // The lock has made a new one, or the system says here why it could not. One that somebody removed stays away.
+    const auto made = certainBytes_ > 0 ? QIODevice::ExistingOnly : QIODevice::NotOpen;
+    if (!file_.open(QIODevice::ReadWrite | QIODevice::Unbuffered | made)) Fail();
     if (file_.size() > certainBytes_ && !file_.resize(certainBytes_)) Fail();
     if (!file_.seek(file_.size())) Fail();
 }

@@ -140,10 +140,10 @@ TEST_F(Damage, LeavesAPrefixOfTheSession) {
 
 // As the next start finds it: asked about, brought back, painted on, and whole again after that.
 TEST_F(Damage, IsBroughtBackAndGoneOnWith) {
-    for (unsigned round = 0; round < 12; ++round) {
+    for (unsigned round = 0; round < 9; ++round) {
         SCOPED_TRACE(round);
         QTemporaryDir folder;
-        const qsizetype cut = text.size() * (12 - round) / 12;
+        const qsizetype cut = text.size() * (9 - round) / 9;
         QByteArray damaged = text.first(cut);
         if (round % 3 == 1) damaged.append(text.size() - cut, '\0');
         if (round % 3 == 2) damaged.append("\x93\n ~0\nundo ~00000000\n");
