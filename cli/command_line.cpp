@@ -34,10 +34,15 @@ Arguments Parse(const QStringList& words, const QStringList& withValue, const QS
             parsed.options[word.mid(1)] = QString();
             continue;
         }
-        if (!word.startsWith(u"--")) {
+        if (word == u"-q" || word == u"-v") {
+            SetTalk(word == u"-q" ? Talk::Little : Talk::Much);
+            continue;
+        }
+        if (!word.startsWith(u'-') || word == u"-") {
             parsed.words += word;
             continue;
         }
+        if (!word.startsWith(u"--")) throw UsageError(QStringLiteral("unknown option %1").arg(word));
         const qsizetype equals = word.indexOf(u'=');
         const QString name = word.mid(2, equals < 0 ? -1 : equals - 2);
         if (withValue.contains(name)) {

@@ -59,7 +59,7 @@ constexpr CommandRow kCommands[] = {
 };
 
 void PrintUsage() {
-    std::puts("usage: kelu-cli [-q | -v] COMMAND ...\n");
+    std::puts("usage: kelu-cli COMMAND ... [-q | -v]\n");
     for (const CommandRow& row : kCommands) std::printf("  %s %s\n      %s\n", row.name, row.words, row.purpose);
     std::puts(
         "\nkelu-cli COMMAND --help tells its options. -q tells failures alone, -v each file. --version.\n"

@@ -158,6 +158,7 @@ TEST_F(KeluCli, ReplacesNothingUnasked) {
     EXPECT_EQ(ReadBytes(copy), before);
     EXPECT_EQ(Run({"apply", "negative", copy, "--out-dir", folder.path(), "--force"}).status, 0);
     EXPECT_NE(ReadBytes(copy), before);
+    EXPECT_EQ(Run({"convert", Photo(), copy, "-v", "--force"}).err.count('\n'), 1) << "told wherever -v stands";
 }
 
 TEST_F(KeluCli, GoesOnWhereAStoppedBatchWas) {
@@ -201,6 +202,7 @@ TEST_F(KeluCli, RefusesWrongWords) {
                                      {"apply", "33", Photo(), out, "--s2", "5"},
                                      {"apply", "33", Photo(), out, "--s1"},
                                      {"apply", "33", Photo(), out, "--loud"},
+                                     {"apply", "33", Photo(), "-x", out},
                                      {"apply", "45", Photo(), out, "--color1", "purplish"},
                                      {"apply", "45", Photo(), out, "--color1", "#80ff8000"},
                                      {"apply", "45", Photo(), out, "--color1", "transparent"},
