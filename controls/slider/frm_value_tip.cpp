@@ -6,6 +6,7 @@
 #include <QPointer>
 
 #include "controls/system_look/system_colors.h"
+#include "controls/theme/theme.h"
 
 namespace kelu {
 namespace {
@@ -13,13 +14,6 @@ namespace {
 QPointer<frmValueTip>& SharedTip() {
     static QPointer<frmValueTip> tip;
     return tip;
-}
-
-QFont TipFont() {
-    QFont font;
-    font.setFamilies({QStringLiteral("Tahoma"), QStringLiteral("Verdana"), QStringLiteral("DejaVu Sans")});
-    font.setPixelSize(11);  // 8.25 point at 96 dots per inch
-    return font;
 }
 
 }  // namespace
@@ -30,8 +24,8 @@ frmValueTip::frmValueTip(QWidget* window)
       lblTip_(new QLabel(this)) {
     setObjectName(QStringLiteral("frmValueTip"));
     setAttribute(Qt::WA_ShowWithoutActivating);
-    setFont(TipFont());
-    lblTip_->setFont(TipFont());
+    setFont(theme::TipFont());
+    lblTip_->setFont(font());
     QPalette palette = lblTip_->palette();
     palette.setColor(QPalette::WindowText, ColorOf(SystemColor::kInfoText));
     lblTip_->setPalette(palette);

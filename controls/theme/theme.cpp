@@ -3,6 +3,7 @@
 #include "controls/theme/theme.h"
 
 #include <QApplication>
+#include <QFontDatabase>
 #include <QPalette>
 #include <QToolTip>
 #include <utility>
@@ -13,6 +14,8 @@
 namespace kelu::theme {
 
 namespace {
+
+const QString kTypeface = QStringLiteral("Arial");
 
 bool highContrast = false;
 
@@ -49,15 +52,22 @@ QPalette DarkPalette() {
 }  // namespace
 
 QFont LabelFont() {
-    QFont font(QStringLiteral("Arial"));
+    QFont font(kTypeface);
     font.setPointSizeF(6.75);
     font.setWeight(QFont::Bold);
     return font;
 }
 
 QFont ListFont() {
-    QFont font(QStringLiteral("Arial"));
+    QFont font(kTypeface);
     font.setPointSizeF(8);
+    return font;
+}
+
+QFont TipFont() {
+    const QString preferred = QStringLiteral("Tahoma");
+    QFont font(QFontDatabase::hasFamily(preferred) ? preferred : kTypeface);
+    font.setPixelSize(11);  // 8.25 point at 96 dots per inch
     return font;
 }
 
@@ -89,6 +99,9 @@ void Apply(QApplication& application) {
     const QPalette palette = DarkPalette();
     application.setPalette(palette);
     QToolTip::setPalette(palette);
+    QFont font = QApplication::font();  // its size is the desktop's, large or small
+    font.setFamilies({kTypeface});
+    application.setFont(font);
     FocusWatch::Instance();
     application.setEffectEnabled(Qt::UI_AnimateCombo, false);
 }

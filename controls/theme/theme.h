@@ -57,10 +57,14 @@ inline constexpr int kSpacing = 8;  ///< between controls
 inline constexpr int kButtonHeight = 28;
 inline constexpr int kButtonMinWidth = 84;
 
-/// Bold Arial of 6.75 points: the labels of the effect panel.
+// One typeface throughout: Arial, or what the system has in its place.
+
+/// Bold, of 6.75 points: the labels of the effect panel.
 QFont LabelFont();
-/// Arial of 8 points: lists in narrow panels.
+/// Of 8 points: lists in narrow panels.
 QFont ListFont();
+/// Tahoma where it is installed, of 8.25 points: the value over a slider's thumb.
+QFont TipFont();
 /// Bold and larger: headings of dialogs.
 QFont HeadingFont();
 
