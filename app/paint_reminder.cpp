@@ -14,7 +14,7 @@ struct Texts {
 }  // namespace
 
 void PaintReminder::PrepareReminder() {
-    if (settings_.Read(settings::kReminder) != true) return;
+    if (settings_.Read(settings::kReminder) != true) return notes_.Tell(tr("The effect is ready to be painted"));
     RemindToPaint();
     notes_.Show({tr("Hold Ctrl while you paint to bring the original back"), {}});
 }

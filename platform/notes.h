@@ -30,6 +30,8 @@ class Notes {
     /// press of one of its buttons, which then runs.
     virtual void Show(const Note& note) = 0;
     virtual void Clear() = 0;
+    /// Tells assistive technology alone what everybody else sees.
+    virtual void Tell(const QString& text) = 0;
 };
 
 }  // namespace kelu

@@ -676,6 +676,10 @@ Trotzdem überschreiben?<byte value="xd"/>
         <source>Hold Ctrl while you paint to bring the original back</source>
         <translation>Strg beim Malen halten bringt das Original zurück</translation>
     </message>
+    <message>
+        <source>The effect is ready to be painted</source>
+        <translation>Der Effekt kann jetzt aufgemalt werden</translation>
+    </message>
 </context>
 <context>
     <name>Painter</name>

@@ -676,6 +676,10 @@ Save over it all the same?<byte value="xd"/>
         <source>Hold Ctrl while you paint to bring the original back</source>
         <translation>Mantenga Ctrl al pintar para recuperar el original</translation>
     </message>
+    <message>
+        <source>The effect is ready to be painted</source>
+        <translation>El efecto está listo para pintarlo</translation>
+    </message>
 </context>
 <context>
     <name>Painter</name>

@@ -676,6 +676,10 @@ L’écraser quand même ?<byte value="xd"/>
         <source>Hold Ctrl while you paint to bring the original back</source>
         <translation>Tenez Ctrl en peignant pour ramener l’original</translation>
     </message>
+    <message>
+        <source>The effect is ready to be painted</source>
+        <translation>L’effet est prêt à être peint</translation>
+    </message>
 </context>
 <context>
     <name>Painter</name>

@@ -2,15 +2,16 @@
 // SPDX-License-Identifier: MIT
 #include "controls/note/note_bar.h"
 
-#include <QAccessible>
 #include <QApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QPointer>
+#include <QStyle>
 #include <utility>
 
+#include "controls/note/announcer.h"
 #include "controls/theme/accessible_role.h"
 #include "controls/theme/paint.h"
 #include "controls/theme/theme.h"
@@ -48,8 +49,9 @@ NoteBar::NoteBar(QWidget* parent)
     : QWidget(parent),
       text_(new QLabel(this)),
       buttonBox_(new QWidget(parent)),
-      buttonRow_(new QHBoxLayout(buttonBox_)) {
-    UseAccessibleRole<NoteBar, QAccessible::AlertMessage>();
+      buttonRow_(new QHBoxLayout(buttonBox_)),
+      announcer_(new Announcer(parent)) {
+    UseAccessibleRole<NoteBar, QAccessible::Notification>();
     setObjectName(QStringLiteral("note"));
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setFocusPolicy(Qt::NoFocus);
@@ -90,6 +92,8 @@ void NoteBar::Clear() {
     Hide();
 }
 
+void NoteBar::Tell(const QString& text) { announcer_->Tell(text); }
+
 void NoteBar::Pass() {
     if (standing_.text.isEmpty())
         Hide();
@@ -116,8 +120,6 @@ void NoteBar::Display(const Note& note) {
         if (!note_.unasked) qApp->installEventFilter(this);
         goes_.start(kShownFor);
     }
-    QAccessibleEvent alert(this, QAccessible::Alert);
-    QAccessible::updateAccessibility(&alert);
 }
 
 void NoteBar::Hide() {

@@ -12,6 +12,8 @@ class QLabel;
 
 namespace kelu {
 
+class Announcer;
+
 /// Never in the way: the mouse goes through the plate to what lies below, but for the buttons, which are a widget of
 /// their own beside it. Takes no focus; Tab reaches the buttons. Assistive technology is told each note as it comes.
 class NoteBar : public QWidget, public Notes {
@@ -28,6 +30,7 @@ class NoteBar : public QWidget, public Notes {
 
     void Show(const Note& note) override;
     void Clear() override;
+    void Tell(const QString& text) override;
 
     /// The line that is shown; empty when none is.
     QString Text() const;
@@ -47,6 +50,7 @@ class NoteBar : public QWidget, public Notes {
     QLabel* text_;
     QWidget* buttonBox_;  ///< a sibling: the plate lets the mouse through
     QHBoxLayout* buttonRow_;
+    Announcer* announcer_;
     QTimer goes_;
     QRect place_;
     Note note_;      ///< what is shown

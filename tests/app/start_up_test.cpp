@@ -80,6 +80,7 @@ TEST(PaintReminder, StopsOnceItsBoxIsTicked) {
     reminder.PrepareReminder();
     reminder.PrepareReminder();
     EXPECT_EQ(dialog.shown.size(), 2u) << "silent from the next time on";
+    EXPECT_EQ(notes.told.size(), 1) << "but not to those who can't see the ring";
 }
 
 }  // namespace

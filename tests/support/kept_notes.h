@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QStringList>
+
 #include "platform/notes.h"
 
 namespace kelu {
@@ -9,10 +11,12 @@ namespace kelu {
 class KeptNotes : public Notes {
  public:
     std::vector<Note> shown;
+    QStringList told;
     int cleared = 0;
 
     void Show(const Note& note) override { shown.push_back(note); }
     void Clear() override { ++cleared; }
+    void Tell(const QString& text) override { told += text; }
 };
 
 }  // namespace kelu
