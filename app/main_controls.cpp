@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QFrame>
 #include <QLabel>
+#include <QStyle>
 #include <cstring>
 #include <span>
 
@@ -45,12 +46,14 @@ Widget* Named(Widget* widget, const char* name) {
     return widget;
 }
 
-/// Moves the widget; a side of 0 keeps the widget's own.
+/// Moves the widget within its parent, mirrored for a language that is read from the right; a side of 0 keeps the
+/// widget's own.
 void Place(QWidget& widget, const TwipsRect& at) {
     QRect pixels = TwipsToPixels(QRectF(at.left, at.top, at.width, at.height));
     if (at.width == 0) pixels.setWidth(widget.width());
     if (at.height == 0) pixels.setHeight(widget.height());
-    widget.setGeometry(pixels);
+    const QWidget& parent = *widget.parentWidget();
+    widget.setGeometry(QStyle::visualRect(parent.layoutDirection(), parent.rect(), pixels));
 }
 
 }  // namespace
@@ -105,7 +108,6 @@ MainControls::MainControls(QWidget& window, Surfaces& surfaces, Surface& capture
     line.setColor(QPalette::Window, theme::kLine);
     picPipe1->setPalette(line);
 
-    Place(*pBar1, LayOut(kDesignSize).pBar1);
     pBar1->SetBackColor(ToColorRef(theme::kSunken));
     pBar1->raise();  // over the second panel, which was made later
     picCover->raise();
@@ -114,9 +116,11 @@ MainControls::MainControls(QWidget& window, Surfaces& surfaces, Surface& capture
 
 namespace {
 
-void MakeStrip(QWidget& strip, std::span<const FixedPlace> places, const std::map<Command, ToolButton*>& buttons) {
+void MakeStrip(QWidget& strip, const TwipsRect& at, std::span<const FixedPlace> places,
+               const std::map<Command, ToolButton*>& buttons) {
     // Buttons of one strip lie at different heights; their icons stand on the line of the first one's.
     const auto middle = [](const TwipsRect& place) { return (place.top + place.height / 2.0) / kTwipsPerPixel; };
+    Place(strip, at);
     for (const FixedPlace& fixed : places)
         for (const CommandRow& row : kCommands)
             if (std::strcmp(row.name, fixed.name) == 0) {
@@ -132,9 +136,10 @@ void MakeStrip(QWidget& strip, std::span<const FixedPlace> places, const std::ma
 void MainControls::MakeButtons(QWidget& window) {
     for (const CommandRow& row : kCommands)
         buttons_[row.command] = Named(new ToolButton(QString::fromLatin1(row.icon), &window), row.name);
-    MakeStrip(*picTB, kToolStripButtons, buttons_);
-    MakeStrip(*picSystem, kSystemButtons, buttons_);
-    MakeStrip(*picZoomContainer, kZoomButtons, buttons_);
+    const WindowLayout at = LayOut(kDesignSize);
+    MakeStrip(*picTB, at.picTB, kToolStripButtons, buttons_);
+    MakeStrip(*picSystem, at.picSystem, kSystemButtons, buttons_);
+    MakeStrip(*picZoomContainer, at.picZoomContainer, kZoomButtons, buttons_);
     Place(Button(Command::Help), kHelpButton);
     Place(Button(Command::Settings), kSettingsButton);
     Place(*picPipe1, kPipe);
@@ -165,6 +170,7 @@ void MainControls::ApplyLayout() {
     list.height = at.pagerTB1.height;
     Place(*selectors->lstSFX, list);
     Place(*sBar1, at.sBar1);
+    Place(*pBar1, at.pBar1);
     note->SetPlace(picCanvas->geometry());
 }
 

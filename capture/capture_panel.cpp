@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "capture/capture_panel.h"
 
+#include <QStyle>
+
 #include "controls/tool_button/tool_button.h"
 #include "platform/units.h"
 
@@ -31,6 +33,8 @@ CapturePanel::CapturePanel(QWidget* parent)
       cmdCaptureCancel(MakeButton("cmdCaptureCancel", "capture_cancel", 2, this)) {
     setAutoFillBackground(true);
     resize(TwipsToPixels(kWidth), TwipsToPixels(kHeight));
+    for (QWidget* button : {cmdCapture, cmdCaptureOK, cmdCaptureCancel})
+        button->setGeometry(QStyle::visualRect(layoutDirection(), rect(), button->geometry()));
     LoadTips();
 }
 

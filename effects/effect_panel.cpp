@@ -4,6 +4,7 @@
 
 #include <QKeyEvent>
 #include <QRadioButton>
+#include <QStyle>
 
 #include "controls/color_picker/color_picker.h"
 #include "controls/list_ex/list_ex.h"
@@ -55,7 +56,9 @@ Control* Named(Control* control, const char* name) {
 }
 
 void PlaceInTwips(QWidget* control, int left, int top, int width, int height) {
-    control->setGeometry(TwipsToPixels(QRectF(left, top, width, height)));
+    const QWidget& panel = *control->parentWidget();
+    control->setGeometry(
+        QStyle::visualRect(panel.layoutDirection(), panel.rect(), TwipsToPixels(QRectF(left, top, width, height))));
 }
 
 void MoveTop(QWidget* control, int topTwips) {
@@ -131,6 +134,7 @@ EffectPanel::EffectPanel(SharedState& state, QWidget* parent)
     FillCompass(*TBCompass);
     TBCompass->SetCurrent(kDefaultDirection);
     PagerCompass->SetChild(TBCompass);
+    PagerCompass->setLayoutDirection(Qt::LeftToRight);  // west is at the left in every language
 
     Place();
     Connect();

@@ -154,9 +154,13 @@ void NoteBar::Arrange() {
     text_->setText(letters.elidedText(note_.text, Qt::ElideRight, words));
     const QSize size(2 * kSidePad + words + beside, kHeight);
     setGeometry(QRect(QPoint(place_.center().x() - size.width() / 2, place_.bottom() - kAboveEdge - kHeight), size));
-    text_->setGeometry(kSidePad, 0, words, kHeight);
-    buttonBox_->setGeometry(geometry().right() + 1 - (kHeight - kButtonHeight) / 2 - buttons,
-                            geometry().top() + (kHeight - kButtonHeight) / 2, buttons, kButtonHeight);
+    const auto seen = [this](const QRect& plate, const QRect& part) {
+        return QStyle::visualRect(layoutDirection(), plate, part);
+    };
+    text_->setGeometry(seen(rect(), {kSidePad, 0, words, kHeight}));
+    constexpr int kEdge = (kHeight - kButtonHeight) / 2;
+    buttonBox_->setGeometry(
+        seen(geometry(), {geometry().right() + 1 - kEdge - buttons, geometry().top() + kEdge, buttons, kButtonHeight}));
 }
 
 void NoteBar::paintEvent(QPaintEvent*) {

@@ -3,6 +3,7 @@
 #include "controls/status_bar/status_bar.h"
 
 #include <QPainter>
+#include <QStyle>
 
 #include "controls/status_bar/status_panel.h"
 #include "controls/theme/theme.h"
@@ -45,7 +46,8 @@ QSize StatusBar::sizeHint() const {
 void StatusBar::Arrange() {
     int left = 0;
     for (std::size_t i = 0; i < panels_.size(); ++i) {
-        panels_[i]->setGeometry(left, 1, widths_[i], height() - 1);
+        panels_[i]->setGeometry(
+            QStyle::visualRect(layoutDirection(), rect(), QRect(left, 1, widths_[i], height() - 1)));
         left += widths_[i];
     }
 }

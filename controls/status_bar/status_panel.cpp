@@ -4,6 +4,7 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QStyle>
 
 #include "controls/theme/accessible_button.h"
 #include "controls/theme/paint.h"
@@ -54,7 +55,8 @@ void StatusPanel::keyPressEvent(QKeyEvent* event) {
 void StatusPanel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setPen(clickable_ && underMouse() ? theme::kText : theme::kQuietText);
-    painter.drawText(rect().adjusted(kPad, 0, -kPad, 0), Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, shown_);
+    const auto begin = QStyle::visualAlignment(layoutDirection(), Qt::AlignVCenter | Qt::AlignLeft);
+    painter.drawText(rect().adjusted(kPad, 0, -kPad, 0), int(begin) | Qt::TextSingleLine, shown_);
     if (theme::ShowsFocus(*this)) theme::DrawFocusRing(painter, rect().adjusted(1, 4, -1, -4), theme::kFocus);
 }
 

@@ -1,6 +1,7 @@
 // Rows, menu items, tabs and scroll bars of DarkStyle.
 // SPDX-License-Identifier: MIT
 #include <QPainter>
+#include <QStyle>
 #include <QStyleOption>
 
 #include "controls/theme/paint.h"
@@ -29,7 +30,9 @@ void DrawRowGround(QPainter& painter, const QStyleOptionViewItem& option) {
                             option.viewItemPosition == QStyleOptionViewItem::Beginning ||
                             (option.viewItemPosition == QStyleOptionViewItem::Invalid && option.index.column() <= 0);
         if (enabled && begins)
-            painter.fillRect(QRect(option.rect.topLeft(), QSize(kRowMark, option.rect.height())), kAccent);
+            painter.fillRect(QStyle::visualRect(option.direction, option.rect,
+                                                QRect(option.rect.topLeft(), QSize(kRowMark, option.rect.height()))),
+                             kAccent);
     } else if (enabled && Has(option.state, QStyle::State_MouseOver)) {
         painter.fillRect(option.rect, kRowHover);
     }
@@ -46,7 +49,9 @@ void DrawMenuItem(QPainter& painter, const QStyleOptionMenuItem& option, const Q
     if (chosen) FillPlate(painter, row.adjusted(4, 1, -4, -1), kSelection);
     const QColor ink = !enabled ? kDisabledText : chosen ? kBrightText : kText;
 
-    const QRect mark(row.left() + 10, row.center().y() - 7, 16, 16);
+    const auto seen = [&](const QRect& part) { return QStyle::visualRect(option.direction, row, part); };
+    const auto side = [&](Qt::Alignment align) { return int(QStyle::visualAlignment(option.direction, align)); };
+    const QRect mark = seen({row.left() + 10, row.center().y() - 7, 16, 16});
     if (option.checked && option.icon.isNull()) {
         if (option.checkType == QStyleOptionMenuItem::Exclusive) {
             painter.save();
@@ -66,7 +71,7 @@ void DrawMenuItem(QPainter& painter, const QStyleOptionMenuItem& option, const Q
                           option.checked ? QIcon::On : QIcon::Off);
     }
 
-    const QRect words = row.adjusted(kMenuMarkRoom + 4, 0, -kMenuEnd, 0);
+    const QRect words = seen(row.adjusted(kMenuMarkRoom + 4, 0, -kMenuEnd, 0));
     const QStringList parts = option.text.split(QLatin1Char('\t'));
     painter.save();
     painter.setFont(option.font);
@@ -74,14 +79,16 @@ void DrawMenuItem(QPainter& painter, const QStyleOptionMenuItem& option, const Q
     const bool underline =
         widget == nullptr || widget->style()->styleHint(QStyle::SH_UnderlineShortcut, &option, widget) != 0;
     const int flags = Qt::AlignVCenter | Qt::TextSingleLine | (underline ? Qt::TextShowMnemonic : Qt::TextHideMnemonic);
-    painter.drawText(words, flags | Qt::AlignLeft, parts.value(0));
+    painter.drawText(words, flags | side(Qt::AlignLeft), parts.value(0));
     if (parts.size() > 1) {
-        painter.setPen(enabled ? kMutedText : kDisabledText);
-        painter.drawText(words.adjusted(0, 0, 12, 0), flags | Qt::AlignRight, parts.value(1));
+        painter.setPen(enabled && !chosen ? kMutedText : ink);
+        painter.drawText(seen(row.adjusted(kMenuMarkRoom + 4, 0, 12 - kMenuEnd, 0)), flags | side(Qt::AlignRight),
+                         parts.value(1));
     }
     painter.restore();
     if (option.menuItemType == QStyleOptionMenuItem::SubMenu)
-        DrawChevron(painter, QRect(row.right() - 24, row.top(), 16, row.height()), Qt::RightArrow, ink, 3.5);
+        DrawChevron(painter, seen({row.right() - 24, row.top(), 16, row.height()}),
+                    option.direction == Qt::RightToLeft ? Qt::LeftArrow : Qt::RightArrow, ink, 3.5);
 }
 
 QSize MenuItemSize(const QStyleOptionMenuItem& option, const QSize& contents) {

@@ -18,8 +18,8 @@ namespace {
 
 constexpr int kCaptionGap = 6;  // between icon and caption
 constexpr int kSidePad = 10;    // beside a caption
-constexpr qreal kMarkSize = 6;
-constexpr qreal kMarkInset = 5;  // from the upper right corner
+constexpr int kMarkSize = 6;
+constexpr int kMarkInset = 5;  // from the upper right corner
 
 QString WithoutDoubling(QString text) { return text.replace(QStringLiteral("&&"), QStringLiteral("&")); }
 
@@ -164,6 +164,7 @@ void ToolButton::paintEvent(QPaintEvent*) {
         if (look_ != Look::Flat) inks.plate = theme::kHover;
     }
 
+    const auto seen = [this](const QRect& part) { return QStyle::visualRect(layoutDirection(), rect(), part); };
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     if (inks.plate.isValid()) theme::FillPlate(painter, rect(), inks.plate);
@@ -185,15 +186,15 @@ void ToolButton::paintEvent(QPaintEvent*) {
         } else {
             const int wide = icon + (icon > 0 ? kCaptionGap : 0) + words.width();
             const int left = alignment_ == Alignment::Left ? kSidePad : (width() - wide) / 2;
-            if (icon > 0) theme::PaintIcon(painter, iconName_, QRect(left, 0, icon, height()), icon, inks.ink);
-            painter.drawText(QRect(left + wide - words.width(), 0, words.width(), height()), Qt::AlignCenter | flags,
+            if (icon > 0) theme::PaintIcon(painter, iconName_, seen({left, 0, icon, height()}), icon, inks.ink);
+            painter.drawText(seen({left + wide - words.width(), 0, words.width(), height()}), Qt::AlignCenter | flags,
                              text());
         }
     }
     if (!mark_.isEmpty()) {
         painter.setPen(Qt::NoPen);
         painter.setBrush(inks.ink);
-        painter.drawEllipse(QRectF(width() - kMarkInset - kMarkSize, kMarkInset, kMarkSize, kMarkSize));
+        painter.drawEllipse(seen({width() - kMarkInset - kMarkSize, kMarkInset, kMarkSize, kMarkSize}));
     }
     if (theme::ShowsFocus(*this))
         theme::DrawFocusRing(painter, rect(), look_ == Look::Primary ? theme::kBrightText : theme::kFocus);

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QStyle>
 
 #include "controls/toolbox/toolbox_button.h"
 
@@ -121,7 +122,8 @@ void Toolbox::Arrange() {
     for (int i = 0; i < Count(); ++i) {
         const QPoint corner(left + i % columns * (buttonSize_.width() + gap_),
                             margin_ + i / columns * (buttonSize_.height() + gap_));
-        buttons_[static_cast<std::size_t>(i)]->setGeometry(QRect(corner, buttonSize_));
+        buttons_[static_cast<std::size_t>(i)]->setGeometry(
+            QStyle::visualRect(layoutDirection(), rect(), QRect(corner, buttonSize_)));
     }
 }
 
@@ -158,14 +160,15 @@ bool Toolbox::eventFilter(QObject* watched, QEvent* event) {
     if (found == buttons_.end()) return false;
     const int index = static_cast<int>(found - buttons_.begin()) + 1;
     const int columns = qMin(columns_, Count());
+    const int onward = isRightToLeft() ? -1 : 1;
     int next = index;
     const auto& key = *static_cast<QKeyEvent*>(event);
     switch (key.key()) {
         case Qt::Key_Left:
-            next = index - 1;
+            next = index - onward;
             break;
         case Qt::Key_Right:
-            next = index + 1;
+            next = index + onward;
             break;
         case Qt::Key_Up:
             next = index - columns;

@@ -12,6 +12,30 @@ namespace {
 
 using MainWindowTest = MainWindowFixture;
 
+struct ReadFromTheRight {
+    ReadFromTheRight() { QApplication::setLayoutDirection(Qt::RightToLeft); }
+    ~ReadFromTheRight() { QApplication::setLayoutDirection(Qt::LayoutDirectionAuto); }
+};
+
+struct MirroredWindow : ReadFromTheRight, MainWindowFixture {};
+
+TEST_F(MirroredWindow, IsSeenFromTheOtherSideButForPictureAndCompass) {
+    // Device-independent pixels from the parent's right edge, as from the left one in other languages.
+    const std::pair<const char*, int> places[] = {
+        {"picTB", 6},         {"cmdOpen", 8},   {"cmdUndo", 149}, {"cmdMin", 0}, {"picCanvas", 32},
+        {"pnlSettings", 750}, {"cmdApply", 23}, {"lblBS", 8},     {"sBar1", 0},  {"pBar1", 224}};
+    for (const auto& [name, right] : places) {
+        const auto* control = window.findChild<QWidget*>(QString::fromLatin1(name));
+        EXPECT_EQ(control->parentWidget()->width() - 1 - control->geometry().right(), right) << name;
+    }
+    EXPECT_LT(panel.TBCompass->Button(4)->x(), panel.TBCompass->Button(5)->x()) << "west is at the left";
+    OpenPhoto();
+    Arm();
+    const QImage original = Canvas();
+    Stroke({{30, 100}, {60, 100}});
+    EXPECT_TRUE(QRect(18, 88, 55, 25).contains(Changed(original, Canvas()).boundingRect()));
+}
+
 TEST_F(MainWindowTest, BrushesAnEffectOnTakesItBackAndSavesIt) {
     OpenPhoto();
     const QImage original = Canvas();
