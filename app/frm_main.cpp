@@ -444,10 +444,14 @@ void frmMain::resizeEvent(QResizeEvent*) {
 void frmMain::showEvent(QShowEvent* event) {
     // For the window manager alone: what it asks for all the same is answered by the window itself.
     windowHandle()->setMinimumSize(InPixels(LeastSize(Room(*this))));
-    // The toolbar's pictures are drawn behind the splash, once the window itself has been painted.
-    if (!event->spontaneous())
-        QTimer::singleShot(0, this,
-                           [this] { buttonPictures_.Start(BesideProgram("Gallery/cat.jpg"), devicePixelRatioF()); });
+    if (event->spontaneous()) return;
+    // Behind the splash, once the window itself has been painted, and anew for another screen.
+    const auto draw = [this] {
+        buttonPictures_.Start(BesideProgram("Gallery/cat.jpg"), devicePixelRatioF());
+        controls.pnlSettings->DrawSliders(devicePixelRatioF());
+    };
+    QTimer::singleShot(0, this, draw);
+    connect(windowHandle(), &QWindow::screenChanged, this, draw, Qt::QueuedConnection);
 }
 
 void frmMain::keyPressEvent(QKeyEvent* event) {

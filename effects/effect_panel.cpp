@@ -77,8 +77,6 @@ LsSlider* MakeSlider(QWidget* parent, const char* name) {
     const QColor ground = theme::kGround;
     slider->SetBackColor(static_cast<ColorRef>(PickerColor(ground.red(), ground.green(), ground.blue())));
     slider->SetRailStyle(LsSlider::kPictureRail);
-    slider->SetRailPicture(theme::SliderRail(kRailPixels, slider->devicePixelRatioF()));
-    slider->SetSliderIcon(theme::SliderThumb(slider->devicePixelRatioF()));
     QObject::connect(slider, &LsSlider::ValueChanged, slider,
                      [slider] { Describe(*slider, slider->accessibleName()); });
     new SliderNumber(*slider);
@@ -136,8 +134,16 @@ EffectPanel::EffectPanel(SharedState& state, QWidget* parent)
     PagerCompass->SetChild(TBCompass);
     PagerCompass->setLayoutDirection(Qt::LeftToRight);  // west is at the left in every language
 
+    DrawSliders(devicePixelRatioF());
     Place();
     Connect();
+}
+
+void EffectPanel::DrawSliders(qreal ratio) {
+    for (LsSlider* slider : {sldBrushSize, sldValue[0], sldValue[1], sldValue[2]}) {
+        slider->SetRailPicture(theme::SliderRail(kRailPixels, ratio));
+        slider->SetSliderIcon(theme::SliderThumb(ratio));
+    }
 }
 
 QSize EffectPanel::sizeHint() const {

@@ -40,6 +40,8 @@ class EffectPanel : public QWidget, public EffectControls {
     void SetUp(int number);
     /// Tips of the compass buttons.
     void LoadTips();
+    /// Rails and thumbs, sharp on a screen of this ratio.
+    void DrawSliders(qreal ratio);
     /// The point was picked on the picture. It counts, as it is, until a box is edited or an effect chosen.
     void SetPoint(const QPoint& imagePixel);
     /// The inputs of this moment were applied; a right click on a slider offers them again.
