@@ -154,6 +154,11 @@ int Toolbox::Typed(const QString& text, int index) {
 
 void Toolbox::resizeEvent(QResizeEvent*) { Arrange(); }
 
+void Toolbox::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::LayoutDirectionChange) Arrange();
+    QWidget::changeEvent(event);
+}
+
 bool Toolbox::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
     const auto found = std::find(buttons_.begin(), buttons_.end(), watched);

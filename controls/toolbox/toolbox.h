@@ -60,6 +60,7 @@ class Toolbox : public QWidget {
 
  protected:
     void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
