@@ -29,7 +29,6 @@ def convolve(kernel):
 LUMA, GRAY = "-grayscale Rec601Luma ", "-colorspace GRAY "
 # White, or inverted, is what lies above the level; ours is what reaches the next one, after rounding.
 THRESHOLD, SOLARIZE = "-threshold " + percent(159.499), "-solarize " + percent(139.5)
-ENHANCE = "0,-.5,0,-.5,3,-.5,0,-.5,0"
 SATURATE = "1.701,-.587,-.114,-.299,1.413,-.114,-.299,-.587,1.886"
 HIGH_PASS = ["-1,-1,-1,-1,9,-1,-1,-1,-1", "0,-1,0,-1,5,-1,0,-1,0", "1,-2,1,-2,5,-2,1,-2,1"]
 SPECIAL = ["-1,1,1,-1,-2,1,-1,1,1", "1,1,1,1,-2,1,-1,-1,-1", "-1,-1,-1,1,-2,1,1,1,1", "1,1,-1,1,-2,-1,1,1,-1",
@@ -74,7 +73,6 @@ ROWS = [
     ("18 False Color",
      [("18", LUMA + "-set colorspace sRGB +level-colors rgb(20,20,0),rgb(200,100,50)", None)],
      "`+level-colors` of the grey above, whose luma is not rounded to 8 bits before, as ours is by definition"),
-    ("19 Enhance Edges", [("19", correlate(ENHANCE), convolve(ENHANCE))], "as a kernel"),
     ("20 Emboss", [("20 --direction 3", LUMA + correlate("0,0,-2,0,0,0,2,0,0", 127), None)],
      "as a kernel on the grey above: two unrounded lumas, taken twice"),
     ("25 High Pass, three kernels",
@@ -198,7 +196,8 @@ Both programs compute in 16 bits a channel and cut off the lower ones on writing
 """ + "\n".join(lines) + """
 
 Where both are given, the first option is ImageMagick's, the second GraphicsMagick's. The other effects have names in common with those of other
-programs but no arithmetic: each program bends, paints, melts and scatters in its own way. What ours do stands in [effects.md](effects.md).
+programs but no arithmetic: each program bends, paints, melts and scatters in its own way, and sharpens so, too: Enhance Edges is no plain kernel, but
+leaves grain alone and keeps steps from burning out. What ours do stands in [effects.md](effects.md).
 """)
 
 

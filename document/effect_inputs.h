@@ -9,7 +9,7 @@ namespace kelu {
 
 /// Version of what the effects compute. To be raised when one of them gives other bytes for the same inputs, so that
 /// no recipe promises a picture that it can't give any more.
-inline constexpr int kEffectDefinitions = 2;
+inline constexpr int kEffectDefinitions = 3;
 
 /// The three bytes of a colour, 0 to 255 each.
 struct ColorBytes {

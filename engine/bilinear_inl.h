@@ -94,14 +94,8 @@ class BilinearSampler {
  private:
     static constexpr int kRowsAhead = 2;
 
-    using Words = hn::Vec<hn::RepartitionToNarrow<PixelTag>>;
-    static constexpr hn::RepartitionToNarrow<PixelTag> kWords{};
-
     // 0 to 256, in both halves of a lane.
-    static HWY_INLINE Pixels Weight(Ints part) {
-        const Pixels weight = hn::BitCast(kPixels, part);
-        return hn::Or(weight, hn::ShiftLeft<16>(weight));
-    }
+    static HWY_INLINE Pixels Weight(Ints part) { return InBoth(hn::BitCast(kPixels, part)); }
 
     static HWY_INLINE Pixels Blend(Pixels topLeft, Pixels topRight, Pixels bottomLeft, Pixels bottomRight, Pixels right,
                                    Pixels below) {

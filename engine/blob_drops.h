@@ -20,40 +20,51 @@ namespace kelu::engine {
 constexpr int kBlobs = 7;        // the effect's number
 constexpr int kBlobSquare = 64;  // side of the squares that the result is drawn in
 
-/// A drop, the same for all: half a ball lit from the upper left. A pixel of it becomes colour · light / 256 + gloss,
-/// over `cover` 256ths of the pixel; its word is cover << 16 | gloss << 9 | light.
+/// A drop, the same for all: half a ball lit from the upper left, and the shadow that it throws on those below, nothing
+/// but dark. A pixel of it becomes colour · light / 256 + gloss, over `cover` 256ths of the pixel; its word is
+/// cover << 17 | gloss << 9 | light.
 class BlobStamp {
  public:
-    explicit BlobStamp(int radius) : radius_(radius), stride_(2 * (radius + kRoom) + 1) {
-        for (int dy = -radius; dy <= radius; ++dy) {
+    explicit BlobStamp(int radius) : radius_(radius), reach_(Reach(radius)), stride_(2 * (reach_ + kRoom) + 1) {
+        for (int dy = -reach_; dy <= reach_; ++dy) {
             int half = -1;
-            for (int dx = -radius - kRoom; dx <= radius + kRoom; ++dx) {
-                words_.push_back(std::abs(dx) <= radius ? At(dx, dy) : 0);
-                if (words_.back() >> 16 > 0) half = std::max(half, std::abs(dx));
+            for (int dx = -reach_ - kRoom; dx <= reach_ + kRoom; ++dx) {
+                words_.push_back(std::abs(dx) <= reach_ ? At(dx, dy) : 0);
+                if (words_.back() != 0) half = std::max(half, std::abs(dx));
             }
             halves_.push_back(half);
         }
     }
 
-    int Radius() const { return radius_; }
+    /// Pixels from the middle of a drop to the last that it or its shadow can touch.
+    static int Reach(int radius) { return radius < kLeastShadowed ? radius : radius + (radius + 2) / 3; }
+    int Reach() const { return reach_; }
     /// The middle of a row. To either side whole vectors may be read; beyond the drop it covers nothing.
-    const std::uint32_t* Row(int dy) const { return words_.data() + (dy + radius_) * stride_ + radius_ + kRoom; }
+    const std::uint32_t* Row(int dy) const { return words_.data() + (dy + reach_) * stride_ + reach_ + kRoom; }
     /// Pixels from the middle to the end of a row, -1 for none.
-    int Half(int dy) const { return halves_[static_cast<std::size_t>(dy + radius_)]; }
+    int Half(int dy) const { return halves_[static_cast<std::size_t>(dy + reach_)]; }
 
  private:
     static constexpr int kRoom = 16;
+    static constexpr int kLeastShadowed = 3;  // pixels of the radius
 
     std::uint32_t At(int dx, int dy) const {
         const double r = radius_ + 0.5, u = dx / r, v = dy / r, height = std::sqrt(std::max(0.0, 1 - u * u - v * v));
         const double lambert = std::max(0.0, (-u - v) * 0.5 + height * std::numbers::sqrt2 / 2);
-        const double cover = std::clamp(r - std::hypot(dx, dy), 0.0, 1.0);
+        const double ball =
+            std::max(std::abs(dx), std::abs(dy)) <= radius_ ? std::clamp(r - std::hypot(dx, dy), 0.0, 1.0) : 0;
+        // The shadow lies a little to the right and below, and is soft.
+        const double from = std::hypot(u - 0.12, v - 0.12), inward = std::clamp((1.15 - from) / 0.3, 0.0, 1.0);
+        const double shadow = radius_ < kLeastShadowed ? 0 : 0.7 * inward * inward * (3 - 2 * inward);
+        const double cover = ball + (1 - ball) * shadow, lit = cover > 0 ? ball / cover : 0;
+        const double gloss = 50 * std::pow(lambert, 14) + 160 * std::pow(lambert, 50);
         const auto rounded = [](double value) { return static_cast<std::uint32_t>(std::lround(value)); };
-        return rounded(256 * cover) << 16 | rounded(90 * std::pow(lambert, 20)) << 9 |
-               rounded(256 * (0.5 + 0.6 * lambert));
+        const std::uint32_t covered = rounded(256 * cover);
+        return covered == 0 ? 0
+                            : covered << 17 | rounded(lit * gloss) << 9 | rounded(lit * 256 * (0.64 + 0.56 * lambert));
     }
 
-    int radius_, stride_;
+    int radius_, reach_, stride_;
     std::vector<std::uint32_t> words_;
     std::vector<int> halves_;
 };
@@ -63,12 +74,12 @@ class BlobGrid {
  public:
     BlobGrid(const ImageView& source, int radius, int spacing)
         : source_(source),
-          radius_(radius),
+          touches_(BlobStamp::Reach(radius)),
           spacing_(spacing),
-          margin_(radius / spacing + 1),
+          margin_(touches_ / spacing + 1),
           columns_((source.width - 1) / spacing + 1 + 2 * margin_),
           rows_((source.height - 1) / spacing + 1 + 2 * margin_),
-          reach_(radius / 4),
+          reach_(radius / 8),
           colors_(NeedsColors()
                       ? TakePixelMemory(static_cast<std::size_t>(columns_) * static_cast<std::size_t>(rows_) * 4)
                       : nullptr) {}
@@ -83,8 +94,8 @@ class BlobGrid {
                              : source_.Row(RepeatEdge(y, source_.height))[RepeatEdge(x, source_.width)];
     }
     /// The first and the last row or column whose drops can touch the pixels [begin, end).
-    int FirstAt(int begin) const { return std::max(0, (begin - radius_) / spacing_ - 1 + margin_); }
-    int LastAt(int end, int count) const { return std::min(count - 1, (end + radius_) / spacing_ + margin_); }
+    int FirstAt(int begin) const { return std::max(0, (begin - touches_) / spacing_ - 1 + margin_); }
+    int LastAt(int end, int count) const { return std::min(count - 1, (end + touches_) / spacing_ + margin_); }
 
     int CenterX(int column, const RandomRow& jitter) const { return Center(column, jitter(column)); }
     int CenterY(int row, std::uint32_t jitter) const { return Center(row, jitter); }
@@ -105,7 +116,7 @@ class BlobGrid {
         return reinterpret_cast<std::uint32_t*>(colors_.get()) + static_cast<std::ptrdiff_t>(row) * columns_;
     }
 
-    // The mean of pixels that are spread evenly, five to eleven in a row, over the square within the drop round (x, y).
+    // The mean of pixels that are spread evenly, three to nine in a row, over the square within the drop round (x, y).
     std::uint32_t MeanAround(int x, int y) const {
         const int step = std::max(1, reach_ / 3), steps = reach_ / step;
         std::uint32_t sums[4] = {};
@@ -123,7 +134,7 @@ class BlobGrid {
     }
 
     const ImageView& source_;
-    const int radius_, spacing_, margin_, columns_, rows_, reach_;
+    const int touches_, spacing_, margin_, columns_, rows_, reach_;
     const std::shared_ptr<std::uint8_t> colors_;
 };
 

@@ -39,8 +39,9 @@ class BlobSquare {
     bool Covered() const { return left_ == 0; }
 
     void Draw(const BlobStamp& stamp, const BlobDrops::Drop& drop) {
-        const int radius = stamp.Radius(), middle = drop.x - x_;
-        const int top = std::max(0, drop.y - radius - y_), bottom = std::min(height_ - 1, drop.y + radius - y_);
+        const int reach = stamp.Reach(), middle = drop.x - x_;
+        const int top = std::max(0, drop.y - reach - y_), bottom = std::min(height_ - 1, drop.y + reach - y_);
+        const std::uint32_t shine = ShineOf(drop.color);
         for (int row = top; row <= bottom; ++row) {
             const int dy = row + y_ - drop.y, half = stamp.Half(dy);
             const int begin = std::max(0, middle - half), end = std::min(kBlobSquare, middle + half + 1);
@@ -50,7 +51,8 @@ class BlobSquare {
             if (fresh == 0) continue;
             for (; fresh != 0; fresh &= fresh - 1) {
                 const int group = std::countr_zero(fresh);
-                if (DrawGroup(stamp.Row(dy) - middle + group * kLanes, row * kBlobSquare + group * kLanes, drop.color))
+                if (DrawGroup(stamp.Row(dy) - middle + group * kLanes, row * kBlobSquare + group * kLanes, drop.color,
+                              shine))
                     groups_[row] &= ~(1u << group);
             }
             if (groups_[row] == 0) --left_;
@@ -77,16 +79,25 @@ class BlobSquare {
     static constexpr int kPixelsOfSquare = kBlobSquare * kBlobSquare;
     static_assert(kBlobSquare / kLanes < 32);
 
-    using Words = hn::Vec<hn::RepartitionToNarrow<PixelTag>>;
-    static constexpr hn::RepartitionToNarrow<PixelTag> kWords{};
     static HWY_INLINE Words InWords(Pixels p) { return hn::BitCast(kWords, p); }
-    static HWY_INLINE Pixels InBoth(Pixels low) { return hn::Or(low, hn::ShiftLeft<16>(low)); }
+
+    // How strong the gloss of a drop is, in 256ths: dark ones glisten less, or they would be nothing but dots.
+    static std::uint32_t ShineOf(std::uint32_t color) {
+        const std::uint32_t red = color >> 16 & 0xff, green = color >> 8 & 0xff, blue = color & 0xff;
+        return 104 + (77 * red + 150 * green + 29 * blue) * 199 / 65536;
+    }
 
     // kLanes pixels from `at` under that part of the stamp. True when nothing below them will show.
-    HWY_INLINE bool DrawGroup(const std::uint32_t* stamp, int at, std::uint32_t color) {
+    HWY_INLINE bool DrawGroup(const std::uint32_t* stamp, int at, std::uint32_t color, std::uint32_t shine) {
         const Pixels look = hn::LoadU(kPixels, stamp), open = hn::Load(kPixels, open_ + at);
-        const Pixels light = hn::And(look, All(0x1ffu)), gloss = hn::And(hn::ShiftRight<9>(look), All(0x7fu));
-        const Pixels part = hn::ShiftRight<8>(hn::Add(hn::Mul(open, hn::ShiftRight<16>(look)), All(128u)));
+        const Pixels light = hn::And(look, All(0x1ffu)), full = hn::And(hn::ShiftRight<9>(look), All(0xffu));
+        // Below 2^16: the gloss is 210 at the most. The words above stay empty.
+        const auto times = [](Pixels a, Pixels b) HWY_ATTR {
+            const Words product = hn::Mul(InWords(a), InWords(b));
+            return hn::BitCast(kPixels, hn::ShiftRight<8>(hn::Add(product, hn::Set(kWords, 128))));
+        };
+        const Pixels gloss = times(full, All(shine));
+        const Pixels part = hn::ShiftRight<8>(hn::Add(hn::Mul(open, hn::ShiftRight<17>(look)), All(128u)));
         const Words parts = InWords(InBoth(part));
         // Colour · light / 256 + gloss, rounded; alpha as it is.
         const auto add = [&](std::uint32_t* sums, std::uint32_t channels, Pixels lights, Pixels glosses) HWY_ATTR {

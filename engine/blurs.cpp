@@ -65,17 +65,58 @@ class ScaledPlaces {
     const Ints step_;
 };
 
+// What a span wants of the source: all of it lies between two rows, so these are mixed first.
+class MixedRow {
+ public:
+    MixedRow(const ImageView& source, const ScaledSpan& span, int count) {
+        const int lastX = source.width - 1, lastY = source.height - 1;
+        const auto column = [&](std::int32_t place) { return std::clamp(place >> 8, 0, lastX); };
+        const std::int32_t lastPlace = span.x + ((span.rest + (count - 1) * span.step) >> kFineBits);
+        first_ = column(span.x);
+        last_ = std::min(column(lastPlace) + 1, lastX);
+        const int y = std::clamp(span.y, 0, lastY * 256), row = y >> 8;
+        const std::uint32_t *const above = source.Row(row), *const below = source.Row(std::min(row + 1, lastY));
+        const Pixels weight = InBoth(All(static_cast<std::uint32_t>(y & 255)));
+        const int all = last_ - first_ + 1;
+        int i = 0;
+        for (; i + kLanes <= all; i += kLanes)
+            hn::StoreU(MixBytes(hn::LoadU(kPixels, above + first_ + i), hn::LoadU(kPixels, below + first_ + i), weight),
+                       kPixels, mixed_ + i);
+        std::uint32_t few[2][kLanes] = {};
+        std::copy(above + first_ + i, above + last_ + 1, few[0]);
+        std::copy(below + first_ + i, below + last_ + 1, few[1]);
+        hn::StoreU(MixBytes(hn::LoadU(kPixels, few[0]), hn::LoadU(kPixels, few[1]), weight), kPixels, mixed_ + i);
+        mixed_[all] = mixed_[all - 1];
+    }
+
+    HWY_INLINE Pixels At(Ints place) const {
+        place = hn::Min(hn::Max(place, All(first_ * 256)), All(last_ * 256));
+        const Ints column = hn::Sub(hn::ShiftRight<8>(place), All(first_));
+        const Pixels right = InBoth(hn::And(hn::BitCast(kPixels, place), All(255u)));
+        const int from = hn::GetLane(column);
+        if (hn::AllTrue(kInts, hn::Eq(column, hn::BitCast(kInts, ColumnNumbers(from)))))
+            return MixBytes(hn::LoadU(kPixels, mixed_ + from), hn::LoadU(kPixels, mixed_ + from + 1), right);
+        const Pairs pairs(mixed_, column);
+        return MixBytes(pairs.first, pairs.second, right);
+    }
+
+ private:
+    // A span is scaled by e^(1/4) at most, and there is room for a vector more.
+    static constexpr int kRoom = kScaledSpan * 13 / 10 + 2 * kLanes;
+
+    int first_, last_;  // columns
+    HWY_ALIGN std::uint32_t mixed_[kRoom];
+};
+
 // Means of the samples on two spans; halves go up or down.
 void MeanOfScaled(const ImageView& source, const ScaledSpan& inner, const ScaledSpan& outer, bool up, int count,
                   std::uint32_t* out) {
-    const BilinearSampler sampler(source);
+    const MixedRow innerRow(source, inner, count), outerRow(source, outer, count);
     ScaledPlaces innerX(inner), outerX(outer);
-    const Ints innerY = All(inner.y), outerY = All(outer.y);
     const Bytes down = hn::BitCast(kBytes, All(up ? 0u : 0xffffffffu));
     for (int i = 0; i < count; i += kLanes) {
-        const Ints x0 = innerX.Next(), x1 = outerX.Next();
-        const Bytes a = hn::Xor(hn::BitCast(kBytes, sampler(x0, innerY)), down);
-        const Bytes b = hn::Xor(hn::BitCast(kBytes, sampler(x1, outerY)), down);
+        const Bytes a = hn::Xor(hn::BitCast(kBytes, innerRow.At(innerX.Next())), down);
+        const Bytes b = hn::Xor(hn::BitCast(kBytes, outerRow.At(outerX.Next())), down);
         const Pixels mean = hn::BitCast(kPixels, hn::Xor(hn::AverageRound(a, b), down));
         if (i + kLanes <= count) {
             hn::StoreU(mean, kPixels, out + i);

@@ -42,6 +42,31 @@ struct WholeKernel {
     }
 };
 
+// The same where corners weigh alike and sides weigh alike: each of the two is added up first. kCorners: corners count.
+template <bool kCorners>
+struct SymmetricKernel {
+    WholeKernel whole;
+    std::int16_t corner, side, middle;
+
+    Pixels operator()(const Neighbourhood& around) const {
+        const auto sum = [&](auto&& half) HWY_ATTR {
+            const auto four = [&](Pixels a, Pixels b, Pixels c, Pixels d, std::int16_t weight) HWY_ATTR {
+                const Shorts added = hn::Add(hn::Add(half(a), half(b)), hn::Add(half(c), half(d)));
+                return hn::Mul(added, hn::Set(kShorts, weight));
+            };
+            Shorts total = hn::Mul(half(around.At(0, 0)), hn::Set(kShorts, middle));
+            total = hn::Add(total, four(around.At(0, -1), around.At(-1, 0), around.At(1, 0), around.At(0, 1), side));
+            if constexpr (kCorners)
+                total = hn::Add(total,
+                                four(around.At(-1, -1), around.At(1, -1), around.At(-1, 1), around.At(1, 1), corner));
+            return whole.Finish(total);
+        };
+        return JoinShorts({sum([](Pixels p) HWY_ATTR { return SplitShorts(p).blueRed; }),
+                           sum([](Pixels p) HWY_ATTR { return SplitShorts(p).greenAlpha; })},
+                          around.At(0, 0));
+    }
+};
+
 struct FloatKernel {
     Weights3x3 weights;
     float scale, offset;
@@ -84,7 +109,18 @@ void ConvolveOnTarget(const ImageView& source, const MutableImageView& target, c
             kernel.taps[static_cast<std::size_t>(kernel.count++)] = {i % 3 - 1, i / 3 - 1, weight};
     while (1 << kernel.shift < divisor) ++kernel.shift;
     kernel.offset = static_cast<std::int16_t>(offset);
-    RenderNeighbourhoods(kernel, source, target, step, passes, after);
+    const auto weight = [&](int i) { return static_cast<std::int16_t>(weights[static_cast<std::size_t>(i)]); };
+    const auto alike = [&](int a, int b, int c, int d) {
+        return weight(a) == weight(b) && weight(a) == weight(c) && weight(a) == weight(d);
+    };
+    if (!alike(0, 2, 6, 8) || !alike(1, 3, 5, 7) || weight(1) == 0)
+        RenderNeighbourhoods(kernel, source, target, step, passes, after);
+    else if (weight(0) == 0)
+        RenderNeighbourhoods(SymmetricKernel<false>{kernel, 0, weight(1), weight(4)}, source, target, step, passes,
+                             after);
+    else
+        RenderNeighbourhoods(SymmetricKernel<true>{kernel, weight(0), weight(1), weight(4)}, source, target, step,
+                             passes, after);
 }
 
 }  // namespace kelu::engine::HWY_NAMESPACE
@@ -106,10 +142,6 @@ void ConvolveAlone(const ImageView& source, const MutableImageView& target, cons
 }
 
 // clang-format off
-constexpr Weights3x3 kEnhance = { 0, -1,  0,   // c + (4 c - up - down - left - right) / 2, times 2
-                                 -1,  6, -1,
-                                  0, -1,  0};
-
 constexpr Weights3x3 kHighPass[] = {
     {-1, -1, -1,   -1,  9, -1,   -1, -1, -1},
     { 0, -1,  0,   -1,  5, -1,    0, -1,  0},
@@ -153,10 +185,6 @@ void Convolve(const ImageView& source, const MutableImageView& target, const Wei
     const float by = std::abs(Tame(divisor)) < 1e-6f ? 1 : Tame(divisor);
     HWY_DYNAMIC_DISPATCH(ConvolveOnTarget)
     (source, target, tame, by, std::clamp(offset, -10000, 10000), step, passes, after);
-}
-
-void EnhanceEdges(const ImageView& source, const MutableImageView& target, const Run& run) {
-    ConvolveAlone(source, target, kEnhance, 2, 0, run);
 }
 
 void HighPass(const ImageView& source, const MutableImageView& target, int kind, const Run& run) {

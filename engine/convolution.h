@@ -1,6 +1,6 @@
-// The 3x3 convolutions: 19 Enhance Edges, 25 High Pass, 40 Special Filter, 46 Freeze. Each works on the three colour
-// channels; alpha stays as it is. The neighbours stand farther away in large pictures (lengths.h). Outside the picture
-// lies the nearest edge pixel. Source and target have the same size and do not overlap.
+// The 3x3 convolutions, 25 High Pass, 40 Special Filter, 46 Freeze, and 19 Enhance Edges. Each works on the three
+// colour channels; alpha stays as it is. The neighbours stand farther away in large pictures (lengths.h). Outside the
+// picture lies the nearest edge pixel. Source and target have the same size and do not overlap.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -15,7 +15,7 @@ namespace kelu::engine {
 /// Row by row from the upper left neighbour to the lower right one.
 using Weights3x3 = std::array<float, 9>;
 
-/// Sharpens; flat areas stay.
+/// Drives apart what differs from its surroundings; flat areas stay.
 void EnhanceEdges(const ImageView& source, const MutableImageView& target, const Run& run);
 
 /// `kind` 0 strong, 1 plain, 2 soft.

@@ -99,15 +99,11 @@ HWY_INLINE Floats ThousandLuma(const Channels& channels) {
 }
 
 /// Luma rounded to nearest, halves upward, exactly: a quarter of a thousandth lifts the halves, and no other value
-/// comes closer to one than that.
-HWY_INLINE Floats LumaPlusRounder(const Channels& channels) {
-    return hn::Add(hn::Mul(hn::Add(ThousandLuma(channels), All(0.25f)), All(0.001f)), All(kRounder));
+/// comes closer to one than that. For channels that are wanted as floats anyway; else see below.
+HWY_INLINE Floats Luma(const Channels& channels) {
+    const Floats y = hn::Mul(hn::Add(ThousandLuma(channels), All(0.25f)), All(0.001f));
+    return hn::Sub(hn::Add(y, All(kRounder)), All(kRounder));
 }
-HWY_INLINE Floats Luma(const Channels& channels) { return hn::Sub(LumaPlusRounder(channels), All(kRounder)); }
-HWY_INLINE Ints LumaInts(const Channels& channels) {
-    return hn::And(hn::BitCast(kInts, LumaPlusRounder(channels)), All(0xff));
-}
-HWY_INLINE Ints LumaInts(Pixels pixels) { return LumaInts(Split(pixels)); }
 
 HWY_INLINE Floats Clamp01(Floats t) { return hn::Min(hn::Max(t, hn::Zero(kFloats)), All(1.0f)); }
 
@@ -140,6 +136,36 @@ HWY_INLINE ShortChannels SplitShorts(Pixels pixels) {
             hn::BitCast(kShorts, hn::ShiftRight<8>(hn::BitCast(words, pixels)))};
 }
 
+/// The products of two pairs of 16-bit numbers, added: one instruction where there is one for it.
+HWY_INLINE Ints PairProducts(Shorts a, Shorts b) {
+#if HWY_TARGET == HWY_AVX2 || HWY_TARGET == HWY_SSE4
+    Ints none = hn::Zero(kInts);
+    return hn::ReorderWidenMulAccumulate(kInts, a, b, hn::Zero(kInts), none);
+#else
+    const auto low = [](Shorts pair)
+                         HWY_ATTR { return hn::ShiftRight<16>(hn::ShiftLeft<16>(hn::BitCast(kInts, pair))); };
+    const auto high = [](Shorts pair) HWY_ATTR { return hn::ShiftRight<16>(hn::BitCast(kInts, pair)); };
+    return hn::Add(hn::Mul(low(a), low(b)), hn::Mul(high(a), high(b)));
+#endif
+}
+
+/// The same luma, from pixels.
+HWY_INLINE Ints ThousandLuma(Pixels pixels) {
+    const ShortChannels c = SplitShorts(pixels);
+    return hn::Add(PairProducts(c.blueRed, hn::BitCast(kShorts, All(299u << 16 | 114u))),
+                   PairProducts(c.greenAlpha, hn::BitCast(kShorts, All(587u))));
+}
+
+/// Rounded as above, exactly: an eighth of the number fits 16 bits, and 33555 / 2^22 is so near
+/// to an eighth of a thousandth that no quotient falls short of a whole number or reaches the next.
+HWY_INLINE Ints LumaInts(Pixels pixels) {
+    const hn::RebindToUnsigned<ShortTag> words;
+    const Ints eighths = hn::ShiftRight<3>(hn::Add(ThousandLuma(pixels), All(500)));
+    const auto product = hn::MulHigh(hn::BitCast(words, eighths), hn::Set(words, std::uint16_t{33555}));
+    return hn::ShiftRight<6>(hn::BitCast(kInts, product));
+}
+HWY_INLINE Floats Luma(Pixels pixels) { return hn::ConvertTo(kFloats, LumaInts(pixels)); }
+
 /// Pixels of these channels, clamped to 0 to 255, with the alpha of `alpha`.
 HWY_INLINE Pixels JoinShorts(const ShortChannels& channels, Pixels alpha) {
     const Shorts least = hn::Zero(kShorts), most = hn::Set(kShorts, 255);
@@ -147,6 +173,24 @@ HWY_INLINE Pixels JoinShorts(const ShortChannels& channels, Pixels alpha) {
     const Shorts green = hn::ShiftLeft<8>(hn::Min(hn::Max(channels.greenAlpha, least), most));
     const Pixels color = hn::BitCast(kPixels, hn::Or(blueRed, green));
     return hn::Or(hn::AndNot(All(kAlphaMask), color), hn::And(alpha, All(kAlphaMask)));
+}
+
+using Words = hn::Vec<hn::RepartitionToNarrow<PixelTag>>;
+constexpr hn::RepartitionToNarrow<PixelTag> kWords;
+
+/// A number below 2^16 in both halves of its lane.
+HWY_INLINE Pixels InBoth(Pixels low) { return hn::Or(low, hn::ShiftLeft<16>(low)); }
+
+/// All four channels of `a` and `b`, rounded, of the latter `weight` of 256, which stands in both halves of a lane.
+HWY_INLINE Pixels MixBytes(Pixels a, Pixels b, Pixels weight) {
+    const Words ofB = hn::BitCast(kWords, weight), ofA = hn::Sub(hn::Set(kWords, 256), ofB);
+    const auto mix = [&](Words x, Words y) HWY_ATTR {
+        const Words sum = hn::Add(hn::Mul(x, ofA), hn::Mul(y, ofB));
+        return hn::BitCast(kPixels, hn::ShiftRight<8>(hn::Add(sum, hn::Set(kWords, 128))));
+    };
+    const auto even = [](Pixels p) HWY_ATTR { return hn::BitCast(kWords, hn::And(p, All(0x00ff00ffu))); };
+    const auto odd = [](Pixels p) HWY_ATTR { return hn::ShiftRight<8>(hn::BitCast(kWords, p)); };
+    return hn::Or(mix(even(a), even(b)), hn::ShiftLeft<8>(mix(odd(a), odd(b))));
 }
 
 /// The columns x, x + 1, ... from a table: the library's own Iota passes through the stack number by number.

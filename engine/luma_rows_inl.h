@@ -65,6 +65,8 @@ class LumaRows {
     }
 
     const std::uint8_t* const* Rows() const { return rows_; }
+    /// Any row from y - step to y + step, also between those.
+    const std::uint8_t* Row(int row) { return Slot(row) + step_; }
 
  private:
     std::uint8_t* Slot(int row) { return memory_.data() + (row + slots_) % slots_ * stride_; }
@@ -98,6 +100,9 @@ struct LumaRowKernel {
     }
 };
 
+/// Least rows of a band whose kernel looks `reach` rows up and down: their luma is computed for each band anew.
+constexpr int LeastLumaRows(int reach) { return std::max(kLeastNeighbourRows, 10 * reach); }
+
 /// For kernels that need the colour of the pixel itself at most.
 template <class Kernel>
 void RenderFromLuma(const Kernel& kernel, const ImageView& source, const MutableImageView& target, int step,
@@ -109,7 +114,7 @@ void RenderFromLuma(const Kernel& kernel, const ImageView& source, const Mutable
             PointSpan(LumaRowKernel<Kernel>{kernel, luma.Rows(), step}, source.Row(y), target.Row(y), 0, source.width);
         }
     };
-    SplitRows(run, source.height, source.width, work, kLeastNeighbourRows);
+    SplitRows(run, source.height, source.width, work, LeastLumaRows(step));
 }
 
 /// For kernels that need the colours of the neighbours too.

@@ -29,22 +29,6 @@ constexpr int kSagRows = 32;
 HWY_BEFORE_NAMESPACE();
 namespace kelu::engine::HWY_NAMESPACE {
 
-using Words = hn::Vec<hn::RepartitionToNarrow<PixelTag>>;
-constexpr hn::RepartitionToNarrow<PixelTag> kWords{};
-
-// All channels of `a` and `b`, of the latter `weight` of 256.
-HWY_INLINE Pixels MixBytes(Pixels a, Pixels b, Pixels weight) {
-    const Words ofB = hn::BitCast(kWords, hn::Or(weight, hn::ShiftLeft<16>(weight)));
-    const Words ofA = hn::Sub(hn::Set(kWords, 256), ofB);
-    const auto mix = [&](Words x, Words y) HWY_ATTR {
-        const Words sum = hn::Add(hn::Mul(x, ofA), hn::Mul(y, ofB));
-        return hn::BitCast(kPixels, hn::ShiftRight<8>(hn::Add(sum, hn::Set(kWords, 128))));
-    };
-    const auto even = [](Pixels p) HWY_ATTR { return hn::BitCast(kWords, hn::And(p, All(0x00ff00ffu))); };
-    const auto odd = [](Pixels p) HWY_ATTR { return hn::ShiftRight<8>(hn::BitCast(kWords, p)); };
-    return hn::Or(mix(even(a), even(b)), hn::ShiftLeft<8>(mix(odd(a), odd(b))));
-}
-
 // `count` pixels of row `y`, each from `sag` · `part` pixels farther up. Whole vectors of `sag` are read.
 void SagSpan(const ImageView& source, const float* sag, float part, int x, int y, int count, std::uint32_t* out) {
     HWY_ALIGN std::int32_t at[kSagSpan], weights[kSagSpan];
@@ -64,7 +48,7 @@ void SagSpan(const ImageView& source, const float* sag, float part, int x, int y
     }
     for (int i = 0; i < count; i += kLanes) {
         const Pixels mixed = MixBytes(hn::Load(kPixels, above + i), hn::Load(kPixels, below + i),
-                                      hn::BitCast(kPixels, hn::Load(kInts, weights + i)));
+                                      InBoth(hn::BitCast(kPixels, hn::Load(kInts, weights + i))));
         if (i + kLanes <= count) {
             hn::StoreU(mixed, kPixels, out + i);
         } else {
@@ -92,7 +76,7 @@ void Melt(const ImageView& source, const MutableImageView& target, const Run& ru
         const float at = static_cast<float>(x) / width;
         const float fold = SmoothNoise(at * kFolds, RandomRow(0, kEffect, 0)),
                     drop = SmoothNoise(at * kDrops, RandomRow(0, kEffect, 1));
-        sag.push_back(height * (0.12f * fold + 0.2f * drop * drop));
+        sag.push_back(height * (0.09f * fold + 0.17f * Smoothstep(drop) * Smoothstep(drop)));
     }
     SplitRows(
         run, source.height, source.width,

@@ -58,14 +58,18 @@ HWY_INLINE Pixels Cover(const Color& color, Pixels pixels, Floats part) {
     return Join(mixed, hn::ShiftLeft<24>(ToByte(alpha)));
 }
 
+HWY_INLINE Pixels Dimmed(Pixels pixels, Floats light) {
+    const Channels c = Split(pixels);
+    return JoinInRange({hn::Mul(c.blue, light), hn::Mul(c.green, light), hn::Mul(c.red, light)}, pixels);
+}
+
 // Where the pixels of a span come from, in 1/256 pixel, and what part of each is not the colour outside or, without
-// one, is sampled as a cubic. Finding the
-// places and sampling there are loops of their own: each alone is short enough for the processor to work on several
-// vectors at once.
+// one, is sampled as a cubic; how bright a pixel of the ball is. Finding the places and sampling there are loops of
+// their own: each alone is short enough for the processor to work on several vectors at once.
 constexpr int kRadialSpan = 256;
 struct RadialSpan {
     HWY_ALIGN std::int32_t x[kRadialSpan], y[kRadialSpan];
-    HWY_ALIGN float part[kRadialSpan];
+    HWY_ALIGN float part[kRadialSpan], light[kRadialSpan];
 };
 
 // A row of a warp, its constants in vectors.
@@ -98,6 +102,7 @@ class RadialRow {
             if constexpr (kOutside == Outside::kColorBeyondRim) {
                 ratio = OfBall(dx, dy, distance);
                 hn::Store(hn::Add(hn::Mul(hn::Sub(All(1.0f), distance), All(rim_)), All(0.5f)), kFloats, span.part + i);
+                hn::Store(LightOfBall(distance), kFloats, span.light + i);
             } else {
                 ratio = Ratio(distance);
             }
@@ -131,18 +136,19 @@ class RadialRow {
         return Mix(hn::BitCast(kFloats, entries.first), hn::BitCast(kFloats, entries.second),
                    hn::Sub(at, hn::ConvertTo(kFloats, entry)));
     }
-    // Of Fish Eye, at the offset (dx, dy): kBall in the middle, and on the rim what leads to the picture's border. The
-    // border's corners are rounded: it lies where the sum of the eighth powers of dx and dy, in halves of the size,
-    // is 1.
+    // Of Fish Eye, at the offset (dx, dy): kBall in the middle, and on the rim what leads to the ellipse in the
+    // picture.
     HWY_INLINE Floats OfBall(Floats dx, Floats dy, Floats distance) const {
-        const auto eighth = [](Floats v) HWY_ATTR {
-            const Floats square = hn::Mul(v, v), fourth = hn::Mul(square, square);
-            return hn::Mul(fourth, fourth);
-        };
-        const Floats sum = hn::Add(eighth(hn::Mul(dx, perHalfX_)), eighth(hn::Mul(dy, perHalfY_)));
-        const Floats ofBorder = hn::Max(hn::Sqrt(hn::Sqrt(hn::Sqrt(sum))), All(1e-6f));
-        const Floats r = hn::Min(distance, All(1.0f)), cube = hn::Mul(r, hn::Mul(r, r));
-        return hn::Add(All(kBall), hn::Mul(hn::Sub(hn::Div(distance, ofBorder), All(kBall)), cube));
+        const auto square = [](Floats v) HWY_ATTR { return hn::Mul(v, v); };
+        const Floats ofBorder =
+            hn::Max(hn::Sqrt(hn::Add(square(hn::Mul(dx, perHalfX_)), square(hn::Mul(dy, perHalfY_)))), All(1e-6f));
+        const Floats fourth = square(square(hn::Min(distance, All(1.0f))));
+        return hn::Add(All(kBall), hn::Mul(hn::Sub(hn::Div(distance, ofBorder), All(kBall)), fourth));
+    }
+    // How dark the ball grows towards its rim.
+    static HWY_INLINE Floats LightOfBall(Floats distance) {
+        const Floats r = hn::Min(distance, All(1.0f)), square = hn::Mul(r, r), fourth = hn::Mul(square, square);
+        return hn::Sub(All(1.0f), hn::Mul(hn::Mul(hn::Mul(fourth, fourth), square), All(0.35f)));
     }
     // Where the picture is far away, any place beyond its edge will do.
     static HWY_INLINE Floats Place(Floats d, Floats ratio, Floats center, Floats last) {
@@ -175,7 +181,13 @@ void RenderRadialRow(const RadialWarp& warp, const ImageView& source, int y, std
                     if (span.part[i + k] > 0) lanes[k] = cubic(span.x[i + k], span.y[i + k], span.part[i + k]);
                 return hn::Load(kPixels, lanes);
             }
-            return Cover(color, samples, Clamp01(hn::Load(kFloats, span.part + i)));
+            const Floats part = Clamp01(hn::Load(kFloats, span.part + i));
+            if constexpr (kOutside == Outside::kColorBeyondRim) {
+                // Beyond the rim there is nothing but the colour.
+                if (hn::AllTrue(kFloats, hn::Eq(part, hn::Zero(kFloats)))) return Cover(color, samples, part);
+                return Cover(color, Dimmed(samples, hn::Load(kFloats, span.light + i)), part);
+            }
+            return Cover(color, samples, part);
         };
         int i = 0;
         for (; i + kLanes <= count; i += kLanes) hn::StoreU(pixels(i), kPixels, out + x + i);
@@ -211,13 +223,10 @@ RadialWarp Around(Point center, const ImageView& source, Outside outside, Color 
     return {static_cast<float>(c.x), static_cast<float>(c.y), radius, radius, outside, Sensible(color), 0, {}};
 }
 
-// Explode fetches r from r · (1 - k (1 - r²)²): 1 / (1 - k) times as large in the middle, fourfold at most, and nothing
+// Explode fetches r from r · (1 - k (1 - r²)³): 1 / (1 - k) times as large in the middle, fourfold at most, and nothing
 // is moved at the rim.
-double Strength(int strength) {
-    const double left = 1 - std::clamp(strength, 0, 100) / 100.0;
-    return 0.75 * (1 - left * left * left);
-}
-double Shrunk(double r, double k) { return r * (1 - k * (1 - r * r) * (1 - r * r)); }
+double Strength(int strength) { return 1 - 1 / (1 + 3 * std::sqrt(std::clamp(strength, 0, 100) / 100.0)); }
+double RatioOf(double r, double k) { return 1 - k * std::pow(1 - r * r, 3); }
 
 }  // namespace
 
@@ -225,7 +234,7 @@ void Explode(const ImageView& source, const MutableImageView& target, Point cent
     if (strength <= 0) return Copy(source, target, run);
     RadialWarp warp = Around(center, source, Outside::kNone, {});
     const double k = Strength(strength);
-    warp.Fill([=](double r) { return 1 - k * (1 - r * r) * (1 - r * r); });
+    warp.Fill([=](double r) { return RatioOf(r, k); });
     HWY_DYNAMIC_DISPATCH(RadialOnTarget)(warp, source, target, run);
 }
 
@@ -238,17 +247,18 @@ void Implode(const ImageView& source, const MutableImageView& target, Point cent
     warp.part = std::pow(static_cast<float>(std::min(strength, 100)) / 100, 3.0f);
     warp.Fill([=](double r) {
         if (r == 0) return 1 / (1 - k);
-        double low = r, high = 1;  // Shrunk grows with its argument
+        double low = r, high = 1;  // r · RatioOf(r) grows with r
         for (int i = 0; i < 40; ++i) {
             const double middle = (low + high) / 2;
-            (Shrunk(middle, k) < r ? low : high) = middle;
+            (middle * RatioOf(middle, k) < r ? low : high) = middle;
         }
         return low / r;
     });
     HWY_DYNAMIC_DISPATCH(RadialOnTarget)(warp, source, target, run);
 }
 
-// A ball that touches the nearer sides and holds the whole picture: even in the middle, closer and closer to the rim.
+// A ball that touches the nearer sides and holds the picture up to its ellipse: even in the middle, closer and
+// darker to the rim.
 void FishEye(const ImageView& source, const MutableImageView& target, Color outside, const Run& run) {
     const float width = static_cast<float>(source.width), height = static_cast<float>(source.height);
     const float radius = std::min(width, height) / 2;

@@ -1,7 +1,12 @@
 // Pencil on paper: lines where the picture is darker than its surroundings, strokes in two directions for its shades.
-// Lines and shades are found at the working size; strokes and grain are a texture.
+// Lines and shades are found at the working size; strokes and grain are a texture. Paper stays white where the picture
+// is brighter than most of it, so that a dark photograph becomes no gray sheet.
 // SPDX-License-Identifier: MIT
 #include "engine/sketch.h"
+
+#include <atomic>
+#include <functional>
+#include <numeric>
 
 #include "engine/gaussian.h"
 #include "engine/lengths.h"
@@ -23,7 +28,7 @@ struct LineKernel {
     const std::uint32_t* around;
 
     Pixels operator()(Pixels pixels, int x) const {
-        const Floats y = Luma(Split(pixels)), b = Luma(Split(hn::LoadU(kPixels, around + x)));
+        const Floats y = Luma(pixels), b = Luma(hn::LoadU(kPixels, around + x));
         const Floats part = hn::Div(hn::Add(y, All(8.0f)), hn::Add(b, All(8.0f)));
         const Floats line = hn::Mul(hn::Sub(All(0.965f), part), All(255 / 0.55f));
         return Join({hn::Zero(kFloats), hn::Sub(All(255.0f), y), line}, pixels);
@@ -32,7 +37,8 @@ struct LineKernel {
 
 struct DrawKernel {
     const std::uint32_t *lines, *paper;
-    int offset;  // of the paper's columns
+    int offset;   // of the paper's columns
+    float white;  // the luma from which on there is no shade
 
     HWY_INLINE Floats Sum(Floats a, float times, Floats b, float timesB, float plus) const {
         return hn::Add(hn::Add(hn::Mul(a, All(times)), hn::Mul(b, All(timesB))), All(plus));
@@ -41,13 +47,14 @@ struct DrawKernel {
     Pixels operator()(Pixels pixels, int x) const {
         const Channels map = Split(hn::LoadU(kPixels, lines + x));
         const Channels texture = Split(hn::LoadU(kPixels, paper + x - offset));
-        const Floats shade = hn::Mul(map.green, All(1.0f / 255)), drawn = hn::Mul(map.red, All(1.0f / 255));
+        const Floats dark = hn::Add(hn::Mul(map.green, All(1 / white)), All(1 - 255 / white));
+        const Floats shade = hn::Max(dark, hn::Zero(kFloats)), drawn = hn::Mul(map.red, All(1.0f / 255));
         // What the texture calls for, less 0.4: -0.4 to 1.2.
         const Floats called = Sum(texture.red, 1.6f / 255, shade, -1, -0.77f);
         const Floats first =
             hn::Mul(hn::Mul(Clamp01(hn::Neg(called)), Clamp01(Sum(shade, 2, shade, 0, -0.36f))), All(0.42f));
         const Floats other = Sum(shade, 1.3f, texture.green, -1.6f / 255, 0.035f);
-        const Floats second = hn::Mul(hn::Mul(Clamp01(other), Clamp01(Sum(shade, 3, shade, 0, -1.5f))), All(0.4f));
+        const Floats second = hn::Mul(hn::Mul(Clamp01(other), Clamp01(Sum(shade, 3, shade, 0, -1.5f))), All(0.34f));
         const Floats rough = hn::Min(hn::Mul(drawn, All(8.0f)), All(1.0f));
         const Floats grain = hn::Mul(Sum(texture.blue, 0.5f / 255, drawn, 0, -0.25f), rough);
         const Floats line = hn::Mul(Smoothstep(hn::Sub(hn::Mul(drawn, All(1.7f)), grain)), All(0.8f));
@@ -57,15 +64,21 @@ struct DrawKernel {
     }
 };
 
-// In place.
-void LinesOnTarget(const WorkPicture& soft, const WorkPicture& around, Passes& passes) {
+// In place. The sum of all shades goes to `sum`.
+void LinesOnTarget(const WorkPicture& soft, const WorkPicture& around, std::atomic<std::int64_t>& sum, Passes& passes) {
     const ImageView& size = soft.View();
     passes.Split(size.height, size.width, [&](int begin, int end) HWY_ATTR {
-        for (int y = begin; y < end; ++y) RoomyRow(LineKernel{around.Row(y)}, soft.Row(y), soft.Row(y), size.width);
+        std::int64_t shades = 0;
+        for (int y = begin; y < end; ++y) {
+            RoomyRow(LineKernel{around.Row(y)}, soft.Row(y), soft.Row(y), size.width);
+            shades += std::transform_reduce(soft.Row(y), soft.Row(y) + size.width, std::uint32_t{0}, std::plus<>(),
+                                            [](std::uint32_t pixel) { return pixel >> 8 & 0xff; });
+        }
+        sum += shades;
     });
 }
 
-void DrawOnTarget(const WorkPicture& lines, int factor, const WorkPicture& paper, int paperFactor,
+void DrawOnTarget(const WorkPicture& lines, int factor, const WorkPicture& paper, int paperFactor, float white,
                   const ImageView& source, const MutableImageView& target, Passes& passes) {
     passes.Split(target.height, target.width, [&](int begin, int end) HWY_ATTR {
         EnlargedRows map(lines, factor), texture(paper, paperFactor, true);
@@ -73,7 +86,7 @@ void DrawOnTarget(const WorkPicture& lines, int factor, const WorkPicture& paper
         for (int y = begin; y < end; ++y) {
             const std::uint32_t *const mapRow = map.Row(y), *const paperRow = texture.Row(y);
             for (int x = 0; x < target.width; x += side)
-                PointSpan(DrawKernel{mapRow, paperRow, x}, source.Row(y), target.Row(y), x,
+                PointSpan(DrawKernel{mapRow, paperRow, x, white}, source.Row(y), target.Row(y), x,
                           std::min(target.width, x + side));
         }
     });
@@ -103,8 +116,12 @@ void Sketch(const ImageView& source, const MutableImageView& target, const Run& 
     else
         GaussianBlur(source, soft.View(), softly, passes);
     GaussianBlur(soft, blurred.View(), around, passes);
-    HWY_DYNAMIC_DISPATCH(LinesOnTarget)(soft, blurred, passes);
-    HWY_DYNAMIC_DISPATCH(DrawOnTarget)(soft, factor, paper, paperFactor, source, target, passes);
+    std::atomic<std::int64_t> shades = 0;
+    HWY_DYNAMIC_DISPATCH(LinesOnTarget)(soft, blurred, shades, passes);
+    const double pixels = static_cast<double>(soft.View().width) * soft.View().height;
+    const double white = std::clamp(1.6 * (255 - static_cast<double>(shades) / pixels), 90.0, 255.0);
+    HWY_DYNAMIC_DISPATCH(DrawOnTarget)
+    (soft, factor, paper, paperFactor, static_cast<float>(white), source, target, passes);
 }
 
 }  // namespace kelu::engine

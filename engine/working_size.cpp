@@ -36,12 +36,9 @@ struct SplineWeights {
 HWY_BEFORE_NAMESPACE();
 namespace kelu::engine::HWY_NAMESPACE {
 
-using Words = hn::Vec<hn::RepartitionToNarrow<PixelTag>>;
-constexpr hn::RepartitionToNarrow<PixelTag> kWords{};
-
 HWY_INLINE Words EvenBytes(Pixels p) { return hn::BitCast(kWords, hn::And(p, All(0x00ff00ffu))); }
 HWY_INLINE Words OddBytes(Pixels p) { return hn::ShiftRight<8>(hn::BitCast(kWords, p)); }
-HWY_INLINE Words InBoth(Pixels low) { return hn::BitCast(kWords, hn::Or(low, hn::ShiftLeft<16>(low))); }
+HWY_INLINE Words WordsOf(Pixels low) { return hn::BitCast(kWords, InBoth(low)); }
 
 // The means of squares: `rows` are `factor` = 2^bits of them, `even` and `odd` have room for a row of the picture and a
 // vector more. Writes `count` pixels.
@@ -98,7 +95,7 @@ HWY_INLINE Pixels Weighed(Pixels before, Pixels here, Pixels after, Words weight
 void MixSplineRows(const std::uint32_t* above, const std::uint32_t* here, const std::uint32_t* below, int at,
                    int factor, int count, std::uint32_t* out) {
     const SplineWeights weights(at, factor);
-    const auto all = [](std::uint32_t w) HWY_ATTR { return InBoth(All(w)); };
+    const auto all = [](std::uint32_t w) HWY_ATTR { return WordsOf(All(w)); };
     for (int x = 0; x < count; x += kLanes)
         hn::StoreU(Weighed(hn::LoadU(kPixels, above + x), hn::LoadU(kPixels, here + x), hn::LoadU(kPixels, below + x),
                            all(weights.before), all(weights.here), all(weights.after)),
@@ -120,8 +117,8 @@ void WidenRow(const std::uint32_t* row, int factor, int count, std::uint32_t* ou
             after[lane] = weights.after;
             place[lane] = x / factor;
         }
-        const Words weightBefore = InBoth(hn::Load(kPixels, before)), weightHere = InBoth(hn::Load(kPixels, here)),
-                    weightAfter = InBoth(hn::Load(kPixels, after));
+        const Words weightBefore = WordsOf(hn::Load(kPixels, before)), weightHere = WordsOf(hn::Load(kPixels, here)),
+                    weightAfter = WordsOf(hn::Load(kPixels, after));
         const Ints first = hn::Load(kInts, place);
         const auto at = [&](int k) HWY_ATTR { return hn::IndicesFromVec(kPixels, hn::Add(first, All(k))); };
         const auto at0 = at(0), at1 = at(1), at2 = at(2);

@@ -56,7 +56,7 @@ TEST_F(ReplayCommand, GivesThePictureOfTheFirstVersion) {
 TEST_F(ReplayCommand, FitsOtherSizesWhenAsked) {
     MakePattern("wide.png", 320, 120);
     WriteBytes(Path("dot.kelu"),
-               "kelu recipe 1 effects 2\nfile pattern.png\nopen 160x120\napply 32\nbrush 10\nstroke 40,60 41,60\n");
+               "kelu recipe 1 effects 3\nfile pattern.png\nopen 160x120\napply 32\nbrush 10\nstroke 40,60 41,60\n");
     EXPECT_EQ(Run({"dot.kelu", "wide.png", "out.png"}), 1);
     EXPECT_TRUE(error.contains("320 x 120")) << error.constData();
     ASSERT_EQ(Run({"dot.kelu", "wide.png", "out.png", "--fit"}), 0) << error.constData();
@@ -89,12 +89,12 @@ TEST_F(ReplayCommand, FilmsGrowFromThePhotographToTheResult) {
 }
 
 TEST_F(ReplayCommand, RefusesHostileRecipesInOneLine) {
-    const QByteArray start = "kelu recipe 1 effects 2\nfile pattern.png\nopen 160x120\n";
+    const QByteArray start = "kelu recipe 1 effects 3\nfile pattern.png\nopen 160x120\n";
     const QByteArray texts[] = {
         "",
         "{\"strokes\": []}",
-        "kelu recipe 2 effects 2\n",
-        "kelu recipe 1 effects 2\nfile pattern.png\n",
+        "kelu recipe 2 effects 3\n",
+        "kelu recipe 1 effects 3\nfile pattern.png\n",
         start + "open 3x3\n",
         start + "apply\n",
         start + "apply 49\n",
@@ -109,7 +109,7 @@ TEST_F(ReplayCommand, RefusesHostileRecipesInOneLine) {
         start + "kept ../../pattern.png 24\n",
         start + "undo\n",
         start + "\x01\xff\n",
-        "kelu journal 1 effects 2\nfile pattern.png\nopen 160x120\n",
+        "kelu journal 1 effects 3\nfile pattern.png\nopen 160x120\n",
     };
     for (const QByteArray& text : texts) {
         WriteBytes(Path("bad.kelu"), text);

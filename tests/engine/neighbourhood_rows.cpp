@@ -110,6 +110,19 @@ EffectRow AntialiasRow() {
             1};
 }
 
+Definition Enhanced(int step) {
+    return EachPixel([=](const Picture& source, int x, int y) -> std::array<double, 3> {
+        const auto luma = [&](int dx, int dy) { return Luma(source.At(x + dx * step, y + dy * step)); };
+        double edge = 12 * luma(0, 0);
+        for (const int far : {1, 2}) edge -= luma(-far, -far) + luma(far, -far) + luma(-far, far) + luma(far, far);
+        edge -= luma(-3, 0) + luma(3, 0) + luma(0, -3) + luma(0, 3);
+        const double driven = std::min(128.0, std::max(0.0, std::abs(edge) - 18) * 0.2151);
+        const double change = std::copysign(driven - driven * driven / 256, edge);
+        const Rgba p = source.At(x, y);
+        return {p.red + change, p.green + change, p.blue + change};
+    });
+}
+
 }  // namespace
 
 std::vector<EffectRow> NeighbourhoodRows() {
@@ -119,9 +132,8 @@ std::vector<EffectRow> NeighbourhoodRows() {
         EmbossRow(4, 1, 0),
         EmbossRow(7, 10, 255),
         EmbossRow(3, 3, 100, 5),
-        {"EnhanceEdges", [](auto& s, auto& t, auto& run) { EnhanceEdges(s, t, run); },
-         Convolved({0, -1, 0, -1, 6, -1, 0, -1, 0}, 2, 0)},
-        {"EnhanceEdges_far", Far(EnhanceEdges, 3), Convolved({0, -1, 0, -1, 6, -1, 0, -1, 0}, 2, 0, 3)},
+        {"EnhanceEdges", [](auto& s, auto& t, auto& run) { EnhanceEdges(s, t, run); }, Enhanced(1), 1},
+        {"EnhanceEdges_far", Far(EnhanceEdges, 3), Enhanced(3), 1},
         HighPassRow(0, {-1, -1, -1, -1, 9, -1, -1, -1, -1}),
         HighPassRow(1, {0, -1, 0, -1, 5, -1, 0, -1, 0}),
         HighPassRow(2, {1, -2, 1, -2, 5, -2, 1, -2, 1}),

@@ -100,7 +100,9 @@ EffectRow BlobsRow(int radius, int spacing) {
     return {"Blobs_" + std::to_string(radius) + "_" + std::to_string(spacing),
             [=](auto& s, auto& t, auto& run) { Blobs(s, t, radius, spacing, run); },
             [=](const Picture& source, Picture& expected) {
-                const int step = std::max({spacing, (radius + 1) / 2, 2}), margin = radius / step + 1;
+                const bool shadows = radius >= 3;
+                const int touches = shadows ? radius + (radius + 2) / 3 : radius;
+                const int step = std::max({spacing, (radius + 1) / 2, 2}), margin = touches / step + 1;
                 const int columns = (source.Width() - 1) / step + 1 + 2 * margin;
                 const int rows = (source.Height() - 1) / step + 1 + 2 * margin;
                 struct Drop {
@@ -118,7 +120,7 @@ EffectRow BlobsRow(int radius, int spacing) {
                                   (row - margin) * step + jitter(1), {}};
                         for (const auto channel : kChannels) {
                             double sum = 0;
-                            const int reach = radius / 4, apart = std::max(1, reach / 3), each = reach / apart;
+                            const int reach = radius / 8, apart = std::max(1, reach / 3), each = reach / apart;
                             for (int dy = -each; dy <= each; ++dy)
                                 for (int dx = -each; dx <= each; ++dx)
                                     sum += source.At(drop.x + dx * apart, drop.y + dy * apart).*channel;
@@ -134,16 +136,25 @@ EffectRow BlobsRow(int radius, int spacing) {
                         std::array<double, 4> result;
                         for (std::size_t c = 0; c < 4; ++c) result[c] = source.At(x, y).*kChannels[c];
                         for (const Drop& drop : drops) {
-                            const int dx = x - drop.x, dy = y - drop.y;
-                            const double r = radius + 0.5, cover = std::clamp(r - std::hypot(dx, dy), 0.0, 1.0);
-                            if (cover == 0 || std::abs(dx) > radius || std::abs(dy) > radius) continue;
-                            const double height = std::sqrt(std::max(0.0, 1 - (dx * dx + dy * dy) / (r * r)));
-                            const double lambert = std::max(0.0, -(dx + dy) / r / 2 + height * std::numbers::sqrt2 / 2);
+                            const int dx = x - drop.x, dy = y - drop.y, far = std::max(std::abs(dx), std::abs(dy));
+                            if (far > touches) continue;
+                            const double r = radius + 0.5, u = dx / r, v = dy / r;
+                            const double inward = std::clamp((1.15 - std::hypot(u - 0.12, v - 0.12)) / 0.3, 0.0, 1.0);
+                            const double shadow = shadows ? 0.7 * inward * inward * (3 - 2 * inward) : 0;
+                            const double cover = far > radius ? 0 : std::clamp(r - std::hypot(dx, dy), 0.0, 1.0);
+                            const double height = std::sqrt(std::max(0.0, 1 - u * u - v * v));
+                            const double lambert = std::max(0.0, -(u + v) / 2 + height * std::numbers::sqrt2 / 2);
+                            const double luma =
+                                0.299 * drop.color.red + 0.587 * drop.color.green + 0.114 * drop.color.blue;
+                            const double gloss = (50 * std::pow(lambert, 14) + 160 * std::pow(lambert, 50)) *
+                                                 (104 + 199 * luma / 256) / 256;
                             for (std::size_t c = 0; c < 4; ++c) {
                                 const double plain = drop.color.*kChannels[c];
-                                const double lit =
-                                    std::min(255.0, plain * (0.5 + 0.6 * lambert) + 90 * std::pow(lambert, 20));
-                                result[c] += cover * ((c < 3 ? lit : plain) - result[c]);
+                                // Shadow and ball are one layer.
+                                const double both = cover + (1 - cover) * shadow;
+                                const double lit = plain * (0.64 + 0.56 * lambert) + gloss;
+                                const double level = both > 0 ? std::min(255.0, lit * cover / both) : 0;
+                                result[c] += both * ((c < 3 ? level : plain) - result[c]);
                             }
                         }
                         expected.Set(x, y,

@@ -17,6 +17,7 @@ using namespace engine;
 struct Place {
     double x, y;
     double cubic = 0;  // what part of the sample is bicubic, not bilinear
+    double light = 1;  // how bright its colour is
 };
 
 // The weights of four neighbours, bilinear or Catmull and Rom's.
@@ -48,6 +49,7 @@ Definition Sampled(At place, Color color, Part part) {
                                  (source.At(static_cast<int>(left) + static_cast<int>(i % 4) - 1,
                                             static_cast<int>(top) + static_cast<int>(i / 4) - 1).*
                                   c);
+                    if (c != &Rgba::alpha) value *= at.light;
                     return Rounded(outside + covered * (value - outside));
                 };
                 expected.Set(x, y,
@@ -75,8 +77,8 @@ std::string Named(const char* effect, Point center, int strength) {
 }
 
 double Pulled(int strength, double r) {
-    const double left = 1 - strength / 100.0;
-    return 1 - 0.75 * (1 - left * left * left) * (1 - r * r) * (1 - r * r);
+    const double enlarged = 1 + 3 * std::sqrt(strength / 100.0);
+    return 1 - (1 - 1 / enlarged) * std::pow(1 - r * r, 3);
 }
 
 EffectRow ExplodeRow(Point center, int strength) {
@@ -122,16 +124,14 @@ EffectRow FishEyeRow(Color color) {
             : x(column - (source.Width() - 1) / 2.0),
               y(row - (source.Height() - 1) / 2.0),
               r(std::hypot(x, y) / (std::min(source.Width(), source.Height()) / 2.0)),
-              beyond(r /
-                     std::max(1e-6, std::pow(std::pow(2 * x / source.Width(), 8) + std::pow(2 * y / source.Height(), 8),
-                                             0.125))) {}
+              beyond(r / std::max(1e-6, std::hypot(2 * x / source.Width(), 2 * y / source.Height()))) {}
     };
     return {"FishEye", [=](auto& s, auto& t, auto& run) { FishEye(s, t, color, run); },
             Sampled(
                 [](const Picture& source, int x, int y) -> Place {
                     const Ball ball(source, x, y);
-                    const double ratio = 0.55 + (ball.beyond - 0.55) * std::pow(std::min(1.0, ball.r), 3);
-                    return {x + ball.x * (ratio - 1), y + ball.y * (ratio - 1)};
+                    const double r = std::min(1.0, ball.r), ratio = 0.55 + (ball.beyond - 0.55) * std::pow(r, 4);
+                    return {x + ball.x * (ratio - 1), y + ball.y * (ratio - 1), 0, 1 - 0.35 * std::pow(r, 10)};
                 },
                 color,
                 [](const Picture& source, int x, int y, Place) {
@@ -149,7 +149,7 @@ EffectRow MeltRow() {
                     const float at = static_cast<float>(x) / static_cast<float>(source.Width());
                     return static_cast<double>(SmoothNoise(at * static_cast<float>(values), RandomRow(0, 30, stream)));
                 };
-                const double sag = 0.12 * noise(12, 0) + 0.2 * std::pow(noise(18, 1), 2);
+                const double sag = 0.09 * noise(12, 0) + 0.17 * std::pow(Smooth(noise(18, 1)), 2);
                 return {1.0 * x, y - sag * source.Height() * Smooth(1.0 * y / source.Height())};
             },
             {}, kEverywhere),
