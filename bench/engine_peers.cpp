@@ -121,6 +121,19 @@ Peers::Peers(const engine::ImageView& view, int threads) : data_(std::make_uniqu
         {"28 Maximum, Square", [=, &d] { cv::dilate(d.source, d.target, square); }},
         {"29 Minimum, Circle", [=, &d] { cv::erode(d.source, d.target, disc); }},
         {"29 Minimum, Square", [=, &d] { cv::erode(d.source, d.target, square); }},
+        {"30 Melt",  // the columns' places made anew, too
+         [&d] {
+             cv::parallel_for_({0, d.madeX.rows}, [&](const cv::Range& rows) {
+                 for (int y = rows.start; y < rows.end; ++y)
+                     for (int x = 0; x < d.madeX.cols; ++x) {
+                         const auto column = static_cast<std::uint32_t>(x) / 64, random = column * 2654435761u >> 16;
+                         d.madeX.at<float>(y, x) = static_cast<float>(x);
+                         d.madeY.at<float>(y, x) =
+                             static_cast<float>(y) * (1 - 0.2f * static_cast<float>(random) / 65536);
+                     }
+             });
+             cv::remap(d.source, d.target, d.madeX, d.madeY, cv::INTER_NEAREST, cv::BORDER_REPLICATE);
+         }},
         {"31 Mosaic",
          [&d] {
              cv::resize(d.source, d.between, {}, 0.1, 0.1, cv::INTER_AREA);

@@ -13,13 +13,6 @@
 HWY_BEFORE_NAMESPACE();
 namespace kelu::engine::HWY_NAMESPACE {
 
-// The sum of the squares of the two 16-bit numbers of a lane.
-HWY_INLINE Ints PairSquares(Shorts pair) {
-    const Ints both = hn::BitCast(kInts, pair);
-    const Ints low = hn::ShiftRight<16>(hn::ShiftLeft<16>(both)), high = hn::ShiftRight<16>(both);
-    return hn::Add(hn::Mul(low, low), hn::Mul(high, high));
-}
-
 struct EdgeKernel {
     float gain;  // of the root of the sum of squares
 
@@ -30,7 +23,7 @@ struct EdgeKernel {
             const Shorts across = hn::Sub(at(1, 0), at(-1, 0)), down = hn::Sub(at(0, 1), at(0, -1));
             const Shorts gx = hn::Add(hn::Add(rising, falling), hn::Add(across, across));
             const Shorts gy = hn::Add(hn::Sub(rising, falling), hn::Add(down, down));
-            return hn::Add(PairSquares(gx), PairSquares(gy));
+            return hn::Add(PairProducts(gx, gx), PairProducts(gy, gy));
         };
         const Ints blueRed = squares([&](int dx, int dy) HWY_ATTR {
             return hn::BitCast(kShorts, hn::And(around.At(dx, dy), All(0x00ff00ffu)));

@@ -34,10 +34,13 @@ struct FrostKernel {
         const Floats thick = hn::Add(
             hn::Add(hn::Mul(texture.red, All(0.7f / 255)), hn::Mul(texture.blue, All(0.25f / 255))), All(0.15f));
         const Floats white = hn::Min(hn::Mul(frost, thick), All(1.0f));
+        const Floats bare = hn::Sub(All(1.0f), white);
         const auto frozen = [&](Floats own, float dark, float middle, float light, float snow) HWY_ATTR {
+            constexpr float kCold = 0.65f;
+            const Floats shade = hn::Add(hn::Mul(own, All(1 - kCold)), hn::Add(faces, All(kCold * dark)));
             const Floats cold =
-                hn::Add(hn::Add(hn::Mul(low, All(middle - dark)), hn::Mul(high, All(light - middle))), All(dark));
-            return Mix(hn::Add(Mix(own, cold, All(0.65f)), faces), All(snow), white);
+                hn::Add(hn::Mul(low, All(kCold * (middle - dark))), hn::Mul(high, All(kCold * (light - middle))));
+            return hn::Add(hn::Mul(hn::Add(shade, cold), bare), hn::Mul(white, All(snow)));
         };
         return Join(
             {frozen(c.blue, 62, 205, 255, 255), frozen(c.green, 24, 150, 251, 247), frozen(c.red, 8, 92, 244, 236)},

@@ -38,7 +38,7 @@ struct SepiaKernel {
     float strength;  // 0 to 1
 
     Pixels operator()(Pixels pixels) const {
-        const Floats y = Luma(Split(pixels));
+        const Floats y = Luma(pixels);
         const Floats tint = hn::Mul(hn::Mul(y, hn::Sub(All(255.0f), y)), All(strength * 2.4f / 255));
         // Only blue can leave its range.
         const Floats blue = hn::Max(hn::Add(y, hn::Mul(tint, All(-0.50f))), hn::Zero(kFloats));
@@ -54,18 +54,18 @@ void SepiaOnTarget(const ImageView& source, const MutableImageView& target, int 
 
 // 255 where Y >= S1. Y is rounded, so a thousand times the exact luma is compared with 1000 · S1 - 500.
 struct BlackWhiteKernel {
-    float thousandThreshold;
+    int thousandThreshold;
 
     Pixels operator()(Pixels pixels) const {
-        const auto white = hn::Ge(ThousandLuma(Split(pixels)), All(thousandThreshold));
-        const Pixels ones = hn::BitCast(kPixels, hn::VecFromMask(kFloats, white));
+        const auto white = hn::Gt(ThousandLuma(pixels), All(thousandThreshold - 1));
+        const Pixels ones = hn::BitCast(kPixels, hn::VecFromMask(kInts, white));
         return hn::Or(hn::And(pixels, All(kAlphaMask)), hn::AndNot(All(kAlphaMask), ones));
     }
 };
 
 void BlackWhiteOnTarget(const ImageView& source, const MutableImageView& target, int threshold, const Run& run) {
     const int clamped = std::clamp(threshold, 0, 256);
-    RenderPoints(BlackWhiteKernel{static_cast<float>(1000 * clamped - 500)}, source, target, run);
+    RenderPoints(BlackWhiteKernel{1000 * clamped - 500}, source, target, run);
 }
 
 // C · Y / Yc up to the colour's own luma Yc, from there C + (255 - C) (Y - Yc) / (255 - Yc). Black stays black even
@@ -83,7 +83,7 @@ struct ColorizeKernel {
 
     Pixels operator()(Pixels pixels) const {
         // Up from black, or down from white.
-        const Floats y = Luma(Split(pixels));
+        const Floats y = Luma(pixels);
         const auto dark = hn::Le(y, All(colorLuma));
         const Floats begin = hn::IfThenElseZero(hn::Not(dark), All(255.0f));
         const Floats away = hn::IfThenElse(dark, y, hn::Sub(y, All(255.0f)));
@@ -107,7 +107,7 @@ struct FalseColorKernel {
     Color dark, bright;
 
     Pixels operator()(Pixels pixels) const {
-        const Floats y = hn::Mul(Luma(Split(pixels)), All(1.0f / 255));
+        const Floats y = hn::Mul(Luma(pixels), All(1.0f / 255));
         return JoinInRange(Mix(AllOf(dark), AllOf(bright), y), pixels);
     }
 };
