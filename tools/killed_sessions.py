@@ -2,7 +2,7 @@
 # Kills the real window program at random moments of real sessions and looks at what the next start brings back.
 # SPDX-License-Identifier: MIT
 #
-#   tools/killed_sessions.py BIN_FOLDER PICTURE ROUNDS [SEED [AT_ONCE]]
+#   tools/killed_sessions.py BIN_FOLDER PICTURE ROUNDS [SEED [AT_ONCE [SIGNAL]]]
 #
 # Mouse and keys come from xdotool on displays of its own (Xvfb, openbox), one for each of the rounds under way at once.
 # What was on the canvas after each stroke comes from the program's own Copy: the clipboard is given up to a mark first,
@@ -13,12 +13,15 @@
 # - the canvas is what kelu-cli replays from the journal as it was found, and some beginning of that journal is the
 #   canvas as it was after a stroke that ended at most a second before the kill, or a later one;
 # - or, where the last of the strokes was saved or none was painted, there is nothing to bring back.
+# With TERM, INT or HUP in place of KILL the program ends by itself, and all that was finished before must come back.
 # Prints a line a round and the counts. The folder of a round that is not good stays.
-import collections, concurrent.futures, hashlib, itertools, os, queue, random, re, shutil, subprocess, sys, tempfile
-import threading, time
+import collections, concurrent.futures, hashlib, itertools, os, queue, random, re, shutil, signal, subprocess, sys
+import tempfile, threading, time
 
 BIN, PICTURE = os.path.abspath(sys.argv[1]), os.path.abspath(sys.argv[2])
 ROUNDS, SEED, AT_ONCE = [int(word) for word in sys.argv[3:6] + ["1", "1", "2"][len(sys.argv[3:6]):]]
+SIGNAL = signal.Signals["SIG" + (sys.argv[6] if len(sys.argv) > 6 else "KILL")]
+GRACE = 1.0 if SIGNAL == signal.SIGKILL else 0.0  # s before the end of which strokes may be lost
 # In the window: the first buttons of the chooser, Apply, and what is inside the picture (left, top, width, height).
 EFFECTS, APPLY, CANVAS = [(813, 115), (813, 217), (813, 318)], (813, 576), (168, 173, 440, 290)
 PATIENCE = 120  # s that a busy machine may take for an answer
@@ -82,8 +85,8 @@ class Session:
 
     def kill(self):
         self.killed = time.time()
-        self.program.kill()
-        self.program.wait()
+        self.program.send_signal(SIGNAL)
+        self.program.wait(PATIENCE)
 
     def wait(self, condition, seconds=PATIENCE, between=0.05):
         """What the condition gave; raises when the program is killed or the time is over."""
@@ -242,8 +245,8 @@ class Session:
         for path, wanted in self.files.items():
             if os.path.exists(path) and sum_of(path) != wanted:
                 return "BROKEN FILE"
-        due = [s for t, s in self.truths if t <= killed - 1.0][-1:]
-        later = [s for t, s in self.truths if t > killed - 1.0]
+        due = [s for t, s in self.truths if t <= killed - GRACE][-1:]
+        later = [s for t, s in self.truths if t > killed - GRACE]
         is_saved = bool(self.truths) and any(sum_of(path) == self.truths[-1][1] for path in self.files)
         journal = self.journal()
         text = open(journal, "rb").read() if journal else b""
@@ -275,8 +278,7 @@ def one_round(number, displays):
     except (Killed, TimeoutError) as error:  # no answer where there should be one
         verdict = "NO ANSWER"
         run("import", "-window", "root", folder + "/screen.png", env=session.env)
-        if session.program.poll() is None:
-            session.kill()
+        session.program.kill()
     finally:
         displays.put(display)
     if not verdict.isupper():

@@ -65,7 +65,7 @@ NoteBar::NoteBar(QWidget* parent)
     goes_.setSingleShot(true);
     connect(&goes_, &QTimer::timeout, this, [this] {
         if (buttonBox_->underMouse())
-            goes_.start(kShownFor);
+            StartTime();
         else
             Pass();
     });
@@ -118,9 +118,11 @@ void NoteBar::Display(const Note& note) {
     buttonBox_->setVisible(!note_.buttons.empty());
     if (!note_.stays) {
         if (!note_.unasked) qApp->installEventFilter(this);
-        goes_.start(kShownFor);
+        StartTime();
     }
 }
+
+void NoteBar::StartTime() { goes_.start(note_.buttons.empty() ? kShownFor : kOfferedFor); }
 
 void NoteBar::Hide() {
     goes_.stop();

@@ -20,7 +20,8 @@ class NoteBar : public QWidget, public Notes {
     Q_OBJECT
 
  public:
-    static constexpr int kShownFor = 7000;  ///< ms; the pointer over the buttons holds the note
+    static constexpr int kShownFor = 7000;     ///< ms
+    static constexpr int kOfferedFor = 12000;  ///< with buttons, which take a decision; the pointer over them holds it
 
     explicit NoteBar(QWidget* parent);
     ~NoteBar() override;
@@ -41,6 +42,7 @@ class NoteBar : public QWidget, public Notes {
 
  private:
     void Display(const Note& note);
+    void StartTime();
     void Hide();
     /// The passing note goes; one that tells of a state stands below it.
     void Pass();

@@ -231,6 +231,7 @@ void frmEmail::SetSending(bool sending) {
 void frmEmail::SendAndUnload(const std::function<void()>& send) {
     const bool sent = RunShowingErrors(dialog_, [&] {
         send();
+        lblWaiting->hide();
         QCoreApplication::processEvents();
         dialog_.ShowMessage({tr("Information"), tr("E-mail Sent!\r\n"), MsgIcon::Information});
     });
