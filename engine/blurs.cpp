@@ -74,14 +74,20 @@ class MixedRow {
         const std::int32_t lastPlace = span.x + ((span.rest + (count - 1) * span.step) >> kFineBits);
         first_ = column(span.x);
         last_ = std::min(column(lastPlace) + 1, lastX);
+        least_ = All(first_ * 256);
+        most_ = All(last_ * 256);
         const int y = std::clamp(span.y, 0, lastY * 256), row = y >> 8;
         const std::uint32_t *const above = source.Row(row), *const below = source.Row(std::min(row + 1, lastY));
         const Pixels weight = InBoth(All(static_cast<std::uint32_t>(y & 255)));
         const int all = last_ - first_ + 1;
+        // The next result row will mostly need the next source row, which no processor foresees.
+        const std::uint32_t* const ahead = source.Row(std::min(row + kRowsAhead, lastY)) + first_;
         int i = 0;
-        for (; i + kLanes <= all; i += kLanes)
+        for (; i + kLanes <= all; i += kLanes) {
+            hwy::Prefetch(ahead + i);
             hn::StoreU(MixBytes(hn::LoadU(kPixels, above + first_ + i), hn::LoadU(kPixels, below + first_ + i), weight),
                        kPixels, mixed_ + i);
+        }
         std::uint32_t few[2][kLanes] = {};
         std::copy(above + first_ + i, above + last_ + 1, few[0]);
         std::copy(below + first_ + i, below + last_ + 1, few[1]);
@@ -90,8 +96,8 @@ class MixedRow {
     }
 
     HWY_INLINE Pixels At(Ints place) const {
-        place = hn::Min(hn::Max(place, All(first_ * 256)), All(last_ * 256));
-        const Ints column = hn::Sub(hn::ShiftRight<8>(place), All(first_));
+        place = hn::Min(hn::Max(place, least_), most_);
+        const Ints column = hn::ShiftRight<8>(hn::Sub(place, least_));
         const Pixels right = InBoth(hn::And(hn::BitCast(kPixels, place), All(255u)));
         const int from = hn::GetLane(column);
         if (hn::AllTrue(kInts, hn::Eq(column, hn::BitCast(kInts, ColumnNumbers(from)))))
@@ -101,10 +107,12 @@ class MixedRow {
     }
 
  private:
+    static constexpr int kRowsAhead = 3;
     // A span is scaled by e^(1/4) at most, and there is room for a vector more.
     static constexpr int kRoom = kScaledSpan * 13 / 10 + 2 * kLanes;
 
-    int first_, last_;  // columns
+    int first_, last_;   // columns
+    Ints least_, most_;  // the same as places
     HWY_ALIGN std::uint32_t mixed_[kRoom];
 };
 
