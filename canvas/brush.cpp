@@ -18,30 +18,26 @@ int Bounded(int coordinate) { return std::clamp(coordinate, -kFarthest, kFarthes
 
 }  // namespace
 
-Capsule::Capsule(int x1, int y1, int x2, int y2, int size, int softness)
-    : x1_(Bounded(x1)),
-      y1_(Bounded(y1)),
-      dx_(Bounded(x2) - x1_),
-      dy_(Bounded(y2) - y1_),
-      lengthSquared_(dx_ * dx_ + dy_ * dy_),
-      radius_(std::clamp(size, 1, kFarthest) / 2.0),
-      core_((radius_ - 0.5) * (100 - std::clamp(softness, 0, 100)) / 100 - (softness > 0 ? 0.5 : 0.0)) {
-    const auto reach = static_cast<int>(std::ceil(radius_ + 0.5));
-    const QPoint low(std::min(Bounded(x1), Bounded(x2)), std::min(Bounded(y1), Bounded(y2)));
-    const QPoint high(std::max(Bounded(x1), Bounded(x2)), std::max(Bounded(y1), Bounded(y2)));
+Capsule::Capsule(int x1, int y1, int x2, int y2, int size, int softness) {
+    const QPoint from(Bounded(x1), Bounded(y1)), to(Bounded(x2), Bounded(y2));
+    const double radius = std::clamp(size, 1, kFarthest) / 2.0;
+    const double hardCore = radius - 0.5;
+    const int soft = std::clamp(softness, 0, 100);
+    edge_.x = from.x();
+    edge_.y = from.y();
+    edge_.dx = to.x() - edge_.x;
+    edge_.dy = to.y() - edge_.y;
+    edge_.outer = radius + 0.5;
+    edge_.core = hardCore * (100 - soft) / 100 - (soft > 0 ? 0.5 : 0.0);
+    lengthSquared_ = edge_.dx * edge_.dx + edge_.dy * edge_.dy;
+    const auto reach = static_cast<int>(std::ceil(edge_.outer));
+    const QPoint low(std::min(from.x(), to.x()), std::min(from.y(), to.y()));
+    const QPoint high(std::max(from.x(), to.x()), std::max(from.y(), to.y()));
     bounds_ = QRect(low - QPoint(reach, reach), high + QPoint(reach, reach));
 }
 
-float Capsule::Coverage(int x, int y) const {
-    const double px = x - x1_;
-    const double py = y - y1_;
-    const double t = lengthSquared_ > 0 ? std::clamp((px * dx_ + py * dy_) / lengthSquared_, 0.0, 1.0) : 0.0;
-    const double ex = px - t * dx_;
-    const double ey = py - t * dy_;
-    const double edge = radius_ + 0.5;
-    const double share = std::clamp((edge - std::sqrt(ex * ex + ey * ey)) / (edge - core_), 0.0, 1.0);
-    if (edge - core_ <= 1) return static_cast<float>(share);  // the antialiased edge of a hard tip
-    return static_cast<float>(share * share * (3 - 2 * share));
+void Capsule::Shares(int x, int y, int count, int strength, std::uint8_t* shares) const {
+    engine::SegmentShares(edge_, strength, x, y, count, shares);
 }
 
 // The shape is convex, so a row cuts one interval out of it: the hull of what it cuts out of the two round ends and
@@ -57,11 +53,11 @@ Capsule::Interval Capsule::Cut(double y, double radius) const {
         const double inside = radius * radius - (y - cy) * (y - cy);
         if (inside >= 0) add(cx - std::sqrt(inside), cx + std::sqrt(inside));
     };
-    addDisc(x1_, y1_);
-    addDisc(x1_ + dx_, y1_ + dy_);
+    addDisc(edge_.x, edge_.y);
+    addDisc(edge_.x + edge_.dx, edge_.y + edge_.dy);
     if (lengthSquared_ <= 0) return cut;
 
-    const double py = y - y1_;
+    const double dx = edge_.dx, dy = edge_.dy, py = y - edge_.y;
     const double width = radius * std::sqrt(lengthSquared_);
     double begin = -std::numeric_limits<double>::infinity();
     double end = std::numeric_limits<double>::infinity();
@@ -74,19 +70,19 @@ Capsule::Interval Capsule::Cut(double y, double radius) const {
         begin = std::max(begin, low / factor);
         end = std::min(end, high / factor);
     };
-    narrow(dy_, py * dx_ - width, py * dx_ + width);    // near enough to the line
-    narrow(dx_, -py * dy_, lengthSquared_ - py * dy_);  // between its ends
-    if (begin <= end) add(x1_ + begin, x1_ + end);
+    narrow(dy, py * dx - width, py * dx + width);    // near enough to the line
+    narrow(dx, -py * dy, lengthSquared_ - py * dy);  // between its ends
+    if (begin <= end) add(edge_.x + begin, edge_.x + end);
     return cut;
 }
 
 Capsule::Row Capsule::RowSpan(int y) const {
-    const Interval outer = Cut(y, radius_ + 0.5);
+    const Interval outer = Cut(y, edge_.outer);
     if (outer.begin > outer.end) return {0, 0, 0, 0};
     Row row;
     row.outerBegin = static_cast<int>(std::floor(outer.begin));
     row.outerEnd = static_cast<int>(std::ceil(outer.end)) + 1;
-    const Interval inner = core_ < 0 ? Interval{0, -1} : Cut(y, core_);
+    const Interval inner = edge_.core < 0 ? Interval{0, -1} : Cut(y, edge_.core);
     const double begin = std::ceil(inner.begin + kRoom);
     const double end = std::floor(inner.end - kRoom) + 1;
     if (!(begin < end)) {

@@ -5,6 +5,8 @@
 #include <QImage>
 #include <QRect>
 
+#include "engine/stroke_span.h"
+
 namespace kelu {
 
 /// A brush made by Surface::MakeBrush: keeps its paint alive, costs no copy. Later changes of the surface that it was
@@ -22,9 +24,10 @@ class Capsule {
     /// `size` is the diameter, at least 1; `softness` 0 to 100.
     Capsule(int x1, int y1, int x2, int y2, int size, int softness = 0);
 
-    /// Share of a pixel that is covered, 0 to 1: 0 from half a pixel outside the edge; 1 up to half a pixel inside it,
-    /// or, the softer the tip, up to a smaller core, with a smooth fall between.
-    float Coverage(int x, int y) const;
+    /// How much of the `count` pixels from (x, y) on is covered, 0 to `strength`: nothing from half a pixel outside the
+    /// edge; all up to half a pixel inside it, or, the softer the tip, up to a smaller core, with a smooth fall
+    /// between. Behind `shares` is room for engine::kRoomForShares more.
+    void Shares(int x, int y, int count, int strength, std::uint8_t* shares) const;
 
     /// All pixels with a coverage above 0 lie in here.
     QRect Bounds() const { return bounds_; }
@@ -42,10 +45,8 @@ class Capsule {
     };
     Interval Cut(double y, double radius) const;
 
-    double x1_, y1_, dx_, dy_;
+    engine::SegmentEdge edge_;  ///< its core is below 0 where nothing is covered wholly
     double lengthSquared_;
-    double radius_;
-    double core_;  ///< wholly covered up to this distance; below 0: nowhere
     QRect bounds_;
 };
 

@@ -12,36 +12,10 @@ namespace kelu {
 namespace {
 
 constexpr int kTile = UndoLevels::kTile;
+constexpr int kLargestDab = 400;  // beyond this a few strokes don't repay it; brushes grow with pictures in a batch
 
-// `share` of 255 of `paint` over `before`. Colours count by their alpha, so that a transparent pixel's hidden colour
-// does not show.
-QRgb Blend(QRgb before, QRgb paint, unsigned share) {
-    const unsigned rest = 255 - share;
-    // Opaque pixels, which are nearly all, by a divisor that the compiler knows.
-    if ((before & paint) >= 0xff000000u) {
-        const auto channel = [&](int shift) {
-            return (((before >> shift) & 255u) * rest + ((paint >> shift) & 255u) * share + 127) / 255 << shift;
-        };
-        return 0xff000000u | channel(16) | channel(8) | channel(0);
-    }
-    const unsigned wBefore = rest * static_cast<unsigned>(qAlpha(before));
-    const unsigned wPaint = share * static_cast<unsigned>(qAlpha(paint));
-    const unsigned sum = wBefore + wPaint;
-    const auto channel = [&](int shift) {
-        const unsigned mixed = ((before >> shift) & 255u) * wBefore + ((paint >> shift) & 255u) * wPaint;
-        return sum == 0 ? 0u : (mixed + sum / 2) / sum << shift;
-    };
-    return ((sum + 127) / 255 << 24) | channel(16) | channel(8) | channel(0);
-}
-
-// `paint` over an opaque pixel, which stays opaque: what is transparent changes nothing.
-QRgb LayOver(QRgb before, QRgb paint) {
-    const unsigned alpha = static_cast<unsigned>(qAlpha(paint));
-    const auto channel = [&](int shift) {
-        return (((paint >> shift) & 255u) * alpha + ((before >> shift) & 255u) * (255 - alpha) + 127) / 255 << shift;
-    };
-    return 0xff000000u | channel(16) | channel(8) | channel(0);
-}
+/// `divisor` is above 0.
+qint64 CeilOfQuotient(qint64 number, qint64 divisor) { return number / divisor + (number % divisor > 0 ? 1 : 0); }
 
 // What a soft tip covers round a point, of 255. Before and behind a segment its coverage is that of its ends, and that
 // is most of it: looked up here it costs no root and no division.
@@ -53,26 +27,22 @@ class Dab {
         if (last.size_ != size || last.softness_ != softness) last = Dab(size, softness);
         return last;
     }
-    /// `dx`, `dy` are at most as far as a brush of this size reaches.
-    std::uint8_t At(int dx, int dy) const {
-        return shares_[static_cast<std::size_t>(std::abs(dy) * side_ + std::abs(dx))];
-    }
+    /// From the point (dx, dy) off the middle on, to the right; as far as a brush of this size reaches.
+    const std::uint8_t* At(int dx, int dy) const { return &shares_[Place(std::abs(dy), dx)]; }
 
  private:
     Dab() = default;
-    Dab(int size, int softness) : size_(size), softness_(softness), side_(size / 2 + 4) {
+    Dab(int size, int softness) : size_(size), softness_(softness), reach_(size / 2 + 4) {
         const Capsule tip(0, 0, 0, 0, size, softness);
-        shares_.resize(static_cast<std::size_t>(side_) * static_cast<std::size_t>(side_));
-        for (int y = 0; y < side_; ++y)
-            for (int x = 0; x <= y; ++x)
-                shares_[static_cast<std::size_t>(x * side_ + y)] = shares_[static_cast<std::size_t>(y * side_ + x)] =
-                    static_cast<std::uint8_t>(tip.Coverage(x, y) * 255.0f + 0.5f);
+        shares_.resize(Place(reach_, -reach_) + engine::kRoomForShares);
+        for (int y = 0; y < reach_; ++y) tip.Shares(-reach_, y, 2 * reach_ + 1, 255, &shares_[Place(y, -reach_)]);
     }
+    std::size_t Place(int y, int x) const { return static_cast<std::size_t>(y * (2 * reach_ + 1) + x + reach_); }
 
     int size_ = 0;
     int softness_ = 0;
-    int side_ = 0;
-    std::vector<std::uint8_t> shares_;  ///< of one quarter, by rows
+    int reach_ = 0;
+    std::vector<std::uint8_t> shares_;  ///< of the lower half, by rows
 };
 
 // One row of tiles: all that lies at 64 rows of pixels.
@@ -85,7 +55,9 @@ class TileRow {
           shape_(shape),
           strength_(strength),
           laysOver_(paint.hasAlphaChannel() && !canvas.hasAlphaChannel()),
-          dab_(segment.softness > 0 && strength == 255 ? &Dab::Of(segment.size, segment.softness) : nullptr) {}
+          dab_(segment.softness > 0 && strength == 255 && segment.size <= kLargestDab
+                   ? &Dab::Of(segment.size, segment.softness)
+                   : nullptr) {}
 
     // Rows [top, bottom) and columns [left, right) lie inside one row of tiles and the common area.
     void Paint(int top, int bottom, int left, int right, UndoLevels& undo) {
@@ -125,29 +97,52 @@ class TileRow {
     }
 
     void PaintEdge(int y, int begin, int end, QRgb* to, const QRgb* from) {
-        const QPoint way = segment_.to - segment_.from;
-        const qint64 whole = qint64{way.x()} * way.x() + qint64{way.y()} * way.y();
-        // How far along the segment a pixel lies: up to 0 its start is the nearest point of it, from `whole` on its
-        // end.
-        qint64 along = qint64{begin - segment_.from.x()} * way.x() + qint64{y - segment_.from.y()} * way.y();
-        for (int x = begin; x < end; ++x, along += way.x()) {
+        for (int x = begin; x < end;) {
+            const int stop = std::min(end, (x / kTile + 1) * kTile);
             const UndoLevels::OpenTile& tile = tiles_[static_cast<std::size_t>(x / kTile - firstTile_)];
-            const int place = (y % kTile) * kTile + x % kTile;
-            std::uint8_t& covered = tile.coverage[place];
-            if (covered >= strength_) continue;
-            const unsigned share = dab_ && along <= 0       ? dab_->At(x - segment_.from.x(), y - segment_.from.y())
-                                   : dab_ && along >= whole ? dab_->At(x - segment_.to.x(), y - segment_.to.y())
-                                                            : WorkedOut(x, y);
-            if (share <= covered) continue;
-            covered = static_cast<std::uint8_t>(share);
-            QRgb before;
-            std::memcpy(&before, tile.saved + std::ptrdiff_t{place} * 4, 4);
-            to[x] = Blend(before, laysOver_ ? LayOver(before, from[x]) : from[x], share);
+            PaintPiece(tile, y, x, stop, to, from);
+            x = stop;
         }
     }
 
-    unsigned WorkedOut(int x, int y) const {
-        return static_cast<unsigned>(shape_.Coverage(x, y) * static_cast<float>(strength_) + 0.5f);
+    // The same within one tile.
+    void PaintPiece(const UndoLevels::OpenTile& tile, int y, int begin, int end, QRgb* to, const QRgb* from) {
+        const std::ptrdiff_t row = (y % kTile) * kTile;
+        // Most of a hard edge is covered by the segments before.
+        while (begin < end && tile.coverage[row + begin % kTile] >= strength_) ++begin;
+        while (begin < end && tile.coverage[row + (end - 1) % kTile] >= strength_) --end;
+        if (begin == end) return;
+        const std::ptrdiff_t place = row + begin % kTile;
+        engine::BlendStroke({Shares(y, begin, end), tile.coverage + place,
+                             reinterpret_cast<const QRgb*>(tile.saved) + place, from + begin, to + begin, end - begin},
+                            laysOver_);
+    }
+
+    // Before a soft segment its start is the nearest point of it, behind it its end, and there the shares are those of
+    // a dab.
+    const std::uint8_t* Shares(int y, int begin, int end) {
+        shares_.resize(static_cast<std::size_t>(end - begin + engine::kRoomForShares));
+        if (!dab_) {
+            shape_.Shares(begin, y, end - begin, strength_, shares_.data());
+            return shares_.data();
+        }
+        QPoint left = segment_.from, right = segment_.to;
+        if (left.x() > right.x()) std::swap(left, right);
+        const QPoint way = right - left;
+        const qint64 alongY = qint64{y - left.y()} * way.y();
+        // The first column from which on a pixel lies at least so far along the way; the way's length is its square.
+        const auto firstAlong = [&](qint64 least) {
+            if (way.x() == 0) return alongY >= least ? begin : end;
+            return static_cast<int>(std::clamp<qint64>(left.x() + CeilOfQuotient(least - alongY, way.x()), begin, end));
+        };
+        const int middle = firstAlong(1);
+        const int behind = std::max(middle, firstAlong(qint64{way.x()} * way.x() + qint64{way.y()} * way.y()));
+        std::uint8_t* const shares = shares_.data();
+        shape_.Shares(middle, y, behind - middle, strength_, shares + (middle - begin));
+        if (begin < middle) std::copy_n(dab_->At(begin - left.x(), y - left.y()), middle - begin, shares);
+        if (behind < end)
+            std::copy_n(dab_->At(behind - right.x(), y - right.y()), end - behind, shares + (behind - begin));
+        return shares;
     }
 
     void CopyInside(int y, int begin, int end, QRgb* to, const QRgb* from) {
@@ -171,6 +166,7 @@ class TileRow {
     const Dab* dab_;  ///< null: each pixel's coverage is worked out
     int firstTile_ = 0;
     std::array<Capsule::Row, kTile> rows_;
+    std::vector<std::uint8_t> shares_;  ///< of the part of a row that is at work
     std::vector<UndoLevels::OpenTile> tiles_;
 };
 
