@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QBrush>
+#include <QImage>
 #include <QObject>
 #include <QTimer>
 #include <optional>
@@ -51,6 +52,7 @@ class BrushRing : public QObject {
     BrushTip tip_;
     std::optional<QPointF> pointer_;
     ScaledView lens_;  ///< the tip's paint under the ring
+    QImage disc_;      ///< its pixels inside the ring
     QTimer textTime_;
 };
 

@@ -297,7 +297,10 @@ void ImageX::paintEvent(QPaintEvent* event) {
         shown.setDevicePixelRatio(devicePixelRatioF());
         painter.drawImage(QPointF(origin_ + view_->Window().topLeft()) / devicePixelRatioF(), shown);
     }
-    if (!RingRect().isEmpty()) ring_.Paint(painter, RingGround(), palette().window(), !pressed_);
+    if (const QRect ring = RingRect(); !ring.isEmpty()) {
+        painter.setClipRect(ring);  // one rectangle costs less than the region of where the ring was and is
+        ring_.Paint(painter, RingGround(), palette().window(), !pressed_);
+    }
 }
 
 QRect ImageX::RingRect() const { return dragging_ ? QRect() : ring_.Rect(RingGround(), font()); }
