@@ -3,6 +3,7 @@
 #include "controls/theme/focus_watch.h"
 
 #include <QApplication>
+#include <QFocusEvent>
 #include <QKeyEvent>
 #include <QPointer>
 #include <QWidget>
@@ -47,6 +48,10 @@ bool FocusWatch::eventFilter(QObject* watched, QEvent* event) {
                 default:
                     break;
             }
+            break;
+        case QEvent::FocusIn:
+            // As by Tab: a control found what was typed.
+            if (static_cast<QFocusEvent*>(event)->reason() == Qt::TabFocusReason) Set(true);
             break;
         default:
             break;

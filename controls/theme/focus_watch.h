@@ -14,7 +14,8 @@ class FocusWatch : public QObject {
     /// The one of the application object, made at the first call, which Apply is.
     static FocusWatch& Instance();
 
-    /// True from a key that moves or uses the focus until the next press of a mouse button.
+    /// True from a key that moves or uses the focus, or a focus that came as by Tab, until the next press of a mouse
+    /// button.
     bool ByKeyboard() const { return byKeyboard_; }
 
  protected:
