@@ -17,16 +17,6 @@
 
 namespace kelu {
 
-namespace {
-
-void WriteFile(const QString& path, const QByteArray& bytes) {
-    AtomicFile file(path);
-    file.Write(bytes);
-    file.Commit();
-}
-
-}  // namespace
-
 SaveMenu::SaveMenu(QWidget& button, Document& document, const SharedState& state, Journal& journal, MsgDialog& dialog)
     : QObject(&button), button_(button), document_(document), state_(state), journal_(journal), dialog_(dialog) {
     button.setContextMenuPolicy(Qt::CustomContextMenu);
@@ -37,7 +27,7 @@ void SaveMenu::Show(const QPoint& at) {
     QMenu menu(&button_);
     QAction* recipe = menu.addAction(tr("Save the recipe..."));
     QAction* film = menu.addAction(tr("Save as it grew..."));
-    const bool painted = !state_.CaptureBusy && journal_.Lines().contains("\nstroke ");
+    const bool painted = !state_.CaptureBusy && journal_.Painted();
     recipe->setEnabled(painted);
     film->setEnabled(painted);
     const QAction* chosen = menu.exec(button_.mapToGlobal(at));
@@ -48,7 +38,10 @@ void SaveMenu::Show(const QPoint& at) {
 void SaveMenu::SaveRecipe() {
     const QString path = AskForName(tr("Save the Recipe"), tr("Recipes (*.kelu)"), "kelu");
     if (path.isEmpty()) return;
-    RunShowingErrors(dialog_, [&] { WriteFile(path, RecipeText(journal_.Lines(), path)); });
+    RunShowingErrors(dialog_, [&] {
+        const Recipe recipe = Told();
+        document_.RunsBeside()([&] { WriteRecipe(recipe, path); });
+    });
 }
 
 void SaveMenu::SaveFilm() {
@@ -60,8 +53,13 @@ void SaveMenu::SaveFilm() {
     });
 }
 
+Recipe SaveMenu::Told() {
+    document_.RunsBeside()([this] { journal_.Wait(); });
+    return journal_.Told();
+}
+
 QByteArray SaveMenu::Film() {
-    Recipe recipe = ReadRecipeText(HeaderLine(/*isJournal=*/false) + journal_.Lines());
+    Recipe recipe = Told();
     CheckWhole(recipe);
     recipe.shrunk = false;  // the picture was shrunk when it was opened
     QByteArray film;

@@ -24,6 +24,7 @@ class SaveMenu : public QObject {
     void Show(const QPoint& at);
     void SaveRecipe();
     void SaveFilm();
+    Recipe Told();
     /// Empty when the user did not want to wait.
     QByteArray Film();
     /// A name for what is to be saved, "" when the user cancelled.

@@ -28,9 +28,7 @@ bool MakeFilmFile(const Recipe& recipe, const QString& in, const QString& out, b
     return made && RunForFile(out, [&] {
                if (!force && QFileInfo::exists(out))
                    throw Error(kFileError, QStringLiteral("is there already; --force replaces it"));
-               AtomicFile file(out);
-               file.Write(film);
-               file.Commit();
+               WriteFile(out, film);
            });
 }
 
@@ -67,7 +65,6 @@ int ReplayCommand(const QStringList& words) {
     const QByteArray text = ReadRecipeBytes(recipePath);
     return batch.Run((fit ? "replay --fit " : "replay ") + text, [&](const QString& in, Surfaces& made) {
         Replay replay(recipe, made, &RenderEffectOn);
-        replay.SetFolder(QFileInfo(recipePath).path());
         replay.Open(ReadPhotograph(in), fit);
         replay.DoAll([&in](int percent) {
             ShowProgress(in, percent);

@@ -130,7 +130,7 @@ void Journal::Settled(const QString& savedAs) {
         for (const QString& path : std::exchange(files.left, {})) JournalFile(path, 0, 0).Remove();
         // Later strokes still need the picture that this save has replaced.
         if (!files.file || files.kept || savedAs.isEmpty() || !SameFile(savedAs, picture.path)) return;
-        files.file->Append("kept " + files.file->Keep(picture.opened) + '\n');
+        files.file->KeepOpened(picture.opened);
         files.kept = true;
     });
 }
@@ -138,21 +138,35 @@ void Journal::Settled(const QString& savedAs) {
 void Journal::Resume(const Recipe& recipe, const OpenedPicture& picture, std::shared_ptr<JournalFile> file) {
     LeavePicture();
     picture_ = picture;
-    lines_ = LinesOf(recipe);
-    foreign_ = !recipe.paint.name.isEmpty();
-    if (!file) return Changed();
+    Recipe lines = recipe;
+    lines.brush = {};  // told by the line that its keeping gives
+    lines_ = LinesOf(lines);
+    foreign_ = !recipe.brush.paint.name.isEmpty();
+    if (!file) {
+        Changed();
+        return KeepForeignBrush();
+    }
     begun_ = unsaved_ = true;
     handedOn_ = lines_.size();
-    Run([file, kept = !recipe.kept.name.isEmpty()](Files& files) {
+    Run([file, recipe](Files& files) {
         files.left.removeAll(file->Path());
         files.file = file;
-        files.kept = kept;
+        files.kept = !recipe.kept.name.isEmpty();
+        files.brush = recipe.brush;
     });
 }
 
-QByteArray Journal::Lines() {
+Recipe Journal::Told() {
     CutStroke();
-    return foreign_ ? QByteArray() : lines_;
+    Recipe recipe = ReadRecipeText(HeaderLine(/*isJournal=*/false) + lines_);
+    recipe.folder = folder_;
+    if (!foreign_) return recipe;
+    Wait();
+    recipe.brush = files_->brush;
+    if (recipe.brush.paint.name.isEmpty())
+        throw Error(kFileError, tr("The brush of the picture before, which painted here, could not be kept"),
+                    QStringLiteral("Journal"));
+    return recipe;
 }
 
 void Journal::Flush(bool wait) {
@@ -179,7 +193,7 @@ void Journal::Begin() {
         files.file = std::make_shared<JournalFile>(folder);
         files.kept = picture.passing;
         if (picture.passing)
-            files.file->Append("kept " + files.file->Keep(picture.opened) + '\n');
+            files.file->KeepOpened(picture.opened);
         else
             files.file->AppendStamp(picture.path);
     });
@@ -199,9 +213,9 @@ void Journal::KeepForeignBrush() {
     if (!begun_) Begin();
     Run([brush = std::exchange(picture_.brush, {})](Files& files) {
         if (!files.file) return;
-        const QByteArray name = files.file->Keep({brush.paint});
-        files.file->Append("paint " + QByteArray::number(brush.size) + ' ' + QByteArray::number(brush.softness) + ' ' +
-                           name + '\n');
+        const QString name = files.file->Keep({brush.paint});
+        files.brush = {{name, brush.paint.hasAlphaChannel()}, brush.size, brush.softness};
+        files.file->Append(PaintLine(files.brush));
     });
 }
 
@@ -220,6 +234,7 @@ void Journal::LeavePicture() {
     if (begun_) {
         Flush();
         Run([this, unsaved = unsaved_, name = QFileInfo(picture_.path).fileName()](Files& files) {
+            files.brush = {};
             const std::shared_ptr<JournalFile> file = std::exchange(files.file, nullptr);
             if (!file) return;
             if (!unsaved) return file->Remove();

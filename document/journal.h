@@ -48,9 +48,13 @@ class Journal : public QObject, public SessionLog {
     void Resume(const Recipe& recipe, const OpenedPicture& picture, std::shared_ptr<JournalFile> file);
 
     const QString& Folder() const { return folder_; }
-    /// What was done since the picture was opened, as lines of a recipe; empty without a picture, and where something
-    /// was painted with the brush of another picture, which no text can tell.
-    QByteArray Lines();
+    /// Something was painted since the picture was opened.
+    bool Painted() const { return begun_; }
+    /// What was done since the picture was opened; opens none without a picture. Waits for the worker where something
+    /// was painted with the brush of the picture before, and throws Error(kFileError) where that could not be kept.
+    Recipe Told();
+    /// Waits for the worker; on any thread.
+    void Wait() { worker_.waitForDone(); }
     const OpenedPicture& Picture() const { return picture_; }
     /// Hands what is not yet written to the worker, and waits for it if asked to.
     void Flush(bool wait = false);
@@ -67,6 +71,7 @@ class Journal : public QObject, public SessionLog {
     struct Files {
         std::shared_ptr<JournalFile> file;  ///< of the present picture; null: none, or it failed
         bool kept = false;                  ///< the opened picture lies beside it
+        Recipe::KeptBrush brush;            ///< of the picture before; painted with
         QStringList left;                   ///< journals that were left with something unsaved
     };
     using Job = std::function<void(Files& files)>;
@@ -93,7 +98,7 @@ class Journal : public QObject, public SessionLog {
     bool begun_ = false;                 ///< the worker has the file
     bool unsaved_ = false;
     bool restores_ = false;  ///< the brush paints the original
-    bool foreign_ = false;   ///< painted with the brush of another picture
+    bool foreign_ = false;   ///< painted with the brush of the picture before
     bool offTold_ = false;
     QTimer timer_;
     QThreadPool worker_;  ///< one thread, so that jobs keep their order

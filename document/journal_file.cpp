@@ -94,13 +94,17 @@ void JournalFile::AppendStamp(const QString& picturePath) {
            QByteArray::number(picture.lastModified().toMSecsSinceEpoch()) + ' ' + sum + '\n');
 }
 
-QByteArray JournalFile::Keep(const Photograph& kept) {
+QString JournalFile::Keep(const Photograph& kept) {
     const QFileInfo info(path_);
     const QString name = QStringLiteral("%1-%2.png").arg(info.completeBaseName()).arg(++kept_);
     WriteOptions options;
     options.metadata = kept.metadata;
     WritePicture(kept.picture, info.dir().filePath(name), options);
-    return name.toLatin1() + (kept.picture.hasAlphaChannel() ? " 32" : " 24");
+    return name;
+}
+
+void JournalFile::KeepOpened(const Photograph& opened) {
+    Append("kept " + Keep(opened).toLatin1() + (opened.picture.hasAlphaChannel() ? " 32\n" : " 24\n"));
 }
 
 void JournalFile::Remove() {

@@ -35,8 +35,10 @@ class JournalFile {
     void Append(const QByteArray& lines);
     /// Size, time and checksum of the picture's file. A file that can't be read gets no such line.
     void AppendStamp(const QString& picturePath);
-    /// Puts the picture beside the journal and returns its name and its bits per pixel, 24 or 32, as a line tells them.
-    QByteArray Keep(const Photograph& kept);
+    /// Puts the picture beside the journal and returns its name.
+    QString Keep(const Photograph& kept);
+    /// The same, and the line that tells of it.
+    void KeepOpened(const Photograph& opened);
     /// The file and all that lies beside it.
     void Remove();
 

@@ -17,6 +17,7 @@ LeftJournal ReadLeftJournal(const QString& path) {
     left.path = path;
     const QByteArray text = ReadRecipeBytes(path);
     left.recipe = ReadRecipeText(text);
+    left.recipe.folder = QFileInfo(path).path();
     // A program that is killed may have been in the middle of a line.
     left.damaged = text.indexOf('\n', left.recipe.certainBytes) >= 0 || text.endsWith('\0');
     left.file = std::make_shared<JournalFile>(path, left.recipe.certainBytes, left.recipe.check);

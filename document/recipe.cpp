@@ -6,9 +6,12 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QList>
+#include <QUrl>
 #include <charconv>
 #include <climits>
+#include <optional>
 
+#include "platform/atomic_file.h"
 #include "platform/error.h"
 
 namespace kelu {
@@ -74,10 +77,11 @@ QByteArray ColorText(const ColorBytes& color) {
     return '#' + QByteArray::number((1 << 24) | (color.red << 16) | (color.green << 8) | color.blue, 16).mid(1);
 }
 
-/// A file that lies beside the journal, and its bits per pixel.
+/// A file that lies beside the text, and its bits per pixel.
 Recipe::KeptPicture KeptOf(const Words& words) {
-    const QString name = QString::fromLatin1(words[0]);
-    if (name.isEmpty() || name.startsWith(u'.') || name.contains(u'/') || name.contains(u'\\'))
+    const QString name = QUrl::fromPercentEncoding(words[0].toByteArray());
+    if (name.isEmpty() || name.startsWith(u'.') || name.contains(u'/') || name.contains(u'\\') ||
+        name.contains(QChar(0)))
         throw Unreadable{"not a file name"};
     return {name, NumberOf(words[1], 24, 32) == 32};
 }
@@ -161,12 +165,15 @@ class Reader {
         const QByteArrayView verb = words[0];
         if (recipe_.isJournal && ReadJournalLine(words)) return;
         if (verb == "open") return ReadOpen(words);
+        if (verb == "paint") {
+            Expect(words, 5);
+            recipe_.brush = {KeptOf(words.sliced(3)), NumberOf(words[1], 1, kLargestBrush), NumberOf(words[2], 0, 100)};
+            return;
+        }
         if (recipe_.size.isEmpty()) throw Unreadable{"the picture must be opened first"};
         if (verb == "apply") return ReadApply(words);
         if (verb == "stroke" || verb == "more") return ReadStroke(words);
-        if (verb == "brush") {
-            return ReadBrush(words);
-        }
+        if (verb == "brush") return ReadBrush(words);
         if (verb == "soft") {
             Expect(words, 2);
             return Add({.kind = Recipe::Kind::Soft, .number = NumberOf(words[1], 0, 100)}, false);
@@ -179,7 +186,7 @@ class Reader {
         recipe_.unsaved = false;
     }
 
-    /// What only a journal can hold: pictures that lie beside it, and the file's state.
+    /// What only a journal can hold: the picture beside it, and the file's state.
     bool ReadJournalLine(const Words& words) {
         if (words[0] == "stamp") {
             Expect(words, 4);
@@ -190,13 +197,6 @@ class Reader {
         if (words[0] == "kept") {
             Expect(words, 3);
             recipe_.kept = KeptOf(words.sliced(1));
-            return true;
-        }
-        if (words[0] == "paint") {
-            Expect(words, 5);
-            recipe_.paintBrush = NumberOf(words[1], 1, kLargestBrush);
-            recipe_.paintSoftness = NumberOf(words[2], 0, 100);
-            recipe_.paint = KeptOf(words.sliced(3));
             return true;
         }
         return false;
@@ -285,37 +285,60 @@ class Reader {
     Recipe recipe_;
 };
 
+/// The first bytes of a file, or all.
+QByteArray ReadFile(const QString& path, std::optional<qint64> most = {}) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) throw Error(kFileError, file.errorString(), QStringLiteral("ReadRecipe"));
+    return most ? file.read(*most) : file.readAll();
+}
+
+/// Copies the picture to a file of its own beside the recipe, and returns its name.
+QString CopyBeside(const QFileInfo& recipe, const QString& picture) {
+    const QByteArray bytes = ReadFile(picture);
+    QString name = recipe.completeBaseName() + QStringLiteral(".paint.png");
+    const auto path = [&] { return recipe.absoluteDir().filePath(name); };
+    // Nothing gives way that is not the same.
+    for (int i = 2; QFileInfo::exists(path()); ++i) {
+        if (ReadFile(path()) == bytes) return name;
+        name = QStringLiteral("%1.paint-%2.png").arg(recipe.completeBaseName()).arg(i);
+    }
+    WriteFile(path(), bytes);
+    return name;
+}
+
 }  // namespace
 
 Recipe ReadRecipeText(const QByteArray& text) { return Reader().Read(text); }
 
 QByteArray ReadRecipeBytes(const QString& path) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) throw Error(kFileError, file.errorString(), QStringLiteral("ReadRecipe"));
     // Read one byte more than allowed: a pipe or a growing file tells no honest size.
-    const QByteArray text = file.read(kMostBytes + 1);
+    const QByteArray text = ReadFile(path, kMostBytes + 1);
     if (text.size() > kMostBytes)
         throw Error(kFileError, Texts::tr("The file is too large for a recipe"), QStringLiteral("ReadRecipe"));
     return text;
+}
+
+Recipe ReadRecipeFile(const QString& path) {
+    Recipe recipe = ReadRecipeText(ReadRecipeBytes(path));
+    recipe.folder = QFileInfo(path).path();
+    return recipe;
 }
 
 QString PictureOfRecipe(const Recipe& recipe, const QString& recipePath) {
     return QDir::cleanPath(QFileInfo(recipePath).absoluteDir().filePath(recipe.file));
 }
 
-QByteArray RecipeText(const QByteArray& lines, const QString& recipePath) {
-    QByteArray text = HeaderLine(/*isJournal=*/false);
-    for (const QByteArray& line : lines.split('\n')) {
-        if (line.startsWith("file "))
-            text += FileLine(QFileInfo(recipePath).absoluteDir().relativeFilePath(UnescapedPath(line.sliced(5))));
-        else if (!line.isEmpty() && line != "settled")
-            text += line + '\n';
-    }
-    return text;
+void WriteRecipe(Recipe recipe, const QString& path) {
+    CheckWhole(recipe);
+    const QFileInfo info(path);
+    recipe.file = info.absoluteDir().relativeFilePath(recipe.file);
+    QString& paint = recipe.brush.paint.name;
+    if (!paint.isEmpty()) paint = CopyBeside(info, QDir(recipe.folder).filePath(paint));
+    WriteFile(path, HeaderLine(/*isJournal=*/false) + LinesOf(recipe));
 }
 
 QByteArray LinesOf(const Recipe& recipe) {
-    QByteArray lines = FileLine(recipe.file) + OpenLine(recipe.size, recipe.shrunk);
+    QByteArray lines = FileLine(recipe.file) + OpenLine(recipe.size, recipe.shrunk) + PaintLine(recipe.brush);
     const Recipe::Step* before = nullptr;  // the press or line that the present stroke goes on from
     const auto endStroke = [&] {
         if (std::exchange(before, nullptr)) lines += '\n';
@@ -383,6 +406,12 @@ QByteArray FileLine(const QString& path) {
 QByteArray OpenLine(const QSize& size, bool shrunk) {
     return "open " + QByteArray::number(size.width()) + 'x' + QByteArray::number(size.height()) +
            (shrunk ? " shrunk\n" : "\n");
+}
+
+QByteArray PaintLine(const Recipe::KeptBrush& brush) {
+    if (brush.paint.name.isEmpty()) return {};
+    return "paint " + QByteArray::number(brush.size) + ' ' + QByteArray::number(brush.softness) + ' ' +
+           QUrl::toPercentEncoding(brush.paint.name) + (brush.paint.hasAlpha ? " 32\n" : " 24\n");
 }
 
 QByteArray BrushLine(const Recipe::Step& brush) {

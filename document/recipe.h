@@ -39,19 +39,23 @@ struct Recipe {
         bool done = true;  ///< false: it was refused, and the pen became a copy of the canvas
     };
 
+    QString folder;  ///< where the pictures lie that lie beside it
     bool isJournal = false;
     int effects = 0;  ///< version of the effects' definitions that it was made with
     QString file;     ///< of the picture, as written
     qint64 fileBytes = -1;
     QByteArray fileSum;  ///< SHA-1 of the file, empty: not told
     struct KeptPicture {
-        QString name;           ///< of a file beside the journal; empty: none
+        QString name;           ///< of a file in `folder`; empty: none
         bool hasAlpha = false;  ///< Format_ARGB32, even if all of it is opaque
     };
-    KeptPicture kept;    ///< a copy of the opened picture
-    KeptPicture paint;   ///< what the first brush paints with, one of the picture before
-    int paintBrush = 0;  ///< its diameter
-    int paintSoftness = 0;
+    KeptPicture kept;  ///< a copy of the opened picture
+    struct KeptBrush {
+        KeptPicture paint;
+        int size = 0;  ///< a diameter
+        int softness = 0;
+    };
+    KeptBrush brush;      ///< the first one, where it was still that of the picture before
     QSize size;           ///< of the picture in the document
     bool shrunk = false;  ///< the file was larger and the rule of opening was used
     std::vector<Render> renders;
@@ -68,15 +72,15 @@ struct Recipe {
 Recipe ReadRecipeText(const QByteArray& text);
 /// The text of a file. Throws Error(kFileError): not to be opened, or too large to be a recipe.
 QByteArray ReadRecipeBytes(const QString& path);
-inline Recipe ReadRecipeFile(const QString& path) { return ReadRecipeText(ReadRecipeBytes(path)); }
+Recipe ReadRecipeFile(const QString& path);
 /// Throws Error(kFileError) when the recipe has a fault.
 void CheckWhole(const Recipe& recipe);
 
 /// The picture that a recipe in the file `recipePath` names; paths are relative to its folder.
 QString PictureOfRecipe(const Recipe& recipe, const QString& recipePath);
-/// A recipe for the file `recipePath` out of lines as a journal keeps them.
-QByteArray RecipeText(const QByteArray& lines, const QString& recipePath);
-/// The same again as lines, as a journal keeps them.
+/// Writes it to a file; the brush's paint that lies in its folder is copied beside that. Throws Error(kFileError).
+void WriteRecipe(Recipe recipe, const QString& path);
+/// It as lines again, as a journal keeps them.
 QByteArray LinesOf(const Recipe& recipe);
 
 /// The lines of the text, each with its line end.
@@ -85,6 +89,8 @@ QByteArray FileLine(const QString& path);
 QByteArray OpenLine(const QSize& size, bool shrunk);
 QByteArray BrushLine(const Recipe::Step& brush);
 QByteArray ApplyLine(const Recipe::Render& render);
+/// Empty without a paint.
+QByteArray PaintLine(const Recipe::KeptBrush& brush);
 
 /// The check of a journal's line, which goes on from the one of the line before it (0 at first), and the line with it.
 std::uint32_t NextCheck(std::uint32_t check, QByteArrayView line);

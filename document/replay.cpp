@@ -8,6 +8,7 @@
 #include <cmath>
 
 #include "document/journal_file.h"
+#include "pictures/picture.h"
 #include "pictures/picture_file.h"
 #include "platform/error.h"
 #include "platform/units.h"
@@ -32,6 +33,10 @@ Photograph ReadKept(const Recipe::KeptPicture& kept, const QString& folder) {
 }
 
 QString SizeText(const QSize& size) { return QStringLiteral("%1 x %2").arg(size.width()).arg(size.height()); }
+
+int FittedLength(int length, int from, int to) {
+    return std::max(1, RoundToEven(static_cast<double>(length) * to / from));
+}
 
 }  // namespace
 
@@ -61,17 +66,24 @@ void Replay::Open(const Photograph& photograph, bool fit) {
     Surface opened;
     opened.SetPicture(photograph.picture);
     if (recipe_.shrunk) ShrinkLargePicture(opened);
+    if (!recipe_.brush.paint.name.isEmpty())
+        firstBrush_ = {ReadKept(recipe_.brush.paint, recipe_.folder).picture, recipe_.brush.size,
+                       recipe_.brush.softness};
     const QSize size = opened.Picture().size();
-    if (size != recipe_.size) {
+    if (const QSize told = recipe_.size; size != told) {
         if (!fit)
             throw Error(kInvalidPicture,
                         Texts::tr("The picture is %1 pixels large, the recipe was made for %2")
-                            .arg(SizeText(size), SizeText(recipe_.size)),
+                            .arg(SizeText(size), SizeText(told)),
                         QStringLiteral("Replay"));
         recipe_ = FittedRecipe(std::move(recipe_), size);
+        QImage& paint = firstBrush_.paint;
+        if (!paint.isNull())
+            paint = ScalePicture(paint, {FittedLength(paint.width(), told.width(), size.width()),
+                                         FittedLength(paint.height(), told.height(), size.height())});
     }
-    if (!recipe_.paint.name.isEmpty()) {
-        lastRender_ = {ReadKept(recipe_.paint, folder_).picture, recipe_.paintBrush, recipe_.paintSoftness};
+    if (!firstBrush_.paint.isNull()) {
+        lastRender_ = firstBrush_;
         surfaces_.picCanvas.SelectBrush(lastRender_);
         effectReady_ = true;
     }
@@ -140,8 +152,8 @@ bool Replay::DoAll(const std::function<bool(int percent)>& progress) {
     return true;
 }
 
-Photograph ReadJournalPicture(const Recipe& recipe, const QString& folder) {
-    if (!recipe.kept.name.isEmpty()) return ReadKept(recipe.kept, folder);
+Photograph ReadJournalPicture(const Recipe& recipe) {
+    if (!recipe.kept.name.isEmpty()) return ReadKept(recipe.kept, recipe.folder);
     const QString name = QFileInfo(recipe.file).fileName();
     if (!QFileInfo::exists(recipe.file))
         throw Error(kFileError, Texts::tr("'%1' is not there any more").arg(name), QStringLiteral("Replay"));

@@ -27,9 +27,6 @@ class Replay {
     /// Puts in the picture, shrunk where the recipe says so, as every open does. Throws Error(kInvalidPicture) when it
     /// has another size than the recipe's, or with `fit` makes the recipe fit.
     void Open(const Photograph& photograph, bool fit = false);
-    /// `folder` holds the pictures that lie beside a journal.
-    void SetFolder(const QString& folder) { folder_ = folder; }
-
     const std::vector<Recipe::Step>& Steps() const { return recipe_.steps; }
     bool AtEnd() const { return next_ == recipe_.steps.size(); }
     /// The next step. Throws Error; what was done so far stands.
@@ -41,19 +38,21 @@ class Replay {
     const Recipe& What() const { return recipe_; }
     /// An effect was rendered, so the brush is armed.
     bool EffectReady() const { return effectReady_; }
+    /// What the first brush painted with, where that was of the picture before.
+    const BrushHandle& FirstBrush() const { return firstBrush_; }
 
  private:
     Recipe recipe_;
     Surfaces& surfaces_;
     EffectRenderer render_;
-    QString folder_;
+    BrushHandle firstBrush_;
     BrushHandle lastRender_;  ///< the brush last made of the pen
     std::size_t next_ = 0;
     bool effectReady_ = false;
 };
 
-/// The picture that a journal in `folder` began with: the copy beside it, or the file if it is still the same. Throws
+/// The picture that a journal began with: the copy beside it, or the file if it is still the same. Throws
 /// Error that says what is amiss.
-Photograph ReadJournalPicture(const Recipe& recipe, const QString& folder);
+Photograph ReadJournalPicture(const Recipe& recipe);
 
 }  // namespace kelu

@@ -74,7 +74,7 @@ void SessionReplay::BringBack(const LeftJournal& left) {
     try {
         if (left.recipe.effects != kEffectDefinitions)
             throw Error(kFileError, tr("another version of Kelu made them, with other effects"));
-        const auto readPicture = [&] { return ReadJournalPicture(left.recipe, QFileInfo(left.path).path()); };
+        const auto readPicture = [&] { return ReadJournalPicture(left.recipe); };
         if (!Play({left.recipe, readPicture, false, !left.recipe.kept.name.isEmpty(), left.file}) || !left.damaged)
             return;
         dialog_.ShowMessage({tr("Bring back"),
@@ -115,7 +115,6 @@ bool SessionReplay::Play(const Work& work) {
     if (state_.ImageDirty && !openSave_.SettleChanges()) return false;
     Surfaces made;
     Replay replay(work.recipe, made, surroundings_.render);
-    if (work.file) replay.SetFolder(QFileInfo(work.file->Path()).path());
     {
         const auto atEnd = qScopeGuard([this] { surroundings_.showProgress(100); });
         RunBeside([&] {
@@ -132,7 +131,7 @@ bool SessionReplay::Play(const Work& work) {
                           {document_.Original().Picture(), document_.Original().Told()},
                           replay.What().shrunk,
                           work.passing,
-                          {}};
+                          replay.FirstBrush()};
     journal_.Resume(replay.What(), picture, work.file);
     surroundings_.played();
     return true;

@@ -264,4 +264,10 @@ void AtomicFile::Fail(const QString& reason) const {
     throw Error(kFileError, path_ + QStringLiteral(": ") + reason, QStringLiteral("AtomicFile"));
 }
 
+void WriteFile(const QString& path, const QByteArray& bytes) {
+    AtomicFile file(path);
+    file.Write(bytes);
+    file.Commit();
+}
+
 }  // namespace kelu

@@ -69,4 +69,7 @@ class AtomicFile {
     WholeFile file_;
 };
 
+/// The whole file in one step, as above.
+void WriteFile(const QString& path, const QByteArray& bytes);
+
 }  // namespace kelu

@@ -23,5 +23,5 @@ for recipe in "$folder"/*.kelu; do
         echo "different: $recipe"
     fi
 done
-echo "$count sessions, $((same + different)) recipes (the others painted with a brush of the picture before): $same the same, $different different"
-[ "$different" = 0 ] && [ "$same" -gt 0 ]
+echo "$count sessions, $((same + different)) recipes: $same the same, $different different"
+[ "$different" = 0 ] && [ "$same" = "$count" ]

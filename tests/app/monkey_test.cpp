@@ -177,24 +177,21 @@ struct Monkey : KeepsJournal, MainWindowFixture, testing::WithParamInterface<uns
         for (; levels > 0; --levels) Key(Qt::Key_Y, Qt::ControlModifier);
     }
     void ExpectTheRecipeGivesThePicture() {
-        const QByteArray lines = journal.Lines();
-        if (lines.isEmpty()) return;  // painted with a brush of the picture before, which no recipe tells
-        const Recipe recipe = ReadRecipeText(HeaderLine(/*isJournal=*/false) + lines);
+        const Recipe recipe = journal.Told();
         ASSERT_EQ(recipe.fault, "");
         Surfaces again;
         Replay replay(recipe, again, &RenderEffectOn);
         replay.Open(journal.Picture().opened);
         replay.DoAll();
         EXPECT_EQ(again.picCanvas.Picture(), Canvas());
-        KeepRecipe(lines);
+        KeepRecipe(recipe);
     }
     /// For tools/replayed_recipes.sh, which has another process do the same.
-    void KeepRecipe(const QByteArray& lines) {
+    void KeepRecipe(const Recipe& recipe) {
         const QString out = qEnvironmentVariable("KELU_RECIPES");
         if (out.isEmpty()) return;
         const QString stem = QDir(out).filePath(QString::number(GetParam()));
-        QFile file(stem + ".kelu");
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(RecipeText(lines, file.fileName())) > 0);
+        WriteRecipe(recipe, stem + ".kelu");
         ASSERT_TRUE(opened.save(stem + ".photo.png") && Canvas().save(stem + ".painted.png"));
     }
 };

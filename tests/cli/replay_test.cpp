@@ -15,8 +15,9 @@
 namespace kelu {
 namespace {
 
-/// SHA-1 of the pixels that tests/cli/data/first.kelu gave when it was written.
-constexpr const char* kFirstSum = "5e64e8f5b01a9f0f34a7753593473c4753d0d412";
+/// Recipes of tests/cli/data and the SHA-1 of the pixels that they gave when they were written.
+constexpr const char* kKept[][2] = {{"first.kelu", "5e64e8f5b01a9f0f34a7753593473c4753d0d412"},
+                                    {"second.kelu", "c08c93ec8291b0658e66af4e24eecafcceaf0e2e"}};
 
 struct ReplayCommand : testing::Test {
     QTemporaryDir folder;
@@ -25,7 +26,9 @@ struct ReplayCommand : testing::Test {
     QString Path(const QString& name) const { return folder.filePath(name); }
     void SetUp() override {
         MakePattern("pattern.png", 160, 120);
-        QFile::copy(KELU_SOURCE_DIR "/tests/cli/data/first.kelu", Path("first.kelu"));
+        MakePattern("my paint.png", 170, 100);
+        for (const auto& [name, sum] : kKept)
+            QFile::copy(QStringLiteral(KELU_SOURCE_DIR "/tests/cli/data/%1").arg(name), Path(name));
     }
     void MakePattern(const QString& name, int width, int height) {
         QImage image(width, height, QImage::Format_RGB32);
@@ -44,13 +47,15 @@ struct ReplayCommand : testing::Test {
     }
 };
 
-TEST_F(ReplayCommand, GivesThePictureOfTheFirstVersion) {
-    ASSERT_EQ(Run({"first.kelu", "out.png"}), 0) << error.constData();
-    const QImage out = QImage(Path("out.png")).convertToFormat(QImage::Format_RGB32);
-    ASSERT_EQ(out.size(), QSize(160, 120));
-    const QByteArray pixels(reinterpret_cast<const char*>(out.constBits()), out.sizeInBytes());
-    EXPECT_EQ(QCryptographicHash::hash(pixels, QCryptographicHash::Sha1).toHex().toStdString(), kFirstSum)
-        << "an effect computes something else: raise kEffectDefinitions";
+TEST_F(ReplayCommand, GivesThePicturesOfEarlierVersions) {
+    for (const auto& [name, sum] : kKept) {
+        ASSERT_EQ(Run({name, "out.png", "--force"}), 0) << error.constData();
+        const QImage out = QImage(Path("out.png")).convertToFormat(QImage::Format_RGB32);
+        ASSERT_EQ(out.size(), QSize(160, 120));
+        const QByteArray pixels(reinterpret_cast<const char*>(out.constBits()), out.sizeInBytes());
+        EXPECT_EQ(QCryptographicHash::hash(pixels, QCryptographicHash::Sha1).toHex().toStdString(), sum)
+            << name << ": an effect computes something else: raise kEffectDefinitions";
+    }
 }
 
 TEST_F(ReplayCommand, FitsOtherSizesWhenAsked) {
@@ -107,6 +112,8 @@ TEST_F(ReplayCommand, RefusesHostileRecipesInOneLine) {
         start + "stroke 1,2 3\n",
         start + "stroke 99999999999,0\n",
         start + "kept ../../pattern.png 24\n",
+        start + "paint 10 0 ..%2fpattern.png 24\n",
+        start + "paint 10 0 none.png 24\n",
         start + "undo\n",
         start + "\x01\xff\n",
         "kelu journal 1 effects 3\nfile pattern.png\nopen 160x120\n",

@@ -23,10 +23,9 @@ QStringList JournalsIn(const QString& folder) {
     return paths;
 }
 
-void ReplayInto(Surfaces& surfaces, const Recipe& recipe, const QString& folder) {
+void ReplayInto(Surfaces& surfaces, const Recipe& recipe) {
     Replay replay(recipe, surfaces, &RenderEffectOn);
-    replay.SetFolder(folder);
-    replay.Open(ReadJournalPicture(recipe, folder));
+    replay.Open(ReadJournalPicture(recipe));
     replay.DoAll();
 }
 
@@ -59,15 +58,25 @@ TEST_P(RandomSession, IsReplayedToTheSameBytes) {
     ASSERT_EQ(recipe.fault, QString());
     EXPECT_TRUE(recipe.unsaved);
     Surfaces replayed;
-    ReplayInto(replayed, recipe, folder);
+    ReplayInto(replayed, recipe);
     const auto told = [](const Surface& surface) { return surface.Told().texts.value(0).text; };
     EXPECT_NE(told(replayed.picCanvas), "");
     EXPECT_EQ(told(replayed.picCanvas), told(session.surfaces.picCanvas));
     EXPECT_TRUE(SameBytes(replayed.picCanvas.Picture(), session.surfaces.picCanvas.Picture()));
     EXPECT_TRUE(SameBytes(replayed.picPen.Picture(), session.surfaces.picPen.Picture()));
     EXPECT_TRUE(SameBytes(replayed.picOriginal.Picture(), session.surfaces.picOriginal.Picture()));
+    const QImage painted = session.surfaces.picCanvas.Picture().copy();
     for (; session.surfaces.picCanvas.CanUndo(); session.surfaces.picCanvas.Undo()) replayed.picCanvas.Undo();
     EXPECT_TRUE(SameBytes(replayed.picCanvas.Picture(), session.surfaces.picCanvas.Picture()));
+
+    // As a recipe elsewhere, twice under one name.
+    const QString kept = session.folder.filePath("my painting.kelu");
+    for (int i = 0; i < 2; ++i) WriteRecipe(journal.Told(), kept);
+    Surfaces again;
+    Replay replay(ReadRecipeFile(kept), again, &RenderEffectOn);
+    replay.Open({session.surfaces.picOriginal.Picture()});
+    replay.DoAll();
+    EXPECT_TRUE(SameBytes(again.picCanvas.Picture(), painted));
 }
 
 /// A journal with a few strokes, and the pictures after each number of its steps.
@@ -94,7 +103,7 @@ struct Damage : testing::Test {
         ASSERT_GT(whole.steps.size(), 12u);
         Surfaces surfaces;
         Replay replay(whole, surfaces, &RenderEffectOn);
-        replay.Open(ReadJournalPicture(whole, state.path()));
+        replay.Open(ReadJournalPicture(whole));
         for (after.push_back(surfaces.picCanvas.Picture().copy()); !replay.AtEnd();
              after.push_back(surfaces.picCanvas.Picture().copy()))
             replay.DoNext();
@@ -109,7 +118,7 @@ struct Damage : testing::Test {
         ASSERT_TRUE((LinesOf(whole) + '\n').startsWith(LinesOf(recipe))) << LinesOf(recipe).toStdString();
         if (recipe.steps.size() == std::exchange(replayed, recipe.steps.size())) return;
         Surfaces surfaces;
-        ReplayInto(surfaces, recipe, state.path());
+        ReplayInto(surfaces, recipe);
         ASSERT_TRUE(SameBytes(surfaces.picCanvas.Picture(), after[recipe.steps.size()]));
     }
     std::size_t replayed = 0;
@@ -168,7 +177,7 @@ TEST_F(Damage, IsBroughtBackAndGoneOnWith) {
         next.Stroke();
         goesOn.Flush(/*wait=*/true);
         Surfaces again;
-        ReplayInto(again, ReadRecipeFile(JournalsIn(folder.path()).value(0)), folder.path());
+        ReplayInto(again, ReadRecipeFile(JournalsIn(folder.path()).value(0)));
         ASSERT_TRUE(SameBytes(again.picCanvas.Picture(), next.surfaces.picCanvas.Picture()));
     }
 }
@@ -178,9 +187,9 @@ TEST_F(Damage, ThePictureMustBeTheSame) {
     Surfaces surfaces;
     QFile::copy(picture, picture + ".old");
     QFile::remove(picture);
-    EXPECT_THROW(ReplayInto(surfaces, whole, state.path()), Error);
+    EXPECT_THROW(ReplayInto(surfaces, whole), Error);
     QFile::copy(session.folder.filePath("glass.png"), picture);
-    EXPECT_THROW(ReplayInto(surfaces, whole, state.path()), Error);
+    EXPECT_THROW(ReplayInto(surfaces, whole), Error);
 }
 
 TEST(JournalLife, FilesComeWithStrokesAndGoWithSaves) {
