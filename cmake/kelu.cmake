@@ -55,6 +55,11 @@ function(kelu_use_pch target module)
     target_precompile_headers(${pch} PRIVATE
       <Qt${module}> <algorithm> <array> <cmath> <functional> <memory> <optional> <string> <vector>)
   endif()
+  get_target_property(type ${target} TYPE)
+  if(type STREQUAL "EXECUTABLE" AND Qt6_VERSION VERSION_GREATER_EQUAL 6.5)
+    # Older toolkits ask for it themselves; compiled otherwise than the libraries' the header would be refused.
+    target_compile_options(${target} PRIVATE -fPIC)
+  endif()
   target_precompile_headers(${target} REUSE_FROM ${pch})
 endfunction()
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "output/mail/mail_host_lookup.h"
 
+#define CARES_NO_DEPRECATED  // what newer releases offer in place of these calls is missing in older ones
 #include <ares.h>
 #include <arpa/inet.h>
 #include <arpa/nameser.h>
