@@ -1197,6 +1197,10 @@ Die Aufnahme ist nicht möglich.</translation>
         <source>the folder %1 can&apos;t be made</source>
         <translation>der Ordner %1 kann nicht angelegt werden</translation>
     </message>
+    <message>
+        <source>The brush of the picture before, which painted here, could not be kept</source>
+        <translation>Der Pinsel des Bildes davor, mit dem hier gemalt wurde, konnte nicht aufbewahrt werden</translation>
+    </message>
 </context>
 <context>
     <name>kelu::Language</name>

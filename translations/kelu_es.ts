@@ -1197,6 +1197,10 @@ Esta función quedará desactivada.</translation>
         <source>the folder %1 can&apos;t be made</source>
         <translation>no se puede crear la carpeta %1</translation>
     </message>
+    <message>
+        <source>The brush of the picture before, which painted here, could not be kept</source>
+        <translation>No se pudo guardar el pincel de la imagen anterior, con el que se pintó aquí</translation>
+    </message>
 </context>
 <context>
     <name>kelu::Language</name>

@@ -1197,6 +1197,10 @@ Cette fonction sera désactivée.</translation>
         <source>the folder %1 can&apos;t be made</source>
         <translation>le dossier %1 ne peut pas être créé</translation>
     </message>
+    <message>
+        <source>The brush of the picture before, which painted here, could not be kept</source>
+        <translation>Le pinceau de l’image précédente, qui a peint ici, n’a pas pu être conservé</translation>
+    </message>
 </context>
 <context>
     <name>kelu::Language</name>
