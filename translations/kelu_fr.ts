@@ -1199,7 +1199,7 @@ Cette fonction sera désactivée.</translation>
     </message>
     <message>
         <source>The brush of the picture before, which painted here, could not be kept</source>
-        <translation>Le pinceau de l’image précédente, qui a peint ici, n’a pas pu être conservé</translation>
+        <translation>Le pinceau de l&apos;image précédente, qui a peint ici, n&apos;a pas pu être conservé</translation>
     </message>
 </context>
 <context>
