@@ -3,6 +3,10 @@
 #include "platform/hand_over.h"
 
 #include <gtest/gtest.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <QDir>
 #include <QFileInfo>
@@ -38,6 +42,21 @@ TEST(HandOver, GivesAbsolutePathsToTheInstanceThatListens) {
     });
     EXPECT_TRUE(QTest::qWaitFor([&] { return given.size() == 2; }));
     second.join();
+    // Another user, however he came to the socket.
+    ASSERT_TRUE(QFile::setPermissions(folder.path(), QFile::Permissions(0x7555)));
+    ASSERT_TRUE(QFile::setPermissions(socket, QFile::Permissions(0x7777)));
+    const pid_t other = ::geteuid() == 0 ? ::fork() : -1;
+    if (other == 0) {
+        const sockaddr_un address{AF_UNIX, "s.socket"};
+        const int end = ::socket(AF_UNIX, SOCK_STREAM, 0);
+        ::_exit(::chdir(QFile::encodeName(folder.path()).constData()) == 0 && ::setuid(65534) == 0 &&
+                        ::connect(end, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0 &&
+                        ::write(end, "/tmp/his.png", 12) == 12
+                    ? 0
+                    : 1);
+    }
+    int reached = 0;
+    EXPECT_TRUE(other < 0 || (::waitpid(other, &reached, 0) == other && reached == 0));
     QTest::qWait(50);
     EXPECT_TRUE(heard);
     ASSERT_EQ(given.size(), 2);
