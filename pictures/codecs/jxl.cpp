@@ -6,6 +6,9 @@
 #include <jxl/thread_parallel_runner_cxx.h>
 #include <jxl/version.h>
 
+#include <cstdlib>
+#include <new>
+
 #include "pictures/codec_module.h"
 #include "pictures/codecs/quiet_standard_error.h"
 
@@ -87,6 +90,14 @@ void Describe(const QByteArray& bytes, kelu::Metadata& metadata) {
     }
 }
 
+// The library ends the program where it finds no memory, so what it takes is asked for before, and given back.
+void CheckMemory(const JxlBasicInfo& info) {
+    constexpr std::size_t kBytesOfPixel = 24, kBytesBeside = 24u << 20;  // seen: 21 a pixel of a lossless file
+    void* volatile room = std::malloc(std::size_t{info.xsize} * info.ysize * kBytesOfPixel + kBytesBeside);
+    if (!room) throw std::bad_alloc();
+    std::free(room);
+}
+
 }  // namespace
 
 extern "C" Q_DECL_EXPORT void KeluDecode(const QByteArray& bytes, const kelu::CodecHost& host, QImage& image,
@@ -108,6 +119,7 @@ extern "C" Q_DECL_EXPORT void KeluDecode(const QByteArray& bytes, const kelu::Co
             case JXL_DEC_BASIC_INFO:
                 if (JxlDecoderGetBasicInfo(jxl, &info) != JXL_DEC_SUCCESS) host.throwDamaged();
                 host.checkSize(info.xsize, info.ysize);
+                CheckMemory(info);
                 break;
             case JXL_DEC_COLOR_ENCODING:
                 metadata.profile = Profile(jxl);
