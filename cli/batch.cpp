@@ -164,6 +164,7 @@ Batch::Outcome Batch::RunOne(const Task& task, const Make& make, QString& reason
         if (IsStream(task.in) || out == kStandard)
             streams =
                 std::make_unique<QTemporaryDir>(QDir(TemporaryFolder()).filePath(QStringLiteral("kelu-cli-XXXXXX")));
+        if (streams && !streams->isValid()) throw Error(kFileError, streams->errorString());
         if (IsStream(task.in)) CopyStream(task.in, source = streams->filePath(QStringLiteral("picture")));
         if (out == kStandard) out = streams->filePath(QStringLiteral("result.") + QString::fromLatin1(format_));
         make(source, made);
@@ -175,6 +176,8 @@ Batch::Outcome Batch::RunOne(const Task& task, const Make& make, QString& reason
         reason = FailureLine(failing, error.Description());
     } catch (const std::bad_alloc&) {
         reason = FailureLine(failing, QStringLiteral("not enough memory"));
+    } catch (const std::exception& error) {  // no thread could be started
+        reason = FailureLine(failing, QString::fromLocal8Bit(error.what()));
     }
     return Outcome::Failed;
 }
