@@ -1,16 +1,22 @@
 // SPDX-License-Identifier: MIT
 #include "document/offered_picture.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QMimeData>
 #include <QUrl>
 
 #include "pictures/picture_format.h"
 #include "platform/atomic_file.h"
+#include "platform/error.h"
 #include "platform/temporary_folder.h"
 
 namespace kelu {
 namespace {
+
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(kelu::OfferedPicture)
+};
 
 QString FirstLocalFile(const QMimeData& data) {
     for (const QUrl& url : data.urls())
@@ -37,12 +43,18 @@ bool OffersPicture(const QMimeData& data) {
 OfferedPicture TakeOffered(const QMimeData& data) {
     OfferedPicture taken{FirstLocalFile(data), {}};
     if (!taken.path.isEmpty()) return taken;
-    if (const QString type = PictureType(data); !type.isEmpty()) taken.bytes = data.data(type);
-    if (taken.bytes.isEmpty()) taken.picture = qvariant_cast<QImage>(data.imageData());
+    // A program that doesn't answer is waited for once: seconds, in which nothing else is done.
+    if (const QString type = PictureType(data); !type.isEmpty())
+        taken.bytes = data.data(type);
+    else
+        taken.picture = qvariant_cast<QImage>(data.imageData());
     return taken;
 }
 
 QString KeepOffered(const OfferedPicture& offered) {
+    if (offered.bytes.isEmpty() && offered.picture.isNull())
+        throw Error(kFileError, Texts::tr("The other program did not give the picture that it offers"),
+                    QStringLiteral("KeepOffered"));
     // What it is, is told by its content.
     const QString path = QDir(TemporaryFolder()).filePath(QStringLiteral("Kelu_Paste.png"));
     AtomicFile file(path, AtomicFile::Access::Private);

@@ -22,7 +22,7 @@ bool OffersPicture(const QMimeData& data);
 OfferedPicture TakeOffered(const QMimeData& data);
 
 /// Lays a picture without a file among the temporary files, where the next one takes its place, and gives its path.
-/// Throws Error(kFileError).
+/// Throws Error(kFileError), also for one that was offered and not given.
 QString KeepOffered(const OfferedPicture& offered);
 
 }  // namespace kelu

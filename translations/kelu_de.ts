@@ -1310,6 +1310,13 @@ Die Aufnahme ist nicht möglich.</translation>
     </message>
 </context>
 <context>
+    <name>kelu::OfferedPicture</name>
+    <message>
+        <source>The other program did not give the picture that it offers</source>
+        <translation>Das andere Programm hat das angebotene Bild nicht geliefert</translation>
+    </message>
+</context>
+<context>
     <name>kelu::Pager</name>
     <message>
         <source>Scroll up</source>

@@ -1310,6 +1310,13 @@ Esta función quedará desactivada.</translation>
     </message>
 </context>
 <context>
+    <name>kelu::OfferedPicture</name>
+    <message>
+        <source>The other program did not give the picture that it offers</source>
+        <translation>El otro programa no ha entregado la imagen que ofrece</translation>
+    </message>
+</context>
+<context>
     <name>kelu::Pager</name>
     <message>
         <source>Scroll up</source>

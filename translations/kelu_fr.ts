@@ -1310,6 +1310,13 @@ Cette fonction sera désactivée.</translation>
     </message>
 </context>
 <context>
+    <name>kelu::OfferedPicture</name>
+    <message>
+        <source>The other program did not give the picture that it offers</source>
+        <translation>L’autre programme n’a pas donné l’image qu’il propose</translation>
+    </message>
+</context>
+<context>
     <name>kelu::Pager</name>
     <message>
         <source>Scroll up</source>

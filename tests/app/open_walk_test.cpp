@@ -132,6 +132,15 @@ TEST_F(RealDialogs, WhatIsDroppedOrPastedIsAFileOrAPictureWithoutOne) {
             EXPECT_EQ(Canvas(), web) << row.what << pasted;
             EXPECT_EQ(Status(), "Kelu_Paste.png - (70 x 80 / 24 bits)");
         }
+    QMimeData never;  // as of a program that hangs
+    never.setData("image/png", "");
+    const QImage before = Canvas();
+    script.Then([](QWidget& message) {
+        EXPECT_TRUE(message.accessibleDescription().contains("did not give the picture that it offers"));
+    });
+    script.Press("OK");
+    EXPECT_TRUE(Drop(never));
+    EXPECT_EQ(Canvas(), before);
     Arm();
     Stroke({{30, 30}, {60, 40}});
     const QImage painted = Canvas();
