@@ -16,6 +16,7 @@
 #include "pictures/picture_file.h"
 #include "platform/atomic_file.h"
 #include "platform/error.h"
+#include "platform/private_folder.h"
 
 namespace kelu {
 
@@ -85,7 +86,8 @@ void ThumbnailCache::Keep(const QImage& thumbnail, const QString& file, const QB
                           qint64 size) const {
     // A thumbnail that can't be kept is made anew the next time, no more.
     Attempt([&] {
-        QDir().mkpath(QFileInfo(file).path());
+        const QString folder = QFileInfo(file).path();
+        if (!QFileInfo(folder).isDir() && !MakePrivateFolder(folder)) return;
         QImage marked = thumbnail;
         marked.setText(QStringLiteral("Thumb::URI"), QString::fromUtf8(uri));
         marked.setText(QStringLiteral("Thumb::MTime"), QString::number(changed));

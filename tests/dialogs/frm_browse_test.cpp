@@ -287,6 +287,7 @@ TEST_F(BrowseTest, KeepsThumbnailsOnDiskAsLongAsTheFileIsTheSame) {
     const QDir large(cacheFolder.filePath("large"));
     const QStringList kept = large.entryList(QDir::Files);
     ASSERT_EQ(kept.size(), 1) << "what was written just now may still be written to";
+    EXPECT_EQ(int(QFileInfo(large.path()).permissions() & 0x77), 0) << "for the user alone";
     EXPECT_EQ(QDir(cacheFolder.filePath("fail/kelu")).entryList(QDir::Files).size(), 1);
     QImage other(64, 64, QImage::Format_RGB32);
     other.fill(Qt::blue);
