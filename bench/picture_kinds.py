@@ -181,7 +181,8 @@ def tiff_file(planes, tags, endian="<", strips=None):
 
 def dng_file(preview, make=b"Kamera", orientation=6):
     """A camera's raw file: a JPEG preview in the main directory, the sensor's values in one below it."""
-    values = np.arange(32 * 20).astype("<u2").tobytes()
+    wide, high = max(32, WIDTH + 10), max(20, HEIGHT + 10)  # by size dcraw tells which of the two is the photograph
+    values = np.arange(wide * high).astype("<u2").tobytes()
     places = {"preview": 8, "values": 8 + len(preview), "below": 8 + len(preview) + len(values)}
 
     def directory(at, tags):
@@ -194,8 +195,8 @@ def dng_file(preview, make=b"Kamera", orientation=6):
         return struct.pack("<H", len(tags)) + table + bytes(4) + behind
 
     below = directory(places["below"], [
-        (254, 4, [0]), (256, 4, [32]), (257, 4, [20]), (258, 3, [16]), (259, 3, [1]), (262, 3, [32803]), (273, 4, [places["values"]]),
-        (277, 3, [1]), (278, 4, [20]), (279, 4, [len(values)]), (284, 3, [1]), (33421, 3, [2, 2]), (33422, 1, [0, 1, 1, 2])])
+        (254, 4, [0]), (256, 4, [wide]), (257, 4, [high]), (258, 3, [16]), (259, 3, [1]), (262, 3, [32803]), (273, 4, [places["values"]]),
+        (277, 3, [1]), (278, 4, [high]), (279, 4, [len(values)]), (284, 3, [1]), (33421, 3, [2, 2]), (33422, 1, [0, 1, 1, 2])])
     main = places["below"] + len(below)
     return (b"II*\0" + struct.pack("<I", main) + preview + values + below + directory(main, [
         (254, 4, [1]), (256, 4, [WIDTH]), (257, 4, [HEIGHT]), (258, 3, [8, 8, 8]), (259, 3, [7]), (262, 3, [6]), (271, 2, make + b"\0"),
