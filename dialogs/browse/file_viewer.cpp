@@ -188,7 +188,10 @@ std::optional<FileViewer::Item> FileViewer::CurrentItem() const {
 }
 
 void FileViewer::Activate(const QModelIndex& index) {
-    if (!index.data(FolderModel::kIsFileRole).toBool()) SetFolder(index.data(FolderModel::kPathRole).toString());
+    if (index.data(FolderModel::kIsFileRole).toBool())
+        Current()->setCurrentIndex(index);  // the keys stand on the first row before it is chosen
+    else
+        SetFolder(index.data(FolderModel::kPathRole).toString());
     Q_EMIT ItemActivated();
 }
 

@@ -175,6 +175,13 @@ TEST_F(BrowseTest, MouseAndKeysWalkTheFolders) {
     EXPECT_TRUE(form->isVisible()) << "Escape ends the typing, not the dialog";
     QTest::keyClick(View(*form), Qt::Key_Return);
     EXPECT_EQ(opened, QStringList{home.filePath("Gallery/a2.bmp")});
+
+    const auto next = Dialog();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(next.get()));
+    View(*next)->selectionModel()->setCurrentIndex(next->FileViewer_->Model().RowOf(home.filePath("Gallery/b.png")),
+                                                   QItemSelectionModel::NoUpdate);
+    QTest::keyClick(View(*next), Qt::Key_Return);
+    EXPECT_EQ(opened.size(), 2) << "where the keys stand, marked or not";
 }
 
 /// Every text that the dialog shows or tells in the language of this ID.
