@@ -57,8 +57,10 @@ bool SaveFileDialog::Show(QString& fileName, int& filterIndex) {
     dialog.setDefaultSuffix(QString::fromLatin1(kDefaultExtension));
     // The toolkit's dialog has a layout; the desktop's own is not ours to dress.
     if (dialog.layout()) AddWindowFrame(dialog);
-    if (const QFileInfo proposed(fileName); !fileName.isEmpty())
-        dialog.selectFile(proposed.dir().exists() ? fileName : proposed.fileName());
+    const QFileInfo proposed(fileName);
+    // Who saved in another place than the proposed one goes on there.
+    const bool refused = proposed.path() == refusedFolder_;
+    if (!fileName.isEmpty()) dialog.selectFile(proposed.dir().exists() && !refused ? fileName : proposed.fileName());
     for (;;) {
         if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return false;
         filterIndex = static_cast<int>(filters.indexOf(dialog.selectedNameFilter())) + 1;
@@ -68,6 +70,7 @@ bool SaveFileDialog::Show(QString& fileName, int& filterIndex) {
         dialog.selectFile(fileName);
     }
     folder_ = QFileInfo(fileName).absolutePath();
+    refusedFolder_ = folder_ == proposed.path() ? QString() : proposed.path();
     return true;
 }
 

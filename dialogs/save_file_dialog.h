@@ -30,7 +30,8 @@ class SaveFileDialog : public SaveDialog {
 
     MsgDialog& questions_;
     QPointer<QWidget> owner_;
-    QString folder_;  // of the last save in this run; at first the user's pictures
+    QString folder_;         // of the last save in this run; at first the user's pictures
+    QString refusedFolder_;  // proposed for it, when another one was taken
 };
 
 }  // namespace kelu

@@ -95,6 +95,17 @@ TEST_F(SaveWalk, AFileIsReplacedOnlyWhenAsked) {
     script.Then<QFileDialog>(SaveAs(path)).Press("Yes");
     Click(Command::Save);
     EXPECT_EQ(ReadPicture(path), Canvas());
+
+    const QString other = folder.filePath("other");
+    ASSERT_TRUE(QDir().mkdir(other));
+    for (const char* name : {"one.png", "two.png"}) {
+        Stroke({{300, 200}, {340, 220}});
+        script.Then<QFileDialog>([&](QFileDialog& save) {
+            EXPECT_EQ(save.directory().path(), name[0] == 'o' ? folder.path() : other) << "where the last one went";
+            SaveAs(other + '/' + name)(save);
+        });
+        Click(Command::Save);
+    }
 }
 
 // What becomes of the picture at each answer is tested where the next one opens.
