@@ -432,12 +432,8 @@ void frmMain::PrintImage() {
 void frmMain::resizeEvent(QResizeEvent*) {
     if (isMinimized()) return;
     const WindowSize now{PixelsToTwips(width()), PixelsToTwips(height())};
-    if (const WindowSize allowed = AllowedSize(now, Room(*this)); allowed != now) {
-        if (const QSize size = InPixels(allowed); size != this->size()) {
-            resize(size);
-            return;
-        }
-    }
+    const WindowSize allowed = AllowedSize(now, Room(*this));
+    if (allowed != now && InPixels(allowed) != size()) return resize(InPixels(allowed));
     controls.ApplyLayout();
 }
 
