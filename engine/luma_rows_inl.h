@@ -11,6 +11,7 @@
 #define KELU_ENGINE_LUMA_ROWS_INL
 #endif
 
+#include <array>
 #include <vector>
 
 #include "engine/neighbourhood_inl.h"
@@ -19,10 +20,32 @@
 HWY_BEFORE_NAMESPACE();
 namespace kelu::engine::HWY_NAMESPACE {
 
+/// The luma of 4 kLanes pixels as bytes in their order. The four vectors come to lie in each other's gaps, one pixel's
+/// byte beside that of the pixel kLanes on, and are then sorted, first within blocks of 16 bytes and then the blocks'
+/// parts.
+HWY_INLINE Bytes LumaBytes(const std::uint32_t* pixels) {
+    HWY_ALIGN static constexpr std::uint8_t kInBlock[] = {0, 4, 8, 12, 1, 5, 9, 13, 2, 6, 10, 14, 3, 7, 11, 15};
+    constexpr int kBlocks = kLanes / 4;
+    HWY_ALIGN static constexpr auto kParts = [] {
+        std::array<std::int32_t, kLanes> parts{};
+        for (int i = 0; i < kLanes; ++i) parts[i] = i % kBlocks * 4 + i / kBlocks;
+        return parts;
+    }();
+    const auto luma = [=](int vector) HWY_ATTR {
+        return hn::BitCast(kPixels, LumaInts(hn::LoadU(kPixels, pixels + vector * kLanes)));
+    };
+    const Pixels even = hn::Or(luma(0), hn::ShiftLeft<16>(luma(2))), odd = hn::Or(luma(1), hn::ShiftLeft<16>(luma(3)));
+    const Bytes mixed = hn::BitCast(kBytes, hn::Or(even, hn::ShiftLeft<8>(odd)));
+    const Bytes inBlocks = hn::TableLookupBytes(mixed, hn::LoadDup128(kBytes, kInBlock));
+    return hn::BitCast(kBytes,
+                       hn::TableLookupLanes(hn::BitCast(kInts, inBlocks), hn::SetTableIndices(kInts, kParts.data())));
+}
+
 /// The luma of `count` pixels, and after them whatever the last vector gives: `out` has room for kLanes bytes more.
 inline HWY_NOINLINE void LumaOfRow(const std::uint32_t* pixels, std::uint8_t* out, int count) {
     const hn::Rebind<std::uint8_t, PixelTag> bytes;
     int x = 0;
+    for (; x + 4 * kLanes <= count; x += 4 * kLanes) hn::StoreU(LumaBytes(pixels + x), kBytes, out + x);
     for (; x + kLanes <= count; x += kLanes)
         hn::StoreU(hn::DemoteTo(bytes, LumaInts(hn::LoadU(kPixels, pixels + x))), bytes, out + x);
     if (x == count) return;
