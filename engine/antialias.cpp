@@ -17,6 +17,15 @@ struct AntialiasKernel {
     // Sobel's kernels give four times the step of a straight edge: a step of 24 levels is an edge.
     static constexpr int kEdge = 4 * 24;
 
+    // Added while two channels share a lane: half the work of taking both apart first.
+    static HWY_INLINE Channels SumOf(Pixels one, Pixels other) {
+        const ShortChannels a = SplitShorts(one), b = SplitShorts(other);
+        const Pixels blueRed = hn::BitCast(kPixels, hn::Add(a.blueRed, b.blueRed));
+        const Pixels green = hn::BitCast(kPixels, hn::Add(a.greenAlpha, b.greenAlpha));
+        const Pixels low = All(0xffffu);
+        return {ToFloats(hn::And(blueRed, low)), ToFloats(hn::And(green, low)), ToFloats(hn::ShiftRight<16>(blueRed))};
+    }
+
     Pixels operator()(const LumaNeighbourhood& luma, const Neighbourhood& around) const {
         const Pixels pixels = around.At(0, 0);
         const Ints northWest = luma.At(-1, -1), north = luma.At(0, -1), northEast = luma.At(1, -1);
@@ -47,11 +56,11 @@ struct AntialiasKernel {
         Channels sum{hn::Mul(here.blue, hn::Mul(bx, by)), hn::Mul(here.green, hn::Mul(bx, by)),
                      hn::Mul(here.red, hn::Mul(bx, by))};
         const auto addPair = [&](Pixels one, Pixels other, Floats weight) HWY_ATTR {
-            const Channels a = Split(one), b = Split(other);
+            const Channels both = SumOf(one, other);
             const Floats each = hn::Mul(weight, All(0.5f));
-            sum.blue = hn::Add(sum.blue, hn::Mul(hn::Add(a.blue, b.blue), each));
-            sum.green = hn::Add(sum.green, hn::Mul(hn::Add(a.green, b.green), each));
-            sum.red = hn::Add(sum.red, hn::Mul(hn::Add(a.red, b.red), each));
+            sum.blue = hn::Add(sum.blue, hn::Mul(both.blue, each));
+            sum.green = hn::Add(sum.green, hn::Mul(both.green, each));
+            sum.red = hn::Add(sum.red, hn::Mul(both.red, each));
         };
         addPair(around.At(-1, 0), around.At(1, 0), hn::Mul(ax, by));
         addPair(around.At(0, -1), around.At(0, 1), hn::Mul(bx, ay));
