@@ -59,7 +59,11 @@ class CubicSampler {
 
         HWY_INLINE Weights(float t, float part) {
             const float square = t * t, cube = square * t;
-            const auto rounded = [](float w) { return static_cast<std::int16_t>(std::lround(kOne * w)); };
+            // As std::lround does, which is a call.
+            const auto rounded = [](float w) {
+                const double v = kOne * w;
+                return static_cast<std::int16_t>(v + (v < 0 ? -0.5 : 0.5));
+            };
             of[0] = rounded(part * (square - (t + cube) * 0.5f));
             of[3] = rounded(part * (cube - square) * 0.5f);
             of[2] = rounded(t + part * ((cube * -3 + square * 4 + t) * 0.5f - t));
