@@ -2,11 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "canvas/undo_levels.h"
 
-#include <tbb/parallel_for_each.h>
-
 #include <algorithm>
 #include <cstring>
 
+#include "engine/bands.h"
 #include "pictures/picture.h"
 
 namespace kelu {
@@ -130,13 +129,16 @@ QRect UndoLevels::Exchange(Level& level, QImage& picture) {
     MakeUnique(picture);
     uchar* const bits = picture.bits();
     const qsizetype stride = picture.bytesPerLine();
-    tbb::parallel_for_each(level.tiles, [&](const SavedTile& tile) {
+    const auto exchange = [&](const SavedTile& tile) {
         const QRect rect = TileRect(tile.index);
         const std::ptrdiff_t bytes = std::ptrdiff_t{rect.width()} * 4;
         for (int y = 0; y < rect.height(); ++y) {
             uchar* row = bits + (rect.top() + y) * stride + std::ptrdiff_t{rect.left()} * 4;
             std::swap_ranges(row, row + bytes, tile.pixels + std::ptrdiff_t{y} * kTile * 4);
         }
+    };
+    engine::SplitRows({}, static_cast<int>(level.tiles.size()), kTile * kTile, [&](int begin, int end) {
+        std::for_each(level.tiles.begin() + begin, level.tiles.begin() + end, exchange);
     });
     QRect changed;
     for (const SavedTile& tile : level.tiles) changed |= TileRect(tile.index);

@@ -6,14 +6,13 @@
 #include <hwy/foreach_target.h>
 // foreach_target first
 #include <hwy/highway.h>
-#include <tbb/blocked_range.h>
-#include <tbb/parallel_for.h>
 
 #include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <vector>
 
+#include "engine/bands.h"
 #include "pictures/area_scaler.h"
 
 #ifndef KELU_AREA_SCALER_TAPS
@@ -244,8 +243,7 @@ void ScaleArea(const QImage& picture, const QSize& scaled, const QRect& part, QI
         renderRows(0, part.height());
         return;
     }
-    tbb::parallel_for(tbb::blocked_range<int>(0, part.height(), 8),
-                      [&](const tbb::blocked_range<int>& range) { renderRows(range.begin(), range.end()); });
+    engine::SplitRows({}, part.height(), work / part.height(), renderRows, 8);
 }
 
 void SampleArea(const QImage& picture, const QSize& scaled, const QRect& part, QImage& target, const QPoint& at) {
@@ -254,8 +252,8 @@ void SampleArea(const QImage& picture, const QSize& scaled, const QRect& part, Q
     const auto rows = AllTaps(part.top(), part.bottom() + 1, picture.height(), scaled.height(), NearestTaps);
     uchar* const bits = target.bits() + std::ptrdiff_t{at.x()} * 4;
     const qsizetype stride = target.bytesPerLine();
-    tbb::parallel_for(tbb::blocked_range<int>(0, part.height(), 16), [&](const tbb::blocked_range<int>& range) {
-        for (int y = range.begin(); y < range.end(); ++y)
+    engine::SplitRows({}, part.height(), part.width(), [&](int begin, int end) {
+        for (int y = begin; y < end; ++y)
             CopyNearest(picture, columns, rows[static_cast<std::size_t>(y)].first,
                         reinterpret_cast<QRgb*>(bits + (at.y() + y) * stride));
     });

@@ -3,8 +3,6 @@
 #include "pictures/color_profile.h"
 
 #include <lcms2.h>
-#include <tbb/blocked_range.h>
-#include <tbb/parallel_for.h>
 
 #include <algorithm>
 #include <array>
@@ -12,6 +10,8 @@
 #include <functional>
 #include <memory>
 #include <numeric>
+
+#include "engine/bands.h"
 
 namespace kelu {
 namespace {
@@ -57,8 +57,8 @@ Transform ToSrgb(const Profile& from, cmsUInt32Number pixelFormat) {
 void ForEachRow(QImage& picture, const std::function<void(uchar* row)>& change) {
     uchar* const bits = picture.bits();
     const qsizetype stride = picture.bytesPerLine();
-    tbb::parallel_for(tbb::blocked_range<int>(0, picture.height(), 16), [&](const tbb::blocked_range<int>& rows) {
-        for (int y = rows.begin(); y < rows.end(); ++y) change(bits + y * stride);
+    engine::SplitRows({}, picture.height(), picture.width(), [&](int begin, int end) {
+        for (int y = begin; y < end; ++y) change(bits + y * stride);
     });
 }
 

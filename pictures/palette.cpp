@@ -2,15 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "pictures/palette.h"
 
-#include <tbb/blocked_range.h>
-#include <tbb/parallel_for.h>
-
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <limits>
 #include <unordered_map>
 
+#include "engine/bands.h"
 #include "platform/units.h"
 
 namespace kelu {
@@ -217,13 +215,19 @@ class NearestColor {
     std::array<std::array<float, kMostColors>, 3> rows_;
 };
 
+/// Calls `search` for each number below `count`, on all cores: each costs about as much as 64 pixels.
+template <class Search>
+void SplitSearches(std::size_t count, const Search& search) {
+    engine::SplitRows({}, static_cast<int>(count), 64, [&](int begin, int end) {
+        for (int i = begin; i < end; ++i) search(static_cast<std::size_t>(i));
+    });
+}
+
 void Refine(const std::vector<Cluster>& clusters, std::vector<Rgb>& colors) {
     std::vector<std::uint8_t> owner(clusters.size());
     for (int round = 0; round < kRefinements; ++round) {
         const NearestColor nearest(colors);
-        tbb::parallel_for(tbb::blocked_range<std::size_t>(0, clusters.size(), 512), [&](const auto& range) {
-            for (std::size_t i = range.begin(); i < range.end(); ++i) owner[i] = nearest.Find(clusters[i].mean);
-        });
+        SplitSearches(clusters.size(), [&](std::size_t i) { owner[i] = nearest.Find(clusters[i].mean); });
         std::vector<std::array<double, 4>> sums(colors.size());
         for (std::size_t i = 0; i < clusters.size(); ++i) {
             auto& sum = sums[owner[i]];
@@ -240,7 +244,7 @@ void Refine(const std::vector<Cluster>& clusters, std::vector<Rgb>& colors) {
 std::vector<std::uint8_t> NearestTable(const std::vector<Rgb>& colors) {
     const NearestColor nearest(colors);
     std::vector<std::uint8_t> table(kCells);
-    tbb::parallel_for(std::size_t{0}, kCells, [&](std::size_t cell) {
+    SplitSearches(kCells, [&](std::size_t cell) {
         const auto middle = [&](int channel) {
             const auto part = static_cast<int>(cell >> (channel * kCellBits)) & ((1 << kCellBits) - 1);
             return static_cast<float>(part * (1 << kCellShift)) + ((1 << kCellShift) - 1) / 2.0f;

@@ -2,13 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "pictures/picture.h"
 
-#include <tbb/blocked_range.h>
-#include <tbb/parallel_for.h>
-
 #include <algorithm>
 #include <cstring>
 #include <new>
 
+#include "engine/bands.h"
 #include "engine/pixel_memory.h"
 #include "pictures/area_scaler.h"
 #include "pictures/picture_texts.h"
@@ -68,8 +66,8 @@ QImage CopyPicture(const QImage& picture) {
     uchar* to = copy.bits();
     const qsizetype fromStride = picture.bytesPerLine();
     const qsizetype toStride = copy.bytesPerLine();
-    tbb::parallel_for(tbb::blocked_range<int>(0, picture.height(), 256), [&](const tbb::blocked_range<int>& rows) {
-        for (int y = rows.begin(); y < rows.end(); ++y) std::memcpy(to + y * toStride, from + y * fromStride, bytes);
+    engine::SplitRows({}, picture.height(), picture.width(), [&](int begin, int end) {
+        for (int y = begin; y < end; ++y) std::memcpy(to + y * toStride, from + y * fromStride, bytes);
     });
     CopyAttributes(picture, copy);
     return copy;
@@ -116,9 +114,9 @@ QImage Orient(const QImage& picture, int orientation) {
     const qsizetype toStride = target.bytesPerLine();
     // Blocks keep both the rows read and the rows written in the cache.
     constexpr int kBlock = 32;
-    tbb::parallel_for(tbb::blocked_range<int>(0, height, 4 * kBlock), [&](const tbb::blocked_range<int>& rows) {
-        for (int top = rows.begin(); top < rows.end(); top += kBlock) {
-            const int bottom = std::min(top + kBlock, rows.end());
+    const auto turnRows = [&](int begin, int end) {
+        for (int top = begin; top < end; top += kBlock) {
+            const int bottom = std::min(top + kBlock, end);
             for (int left = 0; left < width; left += kBlock) {
                 const int right = std::min(left + kBlock, width);
                 for (int y = top; y < bottom; ++y) {
@@ -133,7 +131,8 @@ QImage Orient(const QImage& picture, int orientation) {
                 }
             }
         }
-    });
+    };
+    engine::SplitRows({}, height, width, turnRows, 4 * kBlock);
     target.setDotsPerMeterX(turn.swapsSides ? picture.dotsPerMeterY() : picture.dotsPerMeterX());
     target.setDotsPerMeterY(turn.swapsSides ? picture.dotsPerMeterX() : picture.dotsPerMeterY());
     return target;
