@@ -23,7 +23,8 @@ class ColorPickerTest : public testing::Test {
     ColorPickerTest() {
         picker.resize(49, 33);
         picker.show();
-        QApplication::setActiveWindow(&picker);
+        picker.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&picker));
         QObject::connect(&picker, &ColorPicker::ColorChanged, &picker, [this](std::int32_t color) {
             EXPECT_EQ(color, picker.Color());
             colors.push_back(color);

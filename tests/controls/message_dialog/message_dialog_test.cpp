@@ -25,7 +25,8 @@ MsgReply Show(const Message& message, const std::function<void(QWidget&)>& act, 
     QTimer::singleShot(0, [&] {
         QWidget* window = QApplication::activeModalWidget();
         ASSERT_NE(window, nullptr);
-        QApplication::setActiveWindow(window);
+        window->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(window));
         act(*window);
         if (window->isVisible()) window->close();
     });
@@ -140,7 +141,8 @@ TEST(MsgDialogWindow, StandsOverTheMiddleOfItsOwnerAndAnswersThoughThatIsDisable
     owner.show();
     owner.setEnabled(false);
     another.show();
-    QApplication::setActiveWindow(&another);
+    another.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&another));
     const auto act = [&](QWidget& window) {
         EXPECT_TRUE(window.isEnabled());
         EXPECT_EQ(window.parentWidget(), &owner) << "not the window that happens to be active";

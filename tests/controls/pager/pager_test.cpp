@@ -69,8 +69,8 @@ class PagerTest : public testing::Test {
         pager.SetChild(box);
         pager.resize(60, 200);
         pager.show();
-        QApplication::setActiveWindow(&pager);
-        EXPECT_TRUE(QTest::qWaitForWindowExposed(&pager));
+        pager.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&pager));
     }
     void Wheel(int angle, QPoint pixels = {}) {
         const QPointF at(30, 100);

@@ -18,7 +18,8 @@ TEST(ToolButton, TabReachesItAClickTakesNoFocus) {
     button->setGeometry(0, 0, 19, 19);
     window.setFocusPolicy(Qt::StrongFocus);
     window.show();
-    QApplication::setActiveWindow(&window);
+    window.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
     window.setFocus();
     QTest::mouseClick(button, Qt::LeftButton);
     EXPECT_FALSE(button->hasFocus());
@@ -36,7 +37,8 @@ TEST(ToolButton, EachStateLooksDifferent) {
         button->SetLook(look);
         button->setGeometry(0, 0, 83, 26);
         window.show();
-        QApplication::setActiveWindow(&window);
+        window.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
         std::vector<QImage> states;
         const auto keep = [&] { states.push_back(button->grab().toImage()); };
         QTest::mouseClick(&window, Qt::LeftButton, {}, QPoint(95, 35));

@@ -27,8 +27,8 @@ class ToolboxTest : public testing::Test {
         });
         box.resize(box.sizeHint());
         box.show();
-        QApplication::setActiveWindow(&box);
-        EXPECT_TRUE(QTest::qWaitForWindowExposed(&box));
+        box.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&box));
     }
     int Focused() const {
         for (int i = 1; i <= box.Count(); ++i)
