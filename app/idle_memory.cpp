@@ -3,9 +3,9 @@
 
 #include <QCoreApplication>
 #include <QEvent>
-#include <QThreadPool>
 
 #include "engine/pixel_memory.h"
+#include "platform/pool_job.h"
 
 namespace kelu {
 
@@ -18,7 +18,7 @@ IdleMemory::IdleMemory() {
 }
 
 // On a worker: to unmap a large picture takes milliseconds.
-void IdleMemory::Release() { QThreadPool::globalInstance()->start(&engine::ReleaseIdlePixelMemory); }
+void IdleMemory::Release() { StartJob(&engine::ReleaseIdlePixelMemory); }
 
 bool IdleMemory::eventFilter(QObject*, QEvent* event) {
     switch (event->type()) {

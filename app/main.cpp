@@ -1,7 +1,6 @@
 // kelu: the program with its window.
 // SPDX-License-Identifier: MIT
 #include <QFileInfo>
-#include <QThreadPool>
 #include <cstdio>
 #include <cstdlib>
 
@@ -21,6 +20,7 @@
 #include "document/journal_file.h"
 #include "platform/hand_over.h"
 #include "platform/language.h"
+#include "platform/pool_job.h"
 #include "platform/recent_files.h"
 #include "platform/registry_access.h"
 #include "platform/registry_file.h"
@@ -32,7 +32,7 @@ namespace {
 constexpr int kLongestEnd = 1000;  // ms
 
 void RememberRecent(const QString& path) {
-    QThreadPool::globalInstance()->start([path] { kelu::RememberRecentFile(path); });
+    kelu::StartJob([path] { kelu::RememberRecentFile(path); });
 }
 
 int Run(kelu::Application& application, const QString& picture) {

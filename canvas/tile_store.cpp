@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "canvas/tile_store.h"
 
-#include <QThreadPool>
 #include <chrono>
 #include <utility>
 
 #include "engine/pixel_memory.h"
 #include "platform/error.h"
+#include "platform/pool_job.h"
 
 namespace kelu {
 namespace {
@@ -39,7 +39,7 @@ void TileStore::Prepare() {
         return piece;
     });
     next_ = make->get_future();
-    QThreadPool::globalInstance()->start([make] { (*make)(); });
+    StartJob([make] { (*make)(); });
 }
 
 void TileStore::Clear() {

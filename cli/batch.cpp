@@ -11,7 +11,6 @@
 #include <QJsonObject>
 #include <QMutex>
 #include <QTemporaryDir>
-#include <QThreadPool>
 #include <cstdio>
 #include <memory>
 
@@ -20,6 +19,7 @@
 #include "output/pdf/pdf_export.h"
 #include "pictures/picture_file.h"
 #include "platform/error.h"
+#include "platform/pool_job.h"
 #include "platform/temporary_folder.h"
 
 namespace kelu::cli {
@@ -236,7 +236,7 @@ int Batch::Run(const QByteArray& recipe, const Make& make) {
     } else {
         QThreadPool pool;
         pool.setMaxThreadCount(jobs_);
-        for (const Task& task : tasks) pool.start([&runTask, &task] { runTask(task); });
+        for (const Task& task : tasks) StartJob(pool, [&runTask, &task] { runTask(task); });
         pool.waitForDone();
     }
     return allDone ? kDone : kFailed;

@@ -6,6 +6,7 @@
 
 #include "document/journal_file.h"
 #include "platform/error.h"
+#include "platform/pool_job.h"
 
 namespace kelu {
 namespace {
@@ -239,8 +240,7 @@ void Journal::LeavePicture() {
             if (!file) return;
             if (!unsaved) return file->Remove();
             files.left += file->Path();
-            QMetaObject::invokeMethod(
-                this, [this, path = file->Path(), name] { Q_EMIT Left(path, name); }, Qt::QueuedConnection);
+            HandBack(this, [this, path = file->Path(), name] { Q_EMIT Left(path, name); });
         });
     }
     timer_.stop();
@@ -252,7 +252,7 @@ void Journal::LeavePicture() {
 }
 
 void Journal::Run(Job job) {
-    worker_.start([this, files = files_, job = std::move(job)] {
+    StartJob(worker_, [this, files = files_, job = std::move(job)] {
         QString reason;
         try {
             job(*files);
@@ -263,12 +263,9 @@ void Journal::Run(Job job) {
             reason = QString::fromLocal8Bit(error.what());
         }
         if (const auto file = std::exchange(files->file, nullptr)) files->left += file->Path();
-        QMetaObject::invokeMethod(
-            this,
-            [this, reason] {
-                if (!std::exchange(offTold_, true)) Q_EMIT Off(reason);
-            },
-            Qt::QueuedConnection);
+        HandBack(this, [this, reason] {
+            if (!std::exchange(offTold_, true)) Q_EMIT Off(reason);
+        });
     });
 }
 

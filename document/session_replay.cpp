@@ -5,11 +5,11 @@
 #include <QFileInfo>
 #include <QPointer>
 #include <QScopeGuard>
-#include <QThreadPool>
 
 #include "document/journal_file.h"
 #include "pictures/picture_file.h"
 #include "platform/error.h"
+#include "platform/pool_job.h"
 #include "platform/run_beside.h"
 
 namespace kelu {
@@ -36,10 +36,10 @@ SessionReplay::SessionReplay(Document& document, OpenSave& openSave, SharedState
 
 void SessionReplay::LookForJournals() {
     const QPointer<SessionReplay> self(this);
-    QThreadPool::globalInstance()->start([self, folder = surroundings_.folder] {
+    StartJob([self, folder = surroundings_.folder] {
         auto found = std::make_shared<std::vector<LeftJournal>>(FindLeftJournals(folder));
         if (found->empty()) return;
-        QMetaObject::invokeMethod(QCoreApplication::instance(), [self, found] {
+        HandBack(QCoreApplication::instance(), [self, found] {
             if (!self) return;
             self->left_ = std::move(*found);
             self->Ask();
@@ -120,7 +120,7 @@ bool SessionReplay::Play(const Work& work) {
         RunBeside([&] {
             replay.Open(work.readPicture(), work.fit);
             replay.DoAll([this](int percent) {
-                QMetaObject::invokeMethod(this, [this, percent] { surroundings_.showProgress(percent); });
+                HandBack(this, [this, percent] { surroundings_.showProgress(percent); });
                 return true;
             });
         });

@@ -14,6 +14,7 @@
 #include "effects/catalogue/render_onto.h"
 #include "pictures/picture_file.h"
 #include "platform/error.h"
+#include "platform/pool_job.h"
 
 namespace kelu {
 namespace {
@@ -123,7 +124,7 @@ void EffectPictures::Start(const QString& path, qreal ratio) {
     ratio_ = ratio;
     if (state_ && !state_->CurrentFileName.isEmpty()) return TakeCanvas();
     const int run = ++run_;
-    pool_.start([this, path, ratio, run] {
+    StartJob(pool_, [this, path, ratio, run] {
         QImage sample;
         // Twice the picture's size: enough to cover it whatever the photograph's proportions, short of a panorama.
         Attempt([&] { sample = ReadThumbnail(path, (QSizeF(kPhotoSize) * ratio * 2).toSize()); });
@@ -145,19 +146,16 @@ void EffectPictures::TakeCanvas() {
     // On this thread: were the picture shared with another, the next stroke would have to copy it.
     const PreviewPhoto photo = TakePreview(canvas_->Picture(), ratio_);
     const int run = ++run_;
-    pool_.start([this, photo, run, ratio = ratio_] { Draw(photo, ratio, run); });
+    StartJob(pool_, [this, photo, run, ratio = ratio_] { Draw(photo, ratio, run); });
 }
 
 void EffectPictures::Draw(const PreviewPhoto& photo, qreal ratio, int run) {
     for (const Effect& effect : Catalogue()) {
         if (run_ != run) return;
         const QImage picture = DrawEffectPicture(effect, photo, ratio);
-        QMetaObject::invokeMethod(
-            this,
-            [this, run, number = effect.number, picture] {
-                if (run_ == run) Q_EMIT PictureReady(number, picture);
-            },
-            Qt::QueuedConnection);
+        HandBack(this, [this, run, number = effect.number, picture] {
+            if (run_ == run) Q_EMIT PictureReady(number, picture);
+        });
     }
 }
 

@@ -12,22 +12,10 @@
 #include <mutex>
 #include <thread>
 
-#ifdef __SANITIZE_THREAD__
-#include <sanitizer/tsan_interface.h>
-#endif
+#include "engine/hand_over_notes.h"
 
 namespace kelu::engine {
 namespace {
-
-// The library sees to it that what was written before a piece of work was handed over is there for the thread that does
-// it. The thread sanitizer can't know, since the library is not built with it, and is told.
-#ifdef __SANITIZE_THREAD__
-void HandingOver(void* what) { __tsan_release(what); }
-void TakenOver(void* what) { __tsan_acquire(what); }
-#else
-void HandingOver(void*) {}
-void TakenOver(void*) {}
-#endif
 
 // Half of this lies between two reports, which leaves room for a late wake-up within the promised 100 ms.
 constexpr std::chrono::milliseconds kReportEvery{40};

@@ -4,13 +4,13 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QPointer>
-#include <QThreadPool>
 #include <algorithm>
 #include <chrono>
 #include <future>
 
 #include "controls/theme/icons.h"
 #include "platform/language.h"
+#include "platform/pool_job.h"
 
 namespace kelu {
 
@@ -61,9 +61,9 @@ void FolderModel::Refresh() {
     reading_ = token;
     auto promise = std::make_shared<std::promise<FolderListing>>();
     const std::shared_future<FolderListing> listing = promise->get_future().share();
-    QThreadPool::globalInstance()->start([promise, listing, token, request = request_, self = QPointer(this)] {
+    StartJob([promise, listing, token, request = request_, self = QPointer(this)] {
         promise->set_value(ReadFolder(request));
-        QMetaObject::invokeMethod(qApp, [=] {
+        HandBack(qApp, [=] {
             if (self && self->reading_ == token) self->Take(listing.get());
         });
     });

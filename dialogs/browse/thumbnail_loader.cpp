@@ -5,6 +5,8 @@
 #include <QThread>
 #include <algorithm>
 
+#include "platform/pool_job.h"
+
 namespace kelu {
 
 ThumbnailLoader::ThumbnailLoader(ThumbnailCache cache, QObject* parent) : QObject(parent), cache_(std::move(cache)) {
@@ -20,7 +22,7 @@ ThumbnailLoader::~ThumbnailLoader() {
 void ThumbnailLoader::Wish(const QStringList& paths) {
     pool_.clear();
     for (const QString& path : paths)
-        pool_.start([this, path, size = size_] {
+        StartJob(pool_, [this, path, size = size_] {
             const QFileInfo info(path);
             const FileStamp stamp{info.size(), info.lastModified()};
             QImage thumbnail = cache_.Thumbnail(path);

@@ -6,6 +6,7 @@
 
 #include "output/mail/mail_error.h"
 #include "platform/error.h"
+#include "platform/pool_job.h"
 
 namespace kelu {
 
@@ -40,8 +41,7 @@ void SmtpSender::Send(const MailMessage& message) {
         DeliverBySmtp(delivery, work_.cancelled, [&](qint64 sent, qint64 total) {
             if (sent == lastSent || sent >= total) return;
             lastSent = sent;
-            QMetaObject::invokeMethod(
-                this, [this, sent, total] { Q_EMIT Progress(sent, total); }, Qt::QueuedConnection);
+            HandBack(this, [this, sent, total] { Q_EMIT Progress(sent, total); });
         });
     });
     Q_EMIT Progress(delivery.text.size(), delivery.text.size());
