@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QTimeZone>
+
 #include "output/mail/email_address.h"
 #include "platform/error.h"
 
@@ -51,7 +53,7 @@ TEST(MailMessageText, EnvelopeAndHeaders) {
     message.CC = "A@b.c; a@b.c";
     EXPECT_EQ(message.Sender(), "j@xn--bcher-kva.example");
     EXPECT_EQ(message.Recipients(), QList<QByteArray>({"a@b.c", "d@e.f", "A@b.c"}));
-    const QByteArray text = message.Text(QDateTime(QDate(2026, 2, 3), QTime(4, 5, 6), Qt::OffsetFromUTC, -5400));
+    const QByteArray text = message.Text(QDateTime(QDate(2026, 2, 3), QTime(4, 5, 6), QTimeZone(-5400)));
     EXPECT_TRUE(text.startsWith("Date: Tue, 3 Feb 2026 04:05:06 -0130\r\n")) << text.left(60).toStdString();
     EXPECT_EQ(text.count('\n'), text.count("\r\n"));
 
