@@ -3,7 +3,6 @@
 // SPDX-License-Identifier: MIT
 #include "pictures/deflated_rows.h"
 
-#include <tbb/parallel_pipeline.h>
 #include <zlib.h>
 
 #include <algorithm>
@@ -14,6 +13,8 @@
 #include <new>
 #include <vector>
 
+#include "engine/bands.h"
+
 namespace kelu {
 namespace {
 
@@ -21,7 +22,7 @@ using Bytes = std::vector<std::uint8_t>;
 
 constexpr int kBandBytes = 1 << 19;      // of filtered rows
 constexpr int kDictionaryBytes = 32768;  // as far as deflate looks back
-constexpr int kBandsUnderway = 8;
+constexpr std::size_t kBandsAtOnce = 16;
 // Of a photograph's filtered rows hardly anything repeats: looking for runs alone takes a third of the time of level 3
 // and leaves them 10 % smaller. Rows that get smaller than this part of themselves so are drawn rather than
 // photographed, and are worth a search for what repeats.
@@ -196,35 +197,25 @@ RowSamples FewestSamples(const QImage& picture) {
 void DeflateRows(const QImage& picture, RowSamples samples, const TakeDeflated& take) {
     const auto rowBytes = std::int64_t{picture.width()} * static_cast<int>(samples) + 1;
     const int bandRows = static_cast<int>(std::clamp<std::int64_t>(kBandBytes / rowBytes, 1, picture.height()));
-    int nextRow = 0;
     uLong checksum = adler32(0, nullptr, 0);
-    const auto takeBand = [&](tbb::flow_control& flow) -> std::shared_ptr<Band> {
-        if (nextRow >= picture.height()) {
-            flow.stop();
-            return nullptr;
+    for (int row = 0; row < picture.height();) {
+        std::vector<Band> bands;
+        for (; row < picture.height() && bands.size() < kBandsAtOnce; row = bands.back().end) {
+            bands.emplace_back().begin = row;
+            bands.back().end = std::min(picture.height(), row + bandRows);
         }
-        auto band = std::make_shared<Band>();
-        band->begin = nextRow;
-        nextRow = band->end = std::min(picture.height(), nextRow + bandRows);
-        return band;
-    };
-    const auto deflateOne = [&](std::shared_ptr<Band> band) {
-        DeflateBand(picture, samples, *band);
-        return band;
-    };
-    const auto giveOne = [&](const std::shared_ptr<Band>& band) {
-        checksum = adler32_combine(checksum, band->checksum, static_cast<z_off_t>(band->filteredBytes));
-        if (band->begin == 0) band->deflated.insert(band->deflated.begin(), {0x78, 0x5e});  // zlib's header
-        if (band->end == picture.height())
-            for (int shift = 24; shift >= 0; shift -= 8)
-                band->deflated.push_back(static_cast<std::uint8_t>(checksum >> shift));
-        take(band->deflated, band->end);
-    };
-    tbb::parallel_pipeline(
-        kBandsUnderway,
-        tbb::make_filter<void, std::shared_ptr<Band>>(tbb::filter_mode::serial_in_order, takeBand) &
-            tbb::make_filter<std::shared_ptr<Band>, std::shared_ptr<Band>>(tbb::filter_mode::parallel, deflateOne) &
-            tbb::make_filter<std::shared_ptr<Band>, void>(tbb::filter_mode::serial_in_order, giveOne));
+        engine::SplitRows({}, static_cast<int>(bands.size()), kBandBytes, [&](int begin, int end) {
+            for (int i = begin; i < end; ++i) DeflateBand(picture, samples, bands[static_cast<std::size_t>(i)]);
+        });
+        for (Band& band : bands) {
+            checksum = adler32_combine(checksum, band.checksum, static_cast<z_off_t>(band.filteredBytes));
+            if (band.begin == 0) band.deflated.insert(band.deflated.begin(), {0x78, 0x5e});  // zlib's header
+            if (band.end == picture.height())
+                for (int shift = 24; shift >= 0; shift -= 8)
+                    band.deflated.push_back(static_cast<std::uint8_t>(checksum >> shift));
+            take(band.deflated, band.end);
+        }
+    }
 }
 
 }  // namespace kelu
