@@ -213,6 +213,7 @@ void ImageX::OnScrolled() {
     // The fitted view is kept while another shows: the way back costs nothing, whatever the picture's size.
     view_ = Scale() == FittedScale() ? &fitted_ : &free_;
     if (view_ == &fitted_) free_.Invalidate();
+    if (!isVisible()) return;  // it is laid out again when it shows, at the size that it then has
     view_->Show(surface_.Picture(), scaled_, QRect(-origin_, viewport_));
     if (view_->IsCoarse()) refine_.start();
     update();

@@ -344,7 +344,8 @@ TEST_F(ImageXTest, WhatIsOnTheScreenIsWhatAFreshViewWouldShow) {
         }
         fresh.SetBrushTip({.size = 30});  // a change is told beside the ring
         fresh.SetBrushTip({.size = ring});
-        fresh.grab();  // lays it out; on the screen it would take the mouse away
+        fresh.setAttribute(Qt::WA_DontShowOnScreen);  // there it would take the mouse away
+        fresh.show();
         const auto bars = view_.findChildren<QScrollBar*>();
         const auto freshBars = fresh.findChildren<QScrollBar*>();
         for (int i = 0; i < bars.size(); ++i) freshBars[i]->setValue(bars[i]->value());
