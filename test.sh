@@ -19,7 +19,7 @@ export LSAN_OPTIONS="suppressions=$PWD/tests/support/lsan.supp:print_suppression
 strict=""
 if [ "${CI:-}" = true ]; then
     strict="-DKELU_WERROR=ON"
-    [ -n "$(known_packages $optional_test_packages)" ] && export KELU_REQUIRE_TOOLS=1
+    export KELU_REQUIRE_TOOLS="all of the packages and $(known_packages $optional_test_packages)"
 fi
 case "${1:-}" in
     "")

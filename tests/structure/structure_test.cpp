@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -207,7 +208,8 @@ TEST(Structure, LibrariesLinkDownwards) {
 TEST(Structure, SourcesAreLaidOutAsTheFormatterDoes) {
     // Other versions lay out a little differently: the one of Debian 12 is the measure.
     if (std::system("clang-format-14 --version >/dev/null 2>&1") != 0) {
-        if (std::getenv("KELU_REQUIRE_TOOLS")) FAIL() << "clang-format-14 is not installed";
+        const char* const required = std::getenv("KELU_REQUIRE_TOOLS");
+        if (required && std::strstr(required, "clang-format-14")) FAIL() << "clang-format-14 is not installed";
         GTEST_SKIP() << "clang-format-14 is not installed";
     }
     const std::string list = "cd '" + kRoot.string() + "' && git ls-files '*.cpp' '*.h' | ";
