@@ -49,9 +49,11 @@ bool IsFor(const Profile& profile, cmsColorSpaceSignature space) {
 
 Transform ToSrgb(const Profile& from, cmsUInt32Number pixelFormat) {
     const Profile srgb(cmsCreate_sRGBProfile());
+    // Newer versions refuse to copy alpha from a format that has none.
+    const cmsUInt32Number alpha = T_EXTRA(pixelFormat) == T_EXTRA(TYPE_BGRA_8) ? cmsFLAGS_COPY_ALPHA : 0;
     // Without a cache one transform serves all threads.
     return Transform(cmsCreateTransform(from.get(), pixelFormat, srgb.get(), TYPE_BGRA_8, INTENT_PERCEPTUAL,
-                                        cmsFLAGS_NOCACHE | cmsFLAGS_COPY_ALPHA));
+                                        cmsFLAGS_NOCACHE | alpha));
 }
 
 void ForEachRow(QImage& picture, const std::function<void(uchar* row)>& change) {
