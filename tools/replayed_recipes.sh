@@ -8,8 +8,14 @@ set -eu
 bin=$1 count=$2
 folder=${3:-$(mktemp -d)}
 mkdir -p "$folder"
-KELU_MONKEYS=$count KELU_RECIPES=$folder QT_QPA_PLATFORM=offscreen "$bin/test_app" --gtest_brief=1 \
-    --gtest_filter='Seeds/Monkey.*' >"$folder/monkeys.log" 2>&1 || echo "some monkeys failed: $folder/monkeys.log"
+# Monkeys wait now and then for what a user would see: more of them than processors.
+shards=$((3 * $(nproc)))
+for shard in $(seq 0 $((shards - 1))); do
+    KELU_MONKEYS=$count KELU_RECIPES=$folder GTEST_TOTAL_SHARDS=$shards GTEST_SHARD_INDEX=$shard \
+        QT_QPA_PLATFORM=offscreen "$bin/test_app" --gtest_brief=1 --gtest_filter='Seeds/Monkey.*' \
+        >"$folder/monkeys$shard.log" 2>&1 || echo "some monkeys failed: $folder/monkeys$shard.log" &
+done
+wait
 pixels() { convert "$1" -depth 8 rgba:- | sha1sum; }
 same=0 different=0
 for recipe in "$folder"/*.kelu; do

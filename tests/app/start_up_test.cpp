@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QLabel>
+
 #include "app/paint_reminder.h"
 #include "capture/capture_settings.h"
 #include "controls/list_ex/list_ex.h"
