@@ -42,7 +42,7 @@ void Painter::SetUpBrush() {
 }
 
 void Painter::PictureOpened() {
-    strokeEnd_.reset();
+    lineStart_.reset();
     ShowBrushTip();
 }
 
@@ -88,7 +88,7 @@ void Painter::Segment(const QPoint& from, const QPoint& to) {
     document_.Canvas().DrawBrushLine(from.x(), from.y(), to.x(), to.y(), kFullStrength);
     log_.LinePainted(from, to);
     state_.ImageDirty = true;
-    strokeEnd_ = to;
+    lineStart_ = to;
 }
 
 void Painter::Press(Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers, const QPoint& imagePixel) {
@@ -100,7 +100,9 @@ void Painter::Press(Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers, c
     state_.ImageDirty = true;
     lastBrush_ = imagePixel;
     log_.StrokeBegan(imagePixel);
-    if (buttons == Qt::LeftButton && (modifiers & Qt::ShiftModifier) && strokeEnd_) Segment(*strokeEnd_, imagePixel);
+    if (buttons != Qt::LeftButton) return;
+    if ((modifiers & Qt::ShiftModifier) && lineStart_) Segment(*lineStart_, imagePixel);
+    lineStart_ = imagePixel;
 }
 
 void Painter::TellWhatIsMissing(Paint paint) {

@@ -54,8 +54,8 @@ class Painter {
     void PictureOpened();
 
     /// Any mouse button was pressed on the canvas: one undo level, nothing painted. With Ctrl the strokes that follow
-    /// bring the original back, which needs no render; with Shift a straight line is drawn from the end of the last
-    /// stroke. Without a render a note says what is missing.
+    /// bring the original back, which needs no render; with Shift a straight line is drawn from the last point, where a
+    /// stroke ended or the button was pressed. Without a render a note says what is missing.
     void Press(Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers, const QPoint& imagePixel);
     /// The pointer moved over the canvas; with the left button alone one segment is painted.
     void Move(Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers, const QPoint& imagePixel);
@@ -96,7 +96,7 @@ class Painter {
     int size_ = 0;                     ///< of the brush that was taken, under full pressure
     double pressure_ = 1;              ///< share of it
     QPoint lastBrush_;                 ///< image pixels, where the pointer was last
-    std::optional<QPoint> strokeEnd_;  ///< image pixels, the end of the last segment painted
+    std::optional<QPoint> lineStart_;  ///< image pixels, the last point pressed or painted
 };
 
 }  // namespace kelu

@@ -78,7 +78,7 @@ TEST_F(MainWindowTest, BrushesAnEffectOnTakesItBackAndSavesIt) {
     EXPECT_FALSE(state.ImageActive);
 }
 
-TEST_F(MainWindowTest, OtherButtonsOpenALevelButPaintNothing) {
+TEST_F(MainWindowTest, PressesAloneOpenALevelButPaintNothing) {
     OpenPhoto();
     const QImage original = Canvas();
     Stroke({{50, 50}, {90, 90}});
@@ -91,6 +91,11 @@ TEST_F(MainWindowTest, OtherButtonsOpenALevelButPaintNothing) {
     EXPECT_EQ(Canvas(), original);
     EXPECT_TRUE(state.ImageDirty);
     EXPECT_TRUE(window.surfaces.picCanvas.CanUndo());
+
+    QTest::mouseClick(&canvas, Qt::LeftButton, {}, Over(50, 50));
+    EXPECT_EQ(Canvas(), original);
+    QTest::mouseClick(&canvas, Qt::LeftButton, Qt::ShiftModifier, Over(120, 50));
+    EXPECT_NE(Canvas().copy(60, 45, 50, 10), original.copy(60, 45, 50, 10)) << "a line from the click before";
 }
 
 TEST_F(MainWindowTest, StatusBarTellsThePictureTheVersionAndThePercentShown) {
