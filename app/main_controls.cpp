@@ -8,6 +8,7 @@
 #include <cstring>
 #include <span>
 
+#include "app/pointed_keys.h"
 #include "app/window_layout.h"
 #include "capture/capture_panel.h"
 #include "controls/list_ex/list_ex.h"
@@ -112,6 +113,7 @@ MainControls::MainControls(QWidget& window, Surfaces& surfaces, Surface& capture
     pBar1->raise();  // over the second panel, which was made later
     picCover->raise();
     picLogo->raise();
+    new PointedKeys(window, *selectors, *pnlSettings);
 }
 
 namespace {

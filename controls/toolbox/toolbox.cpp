@@ -103,6 +103,7 @@ void Toolbox::Press(int index) {
 }
 
 void Toolbox::UpdateTabStop(int index) {
+    tabStop_ = index;
     for (int each = 1; each <= Count(); ++each)
         buttons_[static_cast<std::size_t>(each - 1)]->setFocusPolicy(each == index ? Qt::TabFocus : Qt::NoFocus);
 }
@@ -163,11 +164,15 @@ bool Toolbox::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
     const auto found = std::find(buttons_.begin(), buttons_.end(), watched);
     if (found == buttons_.end()) return false;
-    const int index = static_cast<int>(found - buttons_.begin()) + 1;
+    return TakeKey(*static_cast<QKeyEvent*>(event), static_cast<int>(found - buttons_.begin()) + 1);
+}
+
+bool Toolbox::TakeKey(const QKeyEvent& key) { return InRange(tabStop_) && TakeKey(key, tabStop_); }
+
+bool Toolbox::TakeKey(const QKeyEvent& key, int index) {
     const int columns = qMin(columns_, Count());
     const int onward = isRightToLeft() ? -1 : 1;
     int next = index;
-    const auto& key = *static_cast<QKeyEvent*>(event);
     switch (key.key()) {
         case Qt::Key_Left:
             next = index - onward;

@@ -9,6 +9,8 @@
 #include <QWidget>
 #include <vector>
 
+class QKeyEvent;
+
 namespace kelu {
 
 class ToolboxButton;
@@ -47,6 +49,8 @@ class Toolbox : public QWidget {
     QString Tip(int index) const;
     /// What all buttons wait for: they look disabled and their tool tips say why, but can be pressed all the same.
     void SetObstacle(const QString& obstacle);
+    /// Takes a key press as the button does that Tab leads to; false: it has no use for it.
+    bool TakeKey(const QKeyEvent& key);
     /// The button widget, for placing a pointer over it or scrolling to it; null when out of range.
     QWidget* Button(int index) const;
 
@@ -70,6 +74,7 @@ class Toolbox : public QWidget {
     int margin_ = 1;
     int gap_ = 1;
     int current_ = 0;
+    int tabStop_ = 0;
     QString typed_;  ///< of a name, so far
     QElapsedTimer sinceTyped_;
     QString obstacle_;
@@ -77,6 +82,7 @@ class Toolbox : public QWidget {
     void Arrange();
     void UpdateTabStop(int index);
     int RowsInSight() const;
+    bool TakeKey(const QKeyEvent& key, int index);
     int Typed(const QString& text, int index);
     void Press(int index);
     void ShowTip(ToolboxButton& button);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
+#include "controls/pager/pager.h"
 #include "tests/app/main_window_fixture.h"
 
 namespace kelu {
@@ -79,6 +80,30 @@ TEST_F(KeyWalk, TheBrushIsSetByKeysThatRepeatAndTheOriginalShowsWhileItsKeyIsHel
         QTest::keyRelease(QApplication::focusWidget(), key);
         EXPECT_TRUE(!state.ShowingOriginal && canvas.hasFocus());
     }
+}
+
+TEST_F(KeyWalk, WhatIsTypedByAHandOnTheMouseGoesToWhatThePointerIsOver) {
+    OpenPhoto();
+    Arm(8);  // with a slider
+    EffectSelectors& selectors = *window.controls.selectors;
+    const auto takeMouse = [&] { QTest::mouseClick(window.controls.picTitleBar, Qt::LeftButton); };
+    const auto over = [&](QWidget& widget, Qt::Key key) {
+        canvas.setFocus();
+        widget.setAttribute(Qt::WA_UnderMouse);
+        QTest::keyClick(&canvas, key);
+        widget.setAttribute(Qt::WA_UnderMouse, false);
+    };
+    takeMouse();
+    over(*selectors.pagerTB1, Qt::Key_F);
+    EXPECT_EQ(QApplication::focusWidget(), selectors.TBSFX->Button(18)) << "False Color";
+    over(*selectors.pagerTB1, Qt::Key_O);
+    EXPECT_EQ(QApplication::focusWidget(), &canvas) << "who works by keyboard stands where he is";
+    takeMouse();
+    panel.sldValue[0]->SetValue(panel.sldValue[0]->Value() + 1);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !panel.cmdApply->Mark().isEmpty(); }));
+    over(panel, Qt::Key_Return);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return panel.cmdApply->Mark().isEmpty(); })) << "Enter over the panel applies";
+    EXPECT_FALSE(window.surfaces.picCanvas.CanUndo()) << "and paints nothing";
 }
 
 TEST_F(KeyWalk, KeysAreHeardWhereverTheFocusIs) {
