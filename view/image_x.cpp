@@ -322,6 +322,13 @@ void ImageX::UpdateRing() {
     update(ringShown_);
 }
 
+// The ring that keys have moved goes with the focus. That of the mouse, or of a window that will be back, stays.
+void ImageX::LeaveRing(Qt::FocusReason reason) {
+    if (underMouse() || reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason) return;
+    ring_.MoveTo(std::nullopt);
+    UpdateRing();
+}
+
 void ImageX::SetBrushTip(const BrushTip& tip) {
     ring_.SetTip(tip);
     update(ringShown_);
@@ -372,6 +379,7 @@ bool ImageX::event(QEvent* event) {
         case QEvent::FocusOut:
             spaceHeld_ = false;
             ApplyCursor();
+            LeaveRing(static_cast<QFocusEvent*>(event)->reason());
             break;
         case QEvent::Show:  // the window may have come to a screen with another device pixel ratio
         case QEvent::ScreenChangeInternal:

@@ -109,6 +109,7 @@ class ImageX : public QWidget, public SurfaceView {
     void ScrollOrPass(QKeyEvent* event, const QPointF& pixels);
     void ApplyCursor();
     void UpdateRing();
+    void LeaveRing(Qt::FocusReason reason);
     BrushRing::Ground RingGround() const;
     QRect RingRect() const;
 

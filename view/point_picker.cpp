@@ -35,6 +35,8 @@ void PointPicker::ShowMark(const std::optional<QPoint>& imagePixel) {
 void PointPicker::SetPicking(bool picking) {
     if (picking == picking_) return;
     picking_ = picking;
+    // Hidden with the focus, it would pass that on as Tab does.
+    if (!picking_ && hasFocus()) view_.setFocus();
     Settle();
     if (picking_)
         setFocus();

@@ -179,6 +179,7 @@ TEST_F(PaintWalk, APickedPointIsUsedAsItIsUntilABoxIsEdited) {
     const QPoint there = Over(1234, 321);
     QTest::mouseClick(picker, Qt::LeftButton, {}, there);
     EXPECT_FALSE(panel.cmdPick->isChecked() || state.ImageDirty);
+    EXPECT_TRUE(canvas.hasFocus());
     const QPoint point(panel.XCoordinate(), panel.YCoordinate());
     EXPECT_LE((point - QPoint(1234, 321)).manhattanLength(), 4);
     EXPECT_EQ(panel.txtXCoord->text(), "999");
