@@ -218,7 +218,7 @@ void frmMain::ConnectJournal(Journal& journal) {
         std::make_unique<SessionReplay>(document_, openSave_, state_, journal, services_.dialog,
                                         SessionReplay::Surroundings{journal.Folder(), &RenderEffectOn, mayAsk,
                                                                     showProgress, [this] { painter_.SetUpBrush(); }});
-    new SaveMenu(controls.Button(Command::Save), document_, state_, journal, services_.dialog);
+    new SaveMenu(controls.Button(Command::Save), document_, openSave_, state_, journal, services_.dialog);
     connect(&journal, &Journal::Off, this, [this](const QString& reason) {
         controls.note->Show({tr("What you paint can't be recovered after a crash: %1").arg(reason),
                              {},

@@ -9,6 +9,7 @@
 
 #include "controls/title_row/dialog_frame.h"
 #include "dialogs/film_dialog.h"
+#include "dialogs/save_file_dialog.h"
 #include "document/film.h"
 #include "document/recipe.h"
 #include "effects/catalogue/render_onto.h"
@@ -17,8 +18,15 @@
 
 namespace kelu {
 
-SaveMenu::SaveMenu(QWidget& button, Document& document, const SharedState& state, Journal& journal, MsgDialog& dialog)
-    : QObject(&button), button_(button), document_(document), state_(state), journal_(journal), dialog_(dialog) {
+SaveMenu::SaveMenu(QWidget& button, Document& document, OpenSave& openSave, const SharedState& state, Journal& journal,
+                   MsgDialog& dialog)
+    : QObject(&button),
+      button_(button),
+      document_(document),
+      openSave_(openSave),
+      state_(state),
+      journal_(journal),
+      dialog_(dialog) {
     button.setContextMenuPolicy(Qt::CustomContextMenu);
     connect(&button, &QWidget::customContextMenuRequested, this, &SaveMenu::Show);
 }
@@ -41,6 +49,7 @@ void SaveMenu::SaveRecipe() {
     RunShowingErrors(dialog_, [&] {
         const Recipe recipe = Told();
         document_.RunsBeside()([&] { WriteRecipe(recipe, path); });
+        openSave_.TellSaved(path, /*mayGoOn=*/false);
     });
 }
 
@@ -49,7 +58,9 @@ void SaveMenu::SaveFilm() {
         const QByteArray film = Film();
         if (film.isEmpty() || FilmDialog(film, button_.window()).exec() != QDialog::Accepted) return;
         const QString path = AskForName(tr("Save as It Grew"), tr("GIF Files (*.gif)"), "gif");
-        if (!path.isEmpty()) document_.RunsBeside()([&] { WriteFile(path, film); });
+        if (path.isEmpty()) return;
+        document_.RunsBeside()([&] { WriteFile(path, film); });
+        openSave_.TellSaved(path, /*mayGoOn=*/false);
     });
 }
 
@@ -80,10 +91,16 @@ QString SaveMenu::AskForName(const QString& title, const QString& filter, const 
                                : picture.path();
     QFileDialog dialog(button_.window(), title, QDir(folder).exists() ? folder : QDir::homePath(), filter);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);  // we ask
     dialog.setDefaultSuffix(QLatin1String(suffix));
     if (dialog.layout()) AddWindowFrame(dialog);
     dialog.selectFile(picture.completeBaseName() + u'.' + QLatin1String(suffix));
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+    while (dialog.exec() == QDialog::Accepted) {
+        const QString path = dialog.selectedFiles().value(0);
+        if (MayReplaceFile(path, dialog_)) return path;
+        dialog.selectFile(path);
+    }
+    return {};
 }
 
 }  // namespace kelu

@@ -6,6 +6,7 @@
 
 #include "document/document.h"
 #include "document/journal.h"
+#include "document/open_save.h"
 #include "platform/msg_dialog.h"
 
 class QPoint;
@@ -18,7 +19,8 @@ class SaveMenu : public QObject {
 
  public:
     /// `button` gets the menu, also by the keyboard's menu key.
-    SaveMenu(QWidget& button, Document& document, const SharedState& state, Journal& journal, MsgDialog& dialog);
+    SaveMenu(QWidget& button, Document& document, OpenSave& openSave, const SharedState& state, Journal& journal,
+             MsgDialog& dialog);
 
  private:
     void Show(const QPoint& at);
@@ -32,6 +34,7 @@ class SaveMenu : public QObject {
 
     QWidget& button_;
     Document& document_;
+    OpenSave& openSave_;
     const SharedState& state_;
     Journal& journal_;
     MsgDialog& dialog_;

@@ -34,9 +34,9 @@ QString NameForFilter(const QString& name, int filterIndex) {
     return name + SaveDialog::Filter().split(u'|').value(2 * filterIndex - 1).remove(u'*');
 }
 
-bool SaveFileDialog::MayReplace(const QString& path) {
+bool MayReplaceFile(const QString& path, MsgDialog& questions) {
     if (!QFile::exists(path)) return true;
-    return questions_
+    return questions
                .ShowMessage({Texts::tr("Confirm"),
                              Texts::tr("'%1' is there already.\r\n\r\nReplace it?").arg(QFileInfo(path).fileName()),
                              MsgIcon::Exclamation, MsgButtons::YesNo})
@@ -66,7 +66,7 @@ bool SaveFileDialog::Show(QString& fileName, int& filterIndex) {
         filterIndex = static_cast<int>(filters.indexOf(dialog.selectedNameFilter())) + 1;
         fileName = NameForFilter(dialog.selectedFiles().first(), filterIndex);
         if (IsPdfName(fileName)) filterIndex = kPdfFilter;
-        if (MayReplace(fileName)) break;
+        if (MayReplaceFile(fileName, questions_)) break;
         dialog.selectFile(fileName);
     }
     folder_ = QFileInfo(fileName).absolutePath();

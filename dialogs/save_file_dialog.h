@@ -16,6 +16,9 @@ QStringList NameFilters(const QString& filter);
 /// `name`, with the extension of the filter (counted from 1) behind it when its own tells no format that can be saved.
 QString NameForFilter(const QString& name, int filterIndex);
 
+/// Whether a file may be written there: asks in the program's own frame when there is one.
+bool MayReplaceFile(const QString& path, MsgDialog& questions);
+
 class SaveFileDialog : public SaveDialog {
  public:
     /// `questions` asks before a file is replaced.
@@ -26,8 +29,6 @@ class SaveFileDialog : public SaveDialog {
     bool Show(QString& fileName, int& filterIndex) override;
 
  private:
-    bool MayReplace(const QString& path);
-
     MsgDialog& questions_;
     QPointer<QWidget> owner_;
     QString folder_;         // of the last save in this run; at first the user's pictures

@@ -116,8 +116,9 @@ bool OpenSave::MayReplace(const QString& path) {
                .answer == MsgAnswer::Yes;
 }
 
-void OpenSave::TellSaved(const QString& path) {
-    std::vector<NoteButton> buttons{{tr("Go on with it"), [this, path] { OpenAgain(path, Document::Source::Drop); }}};
+void OpenSave::TellSaved(const QString& path, bool mayGoOn) {
+    std::vector<NoteButton> buttons;
+    if (mayGoOn) buttons = {{tr("Go on with it"), [this, path] { OpenAgain(path, Document::Source::Drop); }}};
     if (helpers_.showFolder)
         buttons.push_back(
             {tr("Show in folder"), [this, path] { helpers_.showFolder(QFileInfo(path).absolutePath()); }});
@@ -147,7 +148,7 @@ void OpenSave::SaveImageNow() {
         if (written) log_.Settled(fileName);
         state_.ImageDirty = false;
         state_.ImageActive = false;
-        if (isPicture) TellSaved(fileName);
+        if (isPicture) TellSaved(fileName, /*mayGoOn=*/true);
     });
 }
 

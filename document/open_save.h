@@ -63,6 +63,8 @@ class OpenSave {
     bool SettleBeforeExit();
     /// One round of the save dialog and the write. A note tells the name.
     void SaveImageNow();
+    /// A note with the name of a file just saved and a way to its folder; `mayGoOn`: and one to open it.
+    void TellSaved(const QString& path, bool mayGoOn);
     /// A note, when the picture that was just opened came smaller than its file.
     void TellMadeSmaller();
     /// The canvas's picture on the clipboard.
@@ -76,7 +78,6 @@ class OpenSave {
     QString ProposedName() const;
     /// Asks before the file that is open is replaced by the smaller picture that was made of it.
     bool MayReplace(const QString& path);
-    void TellSaved(const QString& path);
 
     Document& document_;
     SharedState& state_;

@@ -667,7 +667,7 @@ Save over it all the same?<byte value="xd"/>
     </message>
     <message>
         <source>Saved as %1</source>
-        <translation>Guardada como %1</translation>
+        <translation>Guardado como %1</translation>
     </message>
 </context>
 <context>

@@ -667,7 +667,7 @@ L’écraser quand même ?<byte value="xd"/>
     </message>
     <message>
         <source>Saved as %1</source>
-        <translation>Enregistrée sous %1</translation>
+        <translation>Enregistré sous %1</translation>
     </message>
 </context>
 <context>
