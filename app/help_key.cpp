@@ -15,7 +15,9 @@ QString PageOf(const QObject& dialog) {
         const char* page;
     } kPages[] = {{"kelu::frmBrowse", "keys.html#open"},
                   {"kelu::frmOptions", "settings.html"},
-                  {"kelu::frmEmail", "settings.html"}};
+                  {"kelu::frmEmail", "settings.html"},
+                  {"kelu::FilmDialog", "keys.html#save"},
+                  {"QFileDialog", "keys.html#save"}};
     for (const auto& [kind, page] : kPages)
         if (dialog.inherits(kind)) return QLatin1String(page);
     return QStringLiteral("keys.html");
