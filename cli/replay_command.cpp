@@ -18,6 +18,11 @@ namespace kelu::cli {
 namespace {
 
 bool MakeFilmFile(const Recipe& recipe, const QString& in, const QString& out, bool fit, bool force) {
+    const auto mayWrite = [&] {
+        if (!force && QFileInfo::exists(out))
+            throw Error(kFileError, QStringLiteral("is there already; --force replaces it"));
+    };
+    if (!RunForFile(out, mayWrite)) return false;
     QByteArray film;
     const bool made = RunForFile(in, [&] {
         film = MakeFilm(recipe, ReadPicture(in), &RenderEffectOn, fit, [&in](int percent) {
@@ -25,11 +30,7 @@ bool MakeFilmFile(const Recipe& recipe, const QString& in, const QString& out, b
             return true;
         });
     });
-    return made && RunForFile(out, [&] {
-               if (!force && QFileInfo::exists(out))
-                   throw Error(kFileError, QStringLiteral("is there already; --force replaces it"));
-               WriteFile(out, film);
-           });
+    return made && RunForFile(out, [&] { WriteFile(out, film); });
 }
 
 }  // namespace
