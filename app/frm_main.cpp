@@ -94,6 +94,7 @@ frmMain::frmMain(SharedState& state, const MainServices& services)
                     [this] { controls.note->Show({tr("Not enough memory for this effect on this picture")}); }},
                    services.Log()),
       commandLook_(controls, surfaces.picCanvas, state, application_),
+      buttonPictures_(this),
       capture_(document_, capturePreview, *controls.picCanvas, *controls.picCapPreview, state,
                {services.camera, services.dialog, services.settings, services.playSound, BesideProgram("data")}),
       mail_(surfaces.picCanvas, state, services.dialog,
