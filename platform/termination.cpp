@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/termination.h"
 
+#include <QCoreApplication>
+#include <QEvent>
 #include <QSocketNotifier>
 #ifdef Q_OS_UNIX
 #include <fcntl.h>
@@ -25,6 +27,7 @@ void Handle(int) {
 }  // namespace
 
 Termination::Termination(QObject* parent) : QObject(parent) {
+    QCoreApplication::instance()->installEventFilter(this);
     if (::pipe2(g_ends, O_CLOEXEC | O_NONBLOCK) != 0) return;
     notifier_ = new QSocketNotifier(g_ends[0], QSocketNotifier::Read, this);
     connect(notifier_, &QSocketNotifier::activated, this, [this] {
@@ -46,9 +49,16 @@ Termination::~Termination() {
 
 #else
 
-Termination::Termination(QObject* parent) : QObject(parent) {}
+Termination::Termination(QObject* parent) : QObject(parent) { QCoreApplication::instance()->installEventFilter(this); }
 Termination::~Termination() = default;
 
 #endif
+
+bool Termination::eventFilter(QObject*, QEvent* event) {
+    // The program's own end is not spontaneous.
+    if (event->type() != QEvent::Quit || !event->spontaneous()) return false;
+    Q_EMIT Requested();
+    return true;
+}
 
 }  // namespace kelu

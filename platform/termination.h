@@ -8,8 +8,8 @@ class QSocketNotifier;
 
 namespace kelu {
 
-/// Catches SIGTERM, SIGINT and SIGHUP as long as it lives; a second one ends the process as if nobody caught it. One
-/// object at a time. Where there are no such signals it does nothing.
+/// Catches, as long as it lives, SIGTERM, SIGINT and SIGHUP, of which a second one ends the process as if nobody caught
+/// it, and the session manager's word, which would else be put to each window. One object at a time.
 class Termination : public QObject {
     Q_OBJECT
 
@@ -19,6 +19,9 @@ class Termination : public QObject {
 
  Q_SIGNALS:
     void Requested();
+
+ protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
     QSocketNotifier* notifier_ = nullptr;

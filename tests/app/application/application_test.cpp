@@ -8,6 +8,7 @@
 #include <sanitizer/lsan_interface.h>
 #endif
 
+#include <QCloseEvent>
 #include <QDesktopServices>
 #include <QFile>
 #include <QTemporaryDir>
@@ -18,6 +19,7 @@
 
 #include "app/shell.h"
 #include "platform/error.h"
+#include "platform/termination.h"
 #include "tests/support/kit.h"
 #include "tests/support/scripted_dialog.h"
 
@@ -93,6 +95,20 @@ TEST(Shell, OpensFilesThatAreThere) {
     QDesktopServices::unsetUrlHandler("file");
     ASSERT_EQ(catcher.urls.size(), 1);
     EXPECT_EQ(catcher.urls[0].toLocalFile(), path);
+}
+
+TEST(Application, TheSessionsEndAsksNoWindow) {
+    struct Stubborn : QWidget {
+        int asked = 0;
+        void closeEvent(QCloseEvent* event) override { ++asked, event->ignore(); }
+    } window;
+    window.show();
+    const Termination termination;
+    QObject::connect(&termination, &Termination::Requested, [] { QCoreApplication::exit(7); });
+    QTimer::singleShot(0, [] { QCoreApplication::quit(); });  // comes the way the session manager's word does
+    QTimer::singleShot(5000, [] { QCoreApplication::exit(1); });
+    EXPECT_EQ(QApplication::exec(), 7);
+    EXPECT_EQ(window.asked, 0);
 }
 
 }  // namespace
