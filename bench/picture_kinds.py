@@ -154,8 +154,8 @@ def png_file(pixels, bits, kind, before=()):
 
 def tiff_file(planes, tags, endian="<", strips=None):
     """`tags`: number to (type, values); strip places and sizes come by themselves. `planes`: the bytes of each strip."""
-    sizes = {1: 1, 2: 1, 3: 2, 4: 4, 5: 8, 12: 8}
-    letters = {1: "B", 2: "B", 3: "H", 4: "I", 12: "d"}
+    sizes = {1: 1, 2: 1, 3: 2, 4: 4, 5: 8, 7: 1, 12: 8}
+    letters = {1: "B", 2: "B", 3: "H", 4: "I", 7: "B", 12: "d"}
     tags = dict(tags)
     tags[273], tags[279] = (4, [0] * len(planes)), (4, [len(p) for p in planes])
     begin = 8 + 2 + 12 * len(tags) + 4
@@ -658,6 +658,10 @@ class Kinds:
             made("convert", self.gray_png, "-profile", linear, path)
             made("convert", f"{path}[0]", "-profile", ICC / "ghostscript/srgb.icc", "PNG24:" + str(target))
             self.add(name, "profile, grey, gamma 1.0", path, load(target))
+        inks = np.arange(WIDTH * HEIGHT).reshape(HEIGHT, WIDTH, 1) >> np.arange(4) & 1
+        held = {256: (4, [WIDTH]), 257: (4, [HEIGHT]), 258: (3, [8] * 4), 259: (3, [1]), 262: (3, [5]), 277: (3, [4]), 278: (4, [HEIGHT]),
+                34675: (7, ink_profile())}
+        self.add("TIFF", "profile, CMYK, full inks", tiff_file([(inks * 255).astype("u1").tobytes()], held), ink_seen(inks))
         for name in (b"", b"Hello, this is a text and no picture", bytes(5000), b"<svg xmlns='http://www.w3.org/2000/svg'/>", b"%!PS-Adobe-3.0\n",
                      b"push graphic-context\nimage over 0,0 0,0 'label:@/etc/hostname'"):
             self.add("no picture", repr(name[:20]), name, refused=True)
@@ -669,20 +673,48 @@ class Kinds:
         self.add("no picture", "a name without a file", self.folder / "missing.png", refused=True)
 
 
-def gray_profile(gamma):
-    """A grey ICC profile of one power curve."""
-    def text(kind, value):
-        return kind + bytes(4) + value
-    description = text(b"desc", struct.pack(">I", 5) + b"grey\0" + bytes(78))
-    white = text(b"XYZ ", struct.pack(">3i", 63190, 65536, 54061))
-    curve = text(b"curv", struct.pack(">IH", 1, int(gamma * 256)))
-    parts = [(b"desc", description), (b"wtpt", white), (b"kTRC", curve), (b"cprt", text(b"text", b"none\0"))]
+def text_tag(kind, value):
+    return kind + bytes(4) + value
+
+
+def icc_profile(kind, inks, space, more):
+    """An ICC profile of version 2 with the tags `more`."""
+    description = text_tag(b"desc", struct.pack(">I", 5) + b"made\0" + bytes(78))
+    white = text_tag(b"XYZ ", struct.pack(">3i", 63190, 65536, 54061))
+    parts = [(b"desc", description), (b"wtpt", white), *more, (b"cprt", text_tag(b"text", b"none\0"))]
     at, table, data = 128 + 4 + 12 * len(parts), struct.pack(">I", len(parts)), b""
     for name, part in parts:
         table += name + struct.pack(">II", at + len(data), len(part))
         data += part + bytes(-len(part) % 4)
-    head = struct.pack(">I4sI4s4s4s12s4s", 128 + len(table) + len(data), b"lcms", 0x02100000, b"mntr", b"GRAY", b"XYZ ", bytes(12), b"acsp")
+    head = struct.pack(">I4sI4s4s4s12s4s", 128 + len(table) + len(data), b"lcms", 0x02100000, kind, inks, space, bytes(12), b"acsp")
     return (head + bytes(28) + struct.pack(">3i", 63190, 65536, 54061)).ljust(128, b"\0") + table + data
+
+
+def gray_profile(gamma):
+    """A grey ICC profile of one power curve."""
+    return icc_profile(b"mntr", b"GRAY", b"XYZ ", [(b"kTRC", text_tag(b"curv", struct.pack(">IH", 1, int(gamma * 256))))])
+
+
+INKS = np.array([[0, 158, 224], [226, 0, 122], [255, 237, 0], [60, 56, 52]]) / 255  # red, green, blue of each on white paper
+
+
+def ink_seen(inks):
+    """Full inks over each other: `inks` 0 or 1 of cyan, magenta, yellow and black. All four are black."""
+    colors = np.prod(np.where(inks[..., None] == 1, INKS, 1), axis=-2) * 255
+    return np.dstack([np.rint(colors), np.full(inks.shape[:2], 255)]).astype(int)
+
+
+def ink_profile():
+    """An ICC profile for printing with a table of the 16 overprints alone."""
+    nodes = np.arange(16)[None, :, None] >> np.arange(4)[::-1] & 1
+    seen = ink_seen(nodes)[0, :, :3] / 255
+    light = np.where(seen <= 0.04045, seen / 12.92, ((seen + 0.055) / 1.055) ** 2.4)
+    xyz = light @ np.array([[0.4361, 0.3851, 0.1431], [0.2225, 0.7169, 0.0606], [0.0139, 0.0971, 0.7141]]).T / [0.9642, 1, 0.8249]
+    f = np.where(xyz > 216 / 24389, np.cbrt(xyz), (xyz * 24389 / 27 + 16) / 116)
+    lab = np.array([(116 * f[:, 1] - 16) * 2.55, 500 * (f[:, 0] - f[:, 1]) + 128, 200 * (f[:, 1] - f[:, 2]) + 128]).T
+    table = bytes([4, 3, 2, 0]) + struct.pack(">9i", 65536, 0, 0, 0, 65536, 0, 0, 0, 65536)
+    table += bytes(range(256)) * 4 + np.rint(lab).astype("u1").tobytes() + bytes(range(256)) * 3
+    return icc_profile(b"prtr", b"CMYK", b"Lab ", [(b"A2B0", text_tag(b"mft1", table))])
 
 
 # --- Other programs ----------------------------------------------------------------------------------------------------
