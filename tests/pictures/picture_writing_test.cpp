@@ -12,6 +12,7 @@
 #include <QJsonObject>
 #include <QScopeGuard>
 #include <QTemporaryDir>
+#include <array>
 #include <random>
 
 #include "picture_samples.h"
@@ -229,6 +230,23 @@ TEST(PictureWriting, ExifBlocksAreMadeAnewAroundTheMakersNote) {
     }
 }
 
+/// Each pixel with its neighbours, as an eye sees it.
+QImage Softened(const QImage& image) {
+    QImage soft = image.copy();
+    for (int y = 1; y < image.height() - 1; ++y) {
+        for (int x = 1; x < image.width() - 1; ++x) {
+            std::array<int, 3> sum{};
+            for (int i = 0; i < 9; ++i) {
+                const QRgb near = image.pixel(x + i % 3 - 1, y + i / 3 - 1);
+                const int weight = (i % 3 == 1 ? 2 : 1) * (i / 3 == 1 ? 2 : 1);
+                for (int c = 0; c < 3; ++c) sum[std::size_t(c)] += weight * int((near >> (8 * c)) & 255);
+            }
+            soft.setPixel(x, y, qRgb((sum[2] + 8) / 16, (sum[1] + 8) / 16, (sum[0] + 8) / 16));
+        }
+    }
+    return soft;
+}
+
 TEST(PictureWriting, GifKeepsFewColoursExactlyAndPhotographsNearly) {
     QTemporaryDir folder;
     const QString path = folder.filePath("a.gif");
@@ -247,10 +265,13 @@ TEST(PictureWriting, GifKeepsFewColoursExactlyAndPhotographsNearly) {
         return image.scaled(QSize(90, 70), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     };
     EXPECT_GT(Psnr(fromAfar(back), fromAfar(photograph)), 40);
+    EXPECT_GT(Psnr(back, photograph), 29);
     if (MissingTool({"convert"}).isEmpty()) {
         ASSERT_TRUE(photograph.save(folder.filePath("b.png")));
         ASSERT_TRUE(RunTool("convert", {folder.filePath("b.png"), folder.filePath("b.gif")}));
-        EXPECT_GT(Psnr(back, photograph), Psnr(QImage(folder.filePath("b.gif")), photograph));
+        // Pixel by pixel the one who dithers less is nearer, with bands for a price: newer versions hardly dither.
+        const QImage other = QImage(folder.filePath("b.gif")).convertToFormat(QImage::Format_RGB32);
+        EXPECT_GT(Psnr(Softened(back), Softened(photograph)), Psnr(Softened(other), Softened(photograph)) + 1);
     }
     QImage clear = photograph.convertToFormat(QImage::Format_ARGB32);
     clear.setPixel(10, 10, 0);
