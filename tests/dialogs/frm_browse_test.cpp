@@ -67,6 +67,8 @@ struct BrowseTest : testing::Test {
             nullptr, places, ThumbnailCache(cacheFolder.path()));
         latest = form.get();
         form->show();
+        // On a busy machine the folder may take longer than the dialog waits for it.
+        EXPECT_TRUE(QTest::qWaitFor([&] { return EmptyText(*form) != "Reading the folder..."; }));
         return form;
     }
     static QStringList Rows(frmBrowse& form) {
