@@ -10,17 +10,16 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QMutex>
-#include <QTemporaryDir>
 #include <cstdio>
 #include <memory>
 
 #include "cli/done_list.h"
+#include "cli/stream_folder.h"
 #include "document/document.h"
 #include "output/pdf/pdf_export.h"
 #include "pictures/picture_file.h"
 #include "platform/error.h"
 #include "platform/pool_job.h"
-#include "platform/temporary_folder.h"
 
 namespace kelu::cli {
 
@@ -159,14 +158,15 @@ Batch::Outcome Batch::RunOne(const Task& task, const Make& make, QString& reason
     QString failing = task.in;
     try {
         Surfaces made;
-        std::unique_ptr<QTemporaryDir> streams;
+        std::unique_ptr<StreamFolder> streams;
         QString source = task.in, out = task.out;
-        if (IsStream(task.in) || out == kStandard)
-            streams =
-                std::make_unique<QTemporaryDir>(QDir(TemporaryFolder()).filePath(QStringLiteral("kelu-cli-XXXXXX")));
-        if (streams && !streams->isValid()) throw Error(kFileError, streams->errorString());
-        if (IsStream(task.in)) CopyStream(task.in, source = streams->filePath(QStringLiteral("picture")));
-        if (out == kStandard) out = streams->filePath(QStringLiteral("result.") + QString::fromLatin1(format_));
+        if (QFileInfo(source).isDir())
+            throw Error(
+                kFileError,
+                QStringLiteral("is a folder; name the pictures in it, as by %1/*").arg(QDir::cleanPath(source)));
+        if (IsStream(task.in) || out == kStandard) streams = std::make_unique<StreamFolder>();
+        if (IsStream(task.in)) CopyStream(task.in, source = streams->FilePath(QStringLiteral("picture")));
+        if (out == kStandard) out = streams->FilePath(QStringLiteral("result.") + QString::fromLatin1(format_));
         make(source, made);
         failing = task.out;
         Save(made.picCanvas, out);

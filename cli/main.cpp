@@ -7,6 +7,7 @@
 #include "cli/commands.h"
 #include "cli/gif_commands.h"
 #include "cli/registry_commands.h"
+#include "cli/stream_folder.h"
 
 namespace {
 
@@ -108,6 +109,7 @@ int main(int argc, char** argv) {
     QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("kelu-cli"));
     QCoreApplication::setApplicationVersion(QStringLiteral(KELU_VERSION));
+    kelu::cli::RemoveStreamFoldersAtEnd();
     try {
         return Run(application.arguments().mid(1));
     } catch (const kelu::cli::UsageError& error) {

@@ -10,6 +10,7 @@
 #include <QJsonObject>
 #include <QProcess>
 #include <QTemporaryDir>
+#include <QTest>
 
 #include "effects/catalogue/catalogue.h"
 #include "tests/support/kit.h"
@@ -141,6 +142,25 @@ TEST_F(KeluCli, SeveralPicturesGoOnPastABadOne) {
     EXPECT_EQ(result.status, 1);
     EXPECT_THAT(result.err.toStdString(), testing::HasSubstr("bad.jpg"));
     EXPECT_EQ(QDir(Path("out")).entryList(QDir::Files), (QStringList{"cat.jpg", "coffee.jpg"}));
+}
+
+TEST_F(KeluCli, AStoppedPipeLeavesNothingBehind) {
+    const QDir temporary(Path("temporary"));
+    ASSERT_TRUE(QDir().mkdir(temporary.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    QProcess program;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("TEMP", temporary.path());
+    program.setProcessEnvironment(environment);
+    program.start(KELU_CLI, {"apply", "Sepia", "-", "-", "--format", "png"});
+    program.write(ReadBytes(Photo()));  // and its end never comes
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !temporary.isEmpty(); }));
+    program.terminate();
+    ASSERT_TRUE(program.waitForFinished());
+    EXPECT_EQ(program.exitStatus(), QProcess::CrashExit) << "as by the signal";
+    EXPECT_TRUE(temporary.isEmpty());
+    program.start("sh", {"-c", "\"$0\" convert \"$1\" - --format bmp | head -c 9", KELU_CLI, Photo()});
+    ASSERT_TRUE(program.waitForFinished());
+    EXPECT_TRUE(temporary.isEmpty());
 }
 
 TEST_F(KeluCli, ReplacesNothingUnasked) {
