@@ -74,7 +74,10 @@ QString DidYouMean(const QString& word, const QStringList& names) {
         return row.back();
     };
     const QString* nearest = nullptr;
+    for (const QString& name : names)
+        if (!nearest && word.size() > 1 && name.startsWith(word, Qt::CaseInsensitive)) nearest = &name;
     qsizetype least = std::max<qsizetype>(2, word.size() / 3) + 1;
+    if (nearest) least = 0;  // the rest of the name was left out
     for (const QString& name : names)
         if (const qsizetype steps = distance(word, name); steps < least) least = steps, nearest = &name;
     return nearest ? QStringLiteral(" (did you mean %1?)").arg(*nearest) : QString();

@@ -18,7 +18,8 @@ constexpr const char* kBatchUsage =
     "  --strip             leave out what the photograph carries (camera, date, place, author); without it all is "
     "kept\n"
     "  --force             replace what is there; without it nothing is ever overwritten\n"
-    "  --resume            pass over what an earlier run made from the same picture and inputs (with --out-dir)\n"
+    "  --resume            pass over what an earlier run made from the same picture and inputs, make the rest\n"
+    "                      anew, also where a result is there (with --out-dir)\n"
     "  --list FILE|-       more pictures, one a line; -0: ended by NUL\n"
     "  --jobs N            N pictures at a time\n"
     "  --shard I/N         the I-th of N shares of the list, for several machines\n"
@@ -79,6 +80,7 @@ int Run(QStringList words) {
     const QString command = words.value(0);
     if (!words.isEmpty()) words.removeFirst();
     if (command == u"help" || command == u"--help" || command == u"-h") {
+        if (!words.value(0).isEmpty() && words[0][0] != u'-') return Run({words.first(), QStringLiteral("--help")});
         PrintUsage();
         return kDone;
     }
