@@ -9,7 +9,7 @@ namespace kelu {
 
 namespace {
 
-constexpr int kWrongUsage = 1;
+constexpr int kWrongUsage = 2;
 
 /// Options that the toolkit's application object takes for itself.
 constexpr const char* kToolkitOptions[] = {

@@ -82,10 +82,13 @@ int main(int argc, char** argv) {
     std::fputs(line.error.toLocal8Bit().constData(), stderr);
     if (line.status) return *line.status;
 
-    // Without a display the toolkit would say so and crash.
+    // Without a display the toolkit would say so and crash. Its last words tell less than those before.
     qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
+        static QString cause;
+        if (type != QtFatalMsg && text.contains(QStringLiteral("display"))) cause = text.trimmed();
         if (type != QtFatalMsg) return;
-        std::fprintf(stderr, "kelu: %s\n", text.section(u'\n', 0, 0).toLocal8Bit().constData());
+        const QString told = cause.isEmpty() ? text.section(u'\n', 0, 0) : cause;
+        std::fprintf(stderr, "kelu: %s\n", told.toLocal8Bit().constData());
         std::_Exit(1);
     });
     kelu::Application application(argc, argv);

@@ -29,7 +29,7 @@ TEST(CommandLine, IsReadWithoutAnApplication) {
         {{"-platform", "xcb", "--style=fusion", "a.jpg"}, -1, "a.jpg", "", ""},
         {{"--help"}, 0, "", "Usage: kelu [options] [picture]", ""},
         {{"--version", "a.jpg"}, 0, "", "kelu " KELU_VERSION "\n", ""},
-        {{"--loud", "a.jpg"}, 1, "", "", "'loud'"},
+        {{"--loud", "a.jpg"}, 2, "", "", "'loud'"},
     };
     for (const auto& row : rows) {
         const CommandLine line = ReadCommandLine(QStringList{"/usr/bin/kelu"} + row.words);
