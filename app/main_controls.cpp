@@ -83,6 +83,7 @@ MainControls::MainControls(QWidget& window, Surfaces& surfaces, Surface& capture
     MakeButtons(window);
     SetTabOrder(
         {pnlSettings->cmdApply, &Button(Command::ZoomIn), &Button(Command::ZoomOut), &Button(Command::ZoomReset)});
+    note->ComeAfter(*picOriginal);
     picOriginal->hide();
     picZoomContainer->hide();
     picCapContainer->hide();

@@ -11,6 +11,8 @@
 #include <utility>
 
 #include "controls/theme/accessible_role.h"
+#include "controls/theme/paint.h"
+#include "controls/theme/theme.h"
 #include "platform/units.h"
 
 namespace kelu {
@@ -301,7 +303,11 @@ void ImageX::paintEvent(QPaintEvent* event) {
     if (const QRect ring = RingRect(); !ring.isEmpty()) {
         painter.setClipRect(ring);  // one rectangle costs less than the region of where the ring was and is
         ring_.Paint(painter, RingGround(), palette().window(), !pressed_);
+        painter.setClipRegion(event->region());
     }
+    // Space is held for the mouse.
+    if (theme::ShowsFocus(*this) && !spaceHeld_)
+        theme::DrawFocusRing(painter, {QPointF(), QSizeF(viewport_) / devicePixelRatioF()}, theme::kFocus);
 }
 
 QRect ImageX::RingRect() const { return dragging_ ? QRect() : ring_.Rect(RingGround(), font()); }

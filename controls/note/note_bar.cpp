@@ -7,7 +7,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
-#include <QPointer>
 #include <QStyle>
 #include <utility>
 
@@ -64,10 +63,13 @@ NoteBar::NoteBar(QWidget* parent)
     buttonBox_->setObjectName(QStringLiteral("noteButtons"));
     goes_.setSingleShot(true);
     connect(&goes_, &QTimer::timeout, this, [this] {
-        if (buttonBox_->underMouse())
+        if (buttonBox_->underMouse() || HasFocusWithin())
             StartTime();
         else
             Pass();
+    });
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget* old, const QWidget* now) {
+        if (old && now && buttonBox_->isAncestorOf(now) && !buttonBox_->isAncestorOf(old)) left_ = old;
     });
     hide();
     buttonBox_->hide();
@@ -112,6 +114,7 @@ void NoteBar::Display(const Note& note) {
         button->setFixedHeight(kButtonHeight);
         connect(button, &ToolButton::clicked, this, [this, i] { Run(i); });
         buttonRow_->addWidget(button);
+        if (before_) setTabOrder(i == 0 ? before_ : buttonRow_->itemAt(static_cast<int>(i) - 1)->widget(), button);
     }
     Arrange();
     show();
@@ -122,11 +125,17 @@ void NoteBar::Display(const Note& note) {
     }
 }
 
+bool NoteBar::HasFocusWithin() const {
+    const QWidget* focused = QApplication::focusWidget();
+    return focused && buttonBox_->isAncestorOf(focused);
+}
+
 void NoteBar::StartTime() { goes_.start(note_.buttons.empty() ? kShownFor : kOfferedFor); }
 
 void NoteBar::Hide() {
     goes_.stop();
     qApp->removeEventFilter(this);
+    if (HasFocusWithin() && left_) left_->setFocus(Qt::OtherFocusReason);
     hide();
     buttonBox_->hide();
     // Later: a button may be what brought us here.

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QPointer>
 #include <QTimer>
 #include <QWidget>
 
@@ -20,14 +21,17 @@ class NoteBar : public QWidget, public Notes {
     Q_OBJECT
 
  public:
-    static constexpr int kShownFor = 7000;     ///< ms
-    static constexpr int kOfferedFor = 12000;  ///< with buttons, which take a decision; the pointer over them holds it
+    static constexpr int kShownFor = 7000;  ///< ms
+    static constexpr int kOfferedFor =
+        12000;  ///< with buttons, which take a decision; the pointer or the focus on them holds it
 
     explicit NoteBar(QWidget* parent);
     ~NoteBar() override;
 
     /// The note lies in the middle of the lower edge of this rectangle of the parent.
     void SetPlace(const QRect& picture);
+    /// Tab goes on to the buttons from here.
+    void ComeAfter(QWidget& control) { before_ = &control; }
 
     void Show(const Note& note) override;
     void Clear() override;
@@ -48,11 +52,14 @@ class NoteBar : public QWidget, public Notes {
     void Pass();
     void Arrange();
     void Run(std::size_t button);
+    bool HasFocusWithin() const;
 
     QLabel* text_;
     QWidget* buttonBox_;  ///< a sibling: the plate lets the mouse through
     QHBoxLayout* buttonRow_;
     Announcer* announcer_;
+    QWidget* before_ = nullptr;
+    QPointer<QWidget> left_;  ///< had the focus before a button took it
     QTimer goes_;
     QRect place_;
     Note note_;      ///< what is shown

@@ -42,7 +42,6 @@ bool FocusWatch::eventFilter(QObject* watched, QEvent* event) {
                 case Qt::Key_Home:
                 case Qt::Key_End:
                 case Qt::Key_Space:
-                case Qt::Key_Alt:
                     Set(true);
                     break;
                 default:
@@ -50,8 +49,10 @@ bool FocusWatch::eventFilter(QObject* watched, QEvent* event) {
             }
             break;
         case QEvent::FocusIn:
-            // As by Tab: a control found what was typed.
-            if (static_cast<QFocusEvent*>(event)->reason() == Qt::TabFocusReason) Set(true);
+            // As by Tab: a control found what was typed. Or by a letter that a label underlines.
+            if (const auto reason = static_cast<QFocusEvent*>(event)->reason();
+                reason == Qt::TabFocusReason || reason == Qt::ShortcutFocusReason)
+                Set(true);
             break;
         default:
             break;

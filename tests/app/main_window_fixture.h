@@ -73,6 +73,8 @@ class MainWindowFixture : public testing::Test {
     }
 
     void SetUp() override {
+        QWidget nobody;
+        QTest::mouseClick(&nobody, Qt::LeftButton);  // no ring of another test's keys on the screen
         window.Start();
         window.show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));

@@ -6,6 +6,7 @@
 
 #include "app/command_look.h"
 #include "controls/note/note_bar.h"
+#include "controls/theme/theme.h"
 #include "effects/coordinate_box.h"
 #include "tests/app/dialog_hands.h"
 #include "tests/app/main_window_fixture.h"
@@ -86,6 +87,25 @@ TEST_F(NotesTest, CompareIsToldAndLeftByItsNote) {
     EXPECT_TRUE(original.isChecked()) << "and the button does not pretend";
     ClickNote("Back");
     EXPECT_FALSE(state.ShowingOriginal) << "the note leads back all the same";
+}
+
+TEST_F(NotesTest, TabReachesTheOffersAndTheFocusComesBack) {
+    OpenPhoto();
+    QTest::keyClick(&canvas, Qt::Key_Tab);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab, Qt::ShiftModifier);
+    ASSERT_TRUE(canvas.hasFocus());
+    EXPECT_EQ(canvas.grab().toImage().pixelColor(1, canvas.height() / 2), theme::kFocus) << "seen";
+    note.Show({"It is done", {{"One", {}}, {"Two", {}}}});
+    for (const char* offer : {"One", "Two"}) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        ASSERT_EQ(QApplication::focusWidget()->accessibleName(), offer);
+    }
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+    EXPECT_EQ(note.Text(), "");
+    EXPECT_TRUE(canvas.hasFocus());
+    QTest::mousePress(&canvas, Qt::LeftButton);
+    EXPECT_NE(canvas.grab().toImage().pixelColor(1, canvas.height() / 2), theme::kFocus);
+    QTest::mouseRelease(&canvas, Qt::LeftButton);
 }
 
 TEST_F(NotesTest, WhatCannotBeUsedLooksSoAndSaysWhy) {
