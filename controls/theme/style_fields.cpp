@@ -35,7 +35,7 @@ void DrawComboBox(QPainter& painter, const QStyleOptionComboBox& option) {
                              : open                                       ? kPressed
                              : Has(option.state, QStyle::State_MouseOver) ? kRaisedHover
                                                                           : kRaised;
-        DrawField(painter, option.rect, plate, enabled ? plate : kLine);
+        DrawField(painter, option.rect, plate, !enabled ? kLine : IsHighContrast() ? kOutline : plate);
         if (ShowsFocus(option.state)) DrawFocusRing(painter, option.rect, kFocus);
     }
     const bool mirrored = option.direction == Qt::RightToLeft;

@@ -79,8 +79,11 @@ void ToolboxButton::PaintPictureLook(QPainter& painter) {
     }
     if (isDown() && down_.isNull()) painter.fillPath(outline, QColor(0, 0, 0, 90));
     if (over && !isDown() && over_.isNull()) painter.fillPath(outline, QColor(255, 255, 255, 26));
-    if (!isEnabled() || dimmed_)
-        painter.fillPath(outline, QColor(theme::kGround.red(), theme::kGround.green(), theme::kGround.blue(), 150));
+    if (!isEnabled() || dimmed_) {
+        QColor veil = theme::kGround;
+        veil.setAlpha(theme::IsHighContrast() ? 100 : 150);  // the name in the picture is to be read
+        painter.fillPath(outline, veil);
+    }
     painter.restore();
     if (current_) theme::DrawFocusRing(painter, rect(), theme::kAccent);
 }
