@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
+#include <QRegularExpression>
 #include <algorithm>
 
 #include "controls/theme/theme.h"
@@ -17,6 +18,20 @@ namespace {
 // Pictures hold four pixels for each one of the page.
 constexpr qreal kPictureRatio = 2;
 constexpr auto kSearchScheme = "search";
+
+/// Letters as large as the desktop wants them.
+QString Enlarged(const QString& rules) {
+    static const QRegularExpression size(QStringLiteral("(?<=font-size: )\\d+(?=px)"));
+    QString enlarged;
+    qsizetype done = 0;
+    for (auto each = size.globalMatch(rules); each.hasNext();) {
+        const QRegularExpressionMatch found = each.next();
+        enlarged += rules.mid(done, found.capturedStart() - done);
+        enlarged += QString::number(qRound(found.captured().toInt() * theme::TextScale()));
+        done = found.capturedEnd();
+    }
+    return enlarged + rules.mid(done);
+}
 
 }  // namespace
 
@@ -83,7 +98,7 @@ QVariant HelpBrowser::loadResource(int type, const QUrl& name) {
 QString HelpBrowser::Rules() const {
     QFile style(QDir(folder_).filePath(QStringLiteral("kelu.css")));
     if (!style.open(QIODevice::ReadOnly)) return QStringLiteral("body { margin: 18px }");
-    QString rules = QString::fromUtf8(style.readAll());
+    QString rules = Enlarged(QString::fromUtf8(style.readAll()));
     if (!theme::IsHighContrast()) return rules;
     return rules.replace(QStringLiteral("#333333"), theme::kGround.name())
         .replace(QStringLiteral("#b4b4b4"), theme::kMutedText.name())

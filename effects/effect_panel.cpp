@@ -29,7 +29,8 @@ namespace {
 constexpr QSize kPanelTwips{1935, 3135};
 constexpr int kRailPixels = 1755 / kTwipsPerPixel - 4;  // the rail's picture fixes the slider's length, 4 more
 constexpr int kBrushStart = 50;
-constexpr int kGapAboveApply = 6;  // pixels
+constexpr int kGapAboveApply = 6;  // pixels, as the next
+constexpr int kSideGap = 8;
 
 // A list that may reach under the button below it: its frame, rows and scroll bar then end above the button.
 class ValueList : public ListEx {
@@ -171,6 +172,13 @@ void EffectPanel::Place() {
     PlaceInTwips(lblGS[0], 405, 1215, 870, 165);
     PlaceInTwips(lblGS[1], 405, 1470, 645, 165);
     PlaceInTwips(cmdApply, 350, 2640, 1245, 385);
+    if (theme::TextScale() == 1) return;
+    // Larger letters take the room that is free at their end and below them.
+    for (PanelLabel* label : {lblBS, lblCoords, lblGS[0], lblGS[1]}) {
+        const QRect place = QStyle::visualRect(layoutDirection(), rect(), label->geometry());
+        const QRect wide(place.topLeft(), QPoint(width() - kSideGap, place.top() + label->fontMetrics().height()));
+        label->setGeometry(QStyle::visualRect(layoutDirection(), rect(), wide));
+    }
 }
 
 void EffectPanel::Connect() {

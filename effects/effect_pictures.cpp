@@ -64,9 +64,10 @@ QImage WithEffect(const Effect& effect, const PreviewPhoto& photo, qreal ratio) 
 
 void DrawName(QPainter& painter, const QString& name, const QRectF& box) {
     QFont font = theme::ListFont();
-    const int needed = QFontMetrics(font).horizontalAdvance(name);
-    if (needed > box.width()) font.setStretch(qMax(50, static_cast<int>(100 * box.width() / (needed + 1))));
-    painter.setFont(font);
+    // The strip below the photograph is as high as it is, however large the letters.
+    const qreal part = box.height() / QFontMetricsF(font).height();
+    if (part < 1) font.setPointSizeF(font.pointSizeF() * part);
+    painter.setFont(theme::Narrowed(font, name, box.width()));
     painter.setPen(theme::kText);
     painter.drawText(box, Qt::AlignCenter, name);
 }

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "effects/panel_label.h"
 
-#include <QFontMetrics>
 #include <QMouseEvent>
 
 #include "controls/theme/theme.h"
@@ -35,10 +34,8 @@ void PanelLabel::mousePressEvent(QMouseEvent* event) {
 }
 
 void PanelLabel::Fit() {
-    QFont plain = theme::LabelFont();
-    const int needed = QFontMetrics(plain).horizontalAdvance(text());
-    if (!wordWrap() && needed > width() && width() > 0) plain.setStretch(qMax(50, 100 * width() / (needed + 1)));
-    if (plain != font()) setFont(plain);
+    const QFont fitting = wordWrap() ? theme::LabelFont() : theme::Narrowed(theme::LabelFont(), text(), width());
+    if (fitting != font()) setFont(fitting);
 }
 
 }  // namespace kelu

@@ -79,7 +79,7 @@ frmPrint::frmPrint(const QImage& picture, PrintService& service, Settings& setti
 void frmPrint::LayOut() {
     picPrint->setFixedSize(kPreviewSize);
     // As high as the preview leaves it, so that both columns end on one line.
-    lstPrinters->setFixedWidth(kListWidth);
+    lstPrinters->setFixedWidth(qRound(kListWidth * theme::TextScale()));
     lstPrinters->setMinimumHeight(kLeastListHeight);
     lstPrinters->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Ignored);
     lstPrinters->SetRowPicture(theme::Icon(QStringLiteral("print")));

@@ -14,7 +14,8 @@ namespace kelu {
 
 namespace {
 
-constexpr int kPad = 8;  // beside the text
+constexpr int kPad = 8;            // beside the text
+constexpr int kLeastStretch = 80;  // percent; what needs more is cut
 
 }  // namespace
 
@@ -39,7 +40,9 @@ void StatusPanel::SetClickable(bool clickable) {
 }
 
 void StatusPanel::Fit() {
-    shown_ = fontMetrics().elidedText(whole_, Qt::ElideMiddle, width() - 2 * kPad);
+    const int room = width() - 2 * kPad;
+    letters_ = theme::Narrowed(font(), whole_, room, kLeastStretch);
+    shown_ = QFontMetrics(letters_).elidedText(whole_, Qt::ElideMiddle, room);
     setToolTip(shown_ == whole_ ? QString() : whole_);
 }
 
@@ -54,6 +57,7 @@ void StatusPanel::keyPressEvent(QKeyEvent* event) {
 
 void StatusPanel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
+    painter.setFont(letters_);
     painter.setPen(clickable_ && underMouse() ? theme::kText : theme::kQuietText);
     const auto begin = QStyle::visualAlignment(layoutDirection(), Qt::AlignVCenter | Qt::AlignLeft);
     painter.drawText(rect().adjusted(kPad, 0, -kPad, 0), int(begin) | Qt::TextSingleLine, shown_);

@@ -28,6 +28,7 @@ class StatusPanel : public QAbstractButton {
  private:
     QString whole_;
     QString shown_;  ///< the text as it fits
+    QFont letters_;
     bool clickable_ = false;
 
     void Fit();

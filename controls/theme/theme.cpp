@@ -4,8 +4,10 @@
 
 #include <QApplication>
 #include <QFontDatabase>
+#include <QFontMetricsF>
 #include <QPalette>
 #include <QToolTip>
+#include <algorithm>
 #include <utility>
 
 #include "controls/theme/dark_style.h"
@@ -16,6 +18,7 @@ namespace kelu::theme {
 namespace {
 
 const QString kTypeface = QStringLiteral("Arial");
+constexpr double kUsualSize = 11;  // points; the largest that a desktop comes with
 
 bool highContrast = false;
 
@@ -51,23 +54,25 @@ QPalette DarkPalette() {
 
 }  // namespace
 
+double TextScale() { return std::clamp(QApplication::font().pointSizeF() / kUsualSize, 1.0, 1.5); }
+
 QFont LabelFont() {
     QFont font(kTypeface);
-    font.setPointSizeF(6.75);
+    font.setPointSizeF(6.75 * TextScale());
     font.setWeight(QFont::Bold);
     return font;
 }
 
 QFont ListFont() {
     QFont font(kTypeface);
-    font.setPointSizeF(8);
+    font.setPointSizeF(8 * TextScale());
     return font;
 }
 
 QFont TipFont() {
     const QString preferred = QStringLiteral("Tahoma");
     QFont font(QFontDatabase::hasFamily(preferred) ? preferred : kTypeface);
-    font.setPixelSize(11);  // 8.25 point at 96 dots per inch
+    font.setPixelSize(qRound(11 * TextScale()));  // 8.25 point at 96 dots per inch
     return font;
 }
 
@@ -75,6 +80,12 @@ QFont HeadingFont() {
     QFont font = QApplication::font();
     font.setPointSizeF(font.pointSizeF() * 1.3);
     font.setWeight(QFont::DemiBold);
+    return font;
+}
+
+QFont Narrowed(QFont font, const QString& text, qreal room, int least) {
+    const qreal needed = QFontMetricsF(font).horizontalAdvance(text);
+    if (needed > room && room > 0) font.setStretch(std::max(least, static_cast<int>(100 * room / (needed + 1))));
     return font;
 }
 

@@ -59,14 +59,18 @@ inline constexpr int kButtonMinWidth = 84;
 
 // One typeface throughout: Arial, or what the system has in its place.
 
-/// Bold, of 6.75 points: the labels of the effect panel.
+/// How much larger than desktops come with it the texts shall be: 1 to 1.5, from the desktop's font.
+double TextScale();
+/// Bold, of 6.75 points at a scale of 1: the labels of the effect panel.
 QFont LabelFont();
-/// Of 8 points: lists in narrow panels.
+/// Of 8 points at a scale of 1: lists in narrow panels.
 QFont ListFont();
 /// Tahoma where it is installed, of 8.25 points: the value over a slider's thumb.
 QFont TipFont();
 /// Bold and larger: headings of dialogs.
 QFont HeadingFont();
+/// `font` with letters so narrow that the text fits into `room`, but never narrower than `least` percent.
+QFont Narrowed(QFont font, const QString& text, qreal room, int least = 50);
 
 /// From now on black grounds under white texts, of at least 7:1, and outlines around everything that can be pressed.
 /// Before Apply.

@@ -18,8 +18,9 @@ namespace {
 
 constexpr int kCaptionGap = 6;  // between icon and caption
 constexpr int kSidePad = 10;    // beside a caption
+constexpr int kLeastPad = 4;    // where a caption is too wide for its button
 constexpr int kMarkSize = 6;
-constexpr int kMarkInset = 5;  // from the upper right corner
+constexpr int kMarkInset = 3;  // from the upper right corner
 
 QString WithoutDoubling(QString text) { return text.replace(QStringLiteral("&&"), QStringLiteral("&")); }
 
@@ -175,7 +176,11 @@ void ToolButton::paintEvent(QPaintEvent*) {
         if (icon > 0) theme::PaintIcon(painter, iconName_, rect().translated(0, iconShift_), icon, inks.ink);
     } else {
         const int flags = Qt::TextShowMnemonic | Qt::TextSingleLine;
-        const QSize words = fontMetrics().size(flags, text());
+        const int beside = place_ == CaptionPlace::Beside && icon > 0 ? icon + kCaptionGap : 0;
+        const int leastPad = look_ == Look::Primary ? kMarkInset + kMarkSize : kLeastPad;  // clear of the mark
+        const int pads = (alignment_ == Alignment::Left ? kSidePad : leastPad) + leastPad;
+        painter.setFont(theme::Narrowed(font(), text(), width() - pads - beside));
+        const QSize words = painter.fontMetrics().size(flags, text());
         painter.setPen(inks.ink);
         if (place_ == CaptionPlace::Below) {
             const int tall = icon + kCaptionGap + words.height();
@@ -184,7 +189,7 @@ void ToolButton::paintEvent(QPaintEvent*) {
             painter.drawText(QRect(0, top + tall - words.height(), width(), words.height()), Qt::AlignCenter | flags,
                              text());
         } else {
-            const int wide = icon + (icon > 0 ? kCaptionGap : 0) + words.width();
+            const int wide = beside + words.width();
             const int left = alignment_ == Alignment::Left ? kSidePad : (width() - wide) / 2;
             if (icon > 0) theme::PaintIcon(painter, iconName_, seen({left, 0, icon, height()}), icon, inks.ink);
             painter.drawText(seen({left + wide - words.width(), 0, words.width(), height()}), Qt::AlignCenter | flags,

@@ -29,7 +29,7 @@ namespace kelu {
 namespace {
 
 constexpr QSize kStartSize(872, 568);  // device-independent pixels, as the next two
-constexpr QSize kFolderButton(104, 74);
+constexpr QSize kLeastFolderButton(104, 74);
 constexpr int kSmallButton = 28;
 constexpr std::array<const char*, 4> kFolderIcons{"picture", "folder_gallery", "folder_documents", "computer"};
 
@@ -95,7 +95,6 @@ void frmBrowse::LayOut() {
     auto* folders = new QVBoxLayout;
     folders->setSpacing(theme::kSpacing);
     for (ToolButton* button : cmdFolder) {
-        button->setFixedSize(kFolderButton);
         button->SetCaptionPlace(ToolButton::CaptionPlace::Below);
         button->SetIconSize(28);
         button->setCheckable(true);
@@ -191,6 +190,9 @@ void frmBrowse::ChangeLanguage(const QString& id) {
         cmdFolder[i]->SetCaption(folders[i]);
         cmdFolder[i]->setAccessibleName(folders[i]);
     }
+    QSize button = kLeastFolderButton;
+    for (const ToolButton* each : cmdFolder) button = button.expandedTo(each->sizeHint());
+    for (ToolButton* each : cmdFolder) each->setFixedSize(button);
     const QString views[] = {tr("Large Icons"), tr("Small Icons"), tr("List"), tr("Details"), tr("Thumbnails")};
     for (std::size_t i = 0; i < mnuViews.size(); ++i) mnuViews[i]->setText(views[i]);
     cmdOK->setText(tr("OK"));

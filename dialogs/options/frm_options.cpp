@@ -27,9 +27,9 @@ namespace kelu {
 
 namespace {
 
-constexpr int kMenuWidth = 168;  // device-independent pixels, as the next five
+constexpr int kLeastMenuWidth = 168;  // device-independent pixels, as the next five
 constexpr int kMenuButtonHeight = 40;
-constexpr QSize kPageSize(440, 260);
+constexpr QSize kLeastPageSize(440, 260);
 constexpr int kFieldWidth = 220;
 constexpr int kCursorButton = 56;
 constexpr int kCursorIcon = 32;
@@ -141,6 +141,7 @@ void frmOptions::LayOut() {
     menu->setSpacing(theme::kSpacing / 2);
     // A group of their own: auto-exclusive buttons would be one with the options on the pages.
     auto* strip = new QButtonGroup(this);
+    int menuWidth = kLeastMenuWidth;
     for (std::size_t i = 0; i < pnlMenu.size(); ++i) {
         pnlMenu[i]->SetCaption(tr(kPageTexts[i].caption));
         pnlMenu[i]->setAccessibleName(tr(kPageTexts[i].caption));
@@ -148,9 +149,10 @@ void frmOptions::LayOut() {
         pnlMenu[i]->setCheckable(true);
         pnlMenu[i]->SetPageTab();
         strip->addButton(pnlMenu[i]);
-        pnlMenu[i]->setFixedSize(kMenuWidth, kMenuButtonHeight);
+        menuWidth = std::max(menuWidth, pnlMenu[i]->sizeHint().width());
         menu->addWidget(pnlMenu[i]);
     }
+    for (ToolButton* button : pnlMenu) button->setFixedSize(menuWidth, kMenuButtonHeight);
     menu->addStretch();
 
     auto* middle = new QHBoxLayout;
@@ -185,7 +187,7 @@ void frmOptions::LayOutPages() {
     addPage(3, [this](QVBoxLayout& rows) { LayOutResize(rows); });
     addPage(4, [this](QVBoxLayout& rows) { LayOutCapture(rows); });
     addPage(5, [this](QVBoxLayout& rows) { rows.addWidget(chkSFXSelector); });
-    pages->setFixedSize(kPageSize);
+    pages->setFixedSize(pages->sizeHint().expandedTo(kLeastPageSize));
 }
 
 void frmOptions::LayOutEmail(QVBoxLayout& rows) {
