@@ -25,7 +25,6 @@
 #include "controls/theme/icons.h"
 #include "controls/theme/theme.h"
 #include "controls/tool_button/tool_button.h"
-#include "controls/toolbox/toolbox.h"
 #include "dialogs/browse/frm_browse.h"
 #include "dialogs/options/frm_options.h"
 #include "effects/catalogue/catalogue.h"
@@ -96,7 +95,8 @@ frmMain::frmMain(SharedState& state, const MainServices& services)
       commandLook_(controls, surfaces.picCanvas, state, application_),
       buttonPictures_(this),
       capture_(document_, capturePreview, *controls.picCanvas, *controls.picCapPreview, state,
-               {services.camera, services.dialog, services.settings, services.playSound, BesideProgram("data")}),
+               {services.camera, services.dialog, services.settings, services.playSound, BesideProgram("data"),
+                [this] { startUp_.ShowPlaceholder(); }}),
       mail_(surfaces.picCanvas, state, services.dialog,
             [this, draft = MailDraft()](const QString& attachment) mutable {
                 const QString sent = ShowEmailForm(attachment, services_.settings, services_.dialog, draft, this);

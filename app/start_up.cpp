@@ -6,6 +6,7 @@
 
 #include "app/interface_language.h"
 #include "app/main_controls.h"
+#include "app/placeholder.h"
 #include "app/splash.h"
 #include "capture/camera_capture.h"
 #include "controls/list_ex/list_ex.h"
@@ -46,10 +47,15 @@ void StartUp::SetMeUp() {
         const QBrush canvasBackBrush(theme::kHatch, Qt::DiagCrossPattern);
         controls_.picCanvas->SetBackgroundHatch(canvasBackBrush);
         controls_.picOriginal->SetBackgroundHatch(canvasBackBrush);
-        canvas_.LoadFile(QDir(dataFolder_).filePath(QStringLiteral("ploader.rs")));
+        ShowPlaceholder();
         controls_.picCanvas->SetViewAnchor(Anchor::Fitted);
         LoadLanguage(controls_, state_);
     });
+}
+
+void StartUp::ShowPlaceholder() {
+    canvas_.LoadFile(QDir(dataFolder_).filePath(QStringLiteral("ploader.rs")));
+    canvas_.SetPicture(WithInvitation(canvas_.Picture()));
 }
 
 void StartUp::LoadMySettings() {

@@ -26,6 +26,7 @@ class StartUp {
     /// Settings that the window keeps. A stored camera that is gone sets CameraMissing without a message.
     void LoadMySettings();
     void PrepareImageResize();
+    void ShowPlaceholder();
     /// Removes the temporary file of the last PDF export; a missing one is no failure.
     static void TidyTemp();
 

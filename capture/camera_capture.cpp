@@ -194,7 +194,7 @@ void CameraCapture::CancelClick() {
     RunShowingErrors(services_.dialog, [this] {
         state_.CaptureReady = false;
         Leave();
-        document_.Canvas().LoadFile(QDir(services_.dataFolder).filePath(QStringLiteral("ploader.rs")));
+        services_.showPlaceholder();
         canvasView_.SetViewAnchor(Anchor::Fitted);
         Q_EMIT ZoomButtonsShown(false);
     });

@@ -23,7 +23,8 @@ struct CaptureServices {
     MsgDialog& dialog;
     Settings& settings;
     std::function<void(const QString& path)> playSound;  ///< must not wait for the sound's end; may be empty
-    QString dataFolder;                                  ///< of ploader.rs and kelu.snd
+    QString dataFolder;                                  ///< of kelu.snd
+    std::function<void()> showPlaceholder;               ///< on the canvas
 };
 
 /// The camera is looked for in the background, so that it holds up neither start nor window: whatever depends on the

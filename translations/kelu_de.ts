@@ -1270,6 +1270,14 @@ Die Aufnahme ist nicht möglich.</translation>
         <source>Captured picture</source>
         <translation>Aufgenommenes Bild</translation>
     </message>
+    <message>
+        <source>Open a picture</source>
+        <translation>Bild öffnen</translation>
+    </message>
+    <message>
+        <source>Press %1, or drop a photo here</source>
+        <translation>%1 drücken oder ein Foto hierherziehen</translation>
+    </message>
 </context>
 <context>
     <name>kelu::MessageWindow</name>
@@ -1794,7 +1802,7 @@ No e-mail address or an invalid e-mail address has been entered.<byte value="xd"
 </source>
         <translation>Es sind Fehler aufgetreten:<byte value="xd"/>
 <byte value="xd"/>
-Es wurde keine oder eine ungültige E-Mail-Adresse eingegeben.<byte value="xd"/>
+Es wurde keine oder eine ungültige E‑Mail-Adresse eingegeben.<byte value="xd"/>
 </translation>
     </message>
     <message>

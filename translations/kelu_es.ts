@@ -1270,6 +1270,14 @@ Esta función quedará desactivada.</translation>
         <source>Captured picture</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Open a picture</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Press %1, or drop a photo here</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>kelu::MessageWindow</name>

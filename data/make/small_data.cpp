@@ -146,13 +146,7 @@ QImage MakePlaceholder() {
     DrawStroke(painter);
     DrawPhotoCard(painter, -11, {415, 262}, false);
     DrawPhotoCard(painter, 6, {545, 272}, true);
-    painter.setPen(theme::kBrightText);
-    painter.setFont(DisplayFont(46, QFont::Bold));
-    painter.drawText(QRect(0, 472, kPlaceholderSize.width(), 64), Qt::AlignCenter, QStringLiteral("Open a picture"));
-    painter.setPen(theme::kMutedText);
-    painter.setFont(DisplayFont(27, QFont::Normal));
-    painter.drawText(QRect(0, 540, kPlaceholderSize.width(), 44), Qt::AlignCenter,
-                     QStringLiteral("Press Ctrl+O, or drop a photo here"));
+    // Below, the program writes its invitation, in its language and letters.
     return picture;
 }
 

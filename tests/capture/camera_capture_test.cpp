@@ -43,10 +43,13 @@ struct CameraCaptureTest : testing::Test {
     ScriptedDialog dialog;
     MemorySettings settings;
     QStringList sounds;
-    CameraCapture capture{
-        document,   preview,
-        canvasView, previewView,
-        state,      {camera, dialog, settings, [this](const QString& path) { sounds.append(path); }, data.path()}};
+    CameraCapture capture{document,
+                          preview,
+                          canvasView,
+                          previewView,
+                          state,
+                          {camera, dialog, settings, [this](const QString& path) { sounds.append(path); }, data.path(),
+                           [this] { surfaces.picCanvas.LoadFile(data.filePath("ploader.rs")); }}};
     bool panel = false, previewShown = false, zoom = true;
     QString status;
     const QString snapshot = QDir(TemporaryFolder()).filePath("Kelu_Cap.png");
@@ -141,7 +144,7 @@ TEST_F(CameraCaptureTest, ASearchWithoutTheStoredDeviceTakesWhatThereIs) {
         if (any) late.devices = {"Only"};
         SharedState fresh;
         CameraCapture other(document, preview, canvasView, previewView, fresh,
-                            {late, dialog, settings, {}, data.path()});
+                            {late, dialog, settings, {}, data.path(), {}});
         dialog.shown.clear();
         other.Connect2Camera();
         other.LoadDevices();
