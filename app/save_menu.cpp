@@ -7,7 +7,6 @@
 #include <QMenu>
 #include <QStandardPaths>
 
-#include "controls/title_row/dialog_frame.h"
 #include "dialogs/film_dialog.h"
 #include "dialogs/save_file_dialog.h"
 #include "document/film.h"
@@ -93,7 +92,7 @@ QString SaveMenu::AskForName(const QString& title, const QString& filter, const 
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setOption(QFileDialog::DontConfirmOverwrite);  // we ask
     dialog.setDefaultSuffix(QLatin1String(suffix));
-    if (dialog.layout()) AddWindowFrame(dialog);
+    DressFileDialog(dialog);
     dialog.selectFile(picture.completeBaseName() + u'.' + QLatin1String(suffix));
     while (dialog.exec() == QDialog::Accepted) {
         const QString path = dialog.selectedFiles().value(0);

@@ -8,6 +8,7 @@
 
 #include "controls/animated_gif/uc_ani_gif.h"
 #include "controls/title_row/dialog_frame.h"
+#include "platform/language.h"
 #include "platform/units.h"
 
 namespace kelu {
@@ -30,7 +31,7 @@ FilmDialog::FilmDialog(const QByteArray& film, QWidget* parent)
     player->setAccessibleName(tr("The film"));
     auto* about = new QLabel(tr("%1 \u00D7 %2 pixels, %3")
                                  .arg(QString::number(size.width()), QString::number(size.height()),
-                                      QLocale().formattedDataSize(film.size(), 1, QLocale::DataSizeSIFormat)),
+                                      LanguageLocale().formattedDataSize(film.size(), 1, QLocale::DataSizeSIFormat)),
                              this);
     QVBoxLayout* column = MakeDialogFrame(*this);
     column->addWidget(player, 0, Qt::AlignCenter);

@@ -5,14 +5,19 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QStandardPaths>
+#include <QTreeView>
 
+#include "controls/theme/theme.h"
 #include "controls/title_row/dialog_frame.h"
 #include "pictures/picture_file.h"
 
 namespace kelu {
 
 namespace {
+
+constexpr QSize kLeastSize(660, 440);  // device-independent pixels
 
 struct Texts {
     Q_DECLARE_TR_FUNCTIONS(kelu::SaveFileDialog)
@@ -25,6 +30,21 @@ QStringList NameFilters(const QString& filter) {
     QStringList descriptions;
     for (qsizetype i = 0; i < parts.size(); i += 2) descriptions += parts[i];
     return descriptions;
+}
+
+void DressFileDialog(QFileDialog& dialog) {
+    // The toolkit's dialog has a layout; the desktop's own is not ours to dress.
+    if (!dialog.layout()) return;
+    AddWindowFrame(dialog);
+    dialog.resize(kLeastSize * theme::TextScale());
+    const auto* files = dialog.findChild<QTreeView*>();
+    if (!files || files->header()->count() < 2) return;
+    // Dates are read whole, names get what is left.
+    QHeaderView& columns = *files->header();
+    columns.setStretchLastSection(false);
+    columns.setResizeContentsPrecision(0);
+    columns.setSectionResizeMode(QHeaderView::ResizeToContents);
+    columns.setSectionResizeMode(0, QHeaderView::Stretch);
 }
 
 static bool IsPdfName(const QString& name) { return name.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive); }
@@ -55,8 +75,7 @@ bool SaveFileDialog::Show(QString& fileName, int& filterIndex) {
     dialog.setNameFilters(filters);
     dialog.selectNameFilter(filters.value(filterIndex - 1));
     dialog.setDefaultSuffix(QString::fromLatin1(kDefaultExtension));
-    // The toolkit's dialog has a layout; the desktop's own is not ours to dress.
-    if (dialog.layout()) AddWindowFrame(dialog);
+    DressFileDialog(dialog);
     const QFileInfo proposed(fileName);
     // Who saved in another place than the proposed one goes on there.
     const bool refused = proposed.path() == refusedFolder_;

@@ -8,6 +8,8 @@
 
 #include "document/open_save.h"
 
+class QFileDialog;
+
 namespace kelu {
 
 /// "A (*.a)|*.a|B (*.b)|*.b" as the descriptions alone, one for each filter.
@@ -18,6 +20,9 @@ QString NameForFilter(const QString& name, int filterIndex);
 
 /// Whether a file may be written there: asks in the program's own frame when there is one.
 bool MayReplaceFile(const QString& path, MsgDialog& questions);
+
+/// The program's own frame, and columns that are read whole.
+void DressFileDialog(QFileDialog& dialog);
 
 class SaveFileDialog : public SaveDialog {
  public:

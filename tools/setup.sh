@@ -5,7 +5,7 @@ build_packages="g++ cmake ninja-build pkg-config qt6-base-dev qt6-tools-dev qt6-
  libjpeg62-turbo-dev zlib1g-dev libpng-dev libgif-dev libtiff-dev liblcms2-dev libmagick++-dev libheif-dev libjxl-dev libraw-dev
  libglib2.0-dev libcurl4-openssl-dev libc-ares-dev libcups2-dev qtkeychain-qt6-dev libsecret-1-0 libhwy-dev libtbb-dev
  libgstreamer1.0-dev libgstreamer-plugins-base1.0-dev gstreamer1.0-plugins-base
- gstreamer1.0-plugins-good gstreamer1.0-pipewire qt6-wayland xdg-utils ca-certificates fonts-dejavu-core fonts-liberation"
+ gstreamer1.0-plugins-good gstreamer1.0-pipewire qt6-wayland qt6-translations-l10n xdg-utils ca-certificates fonts-dejavu-core fonts-liberation"
 test_packages="libgtest-dev libgmock-dev git xvfb xauth openbox xdotool xclip x11-apps x11-utils imagemagick graphicsmagick gifsicle
  libimage-exiftool-perl poppler-utils qpdf cups python3 python3-aiosmtpd python3-dnslib python3-dbus python3-gi gir1.2-atspi-2.0 at-spi2-core openssl dbus-daemon pipewire
  wireplumber libpipewire-0.3-dev"
