@@ -636,7 +636,7 @@
     <message>
         <source>Save changes to &apos;%1&apos;?<byte value="xd"/>
 </source>
-        <translation>Enregistrer les modifications de « %1 » ?<byte value="xd"/>
+        <translation>Enregistrer les modifications de « %1 » ?<byte value="xd"/>
 </translation>
     </message>
     <message>
@@ -652,9 +652,9 @@
 <byte value="xd"/>
 Save over it all the same?<byte value="xd"/>
 </source>
-        <translation>« %1 » a été réduite à l’ouverture, de %2 à %3 pixels. Si vous l’écrasez, sa taille réelle est perdue.<byte value="xd"/>
+        <translation>« %1 » a été réduite à l’ouverture, de %2 à %3 pixels. Si vous l’écrasez, sa taille réelle est perdue.<byte value="xd"/>
 <byte value="xd"/>
-L’écraser quand même ?<byte value="xd"/>
+L’écraser quand même ?<byte value="xd"/>
 </translation>
     </message>
     <message>
@@ -685,18 +685,18 @@ L’écraser quand même ?<byte value="xd"/>
     <name>Painter</name>
     <message>
         <source>Nothing painted yet: choose an effect, Apply, then brush</source>
-        <translation>Rien n’est peint : choisissez un effet, Apply, puis peignez</translation>
+        <translation>Rien n’est peint : choisissez un effet, Apply, puis peignez</translation>
     </message>
 </context>
 <context>
     <name>SliderMenu</name>
     <message>
         <source>Last used: %1</source>
-        <translation>Dernier : %1</translation>
+        <translation>Dernier : %1</translation>
     </message>
     <message>
         <source>Default: %1</source>
-        <translation>Initial : %1</translation>
+        <translation>Initial : %1</translation>
     </message>
 </context>
 <context>
@@ -711,7 +711,7 @@ L’écraser quand même ?<byte value="xd"/>
     </message>
     <message>
         <source>I would like to thank all the people who supported me during the development of Kelu. Those endless nights and the bottomless cups of coffee and music that got me going while I faced certain &apos;challanges&apos;.</source>
-        <translation>Je remercie tous ceux qui m’ont soutenu pendant le développement de Kelu : ces nuits sans fin, ces tasses de café sans fond et la musique qui m’a porté face à certains « défis ».</translation>
+        <translation>Je remercie tous ceux qui m’ont soutenu pendant le développement de Kelu : ces nuits sans fin, ces tasses de café sans fond et la musique qui m’a porté face à certains « défis ».</translation>
     </message>
     <message>
         <source>I would like to thank Fathsoft for their invaluable help and also providing the excellant ImageX imaging component which Kelu is based on.</source>
@@ -766,7 +766,7 @@ L’écraser quand même ?<byte value="xd"/>
     </message>
     <message>
         <source>%1; the old file is kept as %2</source>
-        <translation>%1 ; l’ancien fichier est conservé sous %2</translation>
+        <translation>%1 ; l’ancien fichier est conservé sous %2</translation>
     </message>
 </context>
 <context>
@@ -804,7 +804,7 @@ L’écraser quand même ?<byte value="xd"/>
     <message>
         <source>Unable to find a capture device!<byte value="xd"/>
 This feature will be disabled.</source>
-        <translation>Aucun périphérique de capture trouvé !<byte value="xd"/>
+        <translation>Aucun périphérique de capture trouvé !<byte value="xd"/>
 Cette fonction sera désactivée.</translation>
     </message>
     <message>
@@ -1027,7 +1027,7 @@ Cette fonction sera désactivée.</translation>
     </message>
     <message>
         <source>GStreamer lacks its part &quot;%1&quot;</source>
-        <translation>Il manque à GStreamer l’élément « %1 »</translation>
+        <translation>Il manque à GStreamer l’élément « %1 »</translation>
     </message>
     <message>
         <source>The camera sends a picture format that is not known here</source>
@@ -1069,7 +1069,7 @@ Cette fonction sera désactivée.</translation>
     </message>
     <message>
         <source>Not good? Ctrl+Z takes a stroke back, Ctrl+Y brings it again. Ctrl+S &lt;b&gt;saves&lt;/b&gt; the picture.</source>
-        <translation>Pas réussi ? Ctrl+Z retire un trait, Ctrl+Y le remet. Ctrl+S &lt;b&gt;enregistre&lt;/b&gt; l’image.</translation>
+        <translation>Pas réussi ? Ctrl+Z retire un trait, Ctrl+Y le remet. Ctrl+S &lt;b&gt;enregistre&lt;/b&gt; l’image.</translation>
     </message>
     <message>
         <source>Have fun with effects</source>
@@ -1108,7 +1108,7 @@ Cette fonction sera désactivée.</translation>
     </message>
     <message>
         <source>&lt;p&gt;The help has no page called &lt;b&gt;%1&lt;/b&gt;. It should lie here:&lt;/p&gt;&lt;p class=&quot;note&quot;&gt;%2&lt;/p&gt;&lt;p&gt;Perhaps the program was moved without its &lt;b&gt;help&lt;/b&gt; folder. Putting the folder back beside the program, or installing Kelu again, brings the page back.&lt;/p&gt;</source>
-        <translation>&lt;p&gt;L’aide n’a pas de page nommée &lt;b&gt;%1&lt;/b&gt;. Elle devrait se trouver ici :&lt;/p&gt;&lt;p class=&quot;note&quot;&gt;%2&lt;/p&gt;&lt;p&gt;Le programme a peut-être été déplacé sans son dossier &lt;b&gt;help&lt;/b&gt;. Remettez le dossier à côté du programme, ou réinstallez Kelu, et la page reviendra.&lt;/p&gt;</translation>
+        <translation>&lt;p&gt;L’aide n’a pas de page nommée &lt;b&gt;%1&lt;/b&gt;. Elle devrait se trouver ici :&lt;/p&gt;&lt;p class=&quot;note&quot;&gt;%2&lt;/p&gt;&lt;p&gt;Le programme a peut-être été déplacé sans son dossier &lt;b&gt;help&lt;/b&gt;. Remettez le dossier à côté du programme, ou réinstallez Kelu, et la page reviendra.&lt;/p&gt;</translation>
     </message>
     <message>
         <source>Nothing found</source>
@@ -1116,7 +1116,7 @@ Cette fonction sera désactivée.</translation>
     </message>
     <message>
         <source>&lt;p&gt;No page holds &lt;b&gt;%1&lt;/b&gt;. Fewer words or the beginning of a word find more; or have a look at &lt;a href=&quot;%2&quot;&gt;all effects&lt;/a&gt;.&lt;/p&gt;</source>
-        <translation>&lt;p&gt;Aucune page ne contient &lt;b&gt;%1&lt;/b&gt;. Moins de mots, ou le début d’un mot, trouvent davantage ; ou voyez &lt;a href=&quot;%2&quot;&gt;tous les effets&lt;/a&gt;.&lt;/p&gt;</translation>
+        <translation>&lt;p&gt;Aucune page ne contient &lt;b&gt;%1&lt;/b&gt;. Moins de mots, ou le début d’un mot, trouvent davantage ; ou voyez &lt;a href=&quot;%2&quot;&gt;tous les effets&lt;/a&gt;.&lt;/p&gt;</translation>
     </message>
     <message>
         <source>One page for &lt;b&gt;%1&lt;/b&gt;</source>
@@ -1234,7 +1234,7 @@ Cette fonction sera désactivée.</translation>
     </message>
     <message>
         <source>%1: the file is missing</source>
-        <translation>%1 : le fichier manque</translation>
+        <translation>%1 : le fichier manque</translation>
     </message>
     <message>
         <source>No mail program is set up on this system</source>
@@ -1245,7 +1245,7 @@ Cette fonction sera désactivée.</translation>
     <name>kelu::MailMessage</name>
     <message>
         <source>&quot;%1&quot; is no mail address</source>
-        <translation>« %1 » n’est pas une adresse de courrier</translation>
+        <translation>« %1 » n’est pas une adresse de courrier</translation>
     </message>
 </context>
 <context>
@@ -1268,6 +1268,14 @@ Cette fonction sera désactivée.</translation>
     </message>
     <message>
         <source>Captured picture</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open a picture</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Press %1, or drop a photo here</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1304,7 +1312,7 @@ Cette fonction sera désactivée.</translation>
         <source>The following error has occured:<byte value="xd"/>
 %1 (%2)<byte value="xd"/>
 </source>
-        <translation>L’erreur suivante s’est produite :<byte value="xd"/>
+        <translation>L’erreur suivante s’est produite :<byte value="xd"/>
 %1 (%2)<byte value="xd"/>
 </translation>
     </message>
@@ -1344,7 +1352,7 @@ Cette fonction sera désactivée.</translation>
     <message>
         <source>You are ready to go! Simply apply the chosen effect by &apos;brushing&apos; over the image.<byte value="xd"/>
 </source>
-        <translation>C’est parti ! Appliquez l’effet choisi en « peignant » sur l’image.<byte value="xd"/>
+        <translation>C’est parti ! Appliquez l’effet choisi en « peignant » sur l’image.<byte value="xd"/>
 </translation>
     </message>
     <message>
@@ -1360,7 +1368,7 @@ Cette fonction sera désactivée.</translation>
     </message>
     <message>
         <source>PDF file &apos;%1&apos; created successfully!</source>
-        <translation>Le fichier PDF « %1 » a été créé !</translation>
+        <translation>Le fichier PDF « %1 » a été créé !</translation>
     </message>
     <message>
         <source>View PDF File</source>
@@ -1391,7 +1399,7 @@ Cette fonction sera désactivée.</translation>
     </message>
     <message>
         <source>The picture cannot be read: %1</source>
-        <translation>L’image ne peut pas être lue : %1</translation>
+        <translation>L’image ne peut pas être lue : %1</translation>
     </message>
     <message>
         <source>What reads %1 files is not installed</source>
@@ -1419,7 +1427,7 @@ Cette fonction sera désactivée.</translation>
     </message>
     <message>
         <source>The picture is too large: %1 x %2 pixels</source>
-        <translation>L’image est trop grande : %1 x %2 pixels</translation>
+        <translation>L’image est trop grande : %1 x %2 pixels</translation>
     </message>
     <message>
         <source>Not enough memory for a picture of %1 x %2 pixels</source>
@@ -1501,7 +1509,7 @@ Cette fonction sera désactivée.</translation>
     </message>
     <message>
         <source>There is no printer &quot;%1&quot;</source>
-        <translation>Il n’y a pas d’imprimante « %1 »</translation>
+        <translation>Il n’y a pas d’imprimante « %1 »</translation>
     </message>
 </context>
 <context>
@@ -1516,7 +1524,7 @@ Cette fonction sera désactivée.</translation>
     </message>
     <message>
         <source>The recipe can&apos;t be read: </source>
-        <translation>La recette ne peut pas être lue : </translation>
+        <translation>La recette ne peut pas être lue : </translation>
     </message>
 </context>
 <context>
@@ -1527,11 +1535,11 @@ Cette fonction sera désactivée.</translation>
     </message>
     <message>
         <source>&apos;%1&apos; is not there any more</source>
-        <translation>« %1 » n’est plus là</translation>
+        <translation>« %1 » n’est plus là</translation>
     </message>
     <message>
         <source>&apos;%1&apos; has changed since</source>
-        <translation>« %1 » a changé depuis</translation>
+        <translation>« %1 » a changé depuis</translation>
     </message>
 </context>
 <context>
@@ -1544,9 +1552,9 @@ Cette fonction sera désactivée.</translation>
         <source>&apos;%1&apos; is there already.<byte value="xd"/>
 <byte value="xd"/>
 Replace it?</source>
-        <translation>« %1 » existe déjà.<byte value="xd"/>
+        <translation>« %1 » existe déjà.<byte value="xd"/>
 <byte value="xd"/>
-Remplacer ?</translation>
+Remplacer ?</translation>
     </message>
     <message>
         <source>Save</source>
@@ -1588,7 +1596,7 @@ Remplacer ?</translation>
     </message>
     <message>
         <source>Kelu ended while &apos;%1&apos; had unsaved strokes. Bring them back?</source>
-        <translation>Kelu s’est terminé alors que « %1 » avait des traits non enregistrés. Les récupérer ?</translation>
+        <translation>Kelu s’est terminé alors que « %1 » avait des traits non enregistrés. Les récupérer ?</translation>
     </message>
     <message>
         <source>another version of Kelu made them, with other effects</source>
@@ -1596,30 +1604,30 @@ Remplacer ?</translation>
     </message>
     <message>
         <source>The record of &apos;%1&apos; was damaged at its end. What stood before that is back.</source>
-        <translation>Le journal de « %1 » était endommagé à la fin. Ce qui précédait est récupéré.</translation>
+        <translation>Le journal de « %1 » était endommagé à la fin. Ce qui précédait est récupéré.</translation>
     </message>
     <message>
         <source>The strokes on &apos;%1&apos; can&apos;t be brought back: %2.</source>
-        <translation>Les traits sur « %1 » ne peuvent pas être récupérés : %2.</translation>
+        <translation>Les traits sur « %1 » ne peuvent pas être récupérés : %2.</translation>
     </message>
 </context>
 <context>
     <name>kelu::SmtpSender</name>
     <message>
         <source>The mail domain &quot;%1&quot; does not exist</source>
-        <translation>Le domaine de courrier « %1 » n’existe pas</translation>
+        <translation>Le domaine de courrier « %1 » n’existe pas</translation>
     </message>
     <message>
         <source>The mail server of &quot;%1&quot; could not be found: %2</source>
-        <translation>Le serveur de courrier de « %1 » est introuvable : %2</translation>
+        <translation>Le serveur de courrier de « %1 » est introuvable : %2</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is no mail address</source>
-        <translation>« %1 » n’est pas une adresse de courrier</translation>
+        <translation>« %1 » n’est pas une adresse de courrier</translation>
     </message>
     <message>
         <source>The mail domain &quot;%1&quot; accepts no mail</source>
-        <translation>Le domaine de courrier « %1 » n’accepte pas de courrier</translation>
+        <translation>Le domaine de courrier « %1 » n’accepte pas de courrier</translation>
     </message>
     <message>
         <source>A message is being sent already</source>
@@ -1738,7 +1746,7 @@ Remplacer ?</translation>
     </message>
     <message>
         <source>There is no folder and no picture &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>Il n’y a ni dossier ni image « %1 »</translation>
     </message>
 </context>
 <context>
@@ -1792,7 +1800,7 @@ Remplacer ?</translation>
 <byte value="xd"/>
 No e-mail address or an invalid e-mail address has been entered.<byte value="xd"/>
 </source>
-        <translation>Des erreurs se sont produites :<byte value="xd"/>
+        <translation>Des erreurs se sont produites :<byte value="xd"/>
 <byte value="xd"/>
 Aucune adresse de courriel, ou une adresse incorrecte, a été saisie.<byte value="xd"/>
 </translation>
@@ -1804,7 +1812,7 @@ Aucune adresse de courriel, ou une adresse incorrecte, a été saisie.<byte valu
     <message>
         <source>E-mail Sent!<byte value="xd"/>
 </source>
-        <translation>Courriel envoyé !<byte value="xd"/>
+        <translation>Courriel envoyé !<byte value="xd"/>
 </translation>
     </message>
     <message>
@@ -1813,7 +1821,7 @@ Aucune adresse de courriel, ou une adresse incorrecte, a été saisie.<byte valu
     </message>
     <message>
         <source>The e-mail is on its way: send it from your mail program</source>
-        <translation>Le courriel est prêt : envoyez-le depuis votre programme de courrier</translation>
+        <translation>Le courriel est prêt : envoyez-le depuis votre programme de courrier</translation>
     </message>
     <message>
         <source>The e-mail is on its way to %1</source>
@@ -1824,7 +1832,7 @@ Aucune adresse de courriel, ou une adresse incorrecte, a été saisie.<byte valu
     <name>kelu::frmMain</name>
     <message>
         <source>The inputs have changed: Apply to paint with them</source>
-        <translation>Les réglages ont changé : Apply pour peindre avec eux</translation>
+        <translation>Les réglages ont changé : Apply pour peindre avec eux</translation>
     </message>
     <message>
         <source>Apply</source>
@@ -1832,11 +1840,11 @@ Aucune adresse de courriel, ou une adresse incorrecte, a été saisie.<byte valu
     </message>
     <message>
         <source>What you paint can&apos;t be recovered after a crash: %1</source>
-        <translation>Ce que vous peignez ne pourra pas être récupéré après une panne : %1</translation>
+        <translation>Ce que vous peignez ne pourra pas être récupéré après une panne : %1</translation>
     </message>
     <message>
         <source>The strokes on &apos;%1&apos; were not saved</source>
-        <translation>Les traits sur « %1 » n’ont pas été enregistrés</translation>
+        <translation>Les traits sur « %1 » n’ont pas été enregistrés</translation>
     </message>
     <message>
         <source>Bring back</source>
@@ -1980,7 +1988,7 @@ Aucune adresse de courriel, ou une adresse incorrecte, a été saisie.<byte valu
     <message>
         <source>This password can&apos;t be kept here: it has more than 9 characters, or characters such as ` ~ ü, and this desktop has no store of secrets for it.<byte value="xd"/>
 </source>
-        <translation>Ce mot de passe ne peut pas être conservé ici : il a plus de 9 caractères, ou des caractères comme ` ~ ü, et ce bureau n’a pas de coffre à secrets.<byte value="xd"/>
+        <translation>Ce mot de passe ne peut pas être conservé ici : il a plus de 9 caractères, ou des caractères comme ` ~ ü, et ce bureau n’a pas de coffre à secrets.<byte value="xd"/>
 </translation>
     </message>
 </context>
@@ -2028,7 +2036,7 @@ Aucune adresse de courriel, ou une adresse incorrecte, a été saisie.<byte valu
     </message>
     <message>
         <source>The printer &quot;%1&quot; is not there any more</source>
-        <translation>L’imprimante « %1 » n’est plus là</translation>
+        <translation>L’imprimante « %1 » n’est plus là</translation>
     </message>
     <message>
         <source>No printer is chosen</source>
@@ -2036,7 +2044,7 @@ Aucune adresse de courriel, ou une adresse incorrecte, a été saisie.<byte valu
     </message>
     <message>
         <source>Handing the page to &quot;%1&quot;</source>
-        <translation>Remise de la page à « %1 »</translation>
+        <translation>Remise de la page à « %1 »</translation>
     </message>
 </context>
 </TS>
