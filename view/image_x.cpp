@@ -413,7 +413,7 @@ void ImageX::mousePressEvent(QMouseEvent* event) {
         return;
     }
     pressed_ = true;
-    update(ringShown_);
+    UpdateRing();  // a pen may come down where it never was
     Q_EMIT MousePressed(event->button(), event->buttons(), event->modifiers(), Twips(event->position().x()),
                         Twips(event->position().y()), ImagePixel(event->position()));
 }
