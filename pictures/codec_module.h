@@ -17,8 +17,8 @@ struct CodecHost {
     /// See MakePicture; checks the size, too.
     QImage (*makePicture)(int width, int height, QImage::Format format);
     void (*checkSize)(std::int64_t width, std::int64_t height);
-    [[noreturn]] void (*throwCutShort)();
-    [[noreturn]] void (*throwDamaged)();
+    void (*throwCutShort)();
+    void (*throwDamaged)();
     /// A whole JPEG file, as decoded: not turned, colours as in the file.
     void (*decodeJpeg)(const QByteArray& bytes, QImage& image, Metadata& metadata);
 };

@@ -135,6 +135,7 @@ extern "C" Q_DECL_EXPORT void KeluDecode(const QByteArray& bytes, const kelu::Co
                 return;
             case JXL_DEC_NEED_MORE_INPUT:
                 host.throwCutShort();
+                break;  // never got to
             default:
                 host.throwDamaged();
         }
