@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <exception>
 #include <memory>
+#include <new>
 
 #include "platform/user_input.h"
 
@@ -61,6 +62,8 @@ void RunBeside(const std::function<void()>& run, UserInput input, Work* work) {
         loop.quit();
     });
     thread->start();
+    // No room for another thread: nothing would end the loop.
+    if (!thread->isRunning() && !thread->isFinished()) throw std::bad_alloc();
     loop.exec();
     // The loop ends early only with the application, which nobody is to wait for.
     if (work && !thread->isFinished()) work->cancelled = true;
