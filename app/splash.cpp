@@ -70,6 +70,7 @@ void Splash::LoadPicture(int number) {
 
 void Splash::End() {
     AniGIF1_->SetAction(0);
+    picCover_.clearFocus();  // hidden with it, it would hand it on as by Tab, and the ring would show
     picCover_.hide();
 }
 

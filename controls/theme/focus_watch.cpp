@@ -29,9 +29,11 @@ void FocusWatch::Set(bool byKeyboard) {
 bool FocusWatch::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
         case QEvent::MouseButtonPress:
+            keyWasLast_ = false;
             Set(false);
             break;
         case QEvent::KeyPress:
+            keyWasLast_ = true;
             switch (static_cast<QKeyEvent*>(event)->key()) {
                 case Qt::Key_Tab:
                 case Qt::Key_Backtab:
@@ -49,9 +51,9 @@ bool FocusWatch::eventFilter(QObject* watched, QEvent* event) {
             }
             break;
         case QEvent::FocusIn:
-            // As by Tab: a control found what was typed. Or by a letter that a label underlines.
+            // As by Tab: a control found what was typed, a dialog comes. Or by a letter that a label underlines.
             if (const auto reason = static_cast<QFocusEvent*>(event)->reason();
-                reason == Qt::TabFocusReason || reason == Qt::ShortcutFocusReason)
+                keyWasLast_ && (reason == Qt::TabFocusReason || reason == Qt::ShortcutFocusReason))
                 Set(true);
             break;
         default:

@@ -14,8 +14,8 @@ class FocusWatch : public QObject {
     /// The one of the application object, made at the first call, which Apply is.
     static FocusWatch& Instance();
 
-    /// True from a key that moves or uses the focus, or a focus that came as by Tab, until the next press of a mouse
-    /// button.
+    /// True from a key that moves or uses the focus, or a focus that came as by Tab behind a key, until the next press
+    /// of a mouse button.
     bool ByKeyboard() const { return byKeyboard_; }
 
  protected:
@@ -25,6 +25,7 @@ class FocusWatch : public QObject {
     using QObject::QObject;
 
     bool byKeyboard_ = false;
+    bool keyWasLast_ = true;  ///< of keys and mouse buttons
 
     void Set(bool byKeyboard);
 };
