@@ -152,8 +152,6 @@ QPoint ImageX::ImagePixel(const QPointF& widgetPixels) const {
             ScreenToImageY(TwipsToPixels(Twips(widgetPixels.y())))};
 }
 
-QPointF ImageX::Focus() const { return zoomFocus_ ? *zoomFocus_ : QPointF(width(), height()) / 2; }
-
 bool ImageX::CanScroll() const { return !horizontal_->isHidden() || !vertical_->isHidden(); }
 
 void ImageX::LayOut(const QPointF& focus) {
@@ -309,8 +307,6 @@ void ImageX::paintEvent(QPaintEvent* event) {
     if (theme::ShowsFocus(*this) && !spaceHeld_)
         theme::DrawFocusRing(painter, {QPointF(), QSizeF(viewport_) / devicePixelRatioF()}, theme::kFocus);
 }
-
-QRect ImageX::RingRect() const { return dragging_ ? QRect() : ring_.Rect(RingGround(), font()); }
 
 BrushRing::Ground ImageX::RingGround() const {
     return {.picture = {surface_.ImageWidth(), surface_.ImageHeight()},

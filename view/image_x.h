@@ -101,7 +101,7 @@ class ImageX : public QWidget, public SurfaceView {
     /// Lays out scroll bars and the view for the present size, view and picture; `focus` (widget pixels) keeps the
     /// image point under it.
     void LayOut(const QPointF& focus);
-    QPointF Focus() const;
+    QPointF Focus() const { return zoomFocus_ ? *zoomFocus_ : QPointF(width(), height()) / 2; }
     double FittedScale() const;
     /// Device-independent pixels to an image pixel, as shown.
     double Scale() const;
@@ -111,7 +111,7 @@ class ImageX : public QWidget, public SurfaceView {
     void UpdateRing();
     void LeaveRing(Qt::FocusReason reason);
     BrushRing::Ground RingGround() const;
-    QRect RingRect() const;
+    QRect RingRect() const { return dragging_ ? QRect() : ring_.Rect(RingGround(), font()); }
 
     Surface& surface_;
     ScaledView fitted_;                     ///< the whole picture as large as it fits
