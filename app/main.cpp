@@ -1,6 +1,7 @@
 // kelu: the program with its window.
 // SPDX-License-Identifier: MIT
 #include <QFileInfo>
+#include <QTimer>
 #include <cstdio>
 #include <cstdlib>
 
@@ -68,7 +69,8 @@ int Run(kelu::Application& application, const QString& picture) {
     QObject::connect(&application, &QGuiApplication::commitDataRequest, &journal,
                      [&] { journal.Flush(/*wait=*/true); });
     window.show();
-    if (!picture.isEmpty()) window.OpenPicture(picture);
+    // In the loop: a request to end while an error is told ends the program, too, not only that message.
+    if (!picture.isEmpty()) QTimer::singleShot(0, &window, [&] { window.OpenPicture(picture); });
     return QApplication::exec();
 }
 
