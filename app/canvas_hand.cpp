@@ -2,10 +2,13 @@
 #include "app/canvas_hand.h"
 
 #include <QGuiApplication>
+#include <QWheelEvent>
 
 #include "app/command_keys.h"
 #include "app/main_controls.h"
+#include "controls/note/note_bar.h"
 #include "controls/tool_button/tool_button.h"
+#include "document/commands.h"
 #include "document/painter.h"
 #include "effects/effect_panel.h"
 #include "view/key_brush.h"
@@ -33,9 +36,26 @@ CanvasHand::CanvasHand(MainControls& controls, Painter& painter, const CommandKe
     connect(&keys, &CommandKeys::ModifiersHeld, this, [this](Qt::KeyboardModifiers modifiers) {
         if (QGuiApplication::mouseButtons() == Qt::NoButton) painter_.Hover(modifiers);
     });
+    controls_.picCanvas->installEventFilter(this);
     new KeyBrush(*controls_.picCanvas);
     FollowPen();
     FollowPoint();
+}
+
+bool CanvasHand::eventFilter(QObject*, QEvent* event) {
+    const auto* wheel = event->type() == QEvent::Wheel ? static_cast<QWheelEvent*>(event) : nullptr;
+    const ImageX& canvas = *controls_.picCanvas;
+    if (wheel && !wheel->angleDelta().isNull() && !(wheel->modifiers() & Qt::ControlModifier) &&
+        canvas.rect().contains(canvas.ImageRect().toAlignedRect()))
+        TellWhatTheWheelDoes();
+    return false;
+}
+
+void CanvasHand::TellWhatTheWheelDoes() {
+    if (state_.CaptureBusy) return;
+    const Obstacle obstacle = ObstacleTo(Command::ZoomIn, state_);
+    controls_.note->Show(
+        {obstacle == Obstacle::None ? tr("Hold Ctrl and turn the wheel to zoom") : ObstacleText(obstacle)});
 }
 
 void CanvasHand::FollowPen() {

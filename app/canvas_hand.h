@@ -20,6 +20,8 @@ class CanvasHand : public QObject {
  public:
     CanvasHand(MainControls& controls, Painter& painter, const CommandKeys& keys, const SharedState& state);
 
+    bool eventFilter(QObject* canvas, QEvent* event) override;
+
  Q_SIGNALS:
     /// There is no picture yet, and the user clicked where it would be.
     void PictureWanted();
@@ -29,6 +31,8 @@ class CanvasHand : public QObject {
  private:
     void FollowPen();
     void FollowPoint();
+    /// For who turns it where there is nothing to scroll.
+    void TellWhatTheWheelDoes();
 
     MainControls& controls_;
     Painter& painter_;

@@ -183,6 +183,7 @@ void MainControls::ShowTools(bool shown) {
           static_cast<QWidget*>(selectors->pagerTB1), static_cast<QWidget*>(selectors->cmdAllEffects),
           static_cast<QWidget*>(&Button(Command::Settings)), static_cast<QWidget*>(&Button(Command::Help))})
         tool->setVisible(shown);
+    note->SetCovered(!shown);
 }
 
 }  // namespace kelu

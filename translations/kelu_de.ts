@@ -827,6 +827,13 @@ Die Aufnahme ist nicht möglich.</translation>
     </message>
 </context>
 <context>
+    <name>kelu::CanvasHand</name>
+    <message>
+        <source>Hold Ctrl and turn the wheel to zoom</source>
+        <translation>Strg halten und das Rad drehen, um zu zoomen</translation>
+    </message>
+</context>
+<context>
     <name>kelu::CapturePanel</name>
     <message>
         <source>Capture Image (F8)</source>

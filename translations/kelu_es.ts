@@ -827,6 +827,13 @@ Esta función quedará desactivada.</translation>
     </message>
 </context>
 <context>
+    <name>kelu::CanvasHand</name>
+    <message>
+        <source>Hold Ctrl and turn the wheel to zoom</source>
+        <translation>Mantenga Ctrl y gire la rueda para ampliar o reducir</translation>
+    </message>
+</context>
+<context>
     <name>kelu::CapturePanel</name>
     <message>
         <source>Capture Image (F8)</source>

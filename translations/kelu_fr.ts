@@ -827,6 +827,13 @@ Cette fonction sera désactivée.</translation>
     </message>
 </context>
 <context>
+    <name>kelu::CanvasHand</name>
+    <message>
+        <source>Hold Ctrl and turn the wheel to zoom</source>
+        <translation>Maintenez Ctrl et tournez la molette pour zoomer</translation>
+    </message>
+</context>
+<context>
     <name>kelu::CapturePanel</name>
     <message>
         <source>Capture Image (F8)</source>

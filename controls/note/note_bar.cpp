@@ -86,11 +86,19 @@ QString NoteBar::Text() const { return isHidden() ? QString() : note_.text; }
 
 void NoteBar::Show(const Note& note) {
     if (note.stays) standing_ = note;
-    Display(note);
+    if (covered_)
+        waiting_ = note;
+    else
+        Display(note);
+}
+
+void NoteBar::SetCovered(bool covered) {
+    covered_ = covered;
+    if (!covered && !waiting_.text.isEmpty()) Display(std::exchange(waiting_, {}));
 }
 
 void NoteBar::Clear() {
-    standing_ = {};
+    standing_ = waiting_ = {};
     Hide();
 }
 
@@ -184,7 +192,8 @@ bool NoteBar::eventFilter(QObject* watched, QEvent* event) {
     const bool acts = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::Wheel ||
                       (event->type() == QEvent::KeyPress && IsActionKey(static_cast<QKeyEvent*>(event)->key()));
     const auto* widget = acts ? qobject_cast<QWidget*>(watched) : nullptr;
-    if (widget && widget != buttonBox_ && !buttonBox_->isAncestorOf(widget)) Pass();
+    // An answer to a message that came by itself is no action on the picture.
+    if (widget && widget->window() == window() && widget != buttonBox_ && !buttonBox_->isAncestorOf(widget)) Pass();
     return false;
 }
 

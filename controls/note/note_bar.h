@@ -37,6 +37,9 @@ class NoteBar : public QWidget, public Notes {
     void Clear() override;
     void Tell(const QString& text) override;
 
+    /// While something covers the picture: what comes meanwhile shows when it is uncovered.
+    void SetCovered(bool covered);
+
     /// The line that is shown; empty when none is.
     QString Text() const;
 
@@ -64,6 +67,8 @@ class NoteBar : public QWidget, public Notes {
     QRect place_;
     Note note_;      ///< what is shown
     Note standing_;  ///< the last one that stays; no text: none
+    Note waiting_;   ///< for the picture to be uncovered; no text: none
+    bool covered_ = false;
 };
 
 }  // namespace kelu

@@ -6,6 +6,7 @@
 #include <QClipboard>
 #include <QFile>
 
+#include "controls/note/note_bar.h"
 #include "pictures/picture_file.h"
 #include "tests/app/dialog_hands.h"
 #include "tests/app/main_window_fixture.h"
@@ -184,18 +185,22 @@ struct CommandLine : RealDialogs {
 TEST_F(CommandLine, APictureOpensBehindTheSplash) {
     window.Start();
     window.show();
-    window.OpenPicture(MakePhoto());
+    settings.Write(settings::kResize, 1);
+    state.ResizeOnOpen = 1;
+    window.OpenPicture(MakePhoto(QStringLiteral("photo.png"), 2400, 1600));
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
     const QImage behind = window.grab().toImage();
-    window.EndSplash();
+    QTest::keyClick(window.controls.picCover, Qt::Key_Return);
     QTest::qWait(20);
+    EXPECT_EQ(window.controls.note->Text(), QString::fromUtf8("Made smaller, 2400 \u00D7 1600 to 800 \u00D7 533"))
+        << "not ended by the key that uncovers it";
     const QImage open = window.grab().toImage();
     const QPoint zoom = window.controls.picZoomContainer->geometry().center();
     EXPECT_TRUE(canvas.isVisible());
     EXPECT_TRUE(window.controls.picZoomContainer->isVisible());
     EXPECT_EQ(window.childAt(zoom)->parentWidget(), window.controls.picZoomContainer);
     EXPECT_NE(behind.copy(canvas.geometry()), open.copy(canvas.geometry())) << "the splash covers the picture";
-    EXPECT_EQ(Status(), "photo.png - (400 x 300 / 24 bits)");
+    EXPECT_EQ(Status(), "photo.png - (800 x 533 / 24 bits)");
     Arm();
     Stroke({{50, 50}, {90, 90}});
     EXPECT_TRUE(state.ImageDirty);

@@ -5,6 +5,7 @@
 
 #include <QMenu>
 
+#include "controls/note/note_bar.h"
 #include "effects/catalogue/render_onto.h"
 #include "effects/coordinate_box.h"
 #include "tests/app/main_window_fixture.h"
@@ -61,6 +62,10 @@ TEST_P(EveryView, StrokesLieUnderThePointer) {
     Wheel({200, 150}, view.ctrlNotches, Qt::ControlModifier);
     Wheel({200, 150}, -view.wheel.x(), Qt::ShiftModifier);
     Wheel({200, 150}, -view.wheel.y());
+    const bool whole = canvas.rect().contains(canvas.ImageRect().toAlignedRect());
+    Wheel({1, 1}, 1);
+    EXPECT_EQ(window.controls.note->Text(), whole ? "Hold Ctrl and turn the wheel to zoom" : "") << view.name;
+    Wheel({1, 1}, -1);
 
     const QRect shown = canvas.ImageRect().toAlignedRect() & canvas.rect().adjusted(0, 0, -20, -20);
     const double scale = canvas.ImageRect().width() / view.width;
