@@ -27,7 +27,7 @@ CanvasHand::CanvasHand(MainControls& controls, Painter& painter, const CommandKe
                     return;
                 }
                 painter_.Press(buttons, modifiers, imagePixel);
-                Q_EMIT Pressed();
+                if (!(modifiers & Qt::ControlModifier)) Q_EMIT RenderUsed();
             });
     connect(controls_.picCanvas, &ImageX::MouseMoved, this,
             [this](Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers, int, int, const QPoint& imagePixel) {

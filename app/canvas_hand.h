@@ -25,8 +25,8 @@ class CanvasHand : public QObject {
  Q_SIGNALS:
     /// There is no picture yet, and the user clicked where it would be.
     void PictureWanted();
-    /// A button went down, and the painter knows.
-    void Pressed();
+    /// A button went down to paint from the render, and the painter knows.
+    void RenderUsed();
 
  private:
     void FollowPen();

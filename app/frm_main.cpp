@@ -9,13 +9,11 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMimeData>
-#include <QScreen>
 #include <QWindow>
 
 #include "app/about_message.h"
 #include "app/interface_language.h"
 #include "app/save_menu.h"
-#include "app/window_layout.h"
 #include "capture/capture_panel.h"
 #include "controls/note/note_bar.h"
 #include "controls/progress_bar/xp_progress_bar.h"
@@ -33,7 +31,6 @@
 #include "effects/effect_selectors.h"
 #include "output/frm_print.h"
 #include "platform/error.h"
-#include "platform/units.h"
 
 namespace kelu {
 
@@ -47,14 +44,6 @@ constexpr int kShutTime = 200;     // ms between two looks at whether the window
 /// A file or folder that lies beside the executable: data, Gallery, help.
 QString BesideProgram(const char* name) {
     return QDir(QCoreApplication::applicationDirPath()).filePath(QLatin1String(name));
-}
-
-QSize InPixels(const WindowSize& twips) { return {TwipsToPixels(twips.width), TwipsToPixels(twips.height)}; }
-
-/// What the window's screen has for windows, in twips.
-WindowSize Room(const QWidget& window) {
-    const QSize room = window.screen()->availableSize();
-    return {PixelsToTwips(room.width()), PixelsToTwips(room.height())};
 }
 
 BrushCursors Cursors(qreal ratio) {
@@ -116,8 +105,7 @@ frmMain::frmMain(SharedState& state, const MainServices& services)
     setWindowTitle(QStringLiteral("Kelu"));
     setWindowIcon(theme::Icon(QStringLiteral("kelu")));
     setAutoFillBackground(true);
-    resize(
-        InPixels({std::min(kDesignSize.width, Room(*this).width), std::min(kDesignSize.height, Room(*this).height)}));
+    resize(FirstSize(*this));
     controls.ShowTools(false);
     // The keys that end the splash must press nothing behind it.
     controls.picCover->setFocusPolicy(Qt::StrongFocus);
@@ -132,7 +120,7 @@ void frmMain::Connect() {
     for (const CommandRow& row : kCommands)
         connect(&controls.Button(row.command), &ToolButton::clicked, this, [this, row] { Run(row.command); });
 
-    connect(&hand_, &CanvasHand::Pressed, this, &frmMain::TellStaleRender);
+    connect(&hand_, &CanvasHand::RenderUsed, this, &frmMain::TellStaleRender);
     // Later: the dialog would keep the release from the canvas. One that was under way may be open by then.
     connect(
         &hand_, &CanvasHand::PictureWanted, this,
@@ -377,7 +365,7 @@ void frmMain::Run(Command command) {
 
 void frmMain::PaintEverywhere(Painter::Paint paint) {
     painter_.PaintEverywhere(paint);
-    TellStaleRender();
+    if (paint == Painter::Paint::Render) TellStaleRender();
 }
 
 void frmMain::StepBrush(int direction) {
@@ -430,17 +418,16 @@ void frmMain::PrintImage() {
     });
 }
 
-void frmMain::resizeEvent(QResizeEvent*) {
-    if (isMinimized()) return;
-    const WindowSize now{PixelsToTwips(width()), PixelsToTwips(height())};
-    const WindowSize allowed = AllowedSize(now, Room(*this));
-    if (allowed != now && InPixels(allowed) != size()) return resize(InPixels(allowed));
-    controls.ApplyLayout();
+void frmMain::resizeEvent(QResizeEvent*) { controls.ApplyLayout(); }
+
+void frmMain::changeEvent(QEvent* event) {
+    // The new size may have come before the word that the window is no longer minimised.
+    if (event->type() == QEvent::WindowStateChange) controls.ApplyLayout();
 }
 
 void frmMain::showEvent(QShowEvent* event) {
     // For the window manager alone: what it asks for all the same is answered by the window itself.
-    windowHandle()->setMinimumSize(InPixels(LeastSize(Room(*this))));
+    windowHandle()->setMinimumSize(LeastSize(*this));
     if (event->spontaneous()) return;
     // Behind the splash, once the window itself has been painted, and anew for another screen.
     const auto draw = [this] {

@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QFrame>
 #include <QLabel>
+#include <QScreen>
 #include <QStyle>
 #include <cstring>
 #include <span>
@@ -57,7 +58,17 @@ void Place(QWidget& widget, const TwipsRect& at) {
     widget.setGeometry(QStyle::visualRect(parent.layoutDirection(), parent.rect(), pixels));
 }
 
+QSize InPixels(const WindowSize& twips) { return {TwipsToPixels(twips.width), TwipsToPixels(twips.height)}; }
+
+WindowSize InTwips(const QSize& pixels) { return {PixelsToTwips(pixels.width()), PixelsToTwips(pixels.height())}; }
+
+WindowSize Room(const QWidget& window) { return InTwips(window.screen()->availableSize()); }
+
 }  // namespace
+
+QSize FirstSize(const QWidget& window) { return InPixels(kDesignSize).boundedTo(InPixels(Room(window))); }
+
+QSize LeastSize(const QWidget& window) { return InPixels(LeastSize(Room(window))); }
 
 MainControls::MainControls(QWidget& window, Surfaces& surfaces, Surface& capturePreview, SharedState& state)
     : picTitleBar(Named(new QWidget(&window), "picTitleBar")),
@@ -149,7 +160,10 @@ void MainControls::MakeButtons(QWidget& window) {
 }
 
 void MainControls::ApplyLayout() {
-    const WindowLayout at = LayOut({PixelsToTwips(window_.width()), PixelsToTwips(window_.height())});
+    if (window_.isMinimized()) return;
+    const WindowSize now = InTwips(window_.size()), allowed = AllowedSize(now, Room(window_));
+    if (allowed != now && InPixels(allowed) != window_.size()) return window_.resize(InPixels(allowed));
+    const WindowLayout at = LayOut(now);
     Place(*picTitleBar, at.picTitleBar);
     Place(*picLogo, at.picLogo);
     Place(*picSystem, at.picSystem);

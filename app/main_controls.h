@@ -22,11 +22,15 @@ class StatusBar;
 class ToolButton;
 class XP_ProgressBar;
 
+/// In pixels: the size in which the window comes, and the least, both within what its screen has for windows.
+QSize FirstSize(const QWidget& window);
+QSize LeastSize(const QWidget& window);
+
 class MainControls {
  public:
     MainControls(QWidget& window, Surfaces& surfaces, Surface& capturePreview, SharedState& state);
 
-    /// Places everything for the window's present size.
+    /// Places everything for the window's present size, or gives the window one that is allowed; not while minimised.
     void ApplyLayout();
     ToolButton& Button(Command command) const { return *buttons_.at(command); }
     /// What is hidden as long as the splash covers the window.

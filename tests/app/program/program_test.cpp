@@ -82,9 +82,10 @@ struct Desktop : Program {
     void SetUp() override {
         KELU_NEEDS("Xvfb", "openbox", "xdotool", "xprop");
         screen = Start("Xvfb", {"-displayfd", "1", "-screen", "0", "1280x900x24", "-nolisten", "tcp"});
-        ASSERT_TRUE(screen->waitForReadyRead(20000));
+        ASSERT_TRUE(Soon([&] { return screen->canReadLine(); }));
         environment.insert("DISPLAY", ":" + screen->readLine().trimmed());
         manager = Start("openbox");
+        ASSERT_TRUE(Soon([&] { return Output("xprop", {"-root", "_NET_SUPPORTING_WM_CHECK"}).contains("window id"); }));
         kelu = Start(KELU_PROGRAM);
         ASSERT_TRUE(QTest::qWaitFor(
             [this] {
