@@ -133,7 +133,7 @@ struct Saturation2Kernel {
         Pixels operator()(Pixels pixels, int x) const {
             const Channels c = Split(pixels);
             const Floats factor = hn::Add(hn::Mul(weight(x, y), All(change)), All(1.0f));
-            return Join(Mix(Gray(Luma(c)), c, factor), pixels);
+            return JoinNear(Mix(Gray(Luma(c)), c, factor), pixels);
         }
     };
     InRow Row(int y) const { return {weight, change, y}; }

@@ -123,7 +123,7 @@ struct Saturation1Kernel {
 
     Pixels operator()(Pixels pixels) const {
         const Channels c = Split(pixels);
-        return Join(Mix(Gray(Luma(c)), c, All(factor)), pixels);
+        return JoinNear(Mix(Gray(Luma(c)), c, All(factor)), pixels);
     }
 };
 
