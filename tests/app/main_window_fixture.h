@@ -79,7 +79,8 @@ class MainWindowFixture : public testing::Test {
         window.show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
         window.EndSplash();
-        QTest::qWait(20);  // the settings timer
+        QTest::qWait(20);
+        QCoreApplication::processEvents();  // the settings timer, due by now on the busiest machine
     }
 
     /// A picture of which no two neighbours are alike.
