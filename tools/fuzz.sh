@@ -9,7 +9,7 @@ set -eu
 cd "$(dirname "$0")/.."
 minutes=$1
 shift
-targets=${*:-picture_file picture_file picture_file gif gif_writing metadata registry_import recipe strokes mail_server}
+targets=${*:-picture_file picture_file picture_file gif gif_writing metadata registry_import recipe strokes arguments mail_server}
 processors=$(nproc)
 cmake --preset fuzz >/dev/null
 # shellcheck disable=SC2046
