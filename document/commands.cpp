@@ -61,20 +61,19 @@ Obstacle ObstacleTo(Command command, const SharedState& state) {
 }
 
 QString ObstacleText(Obstacle obstacle) {
-    const auto text = [](const char* words) { return QCoreApplication::translate("Commands", words); };
     switch (obstacle) {
         case Obstacle::None:
             break;
         case Obstacle::Capture:
-            return text("Finish the capture first");
+            return QCoreApplication::translate("Commands", "Finish the capture first");
         case Obstacle::NoPicture:
-            return text("Open a picture first");
+            return QCoreApplication::translate("Commands", "Open a picture first");
         case Obstacle::Saved:
-            return text("This picture is saved: open it again to go on");
+            return QCoreApplication::translate("Commands", "This picture is saved: open it again to go on");
         case Obstacle::NoChanges:
-            return text("Nothing is painted yet");
+            return QCoreApplication::translate("Commands", "Nothing is painted yet");
         case Obstacle::NoEffect:
-            return text("Choose an effect first");
+            return QCoreApplication::translate("Commands", "Choose an effect first");
     }
     return {};
 }

@@ -71,6 +71,26 @@
         <source>Close</source>
         <translation>Schließen</translation>
     </message>
+    <message>
+        <source>Finish the capture first</source>
+        <translation>Erst die Aufnahme beenden</translation>
+    </message>
+    <message>
+        <source>Open a picture first</source>
+        <translation>Erst ein Bild öffnen</translation>
+    </message>
+    <message>
+        <source>This picture is saved: open it again to go on</source>
+        <translation>Dieses Bild ist gespeichert: zum Weitermachen neu öffnen</translation>
+    </message>
+    <message>
+        <source>Nothing is painted yet</source>
+        <translation>Noch ist nichts gemalt</translation>
+    </message>
+    <message>
+        <source>Choose an effect first</source>
+        <translation>Erst einen Effekt wählen</translation>
+    </message>
 </context>
 <context>
     <name>Effects</name>

@@ -71,6 +71,26 @@
         <source>Close</source>
         <translation type="unfinished">Cerrar</translation>
     </message>
+    <message>
+        <source>Finish the capture first</source>
+        <translation>Termine antes la captura</translation>
+    </message>
+    <message>
+        <source>Open a picture first</source>
+        <translation>Abra antes una imagen</translation>
+    </message>
+    <message>
+        <source>This picture is saved: open it again to go on</source>
+        <translation>Esta imagen ya está guardada: ábrala otra vez para seguir</translation>
+    </message>
+    <message>
+        <source>Nothing is painted yet</source>
+        <translation>Todavía no hay nada pintado</translation>
+    </message>
+    <message>
+        <source>Choose an effect first</source>
+        <translation>Elija antes un efecto</translation>
+    </message>
 </context>
 <context>
     <name>Effects</name>

@@ -71,6 +71,26 @@
         <source>Close</source>
         <translation type="unfinished">Fermer</translation>
     </message>
+    <message>
+        <source>Finish the capture first</source>
+        <translation>Terminez d’abord la capture</translation>
+    </message>
+    <message>
+        <source>Open a picture first</source>
+        <translation>Ouvrez d’abord une image</translation>
+    </message>
+    <message>
+        <source>This picture is saved: open it again to go on</source>
+        <translation>Cette image est enregistrée : rouvrez-la pour continuer</translation>
+    </message>
+    <message>
+        <source>Nothing is painted yet</source>
+        <translation>Rien n’est encore peint</translation>
+    </message>
+    <message>
+        <source>Choose an effect first</source>
+        <translation>Choisissez d’abord un effet</translation>
+    </message>
 </context>
 <context>
     <name>Effects</name>
