@@ -63,7 +63,8 @@ frmMain::frmMain(SharedState& state, const MainServices& services)
                 [this](const std::function<void()>& run) { busy_.Run(run); }),
       painter_(
           document_, *controls.picCanvas, state, services.settings, *controls.note, Cursors(devicePixelRatioF()),
-          [this] { return controls.pnlSettings->sldBrushSize->Value(); }, services.Log()),
+          [this] { return controls.pnlSettings->sldBrushSize->Value(); }, [this] { openSave_.TellAlreadySaved(); },
+          services.Log()),
       history_(surfaces.picCanvas, *controls.picCanvas, state, *controls.note, services.Log()),
       zoomView_(document_, *controls.picCanvas, state),
       pdfExport_(surfaces.picCanvas, services.dialog, services.openDocument, document_.RunsBeside()),
@@ -187,7 +188,7 @@ void frmMain::Connect() {
 }
 
 void frmMain::TellStaleRender() {
-    const bool stale = state_.EffectReady && application_.InputsChanged();
+    const bool stale = state_.ImageActive && state_.EffectReady && application_.InputsChanged();
     if (stale && !staleTold_)
         controls.note->Show({tr("The inputs have changed: Apply to paint with them"),
                              {{tr("Apply"), [this] { Run(Command::Apply); }}}});

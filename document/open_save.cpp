@@ -79,7 +79,7 @@ void OpenSave::TakeIn(Document::Source source, const std::function<QString()>& m
 }
 
 void OpenSave::OpenAgain(const QString& path, Document::Source source) {
-    if (!Enabled(Command::Drop, state_) || !GiveWay()) return;
+    if (!Enabled(Command::Drop, state_) || !GiveWay() || path.isEmpty()) return;
     RunShowingErrors(dialog_, [&] { document_.Open(path, source, /*wasDirty=*/false, Document::Size::Full); });
 }
 
@@ -118,12 +118,19 @@ bool OpenSave::MayReplace(const QString& path) {
 
 void OpenSave::TellSaved(const QString& path, bool mayGoOn) {
     std::vector<NoteButton> buttons;
-    if (mayGoOn) buttons = {{tr("Go on with it"), [this, path] { OpenAgain(path, Document::Source::Drop); }}};
+    if (mayGoOn) buttons = GoOnButtons();
     if (helpers_.showFolder)
         buttons.push_back(
             {tr("Show in folder"), [this, path] { helpers_.showFolder(QFileInfo(path).absolutePath()); }});
     notes_.Show({tr("Saved as %1").arg(QFileInfo(path).fileName()), buttons});
 }
+
+std::vector<NoteButton> OpenSave::GoOnButtons() {
+    if (savedPath_.isEmpty()) return {};
+    return {{tr("Go on with it"), [this] { OpenAgain(savedPath_, Document::Source::Drop); }}};
+}
+
+void OpenSave::TellAlreadySaved() { notes_.Show({ObstacleText(Obstacle::Saved), GoOnButtons()}); }
 
 void OpenSave::PerformSave() {
     if (!Enabled(Command::Save, state_)) return;
@@ -148,6 +155,7 @@ void OpenSave::SaveImageNow() {
         if (written) log_.Settled(fileName);
         state_.ImageDirty = false;
         state_.ImageActive = false;
+        savedPath_ = isPicture ? fileName : QString();
         if (isPicture) TellSaved(fileName, /*mayGoOn=*/true);
     });
 }

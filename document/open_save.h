@@ -65,6 +65,8 @@ class OpenSave {
     void SaveImageNow();
     /// A note with the name of a file just saved and a way to its folder; `mayGoOn`: and one to open it.
     void TellSaved(const QString& path, bool mayGoOn);
+    /// A note for who goes on with the canvas of a picture that was saved, with a way to open its file.
+    void TellAlreadySaved();
     /// A note, when the picture that was just opened came smaller than its file.
     void TellMadeSmaller();
     /// The canvas's picture on the clipboard.
@@ -74,7 +76,10 @@ class OpenSave {
     /// The same before another picture takes the place of a changed one; then nothing counts as changed any more.
     bool GiveWay();
     void TakeIn(Document::Source source, const std::function<QString()>& makePath);
+    /// `path` may become another, or none, by a save that is asked for first.
     void OpenAgain(const QString& path, Document::Source source);
+    /// The way on with the picture saved last; none for a PDF.
+    std::vector<NoteButton> GoOnButtons();
     QString ProposedName() const;
     /// Asks before the file that is open is replaced by the smaller picture that was made of it.
     bool MayReplace(const QString& path);
@@ -86,6 +91,7 @@ class OpenSave {
     Notes& notes_;
     OpenSaveHelpers helpers_;
     SessionLog& log_;
+    QString savedPath_;  ///< of the last save; empty: it was no picture
 };
 
 }  // namespace kelu

@@ -20,7 +20,8 @@ int SteppedBrushSize(int size, int direction) {
 }
 
 Painter::Painter(Document& document, SurfaceView& canvasView, SharedState& state, const Settings& settings,
-                 Notes& notes, BrushCursors cursors, std::function<int()> brushSize, SessionLog& log)
+                 Notes& notes, BrushCursors cursors, std::function<int()> brushSize, std::function<void()> tellSaved,
+                 SessionLog& log)
     : document_(document),
       canvasView_(canvasView),
       state_(state),
@@ -28,6 +29,7 @@ Painter::Painter(Document& document, SurfaceView& canvasView, SharedState& state
       notes_(notes),
       cursors_(std::move(cursors)),
       brushSize_(std::move(brushSize)),
+      tellSaved_(std::move(tellSaved)),
       log_(log) {}
 
 void Painter::SetUpBrush() {
@@ -93,7 +95,7 @@ void Painter::Segment(const QPoint& from, const QPoint& to) {
 
 void Painter::Press(Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers, const QPoint& imagePixel) {
     const Paint paint = modifiers & Qt::ControlModifier ? Paint::Original : Paint::Render;
-    if (!CanPaint(paint)) return TellWhatIsMissing(paint);
+    if (!MayPaint(paint)) return;
     // The original may be another one by now.
     if (paint != taken_ || paint == Paint::Original) TakeBrush(paint);
     document_.Canvas().PushUndo();
@@ -105,14 +107,20 @@ void Painter::Press(Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers, c
     lineStart_ = imagePixel;
 }
 
-void Painter::TellWhatIsMissing(Paint paint) {
-    if (state_.CaptureBusy) return;
-    if (!state_.ImageActive)
-        notes_.Show({ObstacleText(ObstacleTo(Command::Apply, state_))});
+bool Painter::MayPaint(Paint paint) {
+    const bool can = CanPaint(paint);
+    const Obstacle obstacle = ObstacleTo(Command::Print, state_);
+    if (obstacle == Obstacle::Saved)
+        tellSaved_();
+    else if (can || obstacle == Obstacle::Capture)
+        return can;
+    else if (obstacle == Obstacle::NoPicture)
+        notes_.Show({ObstacleText(obstacle)});
     else if (paint == Paint::Original)
         notes_.Show({ObstacleText(Obstacle::NoChanges)});
     else
         notes_.Show({tr("Nothing painted yet: choose an effect, Apply, then brush")});
+    return can;
 }
 
 void Painter::Move(Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers, const QPoint& imagePixel) {
@@ -144,7 +152,7 @@ void Painter::SetSoftness(int percent) {
 
 void Painter::PaintEverywhere(Paint paint) {
     if (!Enabled(paint == Paint::Render ? Command::PaintAll : Command::RestoreAll, state_)) return;
-    if (!CanPaint(paint)) return TellWhatIsMissing(paint);
+    if (!MayPaint(paint)) return;
     TakeBrush(paint);
     const QImage before = document_.Canvas().Picture();
     document_.Canvas().PaintAll();

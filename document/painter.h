@@ -41,9 +41,11 @@ class Painter {
     Q_DECLARE_TR_FUNCTIONS(Painter)
 
  public:
-    /// `brushSize` reads the diameter of the brush in image pixels, 1 to 100, at the moment of use.
+    /// `brushSize` reads the diameter of the brush in image pixels, 1 to 100, at the moment of use. `tellSaved` is for
+    /// who paints on a picture that is saved: only one that is opened again takes more than the brush.
     Painter(Document& document, SurfaceView& canvasView, SharedState& state, const Settings& settings, Notes& notes,
-            BrushCursors cursors, std::function<int()> brushSize, SessionLog& log = SessionLog::None());
+            BrushCursors cursors, std::function<int()> brushSize, std::function<void()> tellSaved,
+            SessionLog& log = SessionLog::None());
 
     /// Makes the brush from the pen's picture at the present size and shows the cursor of the chosen style. An
     /// unknown style leaves brush and cursor as they were. Called after each render and when the size changes.
@@ -79,7 +81,8 @@ class Painter {
     void TakeBrush(Paint paint);
     void LogBrush();
     void Segment(const QPoint& from, const QPoint& to);
-    void TellWhatIsMissing(Paint paint);
+    /// Tells what is missing, or that there is more to do than to paint.
+    bool MayPaint(Paint paint);
 
     Document& document_;
     SurfaceView& canvasView_;
@@ -88,6 +91,7 @@ class Painter {
     Notes& notes_;
     BrushCursors cursors_;
     std::function<int()> brushSize_;
+    std::function<void()> tellSaved_;
     SessionLog& log_;
     BrushHandle render_;              ///< the brush made of the last render
     Paint taken_ = Paint::Render;     ///< what the canvas's brush paints now

@@ -134,6 +134,14 @@ TEST_F(NotesTest, WhatCannotBeUsedLooksSoAndSaysWhy) {
     EXPECT_EQ(panel.cmdApply->Obstacle(), WhyNot(Command::ZoomIn));
     EXPECT_TRUE(window.controls.selectors->TBSFX->Button(1)->toolTip().endsWith(WhyNot(Command::ZoomIn)));
     EXPECT_EQ(WhyNot(Command::Undo), "") << "undo works after a save";
+    Stroke({{50, 90}, {90, 90}});
+    EXPECT_EQ(note.Text(), WhyNot(Command::ZoomIn)) << "so does the brush, but not in silence";
+    const QImage painted = Canvas();
+    dialog.answers = {MsgAnswer::Yes};
+    saveDialog.names = {folder.filePath("second.png")};
+    ClickNote("Go on with it");
+    EXPECT_TRUE(state.ImageActive && state.CurrentFileName == "second.png");
+    EXPECT_EQ(Canvas(), painted) << "with all that was painted";
 }
 
 TEST_F(NotesTest, ApplyIsMarkedWhileItIsDue) {

@@ -29,7 +29,8 @@ class PaintingSession : private EffectControls, private RenderWindow {
         : random(seed),
           document(surfaces, view, view, state, log),
           painter(
-              document, view, state, settings, notes, {}, [this] { return brushSize; }, log),
+              document, view, state, settings, notes, {}, [this] { return brushSize; },
+              [this] { openSave.TellAlreadySaved(); }, log),
           history(surfaces.picCanvas, view, state, notes, log),
           openSave(document, state, dialog, saveDialog, notes, {[] {}, [](const QString&) { return false; }}, log),
           application(surfaces.picCanvas, surfaces.picPen, engine, state, *this, *this,
