@@ -31,10 +31,12 @@ const QString kStandard = QStringLiteral("-");
 bool IsPdf(const QString& name) { return name.endsWith(QStringLiteral(".pdf"), Qt::CaseInsensitive); }
 bool CanWrite(const QString& name) { return IsPdf(name) || CanWritePicture(name); }
 
-/// "-" and what a shell's <(...) gives: bytes that come once.
+/// "-", what a shell's <(...) gives, a named pipe: bytes that come once.
 bool IsStream(const QString& name) {
+    struct stat what {};
     return name == kStandard || name.startsWith(QStringLiteral("/dev/fd/")) || name == QStringLiteral("/dev/stdin") ||
-           name.startsWith(QStringLiteral("/proc/self/fd/"));
+           name.startsWith(QStringLiteral("/proc/self/fd/")) ||
+           (::stat(QFile::encodeName(name).constData(), &what) == 0 && S_ISFIFO(what.st_mode));
 }
 
 /// Copies all that comes from `in` to a file; throws Error.
@@ -213,7 +215,7 @@ int Batch::Run(const QByteArray& recipe, const Make& make) {
         QString reason;
         const QByteArray all =
             recipe + ' ' + format_ + ' ' + QByteArray::number(quality_) + (strip_ ? " strip" : QByteArray());
-        const QByteArray key = resume_ ? DoneList::KeyOf(task.in, all) : QByteArray();
+        const QByteArray key = resume_ && !IsStream(task.in) ? DoneList::KeyOf(task.in, all) : QByteArray();
         const QString result = QFileInfo(task.out).fileName();
         QMutexLocker lock(&mutex);
         Outcome outcome = Outcome::Skipped;

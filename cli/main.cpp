@@ -1,5 +1,8 @@
 // kelu-cli: effects, strokes, conversion and measurements without a window.
 // SPDX-License-Identifier: MIT
+#include <poll.h>
+#include <unistd.h>
+
 #include <QCoreApplication>
 #include <cstdio>
 
@@ -101,6 +104,16 @@ int Run(QStringList words) {
             : QStringLiteral("no such command: %1%2; try kelu-cli help").arg(command, DidYouMean(command, names)));
 }
 
+/// Lines that standard output did not take, as on a full disk, are a failure; a reader that has seen enough is none.
+int AfterOutput(int status) {
+    if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return status;
+    pollfd reader{STDOUT_FILENO, 0, 0};
+    const bool left = ::poll(&reader, 1, 0) > 0 && (reader.revents & POLLERR) != 0;
+    if (status != kDone || left) return status;
+    std::fputs("kelu-cli: standard output takes no more\n", stderr);
+    return kFailed;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -113,7 +126,7 @@ int main(int argc, char** argv) {
     QCoreApplication::setApplicationVersion(QStringLiteral(KELU_VERSION));
     kelu::cli::RemoveStreamFoldersAtEnd();
     try {
-        return Run(application.arguments().mid(1));
+        return AfterOutput(Run(application.arguments().mid(1)));
     } catch (const kelu::cli::UsageError& error) {
         std::fprintf(stderr, "kelu-cli: %s\n", error.what());
         return kelu::cli::kWrongUsage;

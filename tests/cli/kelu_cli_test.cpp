@@ -207,6 +207,13 @@ TEST_F(KeluCli, GoesOnWhereAStoppedBatchWas) {
     EXPECT_EQ(statuses({}), (QStringList{"done", "done", "done", "skipped"}));
     EXPECT_EQ(ReadBytes(Path("out/c.png")), whole);
     EXPECT_EQ(Run({"apply", "Negative", "-", "-", "--format", "png"}, "cat " + Path("c.png") + " |").out, whole);
+    // A pipe gives its bytes once; lines that the disk did not take are no success, a reader that left is.
+    const QStringList fromPipe{"apply", "Negative", Path("pipe"), "--out-dir", Path("piped"), "--resume"};
+    EXPECT_EQ(Run(fromPipe, "mkfifo " + Path("pipe") + "; cat " + Path("c.png") + " > " + Path("pipe") + " &").status,
+              0);
+    EXPECT_EQ(ReadBytes(Path("piped/pipe.png")), whole);
+    EXPECT_EQ(Run({"effects"}, "exec > /dev/full;").status, 1);
+    EXPECT_EQ(Run({"effects"}, "true < " + Path("pipe") + " & exec > " + Path("pipe") + ";").err, "");
 }
 
 TEST_F(KeluCli, RefusesWrongWords) {
