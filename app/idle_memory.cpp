@@ -4,12 +4,14 @@
 #include <QCoreApplication>
 #include <QEvent>
 
+#include "app/spare_memory.h"
 #include "engine/pixel_memory.h"
 #include "platform/pool_job.h"
 
 namespace kelu {
 
 IdleMemory::IdleMemory() {
+    KeepSpareMemory();
     pause_.setSingleShot(true);
     pause_.setInterval(kPause);
     connect(&pause_, &QTimer::timeout, this, &IdleMemory::Release);
@@ -18,7 +20,12 @@ IdleMemory::IdleMemory() {
 }
 
 // On a worker: to unmap a large picture takes milliseconds.
-void IdleMemory::Release() { StartJob(&engine::ReleaseIdlePixelMemory); }
+void IdleMemory::Release() {
+    StartJob([] {
+        engine::ReleaseIdlePixelMemory();
+        KeepSpareMemory();
+    });
+}
 
 bool IdleMemory::eventFilter(QObject*, QEvent* event) {
     switch (event->type()) {

@@ -102,7 +102,16 @@ class Pool {
             return Allocate(size);
         } catch (const std::bad_alloc&) {
             Release();
-            return Allocate(size);
+        }
+        // As `new` does: what others set aside for such a moment is given up, and is there for what comes of a failure.
+        for (;;) {
+            try {
+                return Allocate(size);
+            } catch (const std::bad_alloc&) {
+                const std::new_handler makeRoom = std::get_new_handler();
+                if (!makeRoom) throw;
+                makeRoom();
+            }
         }
     }
 
