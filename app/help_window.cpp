@@ -11,6 +11,7 @@
 #include <QSizeGrip>
 #include <QVBoxLayout>
 #include <QWindow>
+#include <algorithm>
 
 #include "app/help_browser.h"
 #include "controls/theme/accessible_role.h"
@@ -26,6 +27,7 @@ namespace {
 constexpr QSize kFirstSize(804, 720);  // pixels
 constexpr int kButtonSize = 30;
 constexpr int kSearchWidth = 220;
+constexpr int kSearchEnds = 60;  // round the hint: edges and the button that clears the field
 
 ToolButton* MakeButton(const QString& icon, const QString& tip, QWidget* parent) {
     auto* button = new ToolButton(icon, parent);
@@ -85,7 +87,8 @@ QWidget* HelpWindow::MakeToolRow() {
     search_->setPlaceholderText(tr("Search all pages"));
     search_->setAccessibleName(tr("Search all pages"));
     search_->setClearButtonEnabled(true);
-    search_->setFixedWidth(kSearchWidth);
+    search_->setFixedWidth(
+        std::max(kSearchWidth, search_->fontMetrics().horizontalAdvance(search_->placeholderText()) + kSearchEnds));
     layout->addWidget(search_);
     return row;
 }

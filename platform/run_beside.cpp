@@ -45,6 +45,7 @@ void WorkReport::Tell(qint64 done, qint64 whole) const noexcept {
 }
 
 void RunBeside(const std::function<void()>& run, UserInput input, Work* work) {
+    if (QThread::currentThread() != QCoreApplication::instance()->thread()) return run();
     auto swallower = input == UserInput::Swallowed ? std::make_unique<InputSwallower>(work) : nullptr;
     std::exception_ptr failure;
     const std::unique_ptr<QThread> thread(QThread::create([&] {

@@ -47,7 +47,7 @@ class WorkReport {
 
 /// Runs `run` on a thread of its own and returns when it has ended. Events of the caller's thread run meanwhile. What
 /// `run` throws is thrown here. What `run` throws after it was cancelled, for it was cut off, becomes WorkCancelled.
-/// The end of the application cancels it, too.
+/// The end of the application cancels it, too. A part of such work that asks for this again just runs: it holds nobody.
 void RunBeside(const std::function<void()>& run, UserInput input = UserInput::Swallowed, Work* work = nullptr);
 
 /// Runs its argument to its end, beside the interface thread where there is one.
