@@ -21,7 +21,7 @@ seconds=$((minutes * 60 * processors / $(echo "$targets" | wc -w)))
 # shellcheck disable=SC2016
 one='
     mkdir -p "build/fuzz/corpus/$1" "fuzz/seeds/$1"
-    nice -n 19 "build/fuzz/bin/fuzz_$1" -max_total_time="$0" -timeout=60 -rss_limit_mb=3000 -seed="$2" -close_fd_mask=1 \
+    nice -n 19 "build/fuzz/bin/fuzz_$1" -max_total_time="$0" -timeout=60 -report_slow_units=60 -rss_limit_mb=3000 -seed="$2" -close_fd_mask=1 \
         -print_final_stats=1 -artifact_prefix="build/fuzz/found/$1-" "build/fuzz/corpus/$1" "fuzz/seeds/$1" \
         >"build/fuzz/log/$1-$2" 2>&1 || echo "$1: FOUND, see build/fuzz/log/$1-$2" >&2'
 echo "$targets" | tr ' ' '\n' | nl -w 1 | while read -r number target; do echo "$target $number"; done |

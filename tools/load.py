@@ -74,7 +74,7 @@ def sizes():
                                  ("to TIFF", ["convert", picture], "tif"), ("to PDF", ["convert", picture], "pdf"),
                                  ("to JPEG", ["convert", picture], "jpg"), ("to GIF", ["convert", picture], "gif"),
                                  ("to WebP", ["convert", picture], "webp"),
-                                 ("Soft to BMP", ["apply", "Soft", picture], "bmp")]:
+                                 ("Blur 1 to BMP", ["apply", "Blur 1", picture], "bmp")]:
             if width * height > 1 << 24 and end in ("gif", "webp", "pdf", "png"):
                 continue  # minutes each
             out = here + "/out." + end
@@ -90,7 +90,7 @@ def memory():
                    check=True)
     for name, words, end in [("JPEG to BMP", ["convert", photo], "bmp"), ("JPEG to PNG", ["convert", photo], "png"),
                              ("JPEG to GIF", ["convert", photo], "gif"), ("JPEG to WebP", ["convert", photo], "webp"),
-                             ("Soft to JPEG", ["apply", "Soft", photo], "jpg"), ("Melt to BMP", ["apply", "Melt", photo], "bmp")]:
+                             ("Blur 1 to JPEG", ["apply", "Blur 1", photo], "jpg"), ("Melt to BMP", ["apply", "Melt", photo], "bmp")]:
         out = here + "/out." + end
         counts = {}
         for limit in range(100, 2000, 25):
