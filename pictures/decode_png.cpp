@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <csetjmp>
+#include <cstdlib>
 
 #include "pictures/color_profile.h"
 #include "pictures/exif.h"
@@ -15,6 +16,8 @@ namespace kelu {
 namespace {
 
 constexpr png_uint_32 kLongestSide = 0x7fffffff;
+// Bytes of a text or profile. The library takes and clears what a chunk's length claims, whatever its own limit is.
+constexpr png_alloc_size_t kLongestChunk = 64 << 20;
 // The gamma of screens; a file that tells about this one and no more is made for a screen like any other.
 constexpr double kScreenGamma = 2.2;
 constexpr double kGammaTolerance = 0.05;
@@ -55,6 +58,14 @@ class PngDecoder {
  private:
     static PngDecoder* Self(png_structp png) { return static_cast<PngDecoder*>(png_get_error_ptr(png)); }
 
+    static png_voidp TakeMemory(png_structp png, png_alloc_size_t bytes) {
+        auto* self = static_cast<PngDecoder*>(png_get_mem_ptr(png));
+        if (bytes <= kLongestChunk || self->takesRows_) return std::malloc(bytes);
+        self->cutShort_ = true;  // no file goes on for so long
+        return nullptr;
+    }
+    static void FreeMemory(png_structp, png_voidp memory) { std::free(memory); }
+
     static void ReadBytes(png_structp png, png_bytep to, png_size_t count) {
         auto* self = static_cast<PngDecoder*>(png_get_io_ptr(png));
         if (self->device_.read(reinterpret_cast<char*>(to), static_cast<qint64>(count)) == static_cast<qint64>(count))
@@ -74,6 +85,7 @@ class PngDecoder {
         if (setjmp(leave_)) return false;
         png_set_read_fn(png_, this, &PngDecoder::ReadBytes);
         png_set_user_limits(png_, kLongestSide, kLongestSide);
+        png_set_mem_fn(png_, this, &PngDecoder::TakeMemory, &PngDecoder::FreeMemory);
         png_read_info(png_, info_);
         return true;
     }
@@ -89,7 +101,9 @@ class PngDecoder {
         png_set_bgr(png_);
         if (!transparent_) png_set_filler(png_, 0xff, PNG_FILLER_AFTER);
         passes_ = png_set_interlace_handling(png_);
+        takesRows_ = true;
         png_read_update_info(png_, info_);
+        takesRows_ = false;
         return true;
     }
 
@@ -149,6 +163,7 @@ class PngDecoder {
     int passes_ = 1;
     bool transparent_ = false;
     bool cutShort_ = false;
+    bool takesRows_ = false;  ///< memory for rows, which is as long as they are
 };
 
 }  // namespace

@@ -78,7 +78,8 @@ Photograph Read(const QString& path, const QSize& box) {
             QSize whole = decoded.fileSize.isEmpty() ? picture.size() : decoded.fileSize;
             if (!decoded.fileSize.isEmpty() && decoded.metadata.orientation >= 5) whole.transpose();
             const QSize shrunk = whole.scaled(box, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
-            if (shrunk.width() < whole.width()) picture = ScalePicture(picture, shrunk);
+            if (shrunk.width() < whole.width() || shrunk.height() < whole.height())
+                picture = ScalePicture(picture, shrunk);
         }
         decoded.metadata.orientation = 1;
         decoded.metadata.profile.clear();

@@ -1,6 +1,7 @@
 // Reading real files of all formats, whole, cut short, damaged and hostile.
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include <QColorSpace>
@@ -299,17 +300,27 @@ TEST(PictureFormats, AreNamedWhereverPeopleLook) {
               "BMP Files (*.bmp)|*.bmp|PNG Files (*.png)|*.png|GIF Files (*.gif)|*.gif|JPEG Files (*.jpg)|*.jpg");
 }
 
-// A list of strips of no known type and two thousand million entries must not be made.
-TEST(PictureFile, AStripListOfNoTypeIsDamage) {
+// A list of strips of no known type and two thousand million entries, a text of a gigabyte in a small file.
+TEST(PictureFile, LengthsThatLieTakeNoMemory) {
     QTemporaryDir folder;
-    WriteBytes(folder.filePath("s.tif"), QByteArray::fromHex("49492a0008000000"
-                                                             "0100"
-                                                             "1101"
-                                                             "ff00"
-                                                             "ffffff7f"
-                                                             "08000000"
-                                                             "00000000"));
-    EXPECT_EQ(ReadingError(folder.filePath("s.tif")), kInvalidPicture);
+    const QString tiff = folder.filePath("s.tif"), png = folder.filePath("t.png"), late = folder.filePath("l.png");
+    WriteBytes(tiff, QByteArray::fromHex("49492a0008000000"
+                                         "0100"
+                                         "1101"
+                                         "ff00"
+                                         "ffffff7f"
+                                         "08000000"
+                                         "00000000"));
+    WritePicture(SoftPicture(12, 9), late);
+    const QByteArray whole = ReadBytes(late), text = QByteArray::fromHex("40000000") + "tEXtdate";
+    WriteBytes(png, QByteArray(whole).insert(33, text));
+    WriteBytes(late, QByteArray(whole).insert(whole.size() - 12, text));
+    rusage before{}, after{};
+    getrusage(RUSAGE_SELF, &before);
+    for (const QString& path : {tiff, png}) EXPECT_EQ(ReadingError(path), kInvalidPicture);
+    EXPECT_EQ(ReadPicture(late).size(), QSize(12, 9)) << "all pixels are there";
+    getrusage(RUSAGE_SELF, &after);
+    EXPECT_LT(after.ru_maxrss - before.ru_maxrss, 200'000) << "kilobytes";
 }
 
 TEST(PictureFile, OtherFilesAreRefusedWithTheirReason) {
@@ -341,8 +352,11 @@ TEST(PictureFile, ThumbnailsFitTheBoxAndLookLikeThePicture) {
         EXPECT_EQ(thumbnail.size(), QSize(90, 60));
         EXPECT_LE(Compare(thumbnail, ScalePicture(picture, QSize(90, 60))).largest, 4) << name;
     }
-    WritePicture(SoftPicture(30, 20), folder.filePath("small.png"));
-    EXPECT_EQ(ReadThumbnail(folder.filePath("small.png"), QSize(90, 90)).size(), QSize(30, 20));
+    for (const auto& [whole, shrunk] : {std::pair(QSize(30, 20), QSize(30, 20)), std::pair(QSize(1, 300), QSize(1, 90)),
+                                        std::pair(QSize(300, 1), QSize(90, 1))}) {
+        WritePicture(SoftPicture(whole.width(), whole.height()), folder.filePath("other.png"));
+        EXPECT_EQ(ReadThumbnail(folder.filePath("other.png"), QSize(90, 90)).size(), shrunk);
+    }
 }
 
 }  // namespace
