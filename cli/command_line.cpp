@@ -58,7 +58,7 @@ Arguments Parse(const QStringList& words, const QStringList& withValue, const QS
 }
 
 QString DidYouMean(const QString& word, const QStringList& names) {
-    // Edit distance of two words: insertions, deletions, exchanges (Wagner and Fischer 1974), case not counted.
+    // Edit distance of two words: insertions, deletions, exchanges (Wagner and Fischer 1974).
     const auto distance = [](const QString& a, const QString& b) {
         std::vector<qsizetype> row(static_cast<std::size_t>(b.size()) + 1);
         std::iota(row.begin(), row.end(), 0);
@@ -66,7 +66,7 @@ QString DidYouMean(const QString& word, const QStringList& names) {
             qsizetype diagonal = std::exchange(row[0], i + 1);
             for (qsizetype j = 0; j < b.size(); ++j) {
                 qsizetype& cell = row[static_cast<std::size_t>(j) + 1];
-                const qsizetype exchanged = diagonal + (a[i].toLower() != b[j].toLower());
+                const qsizetype exchanged = diagonal + (a[i] != b[j]);
                 diagonal = cell;
                 cell = std::min({cell + 1, row[static_cast<std::size_t>(j)] + 1, exchanged});
             }
@@ -78,8 +78,11 @@ QString DidYouMean(const QString& word, const QStringList& names) {
         if (!nearest && word.size() > 1 && name.startsWith(word, Qt::CaseInsensitive)) nearest = &name;
     qsizetype least = std::max<qsizetype>(2, word.size() / 3) + 1;
     if (nearest) least = 0;  // the rest of the name was left out
-    for (const QString& name : names)
-        if (const qsizetype steps = distance(word, name); steps < least) least = steps, nearest = &name;
+    for (const QString& name : names) {
+        if (std::abs(word.size() - name.size()) >= least) continue;  // what the lengths differ is the least of it
+        if (const qsizetype steps = distance(word.toLower(), name.toLower()); steps < least)
+            least = steps, nearest = &name;
+    }
     return nearest ? QStringLiteral(" (did you mean %1?)").arg(*nearest) : QString();
 }
 
