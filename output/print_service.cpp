@@ -138,7 +138,8 @@ void SendToServer(const PrintTicket& ticket, int patience) {
     const Destinations printers(server);
     cups_dest_t* printer = printers.Find(ticket.printer);
     if (printer == nullptr) {
-        check(true, server);
+        const ipp_status_t told = cupsLastError();
+        check(told < IPP_STATUS_ERROR_BAD_REQUEST || told == IPP_STATUS_ERROR_NOT_FOUND, server);
         Fail(Texts::tr("There is no printer \"%1\"").arg(ticket.printer));
     }
     const QSizeF paper = DefaultPaper(server, *printer);

@@ -13,6 +13,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <limits>
 
 #include "controls/list_ex/list_ex.h"
 #include "output/frm_print.h"
@@ -88,6 +89,30 @@ class PaperTray : public QTcpServer {
     bool Done() const { return document.trimmed().endsWith("%%EOF"); }
 };
 
+/// Stands before the server and hands on what is said, until it is told to die at the next document.
+class FrailServer : public QTcpServer {
+ public:
+    qint64 mostBytes =
+        std::numeric_limits<qint64>::max();  ///< of a connection, from its client; behind them it hangs up
+
+    explicit FrailServer(quint16 port) {
+        listen(QHostAddress::LocalHost);
+        connect(this, &QTcpServer::newConnection, this, [this, port] {
+            QTcpSocket* const client = nextPendingConnection();
+            auto* const server = new QTcpSocket(client);
+            server->connectToHost(QHostAddress::LocalHost, port);
+            connect(client, &QTcpSocket::readyRead, this, [this, client, server, taken = qint64{0}]() mutable {
+                const QByteArray bytes = client->readAll();
+                taken += bytes.size();
+                taken > mostBytes ? client->abort() : static_cast<void>(server->write(bytes));
+            });
+            connect(server, &QTcpSocket::readyRead, client, [client, server] { client->write(server->readAll()); });
+            connect(server, &QTcpSocket::disconnected, client, &QTcpSocket::disconnectFromHost);
+            connect(client, &QTcpSocket::disconnected, client, &QObject::deleteLater);
+        });
+    }
+};
+
 /// The server with two queues: "Closed" takes no jobs, "Open" does and is the default.
 struct PrintQueue : testing::Test {
     QTemporaryDir folder{"/tmp/kelu-print-XXXXXX"};  // where the server's own user can go, too
@@ -96,7 +121,9 @@ struct PrintQueue : testing::Test {
     SystemPrintService service;
     MemorySettings settings;
     ScriptedDialog dialog;
+    quint16 port = 0;
 
+    static void Use(quint16 port) { qputenv("CUPS_SERVER", QString("127.0.0.1:%1").arg(port).toLatin1()); }
     void SetUp() override {
         KELU_NEEDS("cupsd", "lpadmin", "pdftoppm", "pdfimages");
         QString files;
@@ -107,7 +134,7 @@ struct PrintQueue : testing::Test {
         for (const char* log : {"ErrorLog", "AccessLog", "PageLog"}) files += QString("%1 syslog\n").arg(log);
         QTcpServer free;
         free.listen(QHostAddress::LocalHost);
-        const int port = free.serverPort();
+        port = free.serverPort();
         free.close();
         Write("cupsd.conf", QString(kServer).arg(port).toLatin1());
         Write("printer.ppd", kPrinter);
@@ -115,7 +142,7 @@ struct PrintQueue : testing::Test {
         if (Ask("id", {"-u"}).trimmed() == u"0") files += "User lp\nGroup lp\n";
         Write("files.conf", files.toLatin1());
         Ask("chown", {"-R", "lp:lp", folder.path()});
-        qputenv("CUPS_SERVER", QString("127.0.0.1:%1").arg(port).toLatin1());
+        Use(port);
         server.start(FindTool("cupsd"),
                      {"-f", "-c", folder.filePath("cupsd.conf"), "-s", folder.filePath("files.conf")});
         const QStringList queue{"-v", QString("socket://127.0.0.1:%1/?snmp=false").arg(tray.serverPort()), "-P",
@@ -175,6 +202,31 @@ TEST_F(PrintQueue, ThePageReachesThePrinterAndARefusalTheUser) {
         EXPECT_EQ(QImage(folder.filePath("picture-000.png")).convertToFormat(QImage::Format_RGB32),
                   form.surface.Picture());
     }
+}
+
+TEST_F(PrintQueue, AServerThatDiesInTheMiddleLosesOnlyItsJob) {
+    FrailServer frail(port);
+    Use(frail.serverPort());
+    QImage picture(900, 700, QImage::Format_RGB32);  // of many pages of the network
+    for (int i = 0; i < picture.width() * picture.height(); ++i)
+        picture.setPixel(i / 700, i % 700, static_cast<QRgb>(i) * 2654435761u);
+    frmPrint form(picture, service, settings, dialog, nullptr);
+    form.show();
+    ASSERT_EQ(form.lstPrinters->Count(), 2);
+    form.lstPrinters->SetListIndex(1);
+    for (const qint64 most : {100'000, 0}) {
+        frail.mostBytes = most;
+        dialog.shown.clear();
+        form.cmdOK->click();
+        ASSERT_EQ(dialog.shown.size(), 1u) << "a lost job is lost without a word";
+        EXPECT_THAT(dialog.shown[0].text.toStdString(), HasSubstr("Open: "));
+        EXPECT_TRUE(form.isVisible() && form.isEnabled());
+    }
+    EXPECT_TRUE(tray.document.isEmpty()) << "half a page";
+    frail.mostBytes = std::numeric_limits<qint64>::max();
+    form.cmdOK->click();
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return tray.Done(); }, kPatience)) << "back again, it prints";
 }
 
 TEST(SilentPrintServer, IsGivenUpWhileTheWindowLives) {
