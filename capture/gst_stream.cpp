@@ -40,6 +40,8 @@ namespace {
             default:
                 break;
         }
+    if (error->domain == GST_STREAM_ERROR)
+        Fail(QT_TRANSLATE_NOOP("kelu::GstStream", "The camera sends pictures that can't be read"));
     QString words = QString::fromUtf8(error->message).trimmed();
     if (words.endsWith(u'.')) words.chop(1);
     throw Error(kFileError, words, QStringLiteral("VideoCapX"));

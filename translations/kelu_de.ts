@@ -1060,6 +1060,10 @@ Die Aufnahme ist nicht möglich.</translation>
         <source>The camera sends a picture format that is not known here</source>
         <translation>Die Kamera sendet ein Bildformat, das hier nicht bekannt ist</translation>
     </message>
+    <message>
+        <source>The camera sends pictures that can&apos;t be read</source>
+        <translation>Die Kamera sendet Bilder, die nicht gelesen werden können</translation>
+    </message>
 </context>
 <context>
     <name>kelu::GstVideoCapX</name>

@@ -1060,6 +1060,10 @@ Esta función quedará desactivada.</translation>
         <source>The camera sends a picture format that is not known here</source>
         <translation>La cámara envía un formato de imagen desconocido aquí</translation>
     </message>
+    <message>
+        <source>The camera sends pictures that can&apos;t be read</source>
+        <translation>La cámara envía imágenes que no se pueden leer</translation>
+    </message>
 </context>
 <context>
     <name>kelu::GstVideoCapX</name>

@@ -1060,6 +1060,10 @@ Cette fonction sera désactivée.</translation>
         <source>The camera sends a picture format that is not known here</source>
         <translation>La caméra envoie un format d’image inconnu ici</translation>
     </message>
+    <message>
+        <source>The camera sends pictures that can&apos;t be read</source>
+        <translation>La caméra envoie des images illisibles</translation>
+    </message>
 </context>
 <context>
     <name>kelu::GstVideoCapX</name>

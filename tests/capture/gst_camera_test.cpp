@@ -56,7 +56,7 @@ TEST(CameraMode, TakesTheModeThatFitsTheSnapshot) {
 /// Cameras made of GStreamer's launch lines; an empty line is a device that has gone.
 struct ScriptedList : GstCameraList {
     std::vector<const char*> lines;
-    const char* caps = "video/x-raw,width=640,height=480,framerate=30/1";
+    const char* caps = "video/x-raw,width=640,height=480,framerate=30/1";  ///< null: it doesn't tell
 
     void Search(std::function<void()> whenDone) override { whenDone(); }
     std::vector<GstCamera> Cameras() override {
@@ -64,7 +64,7 @@ struct ScriptedList : GstCameraList {
         for (const char* line : lines)
             cameras.push_back({QString::fromLatin1(line), line,
                                [line] { return *line ? gst_parse_bin_from_description(line, TRUE, nullptr) : nullptr; },
-                               Caps(caps)});
+                               caps ? Caps(caps) : nullptr});
         return cameras;
     }
 };
@@ -125,6 +125,7 @@ TEST_F(GstVideoCapXTest, TellsWhyThereIsNoPictureAndTriesAgain) {
     struct Case {
         const char* line;
         const char* told;
+        const char* caps = "video/x-raw,width=640,height=480,framerate=30/1";
     };
     for (const Case& row :
          {Case{"", "The camera was disconnected"},
@@ -132,8 +133,16 @@ TEST_F(GstVideoCapXTest, TellsWhyThereIsNoPictureAndTriesAgain) {
                "The camera was disconnected"},
           Case{"videotestsrc is-live=true ! video/x-raw,width=640,height=480,framerate=30/1 ! valve drop=true",
                "The camera does not send any picture"},
+          // Bytes without sense, as JPEG and as raw pixels of a size they don't have.
+          Case{"fakesrc is-live=true sizetype=fixed sizemax=9000 filltype=random ! image/jpeg,width=640,height=480,"
+               "framerate=30/1",
+               "The camera sends pictures that can't be read", "image/jpeg,width=640,height=480,framerate=30/1"},
+          Case{"fakesrc is-live=true sizetype=fixed sizemax=9000 filltype=random ! video/x-raw,format=BGRx,width=640,"
+               "height=480,framerate=30/1",
+               ""},
           Case{"v4l2src device=/dev/null ! video/x-raw,width=640,height=480", ""}}) {
         SCOPED_TRACE(row.line);
+        list.caps = row.caps;
         camera.SetConnected(false);
         failure.clear();
         Connect({row.line});
@@ -144,8 +153,19 @@ TEST_F(GstVideoCapXTest, TellsWhyThereIsNoPictureAndTriesAgain) {
             EXPECT_FALSE(failure.endsWith('.')) << "GStreamer's own words, made to fit the message";
         }
         list.lines = {kRed};
+        list.caps = Case{}.caps;
         EXPECT_TRUE(QTest::qWaitFor([&] { return !Pull().isNull(); }, 8000)) << "plugged in again, it goes on";
     }
+}
+
+TEST_F(GstVideoCapXTest, ACameraThatChangesItsSizeIsFollowed) {
+    list.caps = nullptr;
+    Connect(
+        {"concat name=all videotestsrc num-buffers=20 ! video/x-raw,width=640,height=480,framerate=30/1 ! all. "
+         "videotestsrc num-buffers=20 ! video/x-raw,width=160,height=120,framerate=30/1 ! all. "
+         "videotestsrc ! video/x-raw,width=320,height=200,framerate=30/1 ! all. all. ! identity sync=true"});
+    for (const QSize size : {QSize(640, 480), QSize(160, 120), QSize(266, 200)})
+        EXPECT_TRUE(QTest::qWaitFor([&] { return Pull().size() == size; })) << size.width() << failure.toStdString();
 }
 
 TEST_F(GstVideoCapXTest, NoCallHoldsUpTheInterfaceThread) {
