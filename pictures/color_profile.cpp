@@ -12,6 +12,7 @@
 #include <numeric>
 
 #include "engine/bands.h"
+#include "pictures/picture.h"
 
 namespace kelu {
 namespace {
@@ -117,11 +118,7 @@ void ConvertCmykToSrgb(QImage& picture, const QByteArray& profile, bool inverted
     if (const Profile from = OpenProfile(profile); IsFor(from, cmsSigCmykData)) {
         if (const Transform transform = ToSrgb(from, inverted ? TYPE_CMYK_8_REV : TYPE_CMYK_8)) {
             Run(transform, picture);
-            for (int y = 0; y < picture.height(); ++y) {
-                auto* row = reinterpret_cast<QRgb*>(picture.scanLine(y));
-                for (int x = 0; x < picture.width(); ++x) row[x] |= 0xff000000u;
-            }
-            return;
+            return MakeOpaque(picture);
         }
     }
     const int flip = inverted ? 0 : 255;

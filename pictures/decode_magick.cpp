@@ -76,9 +76,10 @@ DecodedPicture Read(const QByteArray& bytes, const char* coder) {
         result.metadata.profile.clear();
         if (transparent) AddAlpha(image, result.image);
     } else {
-        // "P" writes an opaque alpha; what the library exports as the alpha of an opaque picture is not defined.
+        // What the library exports as the alpha of an opaque picture is not defined.
         image.write(0, 0, image.columns(), image.rows(), transparent ? "BGRA" : "BGRP", Magick::CharPixel,
                     result.image.bits());
+        if (!transparent) MakeOpaque(result.image);
     }
     TakeResolution(image, result.image);
     return result;

@@ -83,6 +83,13 @@ QImage ToPictureFormat(const QImage& image) {
     return image.convertToFormat(image.hasAlphaChannel() ? QImage::Format_ARGB32 : QImage::Format_RGB32);
 }
 
+void MakeOpaque(QImage& picture) {
+    for (int y = 0; y < picture.height(); ++y) {
+        auto* row = reinterpret_cast<QRgb*>(picture.scanLine(y));
+        std::for_each(row, row + picture.width(), [](QRgb& pixel) { pixel |= 0xff000000u; });
+    }
+}
+
 void DropIdleAlpha(QImage& picture) {
     QRgb any = 0;
     QRgb all = 0xff000000u;
@@ -95,10 +102,7 @@ void DropIdleAlpha(QImage& picture) {
     }
     const bool clear = (any & 0xff000000u) == 0;
     if (!clear && all != 0xff000000u) return;
-    for (int y = 0; clear && y < picture.height(); ++y) {
-        auto* row = reinterpret_cast<QRgb*>(picture.scanLine(y));
-        std::for_each(row, row + picture.width(), [](QRgb& pixel) { pixel |= 0xff000000u; });
-    }
+    if (clear) MakeOpaque(picture);
     picture.reinterpretAsFormat(QImage::Format_RGB32);
 }
 

@@ -30,6 +30,9 @@ void MakeUnique(QImage& picture);
 /// The picture as RGB32 or ARGB32; the same pixels when it is one of these already.
 QImage ToPictureFormat(const QImage& image);
 
+/// Fills the alpha of every pixel; of RGB32 the unused byte, which what mixes pixels takes for alpha.
+void MakeOpaque(QImage& picture);
+
 /// Makes an ARGB32 picture RGB32 when its alpha tells nothing: opaque everywhere, or clear everywhere, as writers leave
 /// it that fill the channel with 0. The picture is the only owner of its memory.
 void DropIdleAlpha(QImage& picture);

@@ -97,7 +97,9 @@ TEST(PictureKinds, AreReadRight) {
     for (const Kind& kind : ReadKinds()) {
         WriteBytes(path, kind.file);
         try {
-            EXPECT_LE(MeanDifference(ReadPicture(path), kind.seen), kind.tolerance) << kind.name;
+            QImage read = ReadPicture(path);
+            read.reinterpretAsFormat(QImage::Format_ARGB32);  // an unused byte counts: strokes take it for alpha
+            EXPECT_LE(MeanDifference(read, kind.seen), kind.tolerance) << kind.name;
         } catch (const Error& error) {
             ADD_FAILURE() << kind.name << ": " << error.what();
         }
