@@ -124,7 +124,7 @@ TEST_F(GstVideoCapXTest, DecodesJpegAndCutsWidePicturesToFourByThree) {
 TEST_F(GstVideoCapXTest, TellsWhyThereIsNoPictureAndTriesAgain) {
     struct Case {
         const char* line;
-        const char* told;
+        const char* told;  ///< the beginning; empty: GStreamer's own words, made to fit the message
         const char* caps = "video/x-raw,width=640,height=480,framerate=30/1";
     };
     for (const Case& row :
@@ -136,10 +136,10 @@ TEST_F(GstVideoCapXTest, TellsWhyThereIsNoPictureAndTriesAgain) {
           // Bytes without sense, as JPEG and as raw pixels of a size they don't have.
           Case{"fakesrc is-live=true sizetype=fixed sizemax=9000 filltype=random ! image/jpeg,width=640,height=480,"
                "framerate=30/1",
-               "The camera sends pictures that can't be read", "image/jpeg,width=640,height=480,framerate=30/1"},
+               "The camera ", "image/jpeg,width=640,height=480,framerate=30/1"},
           Case{"fakesrc is-live=true sizetype=fixed sizemax=9000 filltype=random ! video/x-raw,format=BGRx,width=640,"
                "height=480,framerate=30/1",
-               ""},
+               "The camera "},
           Case{"v4l2src device=/dev/null ! video/x-raw,width=640,height=480", ""}}) {
         SCOPED_TRACE(row.line);
         list.caps = row.caps;
@@ -147,11 +147,7 @@ TEST_F(GstVideoCapXTest, TellsWhyThereIsNoPictureAndTriesAgain) {
         failure.clear();
         Connect({row.line});
         ASSERT_TRUE(WaitForFailure());
-        if (*row.told) {
-            EXPECT_EQ(failure, row.told);
-        } else {
-            EXPECT_FALSE(failure.endsWith('.')) << "GStreamer's own words, made to fit the message";
-        }
+        EXPECT_TRUE(failure.startsWith(row.told) && !failure.endsWith('.')) << failure.toStdString();
         list.lines = {kRed};
         list.caps = Case{}.caps;
         EXPECT_TRUE(QTest::qWaitFor([&] { return !Pull().isNull(); }, 8000)) << "plugged in again, it goes on";

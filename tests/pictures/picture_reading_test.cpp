@@ -319,7 +319,8 @@ TEST(PictureFile, LengthsThatLieTakeNoMemory) {
     WriteBytes(late, QByteArray(whole).insert(whole.size() - 12, text));
     rusage before{}, after{};
     getrusage(RUSAGE_SELF, &before);
-    for (const QString& path : {tiff, png}) EXPECT_EQ(ReadingError(path), kInvalidPicture);
+    EXPECT_EQ(ReadingError(tiff), kInvalidPicture);
+    EXPECT_EQ(ReadingError(png), kEndOfFile);
     EXPECT_EQ(ReadPicture(late).size(), QSize(12, 9)) << "all pixels are there";
     getrusage(RUSAGE_SELF, &after);
     EXPECT_LT(after.ru_maxrss - before.ru_maxrss, 200'000) << "kilobytes";
