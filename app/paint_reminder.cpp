@@ -24,7 +24,7 @@ void PaintReminder::RemindToPaint() {
         {Texts::tr("Information"),
          Texts::tr("You are ready to go! Simply apply the chosen effect by 'brushing' over the image.\r\n"),
          MsgIcon::Information, MsgButtons::Ok, Texts::tr("Don't Show This Again")});
-    settings_.Write(settings::kReminder, !reply.ticked);
+    RunShowingErrors(dialog_, [&] { settings_.Keep(settings::kReminder, !reply.ticked); });
 }
 
 }  // namespace kelu

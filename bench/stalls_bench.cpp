@@ -29,6 +29,7 @@
 #include "pictures/picture_file.h"
 #include "platform/units.h"
 #include "tests/support/memory_settings.h"
+#include "tests/support/paper_only_printing.h"
 #include "tests/support/scripted_camera.h"
 #include "tests/support/scripted_dialog.h"
 #include "tests/support/scripted_save_dialog.h"
@@ -36,13 +37,6 @@
 namespace {
 
 using namespace kelu;
-
-class NoPrinting : public PrintService {
- public:
-    QStringList Printers() override { return {}; }
-    QString DefaultPrinter() override { return {}; }
-    void Print(const PrintTicket&, Work&) override {}
-};
 
 /// Milliseconds of the processors that this thread has taken.
 double ThreadTime() {
@@ -252,7 +246,7 @@ class Drive {
     SharedState state_;
     ScriptedDialog dialog_;
     ScriptedSaveDialog saveDialog_;
-    NoPrinting printing_;
+    PaperOnlyPrinting printing_;
     ScriptedCamera camera_;
     Pulse pulse_;
     frmMain* window_ = nullptr;

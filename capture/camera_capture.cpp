@@ -57,8 +57,7 @@ void CameraCapture::DevicesFound() {
             Message message{tr("Error"), tr(kNoDevice), MsgIcon::Error};
             message.checkbox = tr("Don't Show This Again");
             message.title = tr("Error");
-            if (services_.dialog.ShowMessage(message).ticked)
-                services_.settings.Write(settings::kCameraReminder, false);
+            if (services_.dialog.ShowMessage(message).ticked) services_.settings.Keep(settings::kCameraReminder, false);
         }
     });
     if (std::exchange(loadsLater_, false)) {

@@ -3,6 +3,9 @@
 
 #include <QScopedValueRollback>
 
+#include "pictures/picture_texts.h"
+#include "platform/lack_of_memory.h"
+
 namespace kelu {
 
 namespace {
@@ -51,8 +54,14 @@ void Document::Open(const QString& path, Source source, bool wasDirty, Size size
         if (shrinks) ShrinkLargePicture(opened);
         picture = opened.Picture();
         told = opened.Told();
-        prepareCanvas(picture);
-        prepareOriginal(picture);
+        try {
+            prepareCanvas(picture);
+            prepareOriginal(picture);
+        } catch (const std::exception& error) {
+            if (!IsLackOfMemory(error)) throw;
+            const QString lack = PictureTexts::tr("Not enough memory for this picture");
+            throw Error(kOutOfMemory, QStringLiteral("%1: %2").arg(FileNameOfPath(path), lack));
+        }
     });
 
     const QScopedValueRollback<bool> opening(opening_, true);

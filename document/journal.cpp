@@ -6,6 +6,7 @@
 
 #include "document/journal_file.h"
 #include "platform/error.h"
+#include "platform/msg_dialog.h"
 #include "platform/pool_job.h"
 
 namespace kelu {
@@ -256,16 +257,13 @@ void Journal::Run(Job job) {
         QString reason;
         try {
             job(*files);
+            if (files->file) files->off = false;
             return;
-        } catch (const Error& error) {
-            reason = error.Description();
         } catch (const std::exception& error) {
-            reason = QString::fromLocal8Bit(error.what());
+            reason = DescriptionOf(error);
         }
         if (const auto file = std::exchange(files->file, nullptr)) files->left += file->Path();
-        HandBack(this, [this, reason] {
-            if (!std::exchange(offTold_, true)) Q_EMIT Off(reason);
-        });
+        if (!std::exchange(files->off, true)) HandBack(this, [this, reason] { Q_EMIT Off(reason); });
     });
 }
 

@@ -73,6 +73,7 @@ class Journal : public QObject, public SessionLog {
         bool kept = false;                  ///< the opened picture lies beside it
         Recipe::KeptBrush brush;            ///< of the picture before; painted with
         QStringList left;                   ///< journals that were left with something unsaved
+        bool off = false;                   ///< nothing was kept since a failure that was told
     };
     using Job = std::function<void(Files& files)>;
 
@@ -99,7 +100,6 @@ class Journal : public QObject, public SessionLog {
     bool unsaved_ = false;
     bool restores_ = false;  ///< the brush paints the original
     bool foreign_ = false;   ///< painted with the brush of the picture before
-    bool offTold_ = false;
     QTimer timer_;
     QThreadPool worker_;  ///< one thread, so that jobs keep their order
     std::shared_ptr<Files> files_;

@@ -6,6 +6,7 @@
 #include <QMimeData>
 #include <QUrl>
 
+#include "pictures/picture.h"
 #include "pictures/picture_format.h"
 #include "platform/atomic_file.h"
 #include "platform/error.h"
@@ -57,15 +58,12 @@ QString KeepOffered(const OfferedPicture& offered) {
                     QStringLiteral("KeepOffered"));
     // What it is, is told by its content.
     const QString path = QDir(TemporaryFolder()).filePath(QStringLiteral("Kelu_Paste.png"));
-    AtomicFile file(path, AtomicFile::Access::Private);
-    if (offered.bytes.isEmpty())
-        FormatToWrite(path)->encode(
-            offered.picture.convertToFormat(offered.picture.hasAlphaChannel() ? QImage::Format_ARGB32
-                                                                              : QImage::Format_RGB32),
-            {}, file.Device());
-    else
-        file.Write(offered.bytes);
-    file.Commit();
+    AtomicFile(path, AtomicFile::Access::Private).FillAndCommit([&](QFile& file) {
+        if (offered.bytes.isEmpty())
+            FormatToWrite(path)->encode(ToPictureFormat(offered.picture), {}, file);
+        else
+            file.write(offered.bytes);
+    });
     return path;
 }
 

@@ -82,10 +82,10 @@ void SessionReplay::BringBack(const LeftJournal& left) {
                                       .arg(left.PictureName())),
                              MsgIcon::Information});
     } catch (const std::exception& error) {
-        dialog_.ShowMessage({tr("Bring back"),
-                             Line(tr("The strokes on '%1' can't be brought back: %2.")
-                                      .arg(left.PictureName(), QString::fromUtf8(error.what()))),
-                             MsgIcon::Error});
+        dialog_.ShowMessage(
+            {tr("Bring back"),
+             Line(tr("The strokes on '%1' can't be brought back: %2.").arg(left.PictureName(), DescriptionOf(error))),
+             MsgIcon::Error});
     }
 }
 

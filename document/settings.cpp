@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "platform/error.h"
 #include "platform/registry_access.h"
 
 namespace kelu {
@@ -36,6 +37,11 @@ QString Settings::ReadText(const SettingKey& key, const QString& standard) const
 
 bool Settings::WriteText(const SettingKey& key, const QString& text) {
     return registry_.WriteString(KeyPath(key), QLatin1String(key.name), text) != 0;
+}
+
+void Settings::KeepText(const SettingKey& key, const QString& text) {
+    if (!WriteText(key, text) && !registry_.Failure().isEmpty())
+        throw Error(kFileError, registry_.Failure(), QStringLiteral("Settings"));
 }
 
 }  // namespace kelu

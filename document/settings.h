@@ -83,6 +83,12 @@ class Settings {
         return WriteText(item.key, item.Text(value));
     }
 
+    /// The same for what the user has set: throws Error(kFileError) when it can't be kept.
+    template <typename Item>
+    void Keep(const Item& item, const typename Item::Value& value) {
+        KeepText(item.key, item.Text(value));
+    }
+
     /// The text itself, for those who write an unknown one back as it was.
     template <typename Item>
     QString ReadText(const Item& item) const {
@@ -90,6 +96,7 @@ class Settings {
     }
     QString ReadText(const SettingKey& key, const QString& standard) const;
     bool WriteText(const SettingKey& key, const QString& text);
+    void KeepText(const SettingKey& key, const QString& text);
 
  private:
     clsRegistryAccess& registry_;

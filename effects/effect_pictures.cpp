@@ -153,9 +153,12 @@ void EffectPictures::TakeCanvas() {
 void EffectPictures::Draw(const PreviewPhoto& photo, qreal ratio, int run) {
     for (const Effect& effect : Catalogue()) {
         if (run_ != run) return;
-        const QImage picture = DrawEffectPicture(effect, photo, ratio);
-        HandBack(this, [this, run, number = effect.number, picture] {
-            if (run_ == run) Q_EMIT PictureReady(number, picture);
+        // Without memory the button keeps the picture that it has.
+        Attempt([&] {
+            const QImage picture = DrawEffectPicture(effect, photo, ratio);
+            HandBack(this, [this, run, number = effect.number, picture] {
+                if (run_ == run) Q_EMIT PictureReady(number, picture);
+            });
         });
     }
 }

@@ -22,6 +22,14 @@ void CopyAttributes(const QImage& from, QImage& to) {
     to.setDotsPerMeterY(from.dotsPerMeterY());
 }
 
+Error LackOfMemoryFor(const QSize& size) {
+    return {kOutOfMemory,
+            PictureTexts::tr("Not enough memory for a picture of %1 x %2 pixels").arg(size.width()).arg(size.height())};
+}
+
+/// What the toolkit has made: it tells a lack of memory by making none.
+QImage Had(const QImage& made, const QSize& size) { return made.isNull() ? throw LackOfMemoryFor(size) : made; }
+
 // Where the pixel (0, 0) of the source goes and how its row and column directions run in the target: one row per
 // EXIF orientation.
 struct Turn {
@@ -54,8 +62,7 @@ QImage MakePicture(int width, int height, QImage::Format format) {
             memory->get(), width, height, static_cast<qsizetype>(stride), format,
             [](void* owned) { delete static_cast<std::shared_ptr<std::uint8_t>*>(owned); }, memory);
     } catch (const std::bad_alloc&) {
-        throw Error(kOutOfMemory,
-                    PictureTexts::tr("Not enough memory for a picture of %1 x %2 pixels").arg(width).arg(height));
+        throw LackOfMemoryFor({width, height});
     }
 }
 
@@ -80,7 +87,8 @@ void MakeUnique(QImage& picture) {
 QImage ToPictureFormat(const QImage& image) {
     if (image.isNull() || image.format() == QImage::Format_RGB32 || image.format() == QImage::Format_ARGB32)
         return image;
-    return image.convertToFormat(image.hasAlphaChannel() ? QImage::Format_ARGB32 : QImage::Format_RGB32);
+    return Had(image.convertToFormat(image.hasAlphaChannel() ? QImage::Format_ARGB32 : QImage::Format_RGB32),
+               image.size());
 }
 
 void MakeOpaque(QImage& picture) {
@@ -147,7 +155,8 @@ QImage ScalePicture(const QImage& picture, const QSize& size) {
     if (picture.isNull() || picture.size() == size) return picture;
     const bool shrinks = size.width() <= picture.width() && size.height() <= picture.height();
     if (!shrinks) {
-        QImage grown = ToPictureFormat(picture.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+        QImage grown =
+            ToPictureFormat(Had(picture.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation), size));
         CopyAttributes(picture, grown);
         return grown;
     }

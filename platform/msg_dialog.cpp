@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 
 #include "platform/error.h"
+#include "platform/lack_of_memory.h"
 
 namespace kelu {
 
@@ -16,17 +17,18 @@ struct Texts {
 
 }  // namespace
 
+QString DescriptionOf(const std::exception& error) {
+    if (const auto* own = dynamic_cast<const Error*>(&error)) return own->Description();
+    return IsLackOfMemory(error) ? Texts::tr("Out of memory") : QString::fromUtf8(error.what());
+}
+
 void ShowStandardError(MsgDialog& dialog, const std::exception& error) {
     const auto* own = dynamic_cast<const Error*>(&error);
-    const bool memory = dynamic_cast<const std::bad_alloc*>(&error) != nullptr;
-    const int number = own ? own->Number() : memory ? kOutOfMemory : kFileError;
-    const QString description = own      ? own->Description()
-                                : memory ? Texts::tr("Out of memory")
-                                         : QString::fromUtf8(error.what());
-    dialog.ShowMessage(
-        {Texts::tr("Error"),
-         Texts::tr("The following error has occured:\r\n%1 (%2)\r\n").arg(description, QString::number(number)),
-         MsgIcon::Error});
+    const int number = own ? own->Number() : IsLackOfMemory(error) ? kOutOfMemory : kFileError;
+    dialog.ShowMessage({Texts::tr("Error"),
+                        Texts::tr("The following error has occured:\r\n%1 (%2)\r\n")
+                            .arg(DescriptionOf(error), QString::number(number)),
+                        MsgIcon::Error});
 }
 
 }  // namespace kelu

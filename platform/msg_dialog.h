@@ -44,6 +44,9 @@ class MsgDialog {
     virtual void Beep() = 0;
 };
 
+/// What a message tells of a failure, whatever its type.
+QString DescriptionOf(const std::exception& error);
+
 /// The standard error message: heading "Error", description and number of `error`.
 void ShowStandardError(MsgDialog& dialog, const std::exception& error);
 

@@ -27,6 +27,9 @@ class clsRegistryAccess {
 
     explicit clsRegistryAccess(RegistryStore& store) : store_(store) {}
 
+    /// Why the last write or delete could not be kept; empty when the store did not refuse it.
+    QString Failure() const { return store_.Failure(); }
+
     /// Whether a write to a missing key makes it; true at first.
     bool CreateKeyIfDoesntExists() const { return createKeys_; }
     void SetCreateKeyIfDoesntExists(bool create) { createKeys_ = create; }

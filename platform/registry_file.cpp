@@ -2,12 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include "platform/registry_file.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QDebug>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
+#include <cerrno>
 #include <chrono>
 
 #include "platform/atomic_file.h"
@@ -21,6 +23,10 @@
 namespace kelu {
 
 namespace {
+
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(kelu::RegistryFile)
+};
 
 constexpr std::chrono::milliseconds kLockPatience{5000};
 /// A file written again within this time of its reading could keep its stamp: clocks of file systems tick coarsely.
@@ -73,7 +79,7 @@ bool RegistryFile::Read() {
         if (readable_) bytes = file.readAll();
         if (file.error() != QFileDevice::NoError) readable_ = false;
     }
-    if (!readable_) return false;
+    if (!readable_) return Fail(file.errorString());
     stamp_ = now;
     stampTrusted_ = readAt - now.modified > kStampGrain;
     if (bytes == bytes_) return true;
@@ -109,14 +115,24 @@ bool RegistryFile::Apply(const Change& change) {
 
 bool RegistryFile::BeginBatch() {
     if (batches_++ > 0) return true;
+    failure_.clear();
     const QString folder = QFileInfo(path_).absolutePath();
-    if ((QFileInfo(folder).isDir() || MakePrivateFolder(folder)) &&
-        lock_->Lock(kLockPatience) == FileLock::Answer::Locked) {
+    if (!QFileInfo(folder).isDir() && !MakePrivateFolder(folder)) {
+        Fail(Texts::tr("the folder %1 can't be made").arg(folder));
+    } else if (const FileLock::Answer answer = lock_->Lock(kLockPatience); answer != FileLock::Answer::Locked) {
+        Fail(answer == FileLock::Answer::Busy ? Texts::tr("another program holds it") : qt_error_string(errno));
+    } else {
         stampTrusted_ = false;
         if (Read()) return true;
         lock_->Unlock();
     }
     batches_ = 0;
+    return false;
+}
+
+/// Always false.
+bool RegistryFile::Fail(const QString& reason) {
+    failure_ = QStringLiteral("%1: %2").arg(path_, reason);
     return false;
 }
 
@@ -143,7 +159,8 @@ bool RegistryFile::Keep() {
         damaged_ = false;
         return true;
     } catch (const Error& error) {
-        qWarning().noquote() << error.Description();
+        failure_ = error.Description();
+        qWarning().noquote() << failure_;
         tree_ = ReadRegistryText(bytes_).tree;
         return false;
     }

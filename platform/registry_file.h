@@ -25,6 +25,7 @@ class RegistryFile : public RegistryStore {
 
     const RegistryTree& Tree() override;
     bool Apply(const Change& change) override;
+    QString Failure() const override { return failure_; }
     bool BeginBatch() override;
     bool EndBatch() override;
 
@@ -39,11 +40,13 @@ class RegistryFile : public RegistryStore {
     bool Read();
     bool Keep();
     void SetAside();
+    bool Fail(const QString& reason);
 
     QString path_;
     std::unique_ptr<FileLock> lock_;  ///< held during a change or batch
     int batches_ = 0;
     bool batchChanged_ = false;
+    QString failure_;
     RegistryTree tree_;
     QByteArray bytes_;  ///< the file's content that tree_ was read from
     Stamp stamp_;

@@ -22,6 +22,9 @@ class RegistryStore {
     /// the batch's end.
     virtual bool Apply(const Change& change) = 0;
 
+    /// Why the last change or batch could not be kept; empty when it was, or said so itself.
+    virtual QString Failure() const { return {}; }
+
     /// Between these two calls no other process can write, and changes are kept together. Failures show in EndBatch.
     virtual bool BeginBatch() = 0;
     virtual bool EndBatch() = 0;

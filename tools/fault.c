@@ -1,4 +1,5 @@
-// Makes chosen calls into the system fail, once or from a certain one on. Preloaded by tools/faults.py.
+// Makes chosen calls into the system fail, once or from a certain one on. Preloaded by tools/faults.py and
+// tools/faults_window.py.
 // SPDX-License-Identifier: MIT
 //
 //   KELU_FAULT=KIND:N     the N-th call of this kind fails, N counted from 1
@@ -6,12 +7,16 @@
 //   KELU_FAULT_TOLD=FILE  gets the number of such calls when the program ends by itself
 //   KELU_FAULT_BYTES=N    from which size on mmap and malloc count; 1 MB without it
 //
+// A program that drives itself finds kelu_fault_arm and kelu_fault_calls by dlsym. Built with OVER_SANITIZER it passes
+// memory on to the next library, which is the address sanitizer's.
+//
 // Kinds: write, fsync, rename (linkat, too), open (openat, fopen, mkdir), mmap, malloc, nameless (files without names,
 // as where a file system has none).
 #define _GNU_SOURCE
 #include <dlfcn.h>
 #include <errno.h>
 #include <fcntl.h>
+#include <malloc.h>
 #include <stdarg.h>
 #include <stdatomic.h>
 #include <stdio.h>
@@ -23,20 +28,31 @@
 #include <sys/uio.h>
 #include <unistd.h>
 
+static atomic_int armed;
 static char kind[16];
 static long nth;
 static int all_later;
 static atomic_long calls;
 static size_t least = 1 << 20;
 
-__attribute__((constructor)) static void read_wish(void) {
-    const char* wish = getenv("KELU_FAULT");
+// KIND:N or KIND:N+; N 0 only counts, and no kind at all ends it. Calls are counted anew.
+void kelu_fault_arm(const char* wish) {
+    atomic_store(&armed, 0);
     const char* colon = wish ? strchr(wish, ':') : NULL;
     if (!colon || colon - wish >= (long)sizeof kind) return;
+    memset(kind, 0, sizeof kind);
     memcpy(kind, wish, (size_t)(colon - wish));
     nth = atol(colon + 1);
     all_later = wish[strlen(wish) - 1] == '+';
+    atomic_store(&calls, 0);
+    atomic_store(&armed, 1);
+}
+
+long kelu_fault_calls(void) { return atomic_load(&calls); }
+
+__attribute__((constructor)) static void read_wish(void) {
     if (getenv("KELU_FAULT_BYTES")) least = (size_t)atol(getenv("KELU_FAULT_BYTES"));
+    kelu_fault_arm(getenv("KELU_FAULT"));
 }
 
 __attribute__((destructor)) static void tell(void) {
@@ -50,7 +66,7 @@ __attribute__((destructor)) static void tell(void) {
 }
 
 static int fails(const char* of, int error) {
-    if (strcmp(of, kind) != 0) return 0;
+    if (!atomic_load(&armed) || strcmp(of, kind) != 0) return 0;
     const long call = atomic_fetch_add(&calls, 1) + 1;
     if (call != nth && !(all_later && call > nth)) return 0;
     errno = error;
@@ -169,20 +185,43 @@ void* mmap64(void* at, size_t size, int rights, int flags, int file, off64_t fro
     return size >= least && fails("mmap", ENOMEM) ? MAP_FAILED : real(at, size, rights, flags, file, from);
 }
 
+#ifdef OVER_SANITIZER
+static void* next_malloc(size_t size) {
+    REAL(malloc);
+    return real(size);
+}
+static void* next_calloc(size_t count, size_t size) {
+    REAL(calloc);
+    return real(count, size);
+}
+static void* next_realloc(void* old, size_t size) {
+    REAL(realloc);
+    return real(old, size);
+}
+static void* next_memalign(size_t step, size_t size) {
+    REAL(memalign);
+    return real(step, size);
+}
+#else
 // The C library's own names spare the way by dlsym, which needs memory itself.
 extern void* __libc_malloc(size_t);
 extern void* __libc_calloc(size_t, size_t);
 extern void* __libc_realloc(void*, size_t);
 extern void* __libc_memalign(size_t, size_t);
-void* malloc(size_t size) { return size >= least && fails("malloc", ENOMEM) ? NULL : __libc_malloc(size); }
+#define next_malloc __libc_malloc
+#define next_calloc __libc_calloc
+#define next_realloc __libc_realloc
+#define next_memalign __libc_memalign
+#endif
+void* malloc(size_t size) { return size >= least && fails("malloc", ENOMEM) ? NULL : next_malloc(size); }
 void* calloc(size_t count, size_t size) {
-    return size && count >= least / size && fails("malloc", ENOMEM) ? NULL : __libc_calloc(count, size);
+    return size && count >= least / size && fails("malloc", ENOMEM) ? NULL : next_calloc(count, size);
 }
 void* realloc(void* old, size_t size) {
-    return size >= least && fails("malloc", ENOMEM) ? NULL : __libc_realloc(old, size);
+    return size >= least && fails("malloc", ENOMEM) ? NULL : next_realloc(old, size);
 }
 void* memalign(size_t step, size_t size) {
-    return size >= least && fails("malloc", ENOMEM) ? NULL : __libc_memalign(step, size);
+    return size >= least && fails("malloc", ENOMEM) ? NULL : next_memalign(step, size);
 }
 void* aligned_alloc(size_t step, size_t size) { return memalign(step, size); }
 int posix_memalign(void** made, size_t step, size_t size) {

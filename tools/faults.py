@@ -11,17 +11,17 @@
 # alone and with all later ones. Prints a line per finding and the counts.
 import os, re, shutil, subprocess, sys, tempfile
 
+from fault_plan import KINDS, faults, library
+
 bin_folder, wanted = os.path.abspath(sys.argv[1]), sys.argv[2:]
 cli = os.path.join(bin_folder, "kelu-cli")
 here = tempfile.mkdtemp(prefix="kelu-faults-")
-library = os.path.join(here, "fault.so")
-subprocess.run(["cc", "-shared", "-fPIC", "-O2", "-o", library, os.path.join(os.path.dirname(__file__), "fault.c")], check=True)
+preloaded = library(here)
 home = os.path.join(here, "home")
 os.makedirs(home + "/run", mode=0o700)
 environment = dict(os.environ, HOME=home, XDG_RUNTIME_DIR=home + "/run", LC_ALL="C.UTF-8", QT_QPA_PLATFORM="offscreen")
 for name in ["XDG_CONFIG_HOME", "XDG_STATE_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "TMPDIR"]:
     environment.pop(name, None)
-KINDS = ["write", "fsync", "rename", "open", "mmap", "malloc"]
 OLD = b"what was there before"
 OLD_SETTINGS = b""  # as this version of the program writes them
 SIZE = "160x120"  # of the pictures; what takes their bytes or more counts as of picture size
@@ -80,7 +80,7 @@ class Run:
             os.remove(told)
         env = dict(environment)
         if fault:
-            env.update(LD_PRELOAD=library, KELU_FAULT=fault, KELU_FAULT_TOLD=told, KELU_FAULT_BYTES=str(160 * 120 * 4))
+            env.update(LD_PRELOAD=preloaded, KELU_FAULT=fault, KELU_FAULT_TOLD=told, KELU_FAULT_BYTES=str(160 * 120 * 4))
         words = [w.replace("IN/", here + "/").replace("OUT", out) for w in words]
         try:
             ended = subprocess.run([cli, *words], env=env, capture_output=True, timeout=60)
@@ -128,9 +128,7 @@ for row in rows():
     counts = []
     for kind in KINDS:
         calls = Run(row, kind + ":0").calls
-        chosen = range(1, calls + 1) if calls <= 40 else [*range(1, 16), *range(16, calls - 10, (calls - 26) // 14 + 1),
-                                                          *range(calls - 9, calls + 1)]
-        for fault in ["%s:%d%s" % (kind, n, later) for n in chosen for later in ("", "+")]:
+        for fault in faults(kind, calls):
             run = Run(row, fault)
             runs += 1
             verdict = run.verdict(good)

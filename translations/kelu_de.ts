@@ -1559,6 +1559,17 @@ Die Aufnahme ist nicht möglich.</translation>
     </message>
 </context>
 <context>
+    <name>kelu::RegistryFile</name>
+    <message>
+        <source>another program holds it</source>
+        <translation>ein anderes Programm hält sie fest</translation>
+    </message>
+    <message>
+        <source>the folder %1 can&apos;t be made</source>
+        <translation>der Ordner %1 kann nicht angelegt werden</translation>
+    </message>
+</context>
+<context>
     <name>kelu::Replay</name>
     <message>
         <source>The picture is %1 pixels large, the recipe was made for %2</source>

@@ -1559,6 +1559,17 @@ Esta función quedará desactivada.</translation>
     </message>
 </context>
 <context>
+    <name>kelu::RegistryFile</name>
+    <message>
+        <source>another program holds it</source>
+        <translation>otro programa lo está usando</translation>
+    </message>
+    <message>
+        <source>the folder %1 can&apos;t be made</source>
+        <translation>no se puede crear la carpeta %1</translation>
+    </message>
+</context>
+<context>
     <name>kelu::Replay</name>
     <message>
         <source>The picture is %1 pixels large, the recipe was made for %2</source>

@@ -1559,6 +1559,17 @@ Cette fonction sera désactivée.</translation>
     </message>
 </context>
 <context>
+    <name>kelu::RegistryFile</name>
+    <message>
+        <source>another program holds it</source>
+        <translation>un autre programme le retient</translation>
+    </message>
+    <message>
+        <source>the folder %1 can&apos;t be made</source>
+        <translation>le dossier %1 ne peut pas être créé</translation>
+    </message>
+</context>
+<context>
     <name>kelu::Replay</name>
     <message>
         <source>The picture is %1 pixels large, the recipe was made for %2</source>

@@ -5,20 +5,42 @@
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QStringDecoder>
 #include <QTemporaryDir>
 #include <algorithm>
+#include <atomic>
+#include <chrono>
 #include <filesystem>
 
+#include "platform/error.h"
+#include "platform/file_lock.h"
 #include "platform/temporary_folder.h"
 
 namespace kelu {
 
 namespace {
 
+constexpr char kNames[] = "names-";
+
+/// Held as long as the process lives: tells a folder in use from one that a killed process left.
+QString LockOf(const QString& folder) { return folder + QStringLiteral("/.lock"); }
+
+struct LinkFolder {
+    LinkFolder() {
+        if (folder.isValid()) lock.Lock(std::chrono::milliseconds(0));
+    }
+
+    QTemporaryDir folder{TemporaryFolder() + u'/' + QLatin1String(kNames) + QStringLiteral("XXXXXX")};
+    FileLock lock{LockOf(folder.path())};
+};
+
+std::atomic<bool> linked = false;
+
 const QTemporaryDir& Links() {
-    static const QTemporaryDir links(TemporaryFolder() + QStringLiteral("/names-XXXXXX"));
-    return links;
+    static const LinkFolder links;
+    linked = true;
+    return links.folder;
 }
 
 /// Names that can't be read as UTF-8 have marks in the place of what is no letter.
@@ -62,7 +84,18 @@ QString ParentFolder(const QString& path) {
     return slash == 0 ? QStringLiteral("/") : clean.left(slash);
 }
 
-bool IsPassingPath(const QString& path) { return path.startsWith(Links().path() + u'/'); }
+bool IsPassingPath(const QString& path) { return linked && path.startsWith(Links().path() + u'/'); }
+
+void RemoveLeftLinks() {
+    const QDir::Filters folders = QDir::Dirs | QDir::NoSymLinks | QDir::NoDotAndDotDot;
+    Attempt([&] {
+        for (const QFileInfo& left : QDir(TemporaryFolder()).entryInfoList({QLatin1String(kNames) + u'*'}, folders)) {
+            FileLock lock(LockOf(left.filePath()));
+            if (lock.Lock(std::chrono::milliseconds(0)) == FileLock::Answer::Locked)
+                QDir(left.filePath()).removeRecursively();
+        }
+    });
+}
 
 QString OneLine(QString name) {
     std::replace_if(

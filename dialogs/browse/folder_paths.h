@@ -18,6 +18,9 @@ QString ParentFolder(const QString& path);
 /// Whether the path is only good for this run of the program.
 bool IsPassingPath(const QString& path);
 
+/// Removes the folders of such links that killed processes left.
+void RemoveLeftLinks();
+
 /// A name as one line: line breaks and the like as blanks.
 QString OneLine(QString name);
 

@@ -86,6 +86,7 @@ frmBrowse::frmBrowse(Settings& settings, MsgDialog& dialog, std::function<void(c
     LayOut();
     Connect();
     SetView(FileViewer::ViewKind::Thumbnails);
+    RemoveLeftLinks();
     SetUpMe();
 }
 

@@ -5,6 +5,7 @@
 #include <QThread>
 #include <algorithm>
 
+#include "platform/error.h"
 #include "platform/pool_job.h"
 
 namespace kelu {
@@ -25,9 +26,12 @@ void ThumbnailLoader::Wish(const QStringList& paths) {
         StartJob(pool_, [this, path, size = size_] {
             const QFileInfo info(path);
             const FileStamp stamp{info.size(), info.lastModified()};
-            QImage thumbnail = cache_.Thumbnail(path);
-            if (thumbnail.width() > size.width() || thumbnail.height() > size.height())
-                thumbnail = thumbnail.scaled(size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+            QImage thumbnail;
+            Attempt([&] {
+                thumbnail = cache_.Thumbnail(path);
+                if (thumbnail.width() > size.width() || thumbnail.height() > size.height())
+                    thumbnail = thumbnail.scaled(size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+            });
             Q_EMIT Ready(path, stamp, thumbnail);
         });
 }

@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScopeGuard>
 #include <QStackedWidget>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -359,10 +360,11 @@ void frmOptions::Connect2Camera() {
 }
 
 void frmOptions::SavePassword() {
-    setEnabled(false);  // the store may take its time, with events running
-    const bool kept = password_.Save(txtPassword->text());
-    setEnabled(true);
-    if (kept) return;
+    {
+        setEnabled(false);  // the store may take its time, with events running
+        const auto again = qScopeGuard([this] { setEnabled(true); });
+        if (password_.Save(txtPassword->text())) return;
+    }
     dialog_.ShowMessage(
         {tr("Password"),
          tr("This password can't be kept here: it has more than 9 characters, or characters such as ` ~ \u00fc, "
@@ -372,19 +374,19 @@ void frmOptions::SavePassword() {
 
 void frmOptions::SaveMySettings() {
     RunShowingErrors(dialog_, [this] {
-        settings_.Write(settings::kReminder, chkReminder->isChecked());
-        settings_.WriteText(settings::kMailMethod.key, txtEmail_);
-        settings_.Write(settings::kAccountUser, txtUserName->text());
-        settings_.Write(settings::kSelector, chkSFXSelector->isChecked());
-        settings_.Write(settings::kResize, chkResize->isChecked());
+        settings_.Keep(settings::kReminder, chkReminder->isChecked());
+        settings_.KeepText(settings::kMailMethod.key, txtEmail_);
+        settings_.Keep(settings::kAccountUser, txtUserName->text());
+        settings_.Keep(settings::kSelector, chkSFXSelector->isChecked());
+        settings_.Keep(settings::kResize, chkResize->isChecked());
         SavePassword();
-        settings_.WriteText(settings::kCursorStyle.key, txtCursor_);
+        settings_.KeepText(settings::kCursorStyle.key, txtCursor_);
         if (state_.CameraMissing) {
-            settings_.Write(settings::kDevice, 0);
+            settings_.Keep(settings::kDevice, 0);
             return;
         }
-        settings_.Write(settings::kCaptureSize, static_cast<CaptureSize>(cboCaptureSize->currentIndex()));
-        if (UsesCamera()) settings_.Write(settings::kDevice, cboDevices->currentIndex());
+        settings_.Keep(settings::kCaptureSize, static_cast<CaptureSize>(cboCaptureSize->currentIndex()));
+        if (UsesCamera()) settings_.Keep(settings::kDevice, cboDevices->currentIndex());
     });
 }
 

@@ -35,11 +35,11 @@ bool AccountPassword::Save(const QString& password) {
     // A store that is locked or gone today is no reason to forget what it keeps.
     const bool untouched = password == fromStore_.value_or(FromSettings());
     if (InStore() && untouched) return true;
-    settings_.Write(settings::kAccountPassword, ScramblePassword(password));
+    settings_.Keep(settings::kAccountPassword, ScramblePassword(password));
     const bool whole = FromSettings() == password;
     if (whole && InStore()) DropSecret(kName);
     const bool inStore = !whole && WriteSecret(kName, password);
-    if (inStore != InStore()) settings_.Write(settings::kAccountPasswordPlace, inStore ? kStore : QString());
+    if (inStore != InStore()) settings_.Keep(settings::kAccountPasswordPlace, inStore ? kStore : QString());
     return whole || inStore;
 }
 

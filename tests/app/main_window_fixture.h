@@ -17,18 +17,12 @@
 #include "effects/effect_panel.h"
 #include "effects/effect_selectors.h"
 #include "tests/support/memory_settings.h"
+#include "tests/support/paper_only_printing.h"
 #include "tests/support/scripted_camera.h"
 #include "tests/support/scripted_dialog.h"
 #include "tests/support/scripted_save_dialog.h"
 
 namespace kelu {
-
-class PaperOnlyPrinting : public PrintService {
- public:
-    QStringList Printers() override { return {QStringLiteral("Paper")}; }
-    QString DefaultPrinter() override { return QStringLiteral("Paper"); }
-    void Print(const PrintTicket&, Work&) override {}
-};
 
 /// Messages and the save dialog are scripted, or the real ones, which a DialogScript then answers.
 class MainWindowFixture : public testing::Test {

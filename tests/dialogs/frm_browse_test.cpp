@@ -23,6 +23,7 @@
 #include "controls/tool_button/tool_button.h"
 #include "dialogs/browse/folder_combo.h"
 #include "platform/error.h"
+#include "platform/temporary_folder.h"
 #include "tests/support/kit.h"
 #include "tests/support/memory_settings.h"
 #include "tests/support/scripted_dialog.h"
@@ -264,7 +265,11 @@ TEST_F(BrowseTest, TakesNamesAsTheyAre) {
     std::filesystem::copy(picture, folder + "/two\nlines.bmp");
     std::filesystem::copy(picture, folder + "/<b>bold.bmp");
     mkfifo((folder + "/pipe.bmp").c_str(), 0600);
+    const QString left = TemporaryFolder() + "/names-left";
+    std::filesystem::create_directory(left.toStdString());
+    std::filesystem::create_symlink(folder, left.toStdString() + "/link");
     const auto form = Dialog();
+    EXPECT_FALSE(QFileInfo::exists(left)) << "what a killed program left";
     GoTo(*form, places.documents);
     EXPECT_EQ(Rows(*form), (QStringList{QString(QChar(0xfffd)) + "lbum", "<b>bold.bmp", "two lines.bmp"}));
     FolderModel& model = form->FileViewer_->Model();
@@ -274,6 +279,7 @@ TEST_F(BrowseTest, TakesNamesAsTheyAre) {
     View(*form)->setCurrentIndex(model.index(0, 0));
     QTest::keyClick(View(*form), Qt::Key_Return);
     ASSERT_EQ(opened.size(), 1);
+    Dialog();  // which leaves alone what is in use
     EXPECT_EQ(QImage(opened[0]).size(), QSize(300, 200)) << opened[0].toStdString();
     EXPECT_EQ(settings.Read(settings::kLastFolder), places.documents) << "the link is gone with the program";
     form->FileViewer_->GoUp();

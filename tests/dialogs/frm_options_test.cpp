@@ -139,6 +139,12 @@ TEST_F(OptionsTest, CancelAndEscapeWriteNothing) {
         EXPECT_FALSE(form->isVisible());
         EXPECT_FALSE(QFile::exists(path));
     }
+    // And what can't be written is told, once: a folder lies where the file should.
+    ASSERT_TRUE(QDir().mkdir(path));
+    Start start(path);
+    Dialog(start.settings)->cmdOK->click();
+    ASSERT_EQ(dialog.shown.size(), 1u);
+    EXPECT_TRUE(dialog.shown[0].text.contains(path + ": ")) << dialog.shown[0].text.toStdString();
 }
 
 TEST_F(OptionsTest, UnknownValuesSurvive) {

@@ -192,6 +192,19 @@ TEST_F(Damage, ThePictureMustBeTheSame) {
     EXPECT_THROW(ReplayInto(surfaces, whole), Error);
 }
 
+TEST_F(Damage, WithoutMemoryTheStrokesStayForTheNextStart) {
+    WriteBytes(state.filePath("left.journal"), text);
+    const auto lacks = [](auto&&...) -> QImage { throw std::bad_alloc(); };
+    SessionReplay replay(session.document, session.openSave, session.state, journal, session.dialog,
+                         {state.path(), lacks, [] { return true; }, [](int) {}, [] {}});
+    session.state.ImageDirty = false;
+    replay.BringBack(state.filePath("left.journal"));
+    ASSERT_EQ(session.dialog.shown.size(), 1u);
+    EXPECT_TRUE(session.dialog.shown[0].text.contains("back: Out of memory."))
+        << session.dialog.Texts()[0].toStdString();
+    EXPECT_EQ(ReadBytes(state.filePath("left.journal")), text);
+}
+
 TEST(JournalLife, FilesComeWithStrokesAndGoWithSaves) {
     QTemporaryDir state;
     const auto files = [&] { return JournalsIn(state.path()).size(); };
@@ -234,16 +247,31 @@ TEST(JournalLife, FilesComeWithStrokesAndGoWithSaves) {
 }
 
 TEST(JournalLife, PaintingGoesOnWithoutAFolder) {
-    Journal journal("/dev/null/here");
+    QTemporaryDir state;
+    const QString folder = state.filePath("journals");
+    Journal journal(folder);
     QSignalSpy off(&journal, &Journal::Off);
     PaintingSession session(journal, 1);
-    session.Open();
-    session.Apply(1);
-    for (int i = 0; i < 5; ++i) session.Stroke();
-    journal.Flush(true);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(off.size(), 1);
-    EXPECT_TRUE(session.surfaces.picCanvas.CanUndo());
+    const auto paint = [&] {
+        session.state.ImageDirty = false;
+        session.document.Open(session.folder.filePath("plain.png"), Document::Source::Browse);
+        session.Apply(1);
+        for (int i = 0; i < 5; ++i) session.Stroke();
+        journal.Flush(true);
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(session.surfaces.picCanvas.CanUndo());
+    };
+    WriteBytes(folder, "no folder");
+    paint();
+    paint();
+    EXPECT_EQ(off.size(), 1) << "one word is enough";
+    QFile::remove(folder);
+    paint();
+    EXPECT_EQ(JournalsIn(folder).size(), 1) << "the next picture has its own";
+    QDir(folder).removeRecursively();
+    WriteBytes(folder, "no folder");
+    paint();
+    EXPECT_EQ(off.size(), 2) << "it was kept in between";
 }
 
 }  // namespace

@@ -13,6 +13,7 @@
 #include "effects/catalogue/catalogue.h"
 #include "effects/catalogue/render_onto.h"
 #include "engine/copy.h"
+#include "pictures/picture.h"
 #include "tests/effects/sample_picture.h"
 
 namespace kelu {
@@ -88,6 +89,18 @@ TEST(EffectPictures, ShowTheOpenPictureAndWhatIsPaintedOnIt) {
     shows(canvas.Picture());
     canvas.DrawBitmap(patch, 0, 0, 255);
     EXPECT_EQ(canvas.Picture().constBits(), pixels) << "nobody holds the picture that strokes go on with";
+
+    // No room to render in: the buttons stay as they are, and so does the program.
+    const auto most = MaxPicturePixels();
+    SetMaxPicturePixels(1000);
+    {
+        EffectPictures none;
+        QSignalSpy made(&none, &EffectPictures::PictureReady);
+        none.Follow(canvas, state);
+        none.Start({}, 1);
+        EXPECT_FALSE(made.wait(100));
+    }
+    SetMaxPicturePixels(most);
 }
 
 // A length that Apply would make visible is promised as it will be; a shorter one is drawn so that it shows.

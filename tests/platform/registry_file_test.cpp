@@ -139,11 +139,13 @@ TEST_F(RegistryFileTest, RefusesWhatItCanNotKeep) {
     RegistryFile store(path);
     clsRegistryAccess registry(store);
     EXPECT_EQ(registry.WriteString(kKey, "v", "x"), 0u);
+    EXPECT_TRUE(registry.Failure().startsWith(path + ": ")) << registry.Failure().toStdString();
     EXPECT_EQ(registry.ReadString(kKey, "v", "default"), "default");
 
     WriteBytes(folder.filePath("no-folder"), {});
     RegistryFile below(folder.filePath("no-folder/settings.txt"));
     EXPECT_EQ(clsRegistryAccess(below).WriteString(kKey, "v", "x"), 0u);
+    EXPECT_TRUE(below.Failure().endsWith("the folder " + folder.filePath("no-folder") + " can't be made"));
     EXPECT_EQ(clsRegistryAccess(below).ReadString(kKey, "v", "default"), "default");
 }
 
