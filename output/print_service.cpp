@@ -154,6 +154,8 @@ void SendToServer(const PrintTicket& ticket, int patience) {
         cupsPrintFile2(server.Connection(), printer->name, QFile::encodeName(document.fileName()).constData(), "Kelu",
                        printer->num_options, printer->options);
     check(job != 0, server);
+    // A job whose document the server did not take to its end has a number, too.
+    if (httpGetStatus(server.Connection()) != HTTP_STATUS_OK) Fail(Texts::tr("The print server does not answer"));
 }
 
 }  // namespace
