@@ -2,7 +2,8 @@
 # Lets the monkey of the tests live in the real window for long, with pictures of every kind, and watches its memory.
 # SPDX-License-Identifier: MIT
 #
-#   tools/soak.py BIN_FOLDER MINUTES [--seed NUMBER] [--monkeys COUNT] [--platform xcb|offscreen] [--log FILE]
+#   tools/soak.py BIN_FOLDER MINUTES [--seed NUMBER] [--monkeys COUNT] [--platform xcb|offscreen]
+#                 [--log FILE] [--photos FOLDER]
 #
 # One process has one monkey after the other paint, each in a window of its own, until it took MINUTES of processor time
 # or COUNT have lived: on a display of its own (Xvfb, openbox), with the kinds of bench/picture_kinds.py (its packages, and
@@ -11,7 +12,8 @@
 # one are gone and those of the next not yet there, this samples memory (private bytes), threads and open files of the
 # process, and memory and windows of the display server. Good is: every monkey found all in order, and in the last tenth
 # of the time (two minutes at least) the median of memory is at most 10 % above that of the minutes 4 to 6, and those of
-# threads, files and windows are no higher. Prints a line a minute and the verdict; status 1 when it is not good.
+# threads, files and windows are no higher. Prints a line a minute and the verdict; status 1 when it is not good. FOLDER
+# keeps the pictures for the next run.
 import argparse, os, pathlib, re, select, shutil, statistics, subprocess, sys, tempfile, time
 
 sys.dont_write_bytecode = True
@@ -25,6 +27,7 @@ FORMATS = ["bmp", "gif", "jpg", "png", "tif", "webp", "pcx", "psd", "tga", "heic
 
 def photographs(work, folder):
     """Into `folder`: each kind that can be read, and each photograph of the gallery in each format, the first ones enlarged."""
+    picture_kinds.SECONDS = 300
     (work / "kinds").mkdir()
     for name, kind, file, _, refused, *_ in picture_kinds.Kinds(work / "kinds").all:
         if not refused:
@@ -132,19 +135,22 @@ def main():
     parser.add_argument("--monkeys", type=int)
     parser.add_argument("--platform", default="xcb")
     parser.add_argument("--log")
+    parser.add_argument("--photos")
     asked = parser.parse_args()
     work = pathlib.Path(tempfile.mkdtemp(prefix="kelu-soak-"))
-    (work / "photos").mkdir()
-    photographs(work, work / "photos")
+    photos = pathlib.Path(asked.photos or work / "photos").absolute()
+    if not photos.exists():
+        photos.mkdir()
+        photographs(work, photos)
     read, write = os.pipe()
     server = subprocess.Popen(["Xvfb", "-displayfd", str(write), "-screen", "0", "1600x1200x24"], pass_fds=[write], stderr=subprocess.DEVNULL)
     os.close(write)
     environment = dict(os.environ, DISPLAY=":" + os.read(read, 9).decode().strip(), QT_QPA_PLATFORM=asked.platform,
-                       KELU_PHOTOS=str(work / "photos"), KELU_MONKEYS=str(asked.monkeys or int(asked.minutes * 60)))
+                       KELU_PHOTOS=str(photos), KELU_MONKEYS=str(asked.monkeys or int(asked.minutes * 60)))
     environment.pop("WAYLAND_DISPLAY", None)
     manager = subprocess.Popen(["openbox"], env=environment, stderr=subprocess.DEVNULL)
     time.sleep(1)
-    print("display", environment["DISPLAY"], len(os.listdir(work / "photos")), "pictures", flush=True)
+    print("display", environment["DISPLAY"], len(os.listdir(photos)), "pictures", flush=True)
     try:
         good = verdict(*soak(asked, work, server, environment))
     finally:
