@@ -70,21 +70,23 @@ struct ScriptedList : GstCameraList {
 };
 
 struct GstVideoCapXTest : testing::Test {
+    static constexpr int kLong = 20000;  ///< ms: what a machine busy with other tests may need; most take a moment
     ScriptedList list;
-    GstVideoCapX camera{list, {/*opening=*/1500, /*silence=*/400, /*retry=*/100, /*idle=*/200}};
+    GstVideoCapX camera{list, {/*opening=*/kLong, /*silence=*/kLong, /*retry=*/100, /*idle=*/200}};
     QString failure;
 
     GstVideoCapXTest() { gst_init(nullptr, nullptr); }
 
-    void Connect(std::vector<const char*> lines, int device = -1) {
-        list.lines = std::move(lines);
-        camera.SetConnected(true);
-        camera.SetVideoDevice(device);
-        camera.SetFrameMode(VideoCapX::kNewestFrame);
+    void Connect(const char* line) { Connect(camera, line); }
+    void Connect(GstVideoCapX& to, const char* line) {
+        list.lines = {line};
+        to.SetConnected(true);
+        to.SetFrameMode(VideoCapX::kNewestFrame);
     }
-    QImage Pull() {
+    QImage Pull() { return Pull(camera); }
+    QImage Pull(GstVideoCapX& from) {
         try {
-            return camera.CurrentFrame();
+            return from.CurrentFrame();
         } catch (const Error& error) {
             failure = error.Description();
             return {};
@@ -92,24 +94,18 @@ struct GstVideoCapXTest : testing::Test {
     }
     QImage NextFrame() {
         QImage frame;
-        return QTest::qWaitFor([&] { return !(frame = Pull()).isNull() || !failure.isEmpty(); }) ? frame : QImage();
-    }
-    bool WaitForFailure() {
-        return QTest::qWaitFor(
-            [&] {
-                Pull();
-                return !failure.isEmpty();
-            },
-            10000);
+        const auto done = [&] { return !(frame = Pull()).isNull() || !failure.isEmpty(); };
+        return QTest::qWaitFor(done, kLong) ? frame : QImage();
     }
 };
 
 constexpr const char* kRed =
     "videotestsrc is-live=true pattern=solid-color foreground-color=0xffc80a14 ! video/x-raw,format=BGRx,width=640,"
     "height=480,framerate=30/1";
+
 TEST_F(GstVideoCapXTest, DecodesJpegAndCutsWidePicturesToFourByThree) {
     list.caps = "image/jpeg,width=1280,height=720,framerate=30/1";
-    Connect({"videotestsrc is-live=true pattern=smpte ! video/x-raw,width=1280,height=720,framerate=30/1 ! jpegenc"});
+    Connect("videotestsrc is-live=true pattern=smpte ! video/x-raw,width=1280,height=720,framerate=30/1 ! jpegenc");
     const QImage frame = NextFrame();
     ASSERT_EQ(frame.size(), QSize(960, 720)) << failure.toStdString();
     // Seven bars of 1280 / 7 pixels; 160 pixels are cut at each side, so the first and last bar show 23.
@@ -124,7 +120,8 @@ TEST_F(GstVideoCapXTest, DecodesJpegAndCutsWidePicturesToFourByThree) {
 TEST_F(GstVideoCapXTest, TellsWhyThereIsNoPictureAndTriesAgain) {
     struct Case {
         const char* line;
-        const char* told;  ///< the beginning; empty: GStreamer's own words, made to fit the message
+        const char* told;  ///< empty: GStreamer's own words, made to fit the message
+        int patience = kLong;
         const char* caps = "video/x-raw,width=640,height=480,framerate=30/1";
     };
     for (const Case& row :
@@ -132,42 +129,41 @@ TEST_F(GstVideoCapXTest, TellsWhyThereIsNoPictureAndTriesAgain) {
           Case{"videotestsrc is-live=true num-buffers=3 ! video/x-raw,width=640,height=480,framerate=30/1",
                "The camera was disconnected"},
           Case{"videotestsrc is-live=true ! video/x-raw,width=640,height=480,framerate=30/1 ! valve drop=true",
-               "The camera does not send any picture"},
-          // Bytes without sense, as JPEG and as raw pixels of a size they don't have.
-          Case{"fakesrc is-live=true sizetype=fixed sizemax=9000 filltype=random ! image/jpeg,width=640,height=480,"
-               "framerate=30/1",
-               "The camera ", "image/jpeg,width=640,height=480,framerate=30/1"},
-          Case{"fakesrc is-live=true sizetype=fixed sizemax=9000 filltype=random ! video/x-raw,format=BGRx,width=640,"
+               "The camera does not send any picture", 500},
+          // Bytes without sense, as raw pixels of a size they don't have and as JPEG, of which none is ever whole.
+          Case{"fakesrc is-live=true sizetype=fixed sizemax=9000 filltype=pattern ! video/x-raw,format=BGRx,width=640,"
                "height=480,framerate=30/1",
-               "The camera "},
+               "The camera sends pictures that can't be read"},
+          Case{"fakesrc is-live=true sync=true datarate=270000 sizetype=fixed sizemax=9000 filltype=pattern ! "
+               "image/jpeg,width=640,height=480,framerate=30/1",
+               "The camera does not send any picture", 500, "image/jpeg,width=640,height=480,framerate=30/1"},
           Case{"v4l2src device=/dev/null ! video/x-raw,width=640,height=480", ""}}) {
         SCOPED_TRACE(row.line);
-        list.caps = row.caps;
-        camera.SetConnected(false);
+        GstVideoCapX tried(list, {/*opening=*/row.patience, /*silence=*/row.patience, /*retry=*/100, /*idle=*/200});
         failure.clear();
-        Connect({row.line});
-        ASSERT_TRUE(WaitForFailure());
-        EXPECT_TRUE(failure.startsWith(row.told) && !failure.endsWith('.')) << failure.toStdString();
+        list.caps = row.caps;
+        Connect(tried, row.line);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return (Pull(tried), !failure.isEmpty()); }, kLong));
+        EXPECT_TRUE(*row.told ? failure == row.told : !failure.endsWith('.')) << failure.toStdString();
         list.lines = {kRed};
         list.caps = Case{}.caps;
-        EXPECT_TRUE(QTest::qWaitFor([&] { return !Pull().isNull(); }, 8000)) << "plugged in again, it goes on";
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !Pull(tried).isNull(); }, kLong)) << "plugged in again, it goes on";
     }
 }
 
 TEST_F(GstVideoCapXTest, ACameraThatChangesItsSizeIsFollowed) {
     list.caps = nullptr;
     Connect(
-        {"concat name=all videotestsrc num-buffers=20 ! video/x-raw,width=640,height=480,framerate=30/1 ! all. "
-         "videotestsrc num-buffers=20 ! video/x-raw,width=160,height=120,framerate=30/1 ! all. "
-         "videotestsrc ! video/x-raw,width=320,height=200,framerate=30/1 ! all. all. ! identity sync=true"});
-    for (const QSize size : {QSize(640, 480), QSize(160, 120), QSize(266, 200)})
-        EXPECT_TRUE(QTest::qWaitFor([&] { return Pull().size() == size; })) << size.width() << failure.toStdString();
+        "concat name=all videotestsrc num-buffers=60 ! video/x-raw,width=640,height=480,framerate=30/1 ! all. "
+        "videotestsrc ! video/x-raw,width=320,height=200,framerate=30/1 ! all. all. ! identity sync=true");
+    for (const QSize size : {QSize(640, 480), QSize(266, 200)})
+        EXPECT_TRUE(QTest::qWaitFor([&] { return Pull().size() == size; }, kLong))
+            << size.width() << failure.toStdString();
 }
 
 TEST_F(GstVideoCapXTest, NoCallHoldsUpTheInterfaceThread) {
     // A device whose opening takes long: the caller must not notice.
-    Connect(
-        {"videotestsrc is-live=true ! identity sleep-time=300000 ! video/x-raw,width=640,height=480,framerate=30/1"});
+    Connect("videotestsrc is-live=true ! identity sleep-time=300000 ! video/x-raw,width=640,height=480,framerate=30/1");
     qint64 longest = 0;
     QElapsedTimer total, call;
     total.start();
@@ -180,8 +176,8 @@ TEST_F(GstVideoCapXTest, NoCallHoldsUpTheInterfaceThread) {
     call.start();
     PlaySoundFile(QStringLiteral("/there/is/no/such.snd"));
     camera.SetConnected(false);
-    EXPECT_LT(call.elapsed(), 100);
-    EXPECT_LT(longest, 100);
+    EXPECT_LT(call.elapsed(), 250);
+    EXPECT_LT(longest, 250);
 }
 
 }  // namespace
