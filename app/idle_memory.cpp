@@ -1,17 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "app/idle_memory.h"
 
+#include <malloc.h>
+
 #include <QCoreApplication>
 #include <QEvent>
 
-#include "app/spare_memory.h"
 #include "engine/pixel_memory.h"
 #include "platform/pool_job.h"
 
 namespace kelu {
 
+constexpr std::size_t kRoom = 128u << 20;  // bytes: some threads' stacks, a dialog, a library's own buffers
+
 IdleMemory::IdleMemory() {
-    KeepSpareMemory();
+    engine::LeaveRoom(kRoom);
     pause_.setSingleShot(true);
     pause_.setInterval(kPause);
     connect(&pause_, &QTimer::timeout, this, &IdleMemory::Release);
@@ -23,7 +26,9 @@ IdleMemory::IdleMemory() {
 void IdleMemory::Release() {
     StartJob([] {
         engine::ReleaseIdlePixelMemory();
-        KeepSpareMemory();
+#ifdef __GLIBC__
+        malloc_trim(0);  // what was freed between smaller things stays with the program otherwise
+#endif
     });
 }
 

@@ -1,9 +1,13 @@
 // kelu: the program with its window.
 // SPDX-License-Identifier: MIT
+#include <sys/resource.h>
+
 #include <QFileInfo>
 #include <QTimer>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <thread>
 
 #include "app/application.h"
 #include "app/command_line.h"
@@ -31,6 +35,12 @@
 namespace {
 
 constexpr int kLongestEnd = 1000;  // ms
+
+/// Below it the libraries of a window end the program here and there, without a word, before it is up.
+rlim_t LeastAddressSpace() {
+    constexpr rlim_t kWindow = 1000u << 20, kStack = 8u << 20;  // bytes
+    return kWindow + kStack * std::thread::hardware_concurrency();
+}
 
 void RememberRecent(const QString& path) {
     kelu::StartJob([path] { kelu::RememberRecentFile(path); });
@@ -83,6 +93,13 @@ int main(int argc, char** argv) {
     std::fputs(line.out.toLocal8Bit().constData(), stdout);
     std::fputs(line.error.toLocal8Bit().constData(), stderr);
     if (line.status) return *line.status;
+
+    rlimit space{};
+    if (getrlimit(RLIMIT_AS, &space) == 0 && space.rlim_cur < LeastAddressSpace()) {
+        std::fprintf(stderr, "kelu: the window needs %ju MB of address space, its limit is %ju MB (ulimit -v)\n",
+                     std::uintmax_t{LeastAddressSpace() >> 20}, std::uintmax_t{space.rlim_cur >> 20});
+        return 1;
+    }
 
     // Without a display the toolkit would say so and crash. Its last words tell less than those before.
     qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {

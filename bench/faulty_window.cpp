@@ -1,12 +1,15 @@
 // The real window, driven step by step while chosen calls into the system fail (tools/fault.c, preloaded by
 // tools/faults_window.py). Reads "ROW FAULT" from standard input, a line each, and answers with a line: the number of
-// calls, a tab, "done", "told" or "FOUND", a blank, and what was told or found. A fault of number 0 only counts.
+// calls, a tab, "done", "told" or "FOUND", a blank, and what was told or found. A fault of number 0 only counts;
+// "room:N" leaves the step N MB of address space in place of a fault.
 //
 // Good is: the very result of an undisturbed step, or one clear error and nothing changed; nothing left beside the
 // user's files, the journal tells what is on the canvas (or says that it does not), and the step can be done
 // afterwards.
 // SPDX-License-Identifier: MIT
 #include <dlfcn.h>
+#include <sys/resource.h>
+#include <unistd.h>
 
 #include <QApplication>
 #include <QClipboard>
@@ -15,6 +18,8 @@
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
+#include <cstring>
+#include <fstream>
 #include <iostream>
 
 #include "app/application.h"
@@ -121,9 +126,9 @@ class Walk {
         Prepare(row);
         const Look before = Now(row);
         engine::ReleaseIdlePixelMemory();
-        arm(fault.c_str());
+        Arm(fault);
         Act(row);
-        arm("");
+        Arm("");
         calls = counted();
         const Look after = Now(row);
         const std::string found = Verdict(row, before, good, after);
@@ -138,6 +143,22 @@ class Walk {
 
  private:
     QString In(const char* name) const { return folder_.filePath(QLatin1String(name)); }
+
+    static void Arm(const std::string& fault) {
+        constexpr const char* kRoom = "room:";
+        const bool room = fault.starts_with(kRoom);
+        rlimit space{};
+        getrlimit(RLIMIT_AS, &space);
+        space.rlim_cur = room ? AddressSpace() + (std::stoul(fault.substr(std::strlen(kRoom))) << 20) : space.rlim_max;
+        setrlimit(RLIMIT_AS, &space);
+        arm(room ? "" : fault.c_str());
+    }
+    /// What this process has taken of it, in bytes.
+    static rlim_t AddressSpace() {
+        rlim_t pages = 0;
+        std::ifstream("/proc/self/statm") >> pages;
+        return pages * static_cast<rlim_t>(sysconf(_SC_PAGESIZE));
+    }
 
     /// From an event, as all that a user does.
     void Act(const Row& row) {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <exception>
 #include <limits>
 #include <mutex>
@@ -33,6 +34,8 @@ constexpr std::size_t kMostIdle = 192u << 20;  // bytes together
 // From here on giving a block back takes a time that is felt: some 20 to 70 ms for 400 MB.
 constexpr std::size_t kAside = 64u << 20;
 
+std::atomic<std::size_t> roomLeft{0};  // bytes
+
 struct Block {
     std::uint8_t* data = nullptr;
     std::size_t size = 0;  // bytes, a multiple of the alignment
@@ -41,15 +44,16 @@ struct Block {
 std::size_t RoundUp(std::size_t bytes, std::size_t unit) { return (bytes + unit - 1) / unit * unit; }
 
 #if defined(__linux__)
-// Mapped so that it begins on a huge page; what is mapped too much is unmapped again.
+// Mapped with the room to leave, and so that it begins on a huge page; what is mapped too much is unmapped again.
 Block MapLarge(std::size_t size) {
-    void* const mapped = mmap(nullptr, size + kHugePage, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    const std::size_t asked = roomLeft + kHugePage + size;
+    void* const mapped = mmap(nullptr, asked, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
     if (mapped == MAP_FAILED) throw std::bad_alloc();
-    const auto address = reinterpret_cast<std::uintptr_t>(mapped);
-    const std::size_t before = RoundUp(address, kHugePage) - address;
-    auto* const data = static_cast<std::uint8_t*>(mapped) + before;
-    if (before > 0) munmap(mapped, before);
-    if (before < kHugePage) munmap(data + size, kHugePage - before);
+    auto* const begin = static_cast<std::uint8_t*>(mapped);
+    const std::size_t behind = (reinterpret_cast<std::uintptr_t>(begin) + asked - size) % kHugePage;
+    auto* const data = begin + (asked - size - behind);
+    munmap(begin, static_cast<std::size_t>(data - begin));
+    if (behind > 0) munmap(data + size, behind);
     madvise(data, size, MADV_HUGEPAGE);
     return {data, size};
 }
@@ -102,16 +106,7 @@ class Pool {
             return Allocate(size);
         } catch (const std::bad_alloc&) {
             Release();
-        }
-        // As `new` does: what others set aside for such a moment is given up, and is there for what comes of a failure.
-        for (;;) {
-            try {
-                return Allocate(size);
-            } catch (const std::bad_alloc&) {
-                const std::new_handler makeRoom = std::get_new_handler();
-                if (!makeRoom) throw;
-                makeRoom();
-            }
+            return Allocate(size);
         }
     }
 
@@ -170,6 +165,8 @@ std::shared_ptr<std::uint8_t> TakePixelMemory(std::size_t bytes) {
     // Should the control block not be had, shared_ptr calls the deleter itself.
     return {block.data, [block](std::uint8_t*) { ThePool().Return(block); }};
 }
+
+void LeaveRoom(std::size_t bytes) { roomLeft = bytes; }
 
 void ReleaseIdlePixelMemory() { ThePool().Release(); }
 

@@ -13,6 +13,10 @@ namespace kelu::engine {
 /// pool, also after the end of main. Throws std::bad_alloc. Safe from any thread.
 std::shared_ptr<std::uint8_t> TakePixelMemory(std::size_t bytes);
 
+/// From now on a large block is given only where the limits of the process leave that many bytes beside it. To lack a
+/// picture is told in plain words; a library that lacks a few bytes, or a thread its stack, ends the program.
+void LeaveRoom(std::size_t bytes);
+
 /// Gives back to the system whatever the pool holds and nobody uses.
 void ReleaseIdlePixelMemory();
 

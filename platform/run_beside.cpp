@@ -64,12 +64,7 @@ void RunBeside(const std::function<void()>& run, UserInput input, Work* work) {
     });
     thread->start();
     // No room for another thread: nothing would end the loop.
-    while (!thread->isRunning() && !thread->isFinished()) {
-        const std::new_handler makeRoom = std::get_new_handler();
-        if (!makeRoom) throw std::bad_alloc();
-        makeRoom();
-        thread->start();
-    }
+    if (!thread->isRunning() && !thread->isFinished()) throw std::bad_alloc();
     loop.exec();
     // The loop ends early only with the application, which nobody is to wait for.
     if (work && !thread->isFinished()) work->cancelled = true;

@@ -3,19 +3,20 @@
 # journal, undo, saving, settings, copying, pasting, browsing, bringing back.
 # SPDX-License-Identifier: MIT
 #
-#   tools/faults_window.py BIN_FOLDER [--sanitizer] [PART_OF_A_ROW'S_NAME...]
+#   tools/faults_window.py BIN_FOLDER [--sanitizer | --room] [PART_OF_A_ROW'S_NAME...]
 #
 # BIN_FOLDER/faulty_window (built with -DKELU_BENCH=ON) drives the real window without a screen and tells what good is.
 # It is started anew where it ends, which is a finding. --sanitizer is for one built with the address sanitizer: what
-# it reports, leaks among it, is a finding, too. Prints a line per finding and the counts.
+# it reports, leaks among it, is a finding, too. --room makes no call fail but leaves each step 0 to 400 MB of address space,
+# as `ulimit -v` would. Prints a line per finding and the counts.
 import os, select, shutil, subprocess, sys, tempfile
 
 from fault_plan import KINDS, faults, library
 
 bin_folder, wanted = os.path.abspath(sys.argv[1]), sys.argv[2:]
 program = os.path.join(bin_folder, "faulty_window")
-sanitizer = "--sanitizer" in wanted
-wanted = [word for word in wanted if word != "--sanitizer"]
+sanitizer, room = "--sanitizer" in wanted, "--room" in wanted
+wanted = [word for word in wanted if not word.startswith("--")]
 here = tempfile.mkdtemp(prefix="kelu-faults-")
 PATIENCE = 120  # seconds
 environment = dict(os.environ, XDG_RUNTIME_DIR=here, LD_PRELOAD=library(here), KELU_FAULT_BYTES=str(1200 * 900 * 3), LC_ALL="C.UTF-8",
@@ -70,13 +71,13 @@ for row in rows:
     if wanted and not any(part in row for part in wanted):
         continue
     window, counts = Window(), []
-    for kind in KINDS:
-        calls, answer = window.tried(row, kind + ":0")
+    for kind in ["room"] if room else KINDS:
+        calls, answer = window.tried(row, "open:0" if room else kind + ":0")
         if calls is None or answer.startswith("FOUND"):
             print("%s undisturbed: %s" % (row, answer), flush=True)
             findings += 1
             break
-        for fault in faults(kind, calls):
+        for fault in ["room:%d" % left for left in range(0, 401, 10)] if room else faults(kind, calls):
             number, answer = window.tried(row, fault)
             tried += 1
             told += answer.startswith("told")

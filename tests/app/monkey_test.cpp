@@ -8,9 +8,11 @@
 #include <QFileDialog>
 #include <QMenu>
 #include <QPushButton>
+#include <QThreadPool>
 #include <numeric>
 #include <random>
 
+#include "app/idle_memory.h"
 #include "controls/progress_bar/xp_progress_bar.h"
 #include "document/replay.h"
 #include "effects/catalogue/catalogue.h"
@@ -32,7 +34,15 @@ struct KeepsJournal {
     Journal journal{stateFolder.path()};
 };
 
-struct Monkey : KeepsJournal, MainWindowFixture, testing::WithParamInterface<unsigned> {
+/// A first base: what is left once the window has gone is what the program holds when its user pauses.
+struct PausesAtTheEnd {
+    ~PausesAtTheEnd() {
+        IdleMemory::Release();
+        QThreadPool::globalInstance()->waitForDone();
+    }
+};
+
+struct Monkey : PausesAtTheEnd, KeepsJournal, MainWindowFixture, testing::WithParamInterface<unsigned> {
     Monkey() : MainWindowFixture(Dialogs::Scripted, &journal) {}
 
     std::mt19937 random{GetParam()};

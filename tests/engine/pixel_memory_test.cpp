@@ -6,6 +6,7 @@
 
 #include <chrono>
 #include <cstring>
+#include <fstream>
 #include <limits>
 #include <new>
 #include <thread>
@@ -13,6 +14,8 @@
 
 #if defined(__linux__)
 #include <sys/mman.h>
+#include <sys/resource.h>
+#include <unistd.h>
 #endif
 
 namespace kelu::engine {
@@ -61,6 +64,24 @@ TEST(PixelMemory, OfTooManyIdleBlocksTheOldestGoesBackToTheSystem) {
     EXPECT_FALSE(mapped(places[1]) || mapped(places[2]));
     std::uint8_t* const large = TakePixelMemory(400 * kMegabyte).get();
     EXPECT_TRUE(goesBack(large)) << "a large picture has no room for a spare one";
+}
+
+TEST(PixelMemory, ALargeBlockLeavesTheRoomThatIsAskedFor) {
+    ReleaseIdlePixelMemory();
+    rlimit space{};
+    getrlimit(RLIMIT_AS, &space);
+    const rlim_t before = space.rlim_cur;
+    rlim_t pages = 0;
+    std::ifstream("/proc/self/statm") >> pages;
+    space.rlim_cur = pages * static_cast<rlim_t>(sysconf(_SC_PAGESIZE)) + 64 * kMegabyte;
+    setrlimit(RLIMIT_AS, &space);
+    LeaveRoom(48 * kMegabyte);
+    EXPECT_THROW(TakePixelMemory(16 * kMegabyte), std::bad_alloc);
+    EXPECT_TRUE(TakePixelMemory(8 * kMegabyte));
+    LeaveRoom(0);
+    EXPECT_TRUE(TakePixelMemory(16 * kMegabyte));
+    space.rlim_cur = before;
+    setrlimit(RLIMIT_AS, &space);
 }
 #endif
 
