@@ -22,10 +22,11 @@ def run_in_private_session(main, *tools):
     os.close(write)
     display = ":" + os.read(read, 16).decode().strip()
     with tempfile.TemporaryDirectory() as home:
-        os.mkdir(home + "/run", 0o700)
+        for folder in ("/run", "/tmp"):
+            os.mkdir(home + folder, 0o700)
         environment = dict(os.environ, DISPLAY=display, HOME=home, XDG_RUNTIME_DIR=home + "/run", QT_QPA_PLATFORM="xcb",
-                           XDG_CONFIG_HOME=home + "/config", QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", LC_ALL="C.UTF-8",
-                           CUPS_SERVER="127.0.0.1:9", KELU_PRIVATE_SESSION=home)
+                           XDG_CONFIG_HOME=home + "/config", TMPDIR=home + "/tmp", LC_ALL="C.UTF-8",
+                           QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", CUPS_SERVER="127.0.0.1:9", KELU_PRIVATE_SESSION=home)
         environment.pop("NO_AT_BRIDGE", None)
         manager = subprocess.Popen(["openbox"], env=environment, stderr=subprocess.DEVNULL)
         try:
