@@ -99,6 +99,7 @@ QString JournalFile::Keep(const Photograph& kept) {
     const QString name = QStringLiteral("%1-%2.png").arg(info.completeBaseName()).arg(++kept_);
     WriteOptions options;
     options.metadata = kept.metadata;
+    MakePrivateFile(info.dir().filePath(name));
     WritePicture(kept.picture, info.dir().filePath(name), options);
     return name;
 }

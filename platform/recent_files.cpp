@@ -10,11 +10,13 @@
 #include <QUrl>
 #include <memory>
 
+#include "platform/private_folder.h"
+
 namespace kelu {
 
 void RememberRecentFile(const QString& path) {
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    if (!QDir().mkpath(folder)) return;
+    if (!QFileInfo(folder).isDir() && !MakePrivateFolder(folder)) return;
     const QString list = QDir(folder).filePath(QStringLiteral("recently-used.xbel"));
     const QByteArray listName = QFile::encodeName(list);
     const std::unique_ptr<GBookmarkFile, decltype(&g_bookmark_file_free)> entries(g_bookmark_file_new(),
