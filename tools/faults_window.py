@@ -3,12 +3,13 @@
 # journal, undo, saving, settings, copying, pasting, browsing, bringing back.
 # SPDX-License-Identifier: MIT
 #
-#   tools/faults_window.py BIN_FOLDER [--sanitizer | --room] [PART_OF_A_ROW'S_NAME...]
+#   tools/faults_window.py BIN_FOLDER [--sanitizer | --room] [--at-most=N] [PART_OF_A_ROW'S_NAME...]
 #
 # BIN_FOLDER/faulty_window (built with -DKELU_BENCH=ON) drives the real window without a screen and tells what good is.
 # It is started anew where it ends, which is a finding. --sanitizer is for one built with the address sanitizer: what
 # it reports, leaks among it, is a finding, too. --room makes no call fail but leaves each step 0 to 400 MB of address space,
-# as `ulimit -v` would. Prints a line per finding and the counts.
+# as `ulimit -v` would. --at-most takes N faults of a row's calls of a kind, evenly from the first to the last. Prints a
+# line per finding and the counts.
 import os, select, shutil, subprocess, sys, tempfile
 
 from fault_plan import KINDS, faults, library
@@ -16,6 +17,7 @@ from fault_plan import KINDS, faults, library
 bin_folder, wanted = os.path.abspath(sys.argv[1]), sys.argv[2:]
 program = os.path.join(bin_folder, "faulty_window")
 sanitizer, room = "--sanitizer" in wanted, "--room" in wanted
+at_most = max([int(word.split("=")[1]) for word in wanted if word.startswith("--at-most=")], default=sys.maxsize)
 wanted = [word for word in wanted if not word.startswith("--")]
 here = tempfile.mkdtemp(prefix="kelu-faults-")
 PATIENCE = 120  # seconds
@@ -28,6 +30,12 @@ if sanitizer:
                        ASAN_OPTIONS="verify_asan_link_order=0:allocator_may_return_null=1",
                        LSAN_OPTIONS="print_suppressions=0:suppressions=" + suppressions)
 rows = subprocess.run([program], env=dict(environment, LD_PRELOAD=""), capture_output=True, text=True).stdout.split()
+
+
+def some(faults):
+    if len(faults) <= at_most:
+        return faults
+    return [faults[i * (len(faults) - 1) // max(at_most - 1, 1)] for i in range(at_most)]
 
 
 class Window:
@@ -77,7 +85,7 @@ for row in rows:
             print("%s undisturbed: %s" % (row, answer), flush=True)
             findings += 1
             break
-        for fault in ["room:%d" % left for left in range(0, 401, 10)] if room else faults(kind, calls):
+        for fault in some(["room:%d" % left for left in range(0, 401, 10)] if room else faults(kind, calls)):
             number, answer = window.tried(row, fault)
             tried += 1
             told += answer.startswith("told")
