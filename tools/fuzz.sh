@@ -27,6 +27,7 @@ cmake --build "$build" --target $(printf 'fuzz_%s\n' $targets | sed 's,/.*,,' | 
 
 mkdir -p "$build/found" "$build/log"
 export build processors
+export LSAN_OPTIONS="suppressions=$PWD/tests/support/lsan.supp:print_suppressions=0"
 seconds=$((minutes * 60 * processors / $(echo "$targets" | wc -w)))
 # What a target prints is no finding; a round may take a while on a busy machine.
 # shellcheck disable=SC2016
