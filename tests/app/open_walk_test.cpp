@@ -5,6 +5,7 @@
 
 #include <QClipboard>
 #include <QFile>
+#include <QLabel>
 
 #include "controls/note/note_bar.h"
 #include "pictures/picture_file.h"
