@@ -7,7 +7,6 @@
 #include "document/journal_file.h"
 #include "platform/error.h"
 #include "platform/msg_dialog.h"
-#include "platform/pool_job.h"
 
 namespace kelu {
 namespace {
@@ -41,7 +40,7 @@ Journal::Journal(QString folder) : folder_(std::move(folder)), files_(std::make_
 Journal::~Journal() {
     disconnect();
     LeavePicture();
-    worker_.waitForDone();
+    WaitForJobs(worker_);
 }
 
 void Journal::Opened(const OpenedPicture& picture) {
@@ -180,7 +179,7 @@ void Journal::Flush(bool wait) {
         });
         handedOn_ = lines_.size();
     }
-    if (wait) worker_.waitForDone();
+    if (wait) WaitForJobs(worker_);
 }
 
 void Journal::Changed() {

@@ -6,7 +6,6 @@
 #include <QObject>
 #include <QPoint>
 #include <QStringList>
-#include <QThreadPool>
 #include <QTimer>
 #include <functional>
 #include <memory>
@@ -14,6 +13,7 @@
 
 #include "document/recipe.h"
 #include "document/session_log.h"
+#include "platform/pool_job.h"
 
 namespace kelu {
 
@@ -54,7 +54,7 @@ class Journal : public QObject, public SessionLog {
     /// was painted with the brush of the picture before, and throws Error(kFileError) where that could not be kept.
     Recipe Told();
     /// Waits for the worker; on any thread.
-    void Wait() { worker_.waitForDone(); }
+    void Wait() { WaitForJobs(worker_); }
     const OpenedPicture& Picture() const { return picture_; }
     /// Hands what is not yet written to the worker, and waits for it if asked to.
     void Flush(bool wait = false);

@@ -118,7 +118,7 @@ EffectPictures::EffectPictures(QObject* parent) : QObject(parent) {
 
 EffectPictures::~EffectPictures() {
     ++run_;
-    pool_.waitForDone();
+    WaitForJobs(pool_);
 }
 
 void EffectPictures::Start(const QString& path, qreal ratio) {

@@ -22,6 +22,7 @@ class Job : public QRunnable {
     void run() override {
         engine::TakenOver(this);
         work_();
+        engine::HandingOver(&back);
     }
 
  private:
@@ -31,6 +32,11 @@ class Job : public QRunnable {
 }  // namespace
 
 void StartJob(QThreadPool& pool, std::function<void()> work) { pool.start(new Job(std::move(work))); }
+
+void WaitForJobs(QThreadPool& pool) {
+    pool.waitForDone();
+    engine::TakenOver(&back);
+}
 
 void HandBack(QObject* receiver, std::function<void()> work) {
     const auto taken = [work = std::move(work)] {

@@ -15,6 +15,9 @@ void StartJob(QThreadPool& pool, std::function<void()> work);
 /// The same on the pool of the whole program.
 inline void StartJob(std::function<void()> work) { StartJob(*QThreadPool::globalInstance(), std::move(work)); }
 
+/// Waits until the pool has nothing left to do; what its jobs have written is there for this thread then.
+void WaitForJobs(QThreadPool& pool);
+
 /// Does `work` on the thread of `receiver` at its next turn of events; never if that is gone by then.
 void HandBack(QObject* receiver, std::function<void()> work);
 

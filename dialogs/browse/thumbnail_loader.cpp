@@ -17,7 +17,7 @@ ThumbnailLoader::ThumbnailLoader(ThumbnailCache cache, QObject* parent) : QObjec
 
 ThumbnailLoader::~ThumbnailLoader() {
     pool_.clear();
-    pool_.waitForDone();
+    WaitForJobs(pool_);
 }
 
 void ThumbnailLoader::Wish(const QStringList& paths) {
