@@ -44,9 +44,12 @@ int ReplayCommand(const QStringList& words) {
     QStringList files = arguments.words.mid(1);
     const bool fit = arguments.Has("fit");
 
+    QByteArray text;
     Recipe recipe;
     const auto read = [&] {
-        recipe = ReadRecipeFile(recipePath);
+        text = ReadRecipeBytes(recipePath);
+        recipe = ReadRecipeText(text);
+        recipe.folder = QFileInfo(recipePath).path();
         CheckWhole(recipe);
     };
     if (!RunForFile(recipePath, read)) return kFailed;
@@ -63,7 +66,6 @@ int ReplayCommand(const QStringList& words) {
         return MakeFilmFile(recipe, files[0], arguments.options["film"], fit, arguments.Has("force")) ? kDone : kFailed;
     }
     Batch batch(arguments, files);
-    const QByteArray text = ReadRecipeBytes(recipePath);
     return batch.Run((fit ? "replay --fit " : "replay ") + text, [&](const QString& in, Surfaces& made) {
         Replay replay(recipe, made, &RenderEffectOn);
         replay.Open(ReadPhotograph(in), fit);
