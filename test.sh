@@ -30,10 +30,10 @@ case "${1:-}" in
         exec ctest --test-dir build/sanitize --output-on-failure -j 2 ;;
     --thread)
         # Kernels for this processor alone: which instructions they use changes nothing about threads.
-        configure_and_build build/thread test_engine test_canvas test_pictures test_effects -- -DKELU_SANITIZE=thread \
-            "-DCMAKE_CXX_FLAGS=-march=native -DHWY_COMPILE_ONLY_STATIC"
+        configure_and_build build/thread test_engine test_canvas test_pictures test_effects test_document -- \
+            -DKELU_SANITIZE=thread "-DCMAKE_CXX_FLAGS=-march=native -DHWY_COMPILE_ONLY_STATIC"
         unset KELU_REQUIRE_TOOLS  # tests/support/tools.h tells why
-        exec ctest --test-dir build/thread --output-on-failure -j 2 -R '^(engine|canvas|pictures|effects)\.' ;;
+        exec ctest --test-dir build/thread --output-on-failure -j 2 -R '^(engine|canvas|pictures|effects|document)\.' ;;
     *)
         echo "usage: ./test.sh [--sanitize | --thread]" >&2
         exit 2 ;;

@@ -10,6 +10,7 @@
 #include <memory>
 #include <new>
 
+#include "engine/hand_over_notes.h"
 #include "platform/user_input.h"
 
 namespace kelu {
@@ -48,20 +49,23 @@ void RunBeside(const std::function<void()>& run, UserInput input, Work* work) {
     if (QThread::currentThread() != QCoreApplication::instance()->thread()) return run();
     auto swallower = input == UserInput::Swallowed ? std::make_unique<InputSwallower>(work) : nullptr;
     std::exception_ptr failure;
+    QEventLoop loop;
     const std::unique_ptr<QThread> thread(QThread::create([&] {
+        engine::TakenOver(&loop);
         workOfThread = work;
         try {
             run();
         } catch (...) {
             failure = std::current_exception();
         }
+        engine::HandingOver(&loop);
     }));
-    QEventLoop loop;
     // At once, also when a message that came up meanwhile keeps this loop from returning: it must be answered.
     QObject::connect(thread.get(), &QThread::finished, &loop, [&] {
         swallower.reset();
         loop.quit();
     });
+    engine::HandingOver(&loop);
     thread->start();
     // No room for another thread: nothing would end the loop.
     if (!thread->isRunning() && !thread->isFinished()) throw std::bad_alloc();
@@ -69,6 +73,7 @@ void RunBeside(const std::function<void()>& run, UserInput input, Work* work) {
     // The loop ends early only with the application, which nobody is to wait for.
     if (work && !thread->isFinished()) work->cancelled = true;
     thread->wait();
+    engine::TakenOver(&loop);
     if (failure && work && work->cancelled) throw WorkCancelled();
     if (failure) std::rethrow_exception(failure);
 }
