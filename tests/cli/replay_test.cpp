@@ -21,7 +21,7 @@ constexpr const char* kKept[][2] = {{"first.kelu", "5e64e8f5b01a9f0f34a775359347
 
 struct ReplayCommand : testing::Test {
     QTemporaryDir folder;
-    QByteArray error;
+    QByteArray output, error;
 
     QString Path(const QString& name) const { return folder.filePath(name); }
     void SetUp() override {
@@ -37,11 +37,14 @@ struct ReplayCommand : testing::Test {
                 image.setPixel(x, y, qRgb(x * 255 / width, y * 255 / height, (x / 8 + y / 8) % 2 * 200 + x % 8 * 6));
         ASSERT_TRUE(image.save(Path(name)));
     }
-    int Run(const QStringList& words) {
+    int Run(const QStringList& words, const QByteArray& input = {}) {
         QProcess process;
         process.setWorkingDirectory(folder.path());
         process.start(QStringLiteral(KELU_CLI), QStringList{"replay"} + words);
+        process.write(input);
+        process.closeWriteChannel();
         EXPECT_TRUE(process.waitForFinished(60000));
+        output = process.readAllStandardOutput();
         error = process.readAllStandardError();
         return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
     }
@@ -69,6 +72,20 @@ TEST_F(ReplayCommand, FitsOtherSizesWhenAsked) {
     const QImage after(Path("out.png"));
     EXPECT_NE(after.pixel(82, 60), before.pixel(82, 60));
     EXPECT_EQ(after.pixel(40, 60), before.pixel(40, 60));
+}
+
+TEST_F(ReplayCommand, ReadsARecipeFromAPipeOnceForAllItsPictures) {
+    MakePattern("second.png", 160, 120);
+    const QByteArray start = "kelu recipe 1 effects 3\nfile pattern.png\nopen 160x120\napply 32\nbrush 10\n";
+    const QStringList words{"/dev/stdin", "pattern.png", "second.png", "--out-dir", "out", "--resume", "--json"};
+    ASSERT_EQ(Run(words, start + "stroke 40,60 41,60\n"), 0) << error.constData();
+    const QByteArray first[] = {ReadBytes(Path("out/pattern.png")), ReadBytes(Path("out/second.png"))};
+    ASSERT_EQ(Run(words, start + "stroke 40,60 41,60\n"), 0) << error.constData();
+    EXPECT_EQ(output.count("\"skipped\""), 2) << output.constData();
+    ASSERT_EQ(Run(words, start + "stroke 90,60 91,60\n"), 0) << error.constData();
+    EXPECT_EQ(output.count("\"skipped\""), 0) << output.constData();
+    EXPECT_NE(ReadBytes(Path("out/pattern.png")), first[0]);
+    EXPECT_NE(ReadBytes(Path("out/second.png")), first[1]);
 }
 
 TEST_F(ReplayCommand, FilmsGrowFromThePhotographToTheResult) {
